@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <span>
+#include <type_traits>
+
+// Views over raw bytes, and the little-endian integers that every ZIP record is made of
+// (APPNOTE 4.4.1.1).
+namespace pellumar::archive {
+
+using ByteView = std::span<const std::uint8_t>;
+using MutableBytes = std::span<std::uint8_t>;
+
+// Reads an unsigned little-endian integer at `offset`. The caller has checked that
+// `offset + sizeof(T)` lies within `bytes`.
+template <typename T>
+[[nodiscard]] T loadLittleEndian(ByteView bytes, std::size_t offset = 0) {
+    static_assert(std::is_unsigned_v<T>);
+    T value = 0;
+    for (std::size_t i = sizeof(T); i-- > 0;) {
+        value = static_cast<T>((static_cast<std::uint64_t>(value) << 8U) | bytes[offset + i]);
+    }
+    return value;
+}
+
+// Writes an unsigned little-endian integer at `offset`; the same duty for the caller.
+template <typename T>
+void storeLittleEndian(MutableBytes bytes, std::size_t offset, T value) {
+    static_assert(std::is_unsigned_v<T>);
+    for (std::size_t i = 0; i < sizeof(T); ++i) {
+        bytes[offset + i] =
+            static_cast<std::uint8_t>(static_cast<std::uint64_t>(value) >> (8U * i));
+    }
+}
+
+}  // namespace pellumar::archive

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstdint>
+#include <ctime>
+#include <string_view>
+
+namespace pellumar::archive {
+
+enum class EntryType : std::uint8_t { kFile, kFolder, kSymbolicLink };
+
+// One entry of an archive that is open for reading, as its central directory tells it. A view: it
+// lives as long as the archive.
+struct Entry {
+    // In UTF-8 with "/" between the components, none of them empty, "." or "..", none at either
+    // end.
+    std::string_view path;
+    EntryType type = EntryType::kFile;
+    // The format's number of the compression method (APPNOTE 4.4.5).
+    std::uint16_t method = 0;
+    // Permission bits as chmod takes them, without set-id and sticky bits.
+    std::uint32_t permissions = 0;
+    std::uint32_t crc32 = 0;
+    std::timespec modified{};
+    std::uint64_t compressedSize = 0;
+    std::uint64_t uncompressedSize = 0;
+    // From the start of the file, whatever stands before the archive in it.
+    std::uint64_t localHeaderOffset = 0;
+};
+
+}  // namespace pellumar::archive

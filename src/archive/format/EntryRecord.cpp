@@ -1,0 +1,124 @@
+#include "archive/format/EntryRecord.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "archive/format/Append.h"
+#include "archive/format/ExtraFields.h"
+#include "archive/format/Timestamps.h"
+#include "archive/format/Utf8.h"
+#include "archive/format/ZipFormat.h"
+
+namespace pellumar::archive::format {
+
+namespace {
+
+constexpr std::uint32_t kTypeMask = 0170000;
+constexpr std::uint32_t kTypeDirectory = 0040000;
+constexpr std::uint32_t kOwnerWrite = 0200;
+
+// Stored DEFLATE blocks cost five bytes each 65,535; a 1,024th covers that and every join.
+constexpr std::uint64_t kWorstGrowth = 1024;
+
+ByteView bytesOf(std::string_view text) {
+    return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
+}
+
+std::uint16_t flagsOf(const EntryRecord& record) {
+    // ASCII means the same with and without the flag; old readers are happier without.
+    const bool ascii =
+        std::all_of(record.name.begin(), record.name.end(), [](char c) { return (c & 0x80) == 0; });
+    return !ascii && isUtf8(record.name) ? kFlagUtf8 : 0;
+}
+
+std::uint32_t low32(std::uint64_t value) {
+    return value >= kMax32 ? kMax32 : static_cast<std::uint32_t>(value);
+}
+
+std::uint32_t externalAttributes(const EntryRecord& record) {
+    std::uint32_t attributes = record.unixMode << kUnixModeShift;
+    if ((record.unixMode & kTypeMask) == kTypeDirectory) {
+        attributes |= kDosDirectory;
+    }
+    if ((record.unixMode & kOwnerWrite) == 0) {
+        attributes |= kDosReadOnly;
+    }
+    return attributes;
+}
+
+void appendFlagsToChecksum(std::vector<std::uint8_t>& out, const EntryRecord& record) {
+    const DosDateTime modified = toDosDateTime(record.modified);
+    append(out, flagsOf(record));
+    append(out, record.method);
+    append(out, modified.time);
+    append(out, modified.date);
+    append(out, record.crc32);
+}
+
+// The ZIP64 field of a central header: only the values that are masked in it, in this order
+// (4.5.3).
+std::vector<std::uint8_t> centralExtra(const EntryRecord& record) {
+    std::vector<std::uint8_t> values;
+    for (const std::uint64_t value :
+         {record.uncompressedSize, record.compressedSize, record.localHeaderOffset}) {
+        if (value >= kMax32) {
+            append(values, value);
+        }
+    }
+    std::vector<std::uint8_t> extra;
+    if (!values.empty()) {
+        appendExtraFieldHeader(extra, kExtraZip64, static_cast<std::uint16_t>(values.size()));
+        append(extra, ByteView(values));
+    }
+    return extra;
+}
+
+}  // namespace
+
+bool needsZip64Sizes(std::uint64_t uncompressedSize) {
+    return uncompressedSize + uncompressedSize / kWorstGrowth + kWorstGrowth >= kMax32;
+}
+
+void appendLocalFileHeader(std::vector<std::uint8_t>& out, const EntryRecord& record) {
+    std::vector<std::uint8_t> extra;
+    if (record.zip64Sizes) {
+        appendExtraFieldHeader(extra, kExtraZip64, 16);
+        append(extra, record.uncompressedSize);
+        append(extra, record.compressedSize);
+    }
+    appendModificationTime(extra, record.modified);
+
+    append(out, kLocalFileHeaderSignature);
+    append(out, record.zip64Sizes ? kVersionZip64 : kVersionDeflate);
+    appendFlagsToChecksum(out, record);
+    append(out, record.zip64Sizes ? kMax32 : low32(record.compressedSize));
+    append(out, record.zip64Sizes ? kMax32 : low32(record.uncompressedSize));
+    append(out, static_cast<std::uint16_t>(record.name.size()));
+    append(out, static_cast<std::uint16_t>(extra.size()));
+    append(out, bytesOf(record.name));
+    append(out, ByteView(extra));
+}
+
+void appendCentralDirectoryHeader(std::vector<std::uint8_t>& out, const EntryRecord& record) {
+    std::vector<std::uint8_t> extra = centralExtra(record);
+    const bool zip64 = record.zip64Sizes || !extra.empty();
+    appendModificationTime(extra, record.modified);
+
+    append(out, kCentralDirectoryHeaderSignature);
+    append(out, static_cast<std::uint16_t>((kHostUnix << 8U) | kVersionMadeBy));
+    append(out, zip64 ? kVersionZip64 : kVersionDeflate);
+    appendFlagsToChecksum(out, record);
+    append(out, low32(record.compressedSize));
+    append(out, low32(record.uncompressedSize));
+    append(out, static_cast<std::uint16_t>(record.name.size()));
+    append(out, static_cast<std::uint16_t>(extra.size()));
+    append(out, std::uint16_t{0});  // comment
+    append(out, std::uint16_t{0});  // disk
+    append(out, std::uint16_t{0});  // internal attributes
+    append(out, externalAttributes(record));
+    append(out, low32(record.localHeaderOffset));
+    append(out, bytesOf(record.name));
+    append(out, ByteView(extra));
+}
+
+}  // namespace pellumar::archive::format

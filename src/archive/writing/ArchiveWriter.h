@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "archive/base/Error.h"
+
+namespace pellumar::archive {
+
+// The making side of Archive; see there for the contract of each operation.
+class ArchiveWriter {
+  public:
+    struct Source {
+        std::string path;
+        std::filesystem::path base;
+
+        friend bool operator==(const Source&, const Source&) = default;
+    };
+
+    // `threads` compress at once; 0 means as many as the machine has, up to eight. The bytes of the
+    // archive do not depend on it.
+    [[nodiscard]] static Result<std::unique_ptr<ArchiveWriter>> create(
+        const std::filesystem::path& path,
+        unsigned threads = 0);
+
+    ArchiveWriter(const ArchiveWriter&) = delete;
+    ArchiveWriter& operator=(const ArchiveWriter&) = delete;
+    ~ArchiveWriter();
+
+    [[nodiscard]] Result<> addEntry(const Source& source, std::size_t bufferSize);
+    void compressAhead(std::vector<Source> next, std::size_t bufferSize);
+    [[nodiscard]] Result<> close();
+
+  private:
+    class State;
+    explicit ArchiveWriter(std::unique_ptr<State> state);
+
+    std::unique_ptr<State> state_;
+};
+
+}  // namespace pellumar::archive
