@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "archive/base/Entry.h"
+#include "archive/base/EntrySource.h"
 #include "archive/base/Error.h"
 #include "archive/base/Warning.h"
 
@@ -19,17 +20,6 @@ class ArchiveWriter;
 enum class AccessMode : std::uint8_t { kCreate, kRead };
 
 enum class CompressionMethod : std::uint8_t { kDeflate };
-
-// The size of one read from a source where the caller has no wish: 16 KiB.
-inline constexpr std::size_t kDefaultWriteChunkSize = 16UL * 1024;
-
-// A file or folder to be added: its path below a base folder is the path of its entry.
-struct EntrySource {
-    std::string path;
-    std::filesystem::path base;
-
-    friend bool operator==(const EntrySource&, const EntrySource&) = default;
-};
 
 // A ZIP archive on disk: open for reading its entries, or being made. An Archive that you hold is
 // open; there is no other state.
@@ -72,7 +62,8 @@ class Archive {
     // and compressed in the background from now on, in bounded memory. A promise that is not kept
     // costs the work done ahead and nothing else; the bytes of the archive are the same with or
     // without this call. Replaces what an earlier call said.
-    void compressAhead(std::vector<EntrySource> next);
+    void compressAhead(std::vector<EntrySource> next,
+                       std::size_t bufferSize = kDefaultWriteChunkSize);
 
     // Writes the central directory and closes the file. Until this has succeeded the file is no
     // archive. Afterwards every operation gives kInvalidArgument. Closing twice, or an archive open

@@ -44,7 +44,7 @@ std::string_view describe(ErrorCode code) {
         case ErrorCode::kUnsupportedMethod:
             return "unsupported compression method";
         case ErrorCode::kOverlap:
-            return "overlaps another entry";
+            return "overlaps another entry or the directory";
         case ErrorCode::kSizeMismatch:
             return "declared sizes are not true";
         case ErrorCode::kHeaderMismatch:

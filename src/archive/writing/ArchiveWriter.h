@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "archive/base/EntrySource.h"
 #include "archive/base/Error.h"
 
 namespace pellumar::archive {
@@ -14,12 +15,7 @@ namespace pellumar::archive {
 // The making side of Archive; see there for the contract of each operation.
 class ArchiveWriter {
   public:
-    struct Source {
-        std::string path;
-        std::filesystem::path base;
-
-        friend bool operator==(const Source&, const Source&) = default;
-    };
+    using Source = EntrySource;
 
     // `threads` compress at once; 0 means as many as the machine has, up to eight. The bytes of the
     // archive do not depend on it.

@@ -1,0 +1,84 @@
+#include "archive/Archive.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "archive/reading/ArchiveReader.h"
+#include "archive/reading/Extraction.h"
+#include "archive/writing/ArchiveWriter.h"
+
+namespace pellumar::archive {
+
+Archive::Archive(std::unique_ptr<ArchiveReader> reader) : reader_(std::move(reader)) {}
+Archive::Archive(std::unique_ptr<ArchiveWriter> writer) : writer_(std::move(writer)) {}
+Archive::Archive(Archive&&) noexcept = default;
+Archive& Archive::operator=(Archive&&) noexcept = default;
+Archive::~Archive() = default;
+
+Result<Archive> Archive::open(const std::filesystem::path& path, AccessMode mode) {
+    if (mode == AccessMode::kCreate) {
+        auto writer = ArchiveWriter::create(path);
+        if (!writer) {
+            return passOn(writer);
+        }
+        return Archive(std::move(*writer));
+    }
+    auto reader = ArchiveReader::open(path);
+    if (!reader) {
+        return passOn(reader);
+    }
+    return Archive(std::move(*reader));
+}
+
+Result<> Archive::addEntry(const std::string& path,
+                           const std::filesystem::path& base,
+                           CompressionMethod /*method*/,
+                           std::size_t bufferSize) {
+    if (!writer_) {
+        return failure(ErrorCode::kInvalidArgument);
+    }
+    return writer_->addEntry({.path = path, .base = base}, bufferSize);
+}
+
+void Archive::compressAhead(std::vector<EntrySource> next, std::size_t bufferSize) {
+    if (writer_) {
+        writer_->compressAhead(std::move(next), bufferSize);
+    }
+}
+
+Result<> Archive::close() {
+    return writer_ ? writer_->close() : Result<>();
+}
+
+std::size_t Archive::size() const {
+    return reader_ ? reader_->entries().size() : 0;
+}
+
+Entry Archive::operator[](std::size_t index) const {
+    return reader_->entries()[index].entry;
+}
+
+const Warnings& Archive::warnings() const {
+    static const Warnings kNone;
+    return reader_ ? reader_->warnings() : kNone;
+}
+
+Result<UnzipReport> unzipItem(const std::filesystem::path& at,
+                              const std::filesystem::path& to,
+                              bool skipCRC32) {
+    auto archive = ArchiveReader::open(at);
+    if (!archive) {
+        return passOn(archive);
+    }
+    auto extracted = extractAll(**archive, to, {.skipChecksum = skipCRC32});
+    if (!extracted) {
+        return passOn(extracted);
+    }
+    UnzipReport report{.entries = extracted->entries,
+                       .bytes = extracted->bytes,
+                       .warnings = (*archive)->warnings()};
+    report.warnings.add(extracted->warnings);
+    return report;
+}
+
+}  // namespace pellumar::archive

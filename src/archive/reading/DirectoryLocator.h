@@ -1,0 +1,31 @@
+#pragma once
+
+#include <cstdint>
+
+#include "archive/base/Error.h"
+#include "archive/base/File.h"
+
+namespace pellumar::archive {
+
+// Where a file's central directory lies. Offsets count from the start of the file.
+struct DirectoryLocation {
+    std::uint64_t offset = 0;
+    std::uint64_t size = 0;
+    std::uint64_t entryCount = 0;
+    // How many bytes stand before the archive: what its own offsets are short of.
+    std::uint64_t archiveStart = 0;
+    std::uint64_t bytesAfter = 0;
+};
+
+// Finds the end of central directory record of `file`, with its ZIP64 record where there is one,
+// and holds all their fields against each other.
+//
+// The record is the one whose comment reaches exactly to the end of the file; if two could be meant
+// (an archive in the comment of another) the file is refused, since tools would disagree on what it
+// holds. Only if there is none, bytes behind the comment are put up with, and then none before the
+// archive: the end of an archive that is cut off within a stored archive looks like that.
+//
+// kNotAnArchive, kTruncated, kDamagedDirectory or kMultipleDisks, with the offset of the record.
+[[nodiscard]] Result<DirectoryLocation> locateDirectory(const File& file);
+
+}  // namespace pellumar::archive

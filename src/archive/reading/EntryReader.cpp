@@ -1,0 +1,256 @@
+#include "archive/reading/EntryReader.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "archive/base/Crc32.h"
+#include "archive/format/LocalFileHeader.h"
+#include "archive/format/ZipFormat.h"
+
+namespace pellumar::archive {
+
+namespace {
+
+using namespace format;
+
+// Entries up to this size unpacked are inflated in one call. Twice the second-level cache's usual
+// share is still faster than streaming them.
+constexpr std::size_t kOutputSize = 512UL * 1024;
+// Holds the compressed form of such an entry between its headers.
+constexpr std::size_t kInputSize = 640UL * 1024;
+// What is read and unpacked at a time of larger ones: small enough to stay in the cache until it is
+// written.
+constexpr std::size_t kStreamPiece = 256UL * 1024;
+// Local headers seldom have more extra fields than this; one that has is read again.
+constexpr std::size_t kUsualExtra = 256;
+
+// The bits that change what an entry is; the compression options in bits 1 and 2 do not.
+constexpr std::uint16_t kComparedFlags = kFlagEncrypted | kFlagDataDescriptor | kFlagPatchData |
+                                         kFlagStrongEncryption | kFlagUtf8 | kFlagMaskedHeader;
+
+// With a data descriptor, the values in front of the data are not known yet, so zero, unless the
+// writer knew them after all.
+bool agreesOrUnknown(std::uint64_t local, std::uint64_t central, bool mayBeUnknown) {
+    return local == central || (mayBeUnknown && local == 0);
+}
+
+bool agrees(const LocalFileHeader& local, const EntryData& data) {
+    const Entry& entry = data.entry;
+    const bool described = (data.flags & kFlagDataDescriptor) != 0;
+    const std::string_view name(reinterpret_cast<const char*>(local.name.data()),
+                                local.name.size());
+    return name == data.rawName && local.method == entry.method &&
+           (local.flags & kComparedFlags) == (data.flags & kComparedFlags) &&
+           agreesOrUnknown(local.crc32, entry.crc32, described) &&
+           agreesOrUnknown(local.compressedSize, entry.compressedSize, described) &&
+           agreesOrUnknown(local.uncompressedSize, entry.uncompressedSize, described);
+}
+
+}  // namespace
+
+EntryReader::EntryReader(const File& file, OneShotInflater inflater)
+    : file_(file),
+      inflater_(std::move(inflater)),
+      input_(std::make_unique_for_overwrite<std::uint8_t[]>(kInputSize)),
+      output_(std::make_unique_for_overwrite<std::uint8_t[]>(kOutputSize)) {}
+
+Result<std::unique_ptr<EntryReader>> EntryReader::create(const File& file) {
+    auto inflater = OneShotInflater::create();
+    if (!inflater) {
+        return passOn(inflater);
+    }
+    return std::unique_ptr<EntryReader>(new EntryReader(file, std::move(*inflater)));
+}
+
+Result<> EntryReader::read(const EntryData& data, bool skipChecksum, DataSink& sink) {
+    auto done = readUnnamed(data, skipChecksum, sink);
+    if (!done) {
+        return Failure(
+            std::move(done.error()).about(data.entry.path, data.entry.localHeaderOffset));
+    }
+    return {};
+}
+
+Result<> EntryReader::readUnnamed(const EntryData& data, bool skipChecksum, DataSink& sink) {
+    auto located = locate(data);
+    if (!located) {
+        return passOn(located);
+    }
+    if (auto described = checkDescriptor(data, *located); !described) {
+        return described;
+    }
+    const Entry& entry = data.entry;
+    const bool whole = located->buffered.size() >= entry.compressedSize &&
+                       entry.uncompressedSize <= kOutputSize &&
+                       (entry.method == kMethodStored || entry.method == kMethodDeflate);
+    if (whole) {
+        const ByteView compressed =
+            located->buffered.first(static_cast<std::size_t>(entry.compressedSize));
+        return unpackWhole(entry, compressed, skipChecksum, sink);
+    }
+    return stream(data, *located, skipChecksum, sink);
+}
+
+Result<EntryReader::Located> EntryReader::locate(const EntryData& data) {
+    const Entry& entry = data.entry;
+    const std::uint64_t slot = data.slotEnd - entry.localHeaderOffset;
+    const std::uint64_t usual = kLocalFileHeaderSize + data.rawName.size() + kUsualExtra +
+                                entry.compressedSize + kLongestDataDescriptor;
+    // A larger entry streams in any case; its first piece is enough.
+    const bool fits = usual <= kInputSize && entry.uncompressedSize <= kOutputSize;
+    const std::uint64_t wanted = fits ? usual : kStreamPiece;
+
+    MutableBytes head(input_.get(), static_cast<std::size_t>(std::min(slot, wanted)));
+    if (auto read = file_.readExactlyAt(entry.localHeaderOffset, head); !read) {
+        return passOn(read);
+    }
+    // The directory's check left room for the fixed part in every slot.
+    const std::size_t headerSize = LocalFileHeader::recordSize(head);
+    if (headerSize > slot || entry.compressedSize > slot - headerSize) {
+        return failure(ErrorCode::kOverlap, entry.localHeaderOffset);
+    }
+    if (headerSize > head.size()) {
+        head = MutableBytes(input_.get(), headerSize);
+        if (auto read = file_.readExactlyAt(entry.localHeaderOffset, head); !read) {
+            return passOn(read);
+        }
+    }
+    auto local = LocalFileHeader::parse(head, entry.localHeaderOffset);
+    if (!local) {
+        return passOn(local);
+    }
+    if (!agrees(*local, data)) {
+        return failure(ErrorCode::kHeaderMismatch, entry.localHeaderOffset);
+    }
+    const std::uint64_t dataOffset = entry.localHeaderOffset + headerSize;
+    return Located{.dataOffset = dataOffset,
+                   .dataEnd = dataOffset + entry.compressedSize,
+                   .buffered = head.subspan(headerSize)};
+}
+
+Result<> EntryReader::checkDescriptor(const EntryData& data, const Located& located) {
+    if ((data.flags & kFlagDataDescriptor) == 0) {
+        return {};
+    }
+    const Entry& entry = data.entry;
+    const std::uint64_t offset = located.dataEnd;
+    const auto size = static_cast<std::size_t>(
+        std::min<std::uint64_t>(kLongestDataDescriptor, data.slotEnd - offset));
+    std::array<std::uint8_t, kLongestDataDescriptor> buffer{};
+    ByteView descriptor;
+    if (located.buffered.size() >= entry.compressedSize + size) {
+        descriptor = located.buffered.subspan(static_cast<std::size_t>(entry.compressedSize), size);
+    } else {
+        const MutableBytes target = MutableBytes(buffer).first(size);
+        if (auto read = file_.readExactlyAt(offset, target); !read) {
+            return read;
+        }
+        descriptor = target;
+    }
+    if (!matchesDataDescriptor(
+            descriptor, entry.crc32, entry.compressedSize, entry.uncompressedSize)) {
+        return failure(ErrorCode::kHeaderMismatch, offset);
+    }
+    return {};
+}
+
+Result<> EntryReader::unpackWhole(const Entry& entry,
+                                  ByteView compressed,
+                                  bool skipChecksum,
+                                  DataSink& sink) {
+    ByteView unpacked = compressed;
+    if (entry.method != kMethodStored) {
+        const MutableBytes output(output_.get(), static_cast<std::size_t>(entry.uncompressedSize));
+        if (auto inflated = inflater_.inflate(compressed, output); !inflated) {
+            return inflated;
+        }
+        unpacked = output;
+    }
+    if (!skipChecksum && crc32(kCrc32OfNothing, unpacked) != entry.crc32) {
+        return failure(ErrorCode::kChecksumMismatch);
+    }
+    return sink.write(unpacked);
+}
+
+Result<Decoder*> EntryReader::decoderFor(const EntryData& data) {
+    const bool inflate = data.entry.method == kMethodDeflate;
+    if (inflate && inflateDecoder_) {
+        if (auto ready = inflateDecoder_->reset(); !ready) {
+            return passOn(ready);
+        }
+        return inflateDecoder_.get();
+    }
+    auto made = makeDecoder({.method = data.entry.method,
+                             .flags = data.flags,
+                             .uncompressedSize = data.entry.uncompressedSize});
+    if (!made) {
+        return passOn(made);
+    }
+    auto& kept = inflate ? inflateDecoder_ : otherDecoder_;
+    kept = std::move(*made);
+    return kept.get();
+}
+
+Result<ByteView> EntryReader::Located::next(const File& file, MutableBytes buffer) {
+    const auto size = static_cast<std::size_t>(
+        std::min<std::uint64_t>(buffer.size(), dataEnd - (dataOffset + taken)));
+    const MutableBytes piece = buffer.first(size);
+    if (auto read = file.readExactlyAt(dataOffset + taken, piece); !read) {
+        return passOn(read);
+    }
+    taken += size;
+    return piece;
+}
+
+Result<> EntryReader::stream(const EntryData& data,
+                             Located located,
+                             bool skipChecksum,
+                             DataSink& sink) {
+    auto decoder = decoderFor(data);
+    if (!decoder) {
+        return passOn(decoder);
+    }
+    const Entry& entry = data.entry;
+    ByteView input = located.buffered.first(static_cast<std::size_t>(
+        std::min<std::uint64_t>(located.buffered.size(), entry.compressedSize)));
+    located.taken = input.size();
+    std::uint64_t produced = 0;
+    std::uint32_t checksum = kCrc32OfNothing;
+    for (bool ended = false; !ended;) {
+        if (input.empty()) {
+            auto next = located.next(file_, MutableBytes(input_.get(), kStreamPiece));
+            if (!next) {
+                return passOn(next);
+            }
+            input = *next;
+        }
+        auto step = (*decoder)->decode(input, MutableBytes(output_.get(), kStreamPiece));
+        if (!step) {
+            return passOn(step);
+        }
+        input = input.subspan(step->consumed);
+        produced += step->produced;
+        ended = step->consumed == 0 && step->produced == 0;
+        if (ended && !step->finished) {
+            return failure(ErrorCode::kDamagedData);
+        }
+        if (produced > entry.uncompressedSize) {
+            return failure(ErrorCode::kSizeMismatch);
+        }
+        const ByteView piece(output_.get(), step->produced);
+        checksum = skipChecksum ? entry.crc32 : crc32(checksum, piece);
+        if (auto written = sink.write(piece); !written) {
+            return written;
+        }
+    }
+    if (!input.empty() || produced != entry.uncompressedSize) {
+        return failure(ErrorCode::kSizeMismatch);
+    }
+    if (!skipChecksum && checksum != entry.crc32) {
+        return failure(ErrorCode::kChecksumMismatch);
+    }
+    return {};
+}
+
+}  // namespace pellumar::archive

@@ -1,0 +1,79 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+
+#include "archive/base/Bytes.h"
+#include "archive/base/Error.h"
+#include "archive/base/File.h"
+#include "archive/codecs/Decoder.h"
+#include "archive/codecs/OneShotInflater.h"
+#include "archive/reading/EntryTable.h"
+
+namespace pellumar::archive {
+
+// Takes an entry's data in pieces, in order.
+class DataSink {
+  public:
+    DataSink() = default;
+    DataSink(const DataSink&) = delete;
+    DataSink& operator=(const DataSink&) = delete;
+    virtual ~DataSink() = default;
+
+    // The bytes are only valid during the call. An error ends the reading.
+    [[nodiscard]] virtual Result<> write(ByteView bytes) = 0;
+};
+
+// Reads entries' data out of an archive: holds the local header against the central directory,
+// decompresses, and verifies sizes, data descriptor and checksum.
+//
+// Owns buffers of fixed size and the decoders, which serve one entry after another, so make one for
+// each thread. A small entry is read by one system call, unpacked in one piece and verified before
+// the sink sees any of it; a larger one streams, and the sink may have seen all of it before an
+// error shows.
+class EntryReader {
+  public:
+    // `file` outlives the reader; other readers may use it at the same time.
+    [[nodiscard]] static Result<std::unique_ptr<EntryReader>> create(const File& file);
+
+    // Hands the data of `data`, a file or symbolic link, to `sink`. Errors carry the entry's path
+    // and the offset of its local header, or of what is wrong.
+    [[nodiscard]] Result<> read(const EntryData& data, bool skipChecksum, DataSink& sink);
+
+  private:
+    // Where an entry's compressed data lies, and what the input buffer holds from its start on.
+    struct Located {
+        std::uint64_t dataOffset = 0;
+        std::uint64_t dataEnd = 0;
+        ByteView buffered;
+        std::uint64_t taken = 0;  // by the streaming so far
+
+        // The next piece, read into `buffer`; empty at the end of the data.
+        [[nodiscard]] Result<ByteView> next(const File& file, MutableBytes buffer);
+    };
+
+    EntryReader(const File& file, OneShotInflater inflater);
+
+    [[nodiscard]] Result<> readUnnamed(const EntryData& data, bool skipChecksum, DataSink& sink);
+    [[nodiscard]] Result<Located> locate(const EntryData& data);
+    [[nodiscard]] Result<> unpackWhole(const Entry& entry,
+                                       ByteView compressed,
+                                       bool skipChecksum,
+                                       DataSink& sink);
+    [[nodiscard]] Result<> stream(const EntryData& data,
+                                  Located located,
+                                  bool skipChecksum,
+                                  DataSink& sink);
+    [[nodiscard]] Result<> checkDescriptor(const EntryData& data, const Located& located);
+    [[nodiscard]] Result<Decoder*> decoderFor(const EntryData& data);
+
+    const File& file_;
+    OneShotInflater inflater_;
+    std::unique_ptr<Decoder> inflateDecoder_;  // kept: nearly every large entry needs it
+    std::unique_ptr<Decoder> otherDecoder_;
+    std::unique_ptr<std::uint8_t[]> input_;
+    std::unique_ptr<std::uint8_t[]> output_;
+};
+
+}  // namespace pellumar::archive

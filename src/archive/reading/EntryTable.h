@@ -1,0 +1,46 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+#include "archive/base/Entry.h"
+
+namespace pellumar::archive {
+
+// What is remembered of each entry of an archive that is read: about 130 bytes and its name.
+struct EntryData {
+    Entry entry;
+    // The name as it stands in the central directory, to hold the local header's against.
+    std::string_view rawName;
+    // Where the next entry or the directory begins: no byte of this entry's lies behind.
+    std::uint64_t slotEnd = 0;
+    std::uint16_t flags = 0;
+    bool specialFile = false;
+    bool setIdBits = false;
+    bool legacyName = false;
+};
+
+// The entries of an archive in the order of the central directory, with their names. Grows as they
+// are added; what an archive claims of itself makes nothing larger.
+class EntryTable {
+  public:
+    // Keeps a copy of `text` for as long as the table lives.
+    std::string_view keep(std::string_view text);
+
+    void add(const EntryData& data) { entries_.push_back(data); }
+
+    [[nodiscard]] std::size_t size() const { return entries_.size(); }
+    [[nodiscard]] const EntryData& operator[](std::size_t index) const { return entries_[index]; }
+    [[nodiscard]] EntryData& operator[](std::size_t index) { return entries_[index]; }
+
+  private:
+    std::vector<EntryData> entries_;
+    std::vector<std::unique_ptr<char[]>> blocks_;
+    std::size_t freeInBlock_ = 0;
+    char* next_ = nullptr;
+};
+
+}  // namespace pellumar::archive

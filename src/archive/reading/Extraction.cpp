@@ -1,0 +1,224 @@
+#include "archive/reading/Extraction.h"
+
+#include <linux/limits.h>
+
+#include <algorithm>
+#include <atomic>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <system_error>
+#include <thread>
+#include <utility>
+#include <vector>
+
+#include "archive/reading/DestinationTree.h"
+#include "archive/reading/EntryReader.h"
+#include "archive/reading/ExtractionPlan.h"
+#include "archive/reading/FileSink.h"
+#include "archive/reading/FolderMaker.h"
+#include "archive/reading/LinkSafety.h"
+
+namespace pellumar::archive {
+
+namespace {
+
+constexpr unsigned kMostThreads = 8;
+
+// Collects a link's target, which no file system takes longer than PATH_MAX.
+class TargetSink final : public DataSink {
+  public:
+    Result<> write(ByteView bytes) override {
+        if (target_.size() + bytes.size() >= PATH_MAX) {
+            return failure(ErrorCode::kUnsafeLink);
+        }
+        target_.append(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+        return {};
+    }
+
+    std::string take() { return std::move(target_); }
+
+  private:
+    std::string target_;
+};
+
+// One extraction: its plan, and the state that its threads share.
+class Extraction {
+  public:
+    Extraction(const ArchiveReader& archive,
+               const DestinationTree& tree,
+               ExtractionPlan plan,
+               const ExtractionOptions& options)
+        : archive_(archive), tree_(tree), plan_(std::move(plan)), options_(options) {}
+
+    Result<ExtractionResult> run() {
+        if (plan_.bytes > tree_.freeSpace()) {
+            return failure(ErrorCode::kTooLarge);
+        }
+        if (auto checked = checkLinks(); !checked) {
+            return passOn(checked);
+        }
+        FolderMaker folders(tree_);
+        if (auto made = folders.makeAll(plan_.folders); !made) {
+            return passOn(made);
+        }
+        extractFiles();
+        if (firstError_) {
+            return Failure(std::move(*firstError_));
+        }
+        if (auto made = folders.makeLinks(plan_.links, links_); !made) {
+            return passOn(made);
+        }
+        folders.restoreMetadata(plan_.folders, plan_.warnings);
+        return ExtractionResult{
+            .entries = plan_.folders.size() + plan_.files.size() + plan_.links.size(),
+            .bytes = plan_.bytes,
+            .warnings = std::move(plan_.warnings)};
+    }
+
+  private:
+    // Links are small: their targets are read and judged before anything is made.
+    Result<> checkLinks() {
+        if (plan_.links.empty()) {
+            return {};
+        }
+        auto reader = EntryReader::create(archive_.file());
+        if (!reader) {
+            return passOn(reader);
+        }
+        for (const EntryData* link : plan_.links) {
+            TargetSink sink;
+            if (auto read = (*reader)->read(*link, options_.skipChecksum, sink); !read) {
+                return read;
+            }
+            links_.add(link->entry.path, sink.take());
+        }
+        for (const EntryData* link : plan_.links) {
+            if (!links_.isSafe(link->entry.path)) {
+                return Failure(Error{.code = ErrorCode::kUnsafeLink,
+                                     .entry = std::string(link->entry.path),
+                                     .offset = link->entry.localHeaderOffset});
+            }
+        }
+        return {};
+    }
+
+    void extractFiles() {
+        const unsigned wanted =
+            options_.threads != 0
+                ? options_.threads
+                : std::clamp(std::thread::hardware_concurrency(), 1U, kMostThreads);
+        const std::size_t count = std::min<std::size_t>(wanted, plan_.tasks.size());
+        std::vector<std::thread> helpers;
+        for (std::size_t i = 1; i < count; ++i) {
+            try {
+                helpers.emplace_back([this] { work(); });
+            } catch (const std::system_error&) {
+                break;  // fewer threads take longer, no more
+            }
+        }
+        work();
+        for (std::thread& helper : helpers) {
+            helper.join();
+        }
+    }
+
+    void work() {
+        auto reader = EntryReader::create(archive_.file());
+        if (!reader) {
+            report(nullptr, std::move(reader.error()));
+            return;
+        }
+        FolderCursor cursor(tree_);
+        for (;;) {
+            const std::size_t index = nextTask_.fetch_add(1, std::memory_order_relaxed);
+            if (index >= plan_.tasks.size()) {
+                return;
+            }
+            const ExtractionPlan::Task task = plan_.tasks[index];
+            for (std::size_t i = task.first; i < task.first + task.count; ++i) {
+                if (failed_.load(std::memory_order_relaxed)) {
+                    return;
+                }
+                auto extracted = extract(*plan_.files[i], **reader, cursor);
+                if (!extracted) {
+                    report(plan_.files[i], std::move(extracted.error()));
+                    return;
+                }
+            }
+        }
+    }
+
+    Result<> extract(const EntryData& data, EntryReader& reader, FolderCursor& cursor) {
+        const Entry& entry = data.entry;
+        auto folder = cursor.enterParentOf(entry.path);
+        if (!folder) {
+            return Failure(std::move(folder.error()).about(entry.path, entry.localHeaderOffset));
+        }
+        std::unique_lock<std::mutex> oneLargeWindow(largeWindow_, std::defer_lock);
+        if (needsLargeWindow(entry.method, entry.uncompressedSize)) {
+            oneLargeWindow.lock();
+        }
+        FileSink sink(*folder, entry, tree_.umask());
+        if (auto read = reader.read(data, options_.skipChecksum, sink); !read) {
+            return read;
+        }
+        bool restored = true;
+        if (auto finished = sink.finish(&restored); !finished) {
+            return Failure(std::move(finished.error()).about(entry.path, entry.localHeaderOffset));
+        }
+        if (!restored) {
+            const std::lock_guard lock(mutex_);
+            plan_.warnings.add(
+                WarningCode::kMetadataNotRestored, entry.path, entry.localHeaderOffset);
+        }
+        return {};
+    }
+
+    // Remembers the error of the entry that stands first in the directory.
+    void report(const EntryData* data, Error error) {
+        const std::lock_guard lock(mutex_);
+        if (!firstError_ || data < firstErrorEntry_) {
+            firstError_ = std::move(error);
+            firstErrorEntry_ = data;
+        }
+        failed_.store(true, std::memory_order_relaxed);
+    }
+
+    const ArchiveReader& archive_;
+    const DestinationTree& tree_;
+    ExtractionPlan plan_;
+    const ExtractionOptions options_;
+    LinkSafety links_;
+
+    std::atomic<std::size_t> nextTask_ = 0;
+    std::atomic<bool> failed_ = false;
+    std::mutex largeWindow_;
+    std::mutex mutex_;  // guards what follows, and the plan's warnings
+    std::optional<Error> firstError_;
+    const EntryData* firstErrorEntry_ = nullptr;
+};
+
+}  // namespace
+
+Result<ExtractionResult> extractAll(const ArchiveReader& archive,
+                                    const std::filesystem::path& to,
+                                    const ExtractionOptions& options) {
+    auto tree = DestinationTree::open(to);
+    if (!tree) {
+        return passOn(tree);
+    }
+    std::error_code ignored;
+    const std::size_t rootLength = std::filesystem::absolute(to, ignored).native().size();
+    // Whoever uses the files afterwards names them from the root: separator and NUL included, that
+    // must not exceed PATH_MAX.
+    const std::size_t longestPath = PATH_MAX - std::min<std::size_t>(rootLength + 2, PATH_MAX);
+    auto plan = planExtraction(archive.entries(),
+                               {.longestName = tree->longestName(), .longestPath = longestPath});
+    if (!plan) {
+        return passOn(plan);
+    }
+    return Extraction(archive, *tree, std::move(*plan), options).run();
+}
+
+}  // namespace pellumar::archive

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include "archive/base/Error.h"
+#include "archive/base/Warning.h"
+#include "archive/reading/EntryTable.h"
+
+namespace pellumar::archive {
+
+// What is to be made of an archive's entries, and in what pieces of work. Views and pointers lead
+// into the table.
+struct ExtractionPlan {
+    struct Folder {
+        std::string_view path;
+        // Null for a folder that is only mentioned in the paths of others.
+        const EntryData* data = nullptr;
+    };
+    // A run of `files` for one thread, all in the same folder.
+    struct Task {
+        std::size_t first = 0;
+        std::size_t count = 0;
+    };
+
+    std::vector<Folder> folders;  // a folder stands behind the one that holds it
+    std::vector<const EntryData*> files;
+    std::vector<Task> tasks;  // the longest first
+    std::vector<const EntryData*> links;
+    std::uint64_t bytes = 0;  // of all files, unpacked
+    Warnings warnings;
+};
+
+// The limits of the place that the files go to.
+struct PathLimits {
+    std::size_t longestName = 0;  // of one component, in bytes
+    std::size_t longestPath = 0;  // of a path below the destination, in bytes
+};
+
+// Sorts the entries out: of several with the same path the last one is taken. kConflictingNames if
+// a path is a file (or link) and a folder as well, kNameTooLong, kTooLarge if the sum of all sizes
+// does not fit into 64 bits.
+[[nodiscard]] Result<ExtractionPlan> planExtraction(const EntryTable& table,
+                                                    const PathLimits& limits);
+
+}  // namespace pellumar::archive

@@ -1,0 +1,50 @@
+#include "archive/reading/FileSink.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+
+#include "archive/reading/DestinationTree.h"
+
+namespace pellumar::archive {
+
+FileSink::FileSink(int folder, const Entry& entry, std::uint32_t umask)
+    : folder_(folder), entry_(entry), umask_(umask), name_(lastComponent(entry.path)) {}
+
+FileSink::~FileSink() {
+    if (made_ && !finished_) {
+        ::unlinkat(folder_, name_.c_str(), 0);
+    }
+}
+
+Result<> FileSink::write(ByteView bytes) {
+    if (!made_) {
+        // O_EXCL neither follows a link nor takes what is there.
+        file_ = File(::openat(folder_,
+                              name_.c_str(),
+                              O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
+                              static_cast<mode_t>(entry_.permissions)));
+        if (!file_.isOpen()) {
+            return systemFailure(ErrorCode::kWriteFailed);
+        }
+        made_ = true;
+    }
+    return file_.write(bytes);
+}
+
+Result<> FileSink::finish(bool* restored) {
+    const std::array<timespec, 2> times = {{{.tv_sec = 0, .tv_nsec = UTIME_OMIT}, entry_.modified}};
+    const bool permitted =
+        (entry_.permissions & umask_) == 0 ||
+        ::fchmod(file_.descriptor(), static_cast<mode_t>(entry_.permissions)) == 0;
+    *restored = ::futimens(file_.descriptor(), times.data()) == 0 && permitted;
+    if (auto closed = file_.close(); !closed) {
+        return closed;
+    }
+    finished_ = true;
+    return {};
+}
+
+}  // namespace pellumar::archive
