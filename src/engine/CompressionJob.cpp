@@ -1,0 +1,142 @@
+#include "engine/CompressionJob.h"
+
+#include <filesystem>
+#include <string>
+#include <utility>
+
+#include "events/EventNames.h"
+#include "platform/FileUrl.h"
+
+namespace pellumar {
+namespace {
+
+using archive::Archive;
+using archive::EntrySource;
+using archive::Error;
+using archive::ErrorCode;
+
+// The last component of a URL's path and the folder it stands in. A folder may be picked as
+// ".../name/", which has the last component "name" like ".../name".
+std::optional<EntrySource> sourceOf(const QUrl& url) {
+    const std::optional<std::filesystem::path> path = localPath(url);
+    if (!path) {
+        return std::nullopt;
+    }
+    std::string native = path->native();
+    while (native.size() > 1 && native.back() == '/') {
+        native.pop_back();
+    }
+    const std::size_t name = native.rfind('/') + 1;
+    return EntrySource{.path = native.substr(name), .base = native.substr(0, name)};
+}
+
+Error notAPath(const QUrl& url) {
+    return {.code = ErrorCode::kInvalidArgument,
+            .entry = url.toString(QUrl::FullyEncoded).toStdString()};
+}
+
+}  // namespace
+
+CompressionJob::CompressionJob(const ZipManager::Environment& environment,
+                               const QList<QUrl>& urls,
+                               const QString& title,
+                               ZipManager::ArchiveCompletion completion)
+    : environment_(environment),
+      urls_(urls),
+      archiveUrl_(environment.fileSystem.archive(title)),
+      completion_(std::move(completion)) {
+    environment_.fileSystem.removeItem(archiveUrl_);
+    const std::optional<std::filesystem::path> path = localPath(archiveUrl_);
+    if (!path) {
+        fail(notAPath(archiveUrl_));
+        return;
+    }
+    archive::Result<Archive> created = Archive::open(*path, archive::AccessMode::kCreate);
+    if (!created) {
+        fail(created.error());
+        return;
+    }
+    archive_ = std::move(*created);
+}
+
+void CompressionJob::run(const std::weak_ptr<ZipManager>& manager) {
+    std::vector<std::optional<EntrySource>> sources;
+    std::vector<EntrySource> ahead;
+    for (const QUrl& url : std::as_const(urls_)) {
+        sources.push_back(sourceOf(url));
+        if (sources.back()) {
+            ahead.push_back(*sources.back());
+        }
+    }
+    if (archive_) {
+        archive_->compressAhead(std::move(ahead));
+    }
+    for (std::size_t i = 0; i < sources.size(); ++i) {
+        environment_.console.writeLine(QStringLiteral("Adding url to file"));
+        if (!addFile(sources[i], urls_[static_cast<qsizetype>(i)])) {
+            environment_.console.writeLine(QStringLiteral("Failed"));
+            success_ = false;
+            continue;
+        }
+        environment_.console.writeLine(QStringLiteral("Finished: %1").arg(finished_ + 1));
+        ++finished_;
+        tellDelegate(manager);
+    }
+    closeArchive();
+}
+
+bool CompressionJob::addFile(const std::optional<EntrySource>& source, const QUrl& url) {
+    if (!archive_) {
+        // Without an archive every file counts as added.
+        return true;
+    }
+    if (!source) {
+        fail(notAPath(url));
+        return false;
+    }
+    const archive::Result<> added = archive_->addEntry(source->path,
+                                                       source->base,
+                                                       archive::CompressionMethod::kDeflate,
+                                                       archive::kDefaultWriteChunkSize);
+    if (!added) {
+        fail(added.error());
+    }
+    return added.has_value();
+}
+
+void CompressionJob::closeArchive() {
+    if (!archive_) {
+        return;
+    }
+    const archive::Result<> closed = archive_->close();
+    if (!closed) {
+        fail(closed.error());
+        environment_.console.writeLine(QStringLiteral("Failed"));
+        success_ = false;
+    }
+    archive_.reset();
+}
+
+void CompressionJob::fail(const Error& error) {
+    if (environment_.diagnostics != nullptr) {
+        environment_.diagnostics->jobFailed(archiveUrl_, error);
+    }
+}
+
+void CompressionJob::tellDelegate(const std::weak_ptr<ZipManager>& manager) const {
+    const std::shared_ptr<ZipManager> alive = manager.lock();
+    std::shared_ptr<ZipManagerDelegate> delegate = alive ? alive->delegate() : nullptr;
+    if (delegate) {
+        delegate->zipManagerDidAddFile(finished_, urls_.size());
+        // Ours may have become the last reference meanwhile.
+        environment_.mainQueue.async([delegate = std::move(delegate)] {});
+    }
+}
+
+void CompressionJob::finish() {
+    environment_.console.writeLine(QStringLiteral("FINISHED"));
+    environment_.analytics.logEvent(success_ ? event::kZippedSuccessfully : event::kFailedToZip);
+    completion_(success_ ? std::optional(archiveUrl_) : std::nullopt);
+}
+
+}  // namespace pellumar

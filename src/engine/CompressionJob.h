@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QUrl>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "archive/Archive.h"
+#include "engine/ZipManager.h"
+
+namespace pellumar {
+
+// One run of ZipManager::zip: made on the calling thread, run on the background queue, finished on
+// the main queue.
+class CompressionJob {
+  public:
+    // Deletes what stands at the archive's place and creates the archive, if that can be done.
+    CompressionJob(const ZipManager::Environment& environment,
+                   const QList<QUrl>& urls,
+                   const QString& title,
+                   ZipManager::ArchiveCompletion completion);
+
+    // Adds the files; progress goes to the delegate of `manager` as long as there are both.
+    void run(const std::weak_ptr<ZipManager>& manager);
+
+    // Reports how it went.
+    void finish();
+
+  private:
+    // False if the step failed.
+    bool addFile(const std::optional<archive::EntrySource>& source, const QUrl& url);
+    void closeArchive();
+    void fail(const archive::Error& error);
+    void tellDelegate(const std::weak_ptr<ZipManager>& manager) const;
+
+    ZipManager::Environment environment_;
+    QList<QUrl> urls_;
+    QUrl archiveUrl_;
+    ZipManager::ArchiveCompletion completion_;
+    std::optional<archive::Archive> archive_;
+    bool success_ = true;
+    qint64 finished_ = 0;
+};
+
+}  // namespace pellumar

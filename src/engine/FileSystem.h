@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QUrl>
+#include <filesystem>
+#include <optional>
+
+#include "platform/Console.h"
+#include "platform/DocumentDirectory.h"
+
+namespace pellumar {
+
+// The workspace: the folders in which archives are made ("outputs") and extracted
+// ("outputs/zipOutputs"), pictures are staged ("outputs/tempImages"), and "downloads", below the
+// folder of documents.
+//
+// Nothing fails aloud: what cannot be created, listed or deleted is passed over. Keeps no state, so
+// every operation may be called from any thread. There is no lock: emptying a folder into which a
+// job is writing may take that job's files.
+class FileSystem {
+  public:
+    // `console` must outlive this.
+    FileSystem(DocumentDirectory documents, Console& console);
+
+    // Creates the four folders, with those above them.
+    void createFolders() const;
+
+    // Empties the four folders, and writes "Deleting: " and the URL to the console for each thing
+    // that is deleted. "outputs" comes first and takes the two folders in it along, so afterwards
+    // only "outputs" and "downloads" are left. What is hidden (a name that starts with a dot)
+    // survives here and below.
+    void clearWorkspace() const;
+
+    void clearZipOutputs() const;
+    void clearTempImages() const;
+
+    // Deletes a file, a link or a folder with all that is in it.
+    void removeItem(const QUrl& at) const;
+
+    // Where the archive of this title goes. The title is taken as it is: one with a "/" in it leads
+    // to another folder.
+    [[nodiscard]] QUrl archive(const QString& title) const;
+    // A folder for one extraction; the name of a new one is never given again.
+    [[nodiscard]] QUrl newExtraction() const;
+    [[nodiscard]] QUrl tempImages() const;
+
+    // What is in a folder: links too, wherever they lead, but nothing hidden. In the folder's own
+    // order, which is not sorted. Nothing if the folder cannot be read.
+    [[nodiscard]] static std::optional<QList<QUrl>> contents(const std::filesystem::path& folder);
+
+  private:
+    DocumentDirectory documents_;
+    Console& console_;
+};
+
+}  // namespace pellumar

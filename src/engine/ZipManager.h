@@ -1,0 +1,83 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QUrl>
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <vector>
+
+#include "engine/FileSystem.h"
+#include "engine/JobDiagnostics.h"
+#include "engine/ZipManagerDelegate.h"
+#include "events/PellumarAnalytics.h"
+#include "platform/Console.h"
+#include "platform/DispatchQueue.h"
+#include "platform/Image.h"
+
+namespace pellumar {
+
+// Starts the three jobs: making an archive of files or of pictures, and extracting one.
+//
+// A job runs on the background queue and ends with one call of its completion on the main queue,
+// whose value tells success; a usage event has been reported just before. Jobs know nothing of each
+// other: two of the same title write the same file.
+//
+// A job lives on when its manager is released: its completion comes, only the delegate hears no
+// more. Operations are called from the main thread and return at once.
+class ZipManager : public std::enable_shared_from_this<ZipManager> {
+  public:
+    // What the jobs work with. All of it must outlive every job, not only the manager.
+    struct Environment {
+        const FileSystem& fileSystem;
+        const PellumarAnalytics& analytics;
+        Console& console;
+        DispatchQueue& mainQueue;
+        DispatchQueue& backgroundQueue;
+        // May be null.
+        JobDiagnostics* diagnostics = nullptr;
+    };
+
+    using ArchiveCompletion = std::function<void(std::optional<QUrl>)>;
+    using FilesCompletion = std::function<void(std::optional<QList<QUrl>>)>;
+
+    [[nodiscard]] static std::shared_ptr<ZipManager> create(const Environment& environment);
+
+    // The delegate is held weakly. May be set and read from any thread. A job that calls it leaves
+    // its release to the main queue, so a screen is never destroyed on another thread.
+    void setDelegate(std::weak_ptr<ZipManagerDelegate> delegate);
+    [[nodiscard]] std::shared_ptr<ZipManagerDelegate> delegate() const;
+
+    // Makes the archive `title` of the workspace; one of the same title is deleted first. Each file
+    // becomes an entry at the root of the archive under its own name; of a folder the entry is
+    // empty.
+    //
+    // If a file cannot be added the others are, the completion gets nothing, and what has been
+    // written stays. If the archive cannot even be created, the job passes all files over and
+    // completes with the URL all the same.
+    void zip(const QList<QUrl>& urls, const QString& title, ArchiveCompletion completion);
+
+    // The same with pictures, which are staged as JPEG files first ("0.jpg", "1.jpg", ...). What is
+    // in the staging folder already goes into the archive too, and it is not created: while there
+    // is none, the job ends without a completion. It ends so too if the manager is released before
+    // the pictures are staged. The folder is emptied before the completion.
+    void zip(std::vector<std::shared_ptr<const Image>> images,
+             const QString& title,
+             ArchiveCompletion completion);
+
+    // Extracts an archive into a new folder of the workspace. The completion gets what stands at
+    // the top of it, hidden things left out, in the folder's own order. After a failure what was
+    // extracted stays.
+    void unzip(const QUrl& url, FilesCompletion completion) const;
+
+  private:
+    explicit ZipManager(const Environment& environment) : environment_(environment) {}
+
+    Environment environment_;
+    mutable std::mutex mutex_;
+    std::weak_ptr<ZipManagerDelegate> delegate_;
+};
+
+}  // namespace pellumar
