@@ -4,8 +4,13 @@
 #include <new>
 #include <utility>
 
+#include "archive/codecs/Bzip2Decoder.h"
+#include "archive/codecs/Deflate64Decoder.h"
 #include "archive/codecs/InflateDecoder.h"
+#include "archive/codecs/LzmaDecoder.h"
 #include "archive/codecs/StoredDecoder.h"
+#include "archive/codecs/XzDecoder.h"
+#include "archive/codecs/ZstandardDecoder.h"
 #include "archive/format/ZipFormat.h"
 
 namespace pellumar::archive {
@@ -35,6 +40,10 @@ Result<std::unique_ptr<Decoder>> make(Arguments&&... arguments) {
     if (decoder == nullptr) {
         return failure(ErrorCode::kOutOfMemory);
     }
+    // What a library has to allocate it does here, so a decoder that you hold is ready.
+    if (Result<> ready = decoder->reset(); !ready) {
+        return passOn(ready);
+    }
     return decoder;
 }
 
@@ -44,6 +53,12 @@ bool isSupportedMethod(std::uint16_t method) {
     switch (method) {
         case format::kMethodStored:
         case format::kMethodDeflate:
+        case format::kMethodDeflate64:
+        case format::kMethodBzip2:
+        case format::kMethodLzma:
+        case format::kMethodZstandardOld:
+        case format::kMethodZstandard:
+        case format::kMethodXz:
             return true;
         default:
             return false;
@@ -81,6 +96,17 @@ Result<std::unique_ptr<Decoder>> makeDecoder(const DecoderParameters& parameters
             return make<StoredDecoder>(parameters.uncompressedSize);
         case format::kMethodDeflate:
             return make<InflateDecoder>();
+        case format::kMethodDeflate64:
+            return make<Deflate64Decoder>();
+        case format::kMethodBzip2:
+            return make<Bzip2Decoder>();
+        case format::kMethodLzma:
+            return make<LzmaDecoder>(parameters);
+        case format::kMethodZstandardOld:
+        case format::kMethodZstandard:
+            return make<ZstandardDecoder>();
+        case format::kMethodXz:
+            return make<XzDecoder>();
         default:
             return failure(ErrorCode::kUnsupportedMethod);
     }

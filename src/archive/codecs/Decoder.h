@@ -33,11 +33,10 @@ class Decoder {
 
     // Decodes until the input is used up, the output is full or the stream ends; it may stop
     // earlier, but not without having done something. A step with neither consumed nor produced
-    // bytes and not finished means: more input, or more room, is needed. All that the input so far
-    // allows is produced before more is needed. Bytes behind the end of the stream are not
-    // consumed (behind a Zstandard frame they have to be another frame). kDamagedData for a stream
-    // that no encoder writes, kOutOfMemory, kUnsupportedMethod for a variant that cannot be read;
-    // the decoder can then only be reset or destroyed.
+    // bytes and not finished means: more input, or more room, is needed. Bytes behind the end of
+    // the stream are not consumed (behind a Zstandard frame they have to be another frame).
+    // kDamagedData for a stream that no encoder writes, kOutOfMemory, kUnsupportedMethod for a
+    // variant that cannot be read; the decoder can then only be reset or destroyed.
     //
     // The two must not overlap; `output` may hold anything behind `produced` afterwards.
     [[nodiscard]] virtual Result<Step> decode(ByteView input, MutableBytes output) = 0;
