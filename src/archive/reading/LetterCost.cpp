@@ -29,7 +29,9 @@ constexpr std::u32string_view kSimplified =
     U"值号率族维划选标写存候毛亲快效斯院查江型眼王按格养易置派层片始却专状育厂京识适属圆包火住"
     U"调满县局照参红细引听该铁价严龙飞档夹汇简票版录附签册拍视频游戏桌副歌曲载软缩您旅婚礼校师"
     U"课练考试卷答案纪念庆爱妈爸友宝春夏秋冬毕初稿终修订草申请预财协份护封背景乐截屏扫描客户供"
-    U"购库仓储培训勤绩奖税银账欠款讯";
+    U"购库仓储培训勤绩奖税银账欠款讯测英语猫狗鸡鱼鸟虫树叶云雪雨左右沪津渝浙苏粤杭圳汉武街楼房"
+    U"租押贷医诊检健康饮食菜谱厨味茶酒店李陈刘杨赵黄吴徐孙胡朱郭罗梁宋唐韩冯董萧曹袁邓傅曾彭吕"
+    U"蒋蔡余杜魏丁密码笔假诗词典驱壁纸像";
 
 constexpr std::u32string_view kTraditional =
     U"的一是在不了有和人這中大爲上個國我以要他時來用們生到作地於出就分對成會可主發年動同工也能"
@@ -45,7 +47,9 @@ constexpr std::u32string_view kTraditional =
     U"值號率族維劃選標寫存候毛親快效斯院查江型眼王按格養易置派層片始卻專狀育廠京識適屬圓包火住"
     U"調滿縣局照參紅細引聽該鐵價嚴龍飛檔夾匯簡票版錄附籤冊拍視頻遊戲桌副歌曲載軟縮您旅婚禮校師"
     U"課練考試卷答案紀念慶愛媽爸友寶春夏秋冬畢初稿終修訂草申請預財協份護封背景樂截屏掃描客戶供"
-    U"購庫倉儲培訓勤績獎稅銀賬欠款訊台螢幕硬網碟窗像檢";
+    U"購庫倉儲培訓勤績獎稅銀賬欠款訊台螢幕硬網碟窗像檢測英語貓狗雞魚鳥蟲樹葉雲雪雨左右街樓房租"
+    U"押貸醫診健康飲食菜譜廚味茶酒店雄灣臺桃竹苗彰投嘉陳劉楊趙黃吳徐孫胡朱郭羅梁宋唐韓馮董蕭曹"
+    U"袁鄧傅曾彭呂蔣蔡余杜魏丁密碼週筆假詩詞典驅";
 
 constexpr std::u32string_view kKanji =
     U"日一国人年大十二本中長出三時行見月後前生五間上東四今金九入学高円子外八六下来気小七山話女"
@@ -56,14 +60,16 @@ constexpr std::u32string_view kKanji =
     U"駅洋旅服夕借曜飲肉貸堂鳥飯勉冬昼茶弟牛魚兄犬妹姉漢報告資議録積請求領収契約案予算設定内確"
     U"認添付提申込履歴表最版改訂管全部分門営技術様単結合果覧簿保存複製変更経給与細税務険末調整"
     U"源泉徴振座番号所帳券証免許卒式化祭誕婚曲像背景壁素材圧縮解凍項必説順操法参関係連絡網回配"
-    U"布印刷原稿論課宿授講義演実期模範平成令和昭阪福岡札幌横浜神奈県市区村";
+    U"布印刷原稿論課宿授講義演実期模範平成令和昭阪福岡札幌横浜神奈県市区村猫雪雲星島桜梅松竹森"
+    U"林池沢崎藤佐伊斎渡辺加井石清谷橋吉絵草例面次索引控納検訳残勤暇届可依頼票概要詳唱";
 
 constexpr std::u32string_view kHangul =
     U"이다의는에을를가고하지도은기사한리로인자어서시아일정대나수해보스그여주부전들과비상조장소"
     U"제라있미성구원유학공문경국마동트오선용회생간신연안거관계화우니위모바진무적교식치방당중반"
     U"개실영재산게야말세명크만터드행금분물력약견최종본새폴더파요청결내출입목록표준험예업발단획"
     U"초차료외통양설건강월년추감특별급번호증권름겨울봄음악노래카메디버백압축풀린없복습졸논육숙"
-    U"답체첨참컴퓨프램릴레앨범첩글두례완품매납송배열쇠엄빠족혼념님께";
+    U"답체첨참컴퓨프램릴레앨범첩글두례완품매납송배열쇠엄빠족혼념님께검토석현황환불직돌잔휴김박"
+    U"윤임류홍손허남심곽민채천함변길왕옥훈희혜꽃빛";
 
 // Tenths of bits for а to я, from their frequency in Russian text.
 constexpr std::array<std::uint8_t, 32> kRussian = {36, 60, 45, 59, 51,  36, 67, 59, 38, 64, 48,
@@ -134,10 +140,10 @@ std::uint64_t costOfCyrillic(const Place& place) {
         cost += 40;
     }
     if (isAsciiLetter(place.before)) {
-        cost += 40;
+        cost += 60;
     }
     if (isAsciiLetter(place.after)) {
-        cost += 40;
+        cost += 60;
     }
     return cost;
 }
@@ -158,7 +164,7 @@ std::uint64_t costOfWestern(const Place& place) {
         return cost;
     }
     if (!isAsciiLetter(place.before) && !isAsciiLetter(place.after)) {
-        cost += 60;
+        cost += 40;
     }
     if (place.before >= 0x80) {
         cost += 20;
@@ -233,7 +239,7 @@ std::uint64_t costOfKorean(const Place& place) {
         return isHan(c) ? 170 : costOfSign(c);
     }
     const bool ofTheStandard = place.code >> 8U >= 0xB0 && (place.code & 0xFFU) >= 0xA1;
-    return ofTheStandard ? 125 : 190;
+    return ofTheStandard ? 140 : 190;
 }
 
 std::uint64_t costOfEastAsian(Charset charset, const Place& place) {
@@ -302,6 +308,14 @@ std::uint64_t letterCost(Charset charset, ByteView bytes, std::u32string_view le
         bytes = bytes.subspan(length);
     }
     return cost;
+}
+
+bool isPlausible(Charset charset, ByteView bytes, std::u32string_view letters) {
+    constexpr std::uint64_t kUsualByte = 60;
+    const auto ascii = static_cast<std::uint64_t>(
+        std::count_if(letters.begin(), letters.end(), [](char32_t c) { return c < 0x80; }));
+    const std::uint64_t cost = letterCost(charset, bytes, letters) - ascii * kAscii;
+    return cost <= (bytes.size() - ascii) * kUsualByte;
 }
 
 std::uint64_t costOfUnreadable(ByteView bytes) {

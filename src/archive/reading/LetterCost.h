@@ -18,4 +18,8 @@ namespace pellumar::archive {
 // The same for bytes that mean nothing in a charset.
 [[nodiscard]] std::uint64_t costOfUnreadable(ByteView bytes);
 
+// Whether this reading looks like words and not like the signs and rare letters that a wrong
+// charset makes of them.
+[[nodiscard]] bool isPlausible(Charset charset, ByteView bytes, std::u32string_view letters);
+
 }  // namespace pellumar::archive

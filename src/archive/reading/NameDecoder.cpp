@@ -43,17 +43,18 @@ std::optional<std::string_view> unicodePath(const RawName& name) {
     return format::isUtf8(text) ? std::optional(text) : std::nullopt;
 }
 
-// The name where its letters are known without a vote.
-std::optional<std::string_view> knownLetters(const RawName& name) {
+bool isAscii(std::string_view text) {
+    return std::all_of(
+        text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+// The name where the archive says what its letters are.
+std::optional<std::string_view> saidLetters(const RawName& name) {
     const std::string_view text = asText(name.bytes);
-    const bool utf8 = format::isUtf8(text);
-    if (name.utf8Flag && utf8) {
+    if (name.utf8Flag && format::isUtf8(text)) {
         return text;
     }
-    if (const auto path = unicodePath(name)) {
-        return path;
-    }
-    return utf8 ? std::optional(text) : std::nullopt;
+    return unicodePath(name);
 }
 
 // What the bytes are in the view of uchardet, if it is one of ours.
@@ -125,10 +126,7 @@ class NameDecoder::State {
             const std::size_t end = std::min(name.find('/'), name.size());
             const std::string_view component = name.substr(0, end);
             name.remove_prefix(std::min(end + 1, name.size()));
-            const bool ascii = std::all_of(component.begin(), component.end(), [](char c) {
-                return static_cast<unsigned char>(c) < 0x80;
-            });
-            if (!ascii && seen_.emplace(component).second) {
+            if (!isAscii(component) && seen_.emplace(component).second) {
                 sample_.emplace_back(component);
                 sampleSize_ += component.size();
             }
@@ -155,6 +153,18 @@ class NameDecoder::State {
         return toUtf8(*letters);
     }
 
+    // Of a name in UTF-8: its letters in the elected charset, if they make more sense.
+    [[nodiscard]] std::optional<std::string> readInstead(ByteView bytes) {
+        if (!converter_ || isAscii(asText(bytes))) {
+            return std::nullopt;
+        }
+        const auto letters = converter_->decode(bytes);
+        if (!letters || !isPlausible(*elected_, bytes, *letters)) {
+            return std::nullopt;
+        }
+        return toUtf8(*letters);
+    }
+
     [[nodiscard]] std::optional<Charset> elected() const { return elected_; }
 
   private:
@@ -172,7 +182,7 @@ NameDecoder::NameDecoder(NameDecoder&&) noexcept = default;
 NameDecoder& NameDecoder::operator=(NameDecoder&&) noexcept = default;
 
 void NameDecoder::consider(const RawName& name) {
-    if (!knownLetters(name)) {
+    if (!saidLetters(name) && !format::isUtf8(asText(name.bytes))) {
         state_->sample(asText(name.bytes));
     }
 }
@@ -182,10 +192,17 @@ void NameDecoder::decide() {
 }
 
 DecodedName NameDecoder::decode(const RawName& name) const {
-    if (const auto text = knownLetters(name)) {
+    if (const auto text = saidLetters(name)) {
         return {.text = std::string(*text), .legacy = false};
     }
-    return {.text = state_->read(name.bytes), .legacy = true};
+    const std::string_view text = asText(name.bytes);
+    if (!format::isUtf8(text)) {
+        return {.text = state_->read(name.bytes), .legacy = true};
+    }
+    if (auto other = state_->readInstead(name.bytes)) {
+        return {.text = std::move(*other), .legacy = true};
+    }
+    return {.text = std::string(text), .legacy = false};
 }
 
 std::string_view NameDecoder::charset() const {

@@ -10,9 +10,9 @@ namespace pellumar::archive {
 
 // An entry's name as the central directory has it.
 struct RawName {
-    ByteView bytes;
+    ByteView bytes{};
     bool utf8Flag = false;  // general purpose bit 11 (APPNOTE 4.4.4)
-    ByteView extra;         // the header's extra fields
+    ByteView extra{};       // the header's extra fields
 };
 
 struct DecodedName {
@@ -26,6 +26,8 @@ struct DecodedName {
 //  - UTF-8 where the bytes are well-formed UTF-8, ASCII included;
 //  - else one charset for all names that are left, elected over a sample of them. A name that
 //    cannot be read in it is taken in code page 437, which can spell anything.
+// A short name of two or three letters can be well-formed UTF-8 by accident. Beside names that are
+// not UTF-8 it is read in their charset if that makes a plausible word of it.
 //
 // First every name is shown to consider(), then decide() is called once, then decode() as often as
 // one likes. Memory is bounded however many names there are. Belongs to one thread.
