@@ -19,9 +19,6 @@ using namespace format;
 constexpr std::size_t kOutputSize = 512UL * 1024;
 // Holds the compressed form of such an entry between its headers.
 constexpr std::size_t kInputSize = 640UL * 1024;
-// What is read and unpacked at a time of larger ones: small enough to stay in the cache until it is
-// written.
-constexpr std::size_t kStreamPiece = 256UL * 1024;
 // Local headers seldom have more extra fields than this; one that has is read again.
 constexpr std::size_t kUsualExtra = 256;
 
@@ -99,7 +96,7 @@ Result<EntryReader::Located> EntryReader::locate(const EntryData& data) {
                                 entry.compressedSize + kLongestDataDescriptor;
     // A larger entry streams in any case; its first piece is enough.
     const bool fits = usual <= kInputSize && entry.uncompressedSize <= kOutputSize;
-    const std::uint64_t wanted = fits ? usual : kStreamPiece;
+    const std::uint64_t wanted = fits ? usual : kPieceSize;
 
     MutableBytes head(input_.get(), static_cast<std::size_t>(std::min(slot, wanted)));
     if (auto read = file_.readExactlyAt(entry.localHeaderOffset, head); !read) {
@@ -219,13 +216,17 @@ Result<> EntryReader::stream(const EntryData& data,
     std::uint32_t checksum = kCrc32OfNothing;
     for (bool ended = false; !ended;) {
         if (input.empty()) {
-            auto next = located.next(file_, MutableBytes(input_.get(), kStreamPiece));
+            auto next = located.next(file_, MutableBytes(input_.get(), kPieceSize));
             if (!next) {
                 return passOn(next);
             }
             input = *next;
         }
-        auto step = (*decoder)->decode(input, MutableBytes(output_.get(), kStreamPiece));
+        MutableBytes output = sink.room();
+        if (output.empty()) {
+            output = MutableBytes(output_.get(), kPieceSize);
+        }
+        auto step = (*decoder)->decode(input, output);
         if (!step) {
             return passOn(step);
         }
@@ -238,7 +239,7 @@ Result<> EntryReader::stream(const EntryData& data,
         if (produced > entry.uncompressedSize) {
             return failure(ErrorCode::kSizeMismatch);
         }
-        const ByteView piece(output_.get(), step->produced);
+        const ByteView piece = output.first(step->produced);
         checksum = skipChecksum ? entry.crc32 : crc32(checksum, piece);
         if (auto written = sink.write(piece); !written) {
             return written;

@@ -9,21 +9,10 @@
 #include "archive/base/File.h"
 #include "archive/codecs/Decoder.h"
 #include "archive/codecs/OneShotInflater.h"
+#include "archive/reading/DataSink.h"
 #include "archive/reading/EntryTable.h"
 
 namespace pellumar::archive {
-
-// Takes an entry's data in pieces, in order.
-class DataSink {
-  public:
-    DataSink() = default;
-    DataSink(const DataSink&) = delete;
-    DataSink& operator=(const DataSink&) = delete;
-    virtual ~DataSink() = default;
-
-    // The bytes are only valid during the call. An error ends the reading.
-    [[nodiscard]] virtual Result<> write(ByteView bytes) = 0;
-};
 
 // Reads entries' data out of an archive: holds the local header against the central directory,
 // decompresses, and verifies sizes, data descriptor and checksum.

@@ -12,6 +12,7 @@
 #include <utility>
 #include <vector>
 
+#include "archive/reading/BackgroundSink.h"
 #include "archive/reading/DestinationTree.h"
 #include "archive/reading/EntryReader.h"
 #include "archive/reading/ExtractionPlan.h"
@@ -24,6 +25,8 @@ namespace pellumar::archive {
 namespace {
 
 constexpr unsigned kMostThreads = 8;
+// From this size on writing behind pays for another thread.
+constexpr std::uint64_t kGiant = 16UL * 1024 * 1024;
 
 // Collects a link's target, which no file system takes longer than PATH_MAX.
 class TargetSink final : public DataSink {
@@ -49,7 +52,13 @@ class Extraction {
                const DestinationTree& tree,
                ExtractionPlan plan,
                const ExtractionOptions& options)
-        : archive_(archive), tree_(tree), plan_(std::move(plan)), options_(options) {}
+        : archive_(archive),
+          tree_(tree),
+          plan_(std::move(plan)),
+          options_(options),
+          threads_(options.threads != 0
+                       ? options.threads
+                       : std::clamp(std::thread::hardware_concurrency(), 1U, kMostThreads)) {}
 
     Result<ExtractionResult> run() {
         if (plan_.bytes > tree_.freeSpace()) {
@@ -104,11 +113,7 @@ class Extraction {
     }
 
     void extractFiles() {
-        const unsigned wanted =
-            options_.threads != 0
-                ? options_.threads
-                : std::clamp(std::thread::hardware_concurrency(), 1U, kMostThreads);
-        const std::size_t count = std::min<std::size_t>(wanted, plan_.tasks.size());
+        const std::size_t count = std::min<std::size_t>(threads_, plan_.tasks.size());
         std::vector<std::thread> helpers;
         for (std::size_t i = 1; i < count; ++i) {
             try {
@@ -136,11 +141,12 @@ class Extraction {
                 return;
             }
             const ExtractionPlan::Task task = plan_.tasks[index];
+            const bool inBackground = isLonelyGiant(index);
             for (std::size_t i = task.first; i < task.first + task.count; ++i) {
                 if (failed_.load(std::memory_order_relaxed)) {
                     return;
                 }
-                auto extracted = extract(*plan_.files[i], **reader, cursor);
+                auto extracted = extract(*plan_.files[i], **reader, cursor, inBackground);
                 if (!extracted) {
                     report(plan_.files[i], std::move(extracted.error()));
                     return;
@@ -149,7 +155,10 @@ class Extraction {
         }
     }
 
-    Result<> extract(const EntryData& data, EntryReader& reader, FolderCursor& cursor) {
+    Result<> extract(const EntryData& data,
+                     EntryReader& reader,
+                     FolderCursor& cursor,
+                     bool inBackground) {
         const Entry& entry = data.entry;
         auto folder = cursor.enterParentOf(entry.path);
         if (!folder) {
@@ -159,18 +168,47 @@ class Extraction {
         if (needsLargeWindow(entry.method, entry.uncompressedSize)) {
             oneLargeWindow.lock();
         }
-        FileSink sink(*folder, entry, tree_.umask());
-        if (auto read = reader.read(data, options_.skipChecksum, sink); !read) {
+        FileSink file(*folder, entry, tree_.umask());
+        if (auto read = readInto(file, data, reader, inBackground); !read) {
             return read;
         }
         bool restored = true;
-        if (auto finished = sink.finish(&restored); !finished) {
+        if (auto finished = file.finish(&restored); !finished) {
             return Failure(std::move(finished.error()).about(entry.path, entry.localHeaderOffset));
         }
         if (!restored) {
             const std::lock_guard lock(mutex_);
             plan_.warnings.add(
                 WarningCode::kMetadataNotRestored, entry.path, entry.localHeaderOffset);
+        }
+        return {};
+    }
+
+    // Whether the task is one of the last giants, so that a core has nothing better to do than to
+    // write what this one unpacks.
+    [[nodiscard]] bool isLonelyGiant(std::size_t task) const {
+        const std::size_t later = task + threads_ - 1;
+        const auto isGiant = [this](std::size_t index) {
+            return plan_.files[plan_.tasks[index].first]->entry.uncompressedSize >= kGiant;
+        };
+        return threads_ > 1 && isGiant(task) && (later >= plan_.tasks.size() || !isGiant(later));
+    }
+
+    Result<> readInto(FileSink& file,
+                      const EntryData& data,
+                      EntryReader& reader,
+                      bool inBackground) {
+        if (!inBackground) {
+            return reader.read(data, options_.skipChecksum, file);
+        }
+        BackgroundSink background(file);
+        if (auto read = reader.read(data, options_.skipChecksum, background); !read) {
+            return read;
+        }
+        auto finished = background.finish();
+        if (!finished) {
+            return Failure(
+                std::move(finished.error()).about(data.entry.path, data.entry.localHeaderOffset));
         }
         return {};
     }
@@ -189,6 +227,7 @@ class Extraction {
     const DestinationTree& tree_;
     ExtractionPlan plan_;
     const ExtractionOptions options_;
+    const unsigned threads_;
     LinkSafety links_;
 
     std::atomic<std::size_t> nextTask_ = 0;

@@ -3,9 +3,10 @@
 #include <cstdint>
 #include <string>
 
+#include "archive/base/Entry.h"
 #include "archive/base/Error.h"
 #include "archive/base/File.h"
-#include "archive/reading/EntryReader.h"
+#include "archive/reading/DataSink.h"
 
 namespace pellumar::archive {
 

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstddef>
+
+#include "archive/base/Bytes.h"
+#include "archive/base/Error.h"
+
+namespace pellumar::archive {
+
+// What is unpacked and written at a time of an entry that streams: small enough to stay in the
+// cache in between.
+inline constexpr std::size_t kPieceSize = 256UL * 1024;
+
+// Takes an entry's data in pieces, in order.
+class DataSink {
+  public:
+    DataSink() = default;
+    DataSink(const DataSink&) = delete;
+    DataSink& operator=(const DataSink&) = delete;
+    virtual ~DataSink() = default;
+
+    // A place for the next piece, kPieceSize long, where the sink wants to have it; else empty.
+    [[nodiscard]] virtual MutableBytes room() { return {}; }
+
+    // The bytes are only valid during the call. An error ends the reading.
+    [[nodiscard]] virtual Result<> write(ByteView bytes) = 0;
+};
+
+}  // namespace pellumar::archive
