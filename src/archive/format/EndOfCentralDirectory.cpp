@@ -1,0 +1,56 @@
+#include "archive/format/EndOfCentralDirectory.h"
+
+#include <algorithm>
+
+#include "archive/format/Append.h"
+#include "archive/format/ZipFormat.h"
+
+namespace pellumar::archive::format {
+
+namespace {
+
+// The ZIP64 record's own size field leaves out the signature and itself (4.3.14.1).
+constexpr std::uint64_t kZip64RecordLeading = 12;
+
+void appendZip64End(std::vector<std::uint8_t>& out,
+                    std::uint64_t entryCount,
+                    std::uint64_t directoryOffset,
+                    std::uint64_t directorySize) {
+    append(out, kZip64EndOfCentralDirectorySignature);
+    append(out, std::uint64_t{kZip64EndOfCentralDirectorySize - kZip64RecordLeading});
+    append(out, static_cast<std::uint16_t>((kHostUnix << 8U) | kVersionMadeBy));
+    append(out, kVersionZip64);
+    append(out, std::uint32_t{0});  // this disk
+    append(out, std::uint32_t{0});  // the directory's disk
+    append(out, entryCount);        // on this disk
+    append(out, entryCount);
+    append(out, directorySize);
+    append(out, directoryOffset);
+
+    append(out, kZip64LocatorSignature);
+    append(out, std::uint32_t{0});  // the ZIP64 record's disk
+    append(out, directoryOffset + directorySize);
+    append(out, std::uint32_t{1});  // disks
+}
+
+}  // namespace
+
+void appendEndOfCentralDirectory(std::vector<std::uint8_t>& out,
+                                 std::uint64_t entryCount,
+                                 std::uint64_t directoryOffset,
+                                 std::uint64_t directorySize) {
+    if (entryCount >= kMax16 || directoryOffset >= kMax32 || directorySize >= kMax32) {
+        appendZip64End(out, entryCount, directoryOffset, directorySize);
+    }
+    const auto count = static_cast<std::uint16_t>(std::min<std::uint64_t>(entryCount, kMax16));
+    append(out, kEndOfCentralDirectorySignature);
+    append(out, std::uint16_t{0});  // this disk
+    append(out, std::uint16_t{0});  // the directory's disk
+    append(out, count);             // on this disk
+    append(out, count);
+    append(out, static_cast<std::uint32_t>(std::min<std::uint64_t>(directorySize, kMax32)));
+    append(out, static_cast<std::uint32_t>(std::min<std::uint64_t>(directoryOffset, kMax32)));
+    append(out, std::uint16_t{0});  // comment
+}
+
+}  // namespace pellumar::archive::format

@@ -1,0 +1,77 @@
+#include "archive/writing/ArchiveOutput.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace pellumar::archive {
+
+namespace {
+
+constexpr std::size_t kBufferSize = 256UL * 1024;
+
+}  // namespace
+
+ArchiveOutput::ArchiveOutput(File file) : file_(std::move(file)) {
+    buffer_.reserve(kBufferSize);
+}
+
+Result<> ArchiveOutput::append(ByteView bytes) {
+    if (buffer_.size() + bytes.size() > kBufferSize) {
+        if (auto flushed = flush(); !flushed) {
+            return flushed;
+        }
+    }
+    if (bytes.size() < kBufferSize) {
+        buffer_.insert(buffer_.end(), bytes.begin(), bytes.end());
+        return {};
+    }
+    auto result = file_.writeAt(written_, bytes);
+    if (result) {
+        written_ += bytes.size();
+    }
+    return result;
+}
+
+Result<> ArchiveOutput::overwrite(std::uint64_t position, ByteView bytes) {
+    // One append lies whole in the file or whole in the buffer.
+    if (position < written_) {
+        return file_.writeAt(position, bytes);
+    }
+    const auto start = static_cast<std::ptrdiff_t>(position - written_);
+    std::copy(bytes.begin(), bytes.end(), buffer_.begin() + start);
+    return {};
+}
+
+void ArchiveOutput::rewind(std::uint64_t position) {
+    if (position >= written_) {
+        buffer_.resize(static_cast<std::size_t>(position - written_));
+    } else {
+        buffer_.clear();
+        written_ = position;
+    }
+    // Should this fail, the bytes are written over by what comes, or the closing fails as well.
+    static_cast<void>(file_.truncate(written_));
+}
+
+Result<> ArchiveOutput::close() {
+    if (auto flushed = flush(); !flushed) {
+        static_cast<void>(file_.close());
+        return flushed;
+    }
+    return file_.close();
+}
+
+void ArchiveOutput::abandon() {
+    file_ = File();
+}
+
+Result<> ArchiveOutput::flush() {
+    auto result = file_.writeAt(written_, buffer_);
+    if (result) {
+        written_ += buffer_.size();
+        buffer_.clear();
+    }
+    return result;
+}
+
+}  // namespace pellumar::archive

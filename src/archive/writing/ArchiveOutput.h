@@ -1,0 +1,49 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "archive/base/Bytes.h"
+#include "archive/base/Error.h"
+#include "archive/base/File.h"
+
+namespace pellumar::archive {
+
+// The archive's file as it grows, behind a buffer, so that many small pieces cost one system call.
+// Belongs to one thread.
+//
+// After a failed call everything appended by the earlier, successful calls is still there, in the
+// file or in the buffer; rewind() takes away the rest.
+class ArchiveOutput {
+  public:
+    // Takes over an empty file.
+    explicit ArchiveOutput(File file);
+
+    // Where the next byte goes.
+    [[nodiscard]] std::uint64_t position() const { return written_ + buffer_.size(); }
+
+    [[nodiscard]] Result<> append(ByteView bytes);
+
+    // Writes over bytes of one earlier append.
+    [[nodiscard]] Result<> overwrite(std::uint64_t position, ByteView bytes);
+
+    // Takes away all from `position` on, which is at most position(). Also to be called after a
+    // failed append, whose bytes may stand in part behind the end.
+    void rewind(std::uint64_t position);
+
+    // Writes out the buffer and closes the file; it is closed in any case.
+    [[nodiscard]] Result<> close();
+
+    // Closes the file without a word; the buffer is lost.
+    void abandon();
+
+  private:
+    [[nodiscard]] Result<> flush();
+
+    File file_;
+    std::vector<std::uint8_t> buffer_;
+    std::uint64_t written_ = 0;  // the file's part of position()
+};
+
+}  // namespace pellumar::archive

@@ -1,0 +1,221 @@
+#include "archive/writing/ArchiveWriter.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <thread>
+#include <utility>
+
+#include "archive/base/Crc32.h"
+#include "archive/base/File.h"
+#include "archive/format/EntryRecord.h"
+#include "archive/format/ZipFormat.h"
+#include "archive/writing/ArchiveOutput.h"
+#include "archive/writing/CentralDirectory.h"
+#include "archive/writing/CompressionQueue.h"
+#include "archive/writing/CompressionThreads.h"
+#include "archive/writing/DeflateCompressor.h"
+
+namespace pellumar::archive {
+
+namespace {
+
+constexpr unsigned kMostThreads = 8;
+
+// With two threads all that the writer holds stays under 24 MiB.
+constexpr std::size_t kMostBytesAhead = 12UL * 1024 * 1024;
+
+constexpr std::size_t kSmallestRead = 4UL * 1024;
+constexpr std::size_t kLargestRead = 1024UL * 1024;
+
+std::size_t clampedReadSize(std::size_t bufferSize) {
+    return std::clamp(bufferSize, kSmallestRead, kLargestRead);
+}
+
+format::EntryRecord recordOf(const std::string& path,
+                             const CompressionQueue::Opened& source,
+                             std::uint64_t offset) {
+    format::EntryRecord record;
+    record.name = path;
+    record.unixMode = source.status.st_mode;
+    record.modified = source.status.st_mtim;
+    record.localHeaderOffset = offset;
+    if (S_ISDIR(source.status.st_mode)) {
+        record.method = format::kMethodStored;
+        if (record.name.back() != '/') {
+            record.name += '/';
+        }
+    } else {
+        record.method = format::kMethodDeflate;
+        record.zip64Sizes =
+            format::needsZip64Sizes(static_cast<std::uint64_t>(source.status.st_size));
+    }
+    return record;
+}
+
+void addTo(format::EntryRecord& record, const CompressedChunk& chunk) {
+    record.crc32 = crc32Combine(record.crc32, chunk.crc32, chunk.uncompressedSize);
+    record.compressedSize += chunk.data.size();
+    record.uncompressedSize += chunk.uncompressedSize;
+}
+
+}  // namespace
+
+class ArchiveWriter::State {
+  public:
+    explicit State(File file)
+        : output_(std::move(file)), queue_(DeflateCompressor::kChunkSize, kMostBytesAhead) {}
+
+    [[nodiscard]] Result<> start(unsigned threads, const FileIdentity& archive) {
+        return threads_.start(threads, queue_, archive);
+    }
+
+    [[nodiscard]] bool isClosed() const { return closed_; }
+    [[nodiscard]] Result<> add(const Source& source, std::size_t readSize);
+    void announce(std::vector<Source> next, std::size_t readSize) {
+        queue_.announce(std::move(next), readSize);
+    }
+    [[nodiscard]] Result<> close();
+
+  private:
+    // Writes the current entry's header and data; fills in what becomes known by that.
+    [[nodiscard]] Result<> writeEntry(format::EntryRecord& record, std::uint64_t chunks);
+    [[nodiscard]] Result<> writeHeader(const format::EntryRecord& record);
+    [[nodiscard]] Result<> writeChunks(format::EntryRecord& record, std::uint64_t chunks);
+
+    ArchiveOutput output_;
+    CentralDirectory directory_;
+    std::vector<std::uint8_t> header_;
+    bool closed_ = false;
+    CompressionQueue queue_;
+    CompressionThreads threads_;
+};
+
+Result<> ArchiveWriter::State::add(const Source& source, std::size_t readSize) {
+    auto opened = queue_.begin(source, readSize);
+    Result<> result;
+    if (!opened) {
+        result = passOn(opened);
+    } else {
+        auto record = recordOf(source.path, *opened, output_.position());
+        if (record.name.size() > format::kMax16) {
+            result = failure(ErrorCode::kInvalidArgument);
+        } else {
+            result = writeEntry(record, opened->chunks);
+            if (result) {
+                directory_.add(record);
+            } else {
+                output_.rewind(record.localHeaderOffset);
+            }
+        }
+    }
+    queue_.end();
+    return std::move(result).map_error(
+        [&source](Error&& error) { return std::move(error).about(source.path, 0); });
+}
+
+Result<> ArchiveWriter::State::writeEntry(format::EntryRecord& record, std::uint64_t chunks) {
+    if (chunks == 0) {
+        return writeHeader(record);
+    }
+    if (chunks == 1) {
+        auto chunk = queue_.takeChunk();
+        if (!chunk) {
+            return passOn(chunk);
+        }
+        addTo(record, *chunk);
+        auto written = writeHeader(record);
+        return written ? output_.append(chunk->data) : written;
+    }
+    if (auto written = writeHeader(record); !written) {
+        return written;
+    }
+    if (auto written = writeChunks(record, chunks); !written) {
+        return written;
+    }
+    // The header again, now that its values are known.
+    header_.clear();
+    format::appendLocalFileHeader(header_, record);
+    return output_.overwrite(record.localHeaderOffset, header_);
+}
+
+Result<> ArchiveWriter::State::writeHeader(const format::EntryRecord& record) {
+    header_.clear();
+    format::appendLocalFileHeader(header_, record);
+    return output_.append(header_);
+}
+
+Result<> ArchiveWriter::State::writeChunks(format::EntryRecord& record, std::uint64_t chunks) {
+    for (std::uint64_t i = 0; i < chunks; ++i) {
+        auto chunk = queue_.takeChunk();
+        if (!chunk) {
+            return passOn(chunk);
+        }
+        addTo(record, *chunk);
+        if (auto written = output_.append(chunk->data); !written) {
+            return written;
+        }
+    }
+    return {};
+}
+
+Result<> ArchiveWriter::State::close() {
+    closed_ = true;
+    threads_.stop();
+    if (auto written = directory_.writeTo(output_); !written) {
+        output_.abandon();
+        return written;
+    }
+    return output_.close();
+}
+
+Result<std::unique_ptr<ArchiveWriter>> ArchiveWriter::create(const std::filesystem::path& path,
+                                                             unsigned threads) {
+    auto file = File::createNew(path);
+    if (!file) {
+        return passOn(file);
+    }
+    const auto giveUp = [&path](auto& result) {
+        ::unlink(path.c_str());
+        return passOn(result);
+    };
+    auto status = file->status();
+    if (!status) {
+        return giveUp(status);
+    }
+    if (threads == 0) {
+        threads = std::thread::hardware_concurrency();
+    }
+    auto state = std::make_unique<State>(std::move(*file));
+    auto started = state->start(std::clamp(threads, 1U, kMostThreads),
+                                {.device = status->st_dev, .inode = status->st_ino});
+    if (!started) {
+        return giveUp(started);
+    }
+    return std::unique_ptr<ArchiveWriter>(new ArchiveWriter(std::move(state)));
+}
+
+ArchiveWriter::ArchiveWriter(std::unique_ptr<State> state) : state_(std::move(state)) {}
+
+ArchiveWriter::~ArchiveWriter() {
+    static_cast<void>(close());
+}
+
+Result<> ArchiveWriter::addEntry(const Source& source, std::size_t bufferSize) {
+    if (state_->isClosed()) {
+        return failure(ErrorCode::kInvalidArgument);
+    }
+    return state_->add(source, clampedReadSize(bufferSize));
+}
+
+void ArchiveWriter::compressAhead(std::vector<Source> next, std::size_t bufferSize) {
+    if (!state_->isClosed()) {
+        state_->announce(std::move(next), clampedReadSize(bufferSize));
+    }
+}
+
+Result<> ArchiveWriter::close() {
+    return state_->isClosed() ? Result<>() : state_->close();
+}
+
+}  // namespace pellumar::archive

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "archive/base/Error.h"
+#include "archive/format/EntryRecord.h"
+#include "archive/writing/ArchiveOutput.h"
+
+namespace pellumar::archive {
+
+// The central directory while it grows: the headers in the bytes they will have in the archive,
+// which is the most compact form, in blocks, so that no growth copies them. Belongs to one thread.
+class CentralDirectory {
+  public:
+    void add(const format::EntryRecord& record);
+
+    // Appends the directory and the records that end the archive (APPNOTE 4.3.12 to 4.3.16). The
+    // directory is empty afterwards.
+    [[nodiscard]] Result<> writeTo(ArchiveOutput& output);
+
+  private:
+    std::vector<std::vector<std::uint8_t>> blocks_;
+    std::uint64_t entries_ = 0;
+};
+
+}  // namespace pellumar::archive

@@ -1,0 +1,234 @@
+#include "archive/writing/CompressionQueue.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace pellumar::archive {
+
+namespace {
+
+// What a job costs beside its results.
+constexpr std::size_t kJobBytes = 1024;
+
+}  // namespace
+
+// One source on its way. `source`, `readSize` and `sequence` never change, `file` does not while
+// tasks read it; the queue's mutex guards the rest.
+class CompressionQueue::Job {
+  public:
+    Job(Source from, std::size_t size) : source(std::move(from)), readSize(size) {}
+
+    const Source source;
+    const std::size_t readSize;
+    std::uint64_t sequence = 0;
+
+    std::optional<Result<Opened>> opened;
+    SourceFile file;
+    std::uint64_t nextToRead = 0;  // the first chunk that nobody works on
+    std::uint64_t chunksDone = 0;
+    std::deque<std::optional<Result<CompressedChunk>>> results;  // from nextToTake to nextToRead
+    std::uint64_t nextToTake = 0;
+    bool dropped = false;
+
+    // Whether the writer can go on: the next chunk is there, or there is none.
+    [[nodiscard]] bool isReady() const {
+        return opened && (!*opened || nextToTake == (*opened)->chunks ||
+                          (!results.empty() && results.front()));
+    }
+};
+
+void CompressionQueue::announce(std::vector<Source> next, std::size_t readSize) {
+    const std::lock_guard lock(mutex_);
+    // What was done ahead and is still wanted stays.
+    std::size_t kept = 0;
+    while (kept < std::min(jobs_.size(), next.size()) && jobs_[kept]->source == next[kept]) {
+        ++kept;
+    }
+    dropJobsFrom(kept);
+    announced_ = std::move(next);
+    nextAnnounced_ = kept;
+    readSize_ = readSize;
+    wakeWorkers();
+}
+
+Result<CompressionQueue::Opened> CompressionQueue::begin(const Source& source,
+                                                         std::size_t readSize) {
+    std::unique_lock lock(mutex_);
+    const bool announced =
+        jobs_.empty() ? nextAnnounced_ < announced_.size() && announced_[nextAnnounced_] == source
+                      : jobs_.front()->source == source;
+    if (!announced) {
+        dropJobsFrom(0);
+        announced_ = {source};
+        nextAnnounced_ = 0;
+        readSize_ = readSize;
+        wakeWorkers();
+    }
+    waitForHead(lock);
+    return *jobs_.front()->opened;
+}
+
+Result<CompressedChunk> CompressionQueue::takeChunk() {
+    std::unique_lock lock(mutex_);
+    waitForHead(lock);
+    Job& job = *jobs_.front();
+    Result<CompressedChunk> chunk = *std::move(job.results.front());
+    job.results.pop_front();
+    ++job.nextToTake;
+    bytesAhead_ -= chunk ? chunk->data.size() : 0;
+    wakeWorkers();
+    return chunk;
+}
+
+void CompressionQueue::end() {
+    const std::lock_guard lock(mutex_);
+    dropJob(*jobs_.front());
+    jobs_.pop_front();
+    wakeWorkers();
+}
+
+std::optional<CompressionQueue::Task> CompressionQueue::takeTask() {
+    std::unique_lock lock(mutex_);
+    while (!stopping_ && !canTakeTask()) {
+        ++idleWorkers_;
+        workAvailable_.wait(lock);
+        --idleWorkers_;
+    }
+    if (stopping_) {
+        return std::nullopt;
+    }
+    Task task;
+    if (unread_.empty()) {
+        task.job = std::make_shared<Job>(std::move(announced_[nextAnnounced_++]), readSize_);
+        task.job->sequence = nextSequence_++;
+        jobs_.push_back(task.job);
+        bytesAhead_ += kJobBytes;
+    } else {
+        task.job = unread_.front();
+        task.file = &task.job->file;
+        task.chunk = task.job->nextToRead;
+        if (beginChunk(*task.job)) {
+            unread_.erase(unread_.begin());
+        }
+    }
+    task.source = &task.job->source;
+    task.readSize = task.job->readSize;
+    bytesAhead_ += chunkSize_;
+    // Whoever made this task possible woke one worker; there may be more to do.
+    wakeWorkers();
+    return task;
+}
+
+bool CompressionQueue::reportOpened(Task& task, Result<SourceFile> file) {
+    const std::lock_guard lock(mutex_);
+    Job& job = *task.job;
+    if (file) {
+        job.opened = Opened{.status = file->status(), .chunks = chunksOf(*file)};
+    } else {
+        job.opened = passOn(file);
+    }
+    if (!file || file->isFolder() || job.dropped) {
+        bytesAhead_ -= chunkSize_;
+        wakeWriter();
+        return false;
+    }
+    job.file = std::move(*file);
+    task.file = &job.file;
+    if (!beginChunk(job)) {
+        // The order of the entries, not that of opening, says whose chunks are next.
+        const auto after =
+            std::find_if(unread_.begin(), unread_.end(), [&job](const std::shared_ptr<Job>& other) {
+                return other->sequence > job.sequence;
+            });
+        unread_.insert(after, task.job);
+        wakeWorkers();
+    }
+    return true;
+}
+
+void CompressionQueue::reportChunk(const Task& task, Result<CompressedChunk> chunk) {
+    SourceFile finished;  // to be closed when the lock is free
+    const std::lock_guard lock(mutex_);
+    Job& job = *task.job;
+    bytesAhead_ -= chunkSize_;
+    if (++job.chunksDone == (*job.opened)->chunks) {
+        finished = std::move(job.file);
+    }
+    if (!job.dropped) {
+        bytesAhead_ += chunk ? chunk->data.size() : 0;
+        job.results[static_cast<std::size_t>(task.chunk - job.nextToTake)] = std::move(chunk);
+        wakeWriter();
+    }
+}
+
+void CompressionQueue::stop() {
+    const std::lock_guard lock(mutex_);
+    stopping_ = true;
+    workAvailable_.notify_all();
+}
+
+std::uint64_t CompressionQueue::chunksOf(const SourceFile& file) const {
+    if (file.isFolder()) {
+        return 0;
+    }
+    return std::max<std::uint64_t>(1, (file.size() + chunkSize_ - 1) / chunkSize_);
+}
+
+bool CompressionQueue::beginChunk(Job& job) {
+    ++job.nextToRead;
+    job.results.emplace_back();
+    return job.nextToRead == (*job.opened)->chunks;
+}
+
+bool CompressionQueue::canTakeTask() const {
+    bool isHead = false;
+    if (!unread_.empty()) {
+        const Job& job = *unread_.front();
+        isHead = &job == jobs_.front().get() && job.nextToRead == job.nextToTake;
+    } else if (nextAnnounced_ < announced_.size()) {
+        isHead = jobs_.empty();
+    } else {
+        return false;
+    }
+    return isHead || bytesAhead_ + chunkSize_ + kJobBytes <= mostBytesAhead_;
+}
+
+void CompressionQueue::wakeWorkers() {
+    if (idleWorkers_ > 0 && canTakeTask()) {
+        workAvailable_.notify_one();
+    }
+}
+
+void CompressionQueue::wakeWriter() {
+    if (writerWaits_ && !jobs_.empty() && jobs_.front()->isReady()) {
+        headReady_.notify_one();
+    }
+}
+
+void CompressionQueue::waitForHead(std::unique_lock<std::mutex>& lock) {
+    writerWaits_ = true;
+    headReady_.wait(lock, [this] { return !jobs_.empty() && jobs_.front()->isReady(); });
+    writerWaits_ = false;
+}
+
+void CompressionQueue::dropJob(Job& job) {
+    job.dropped = true;
+    for (const auto& result : job.results) {
+        bytesAhead_ -= result && *result ? (*result)->data.size() : 0;
+    }
+    bytesAhead_ -= kJobBytes;
+    job.results.clear();
+    unread_.erase(std::remove_if(unread_.begin(),
+                                 unread_.end(),
+                                 [&job](const auto& other) { return other.get() == &job; }),
+                  unread_.end());
+}
+
+void CompressionQueue::dropJobsFrom(std::size_t index) {
+    while (jobs_.size() > index) {
+        dropJob(*jobs_.back());
+        jobs_.pop_back();
+    }
+}
+
+}  // namespace pellumar::archive

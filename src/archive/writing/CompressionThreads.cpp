@@ -1,0 +1,93 @@
+#include "archive/writing/CompressionThreads.h"
+
+#include <algorithm>
+#include <memory>
+#include <system_error>
+#include <utility>
+
+#include "archive/writing/DeflateCompressor.h"
+#include "archive/writing/EntryPath.h"
+
+namespace pellumar::archive {
+
+namespace {
+
+constexpr std::size_t kChunkSize = DeflateCompressor::kChunkSize;
+
+// What one thread has.
+class Worker {
+  public:
+    Worker(CompressionQueue& queue, const FileIdentity& archive)
+        : queue_(queue), archive_(archive) {}
+
+    void run() {
+        while (auto task = queue_.takeTask()) {
+            if (task->file != nullptr || queue_.reportOpened(*task, open(*task->source))) {
+                queue_.reportChunk(*task, compress(*task));
+            }
+        }
+    }
+
+  private:
+    [[nodiscard]] Result<SourceFile> open(const CompressionQueue::Source& source) const {
+        if (!isEntryPath(source.path)) {
+            return failure(ErrorCode::kInvalidArgument);
+        }
+        return SourceFile::open(source.base / source.path, archive_);
+    }
+
+    [[nodiscard]] Result<CompressedChunk> compress(const CompressionQueue::Task& task) {
+        const std::uint64_t start = task.chunk * kChunkSize;
+        const std::uint64_t left = task.file->size() - start;
+        const MutableBytes content(
+            input_.get(), static_cast<std::size_t>(std::min<std::uint64_t>(left, kChunkSize)));
+        const auto crc = task.file->read(start, content, task.readSize);
+        if (!crc) {
+            return tl::unexpected(crc.error());
+        }
+        const ByteView data = compressor_.compress(content, left <= kChunkSize);
+        return CompressedChunk{
+            .data = {data.begin(), data.end()}, .uncompressedSize = content.size(), .crc32 = *crc};
+    }
+
+    CompressionQueue& queue_;
+    const FileIdentity archive_;
+    DeflateCompressor compressor_;
+    // Not zeroed, so that small files touch little of it.
+    std::unique_ptr<std::uint8_t[]> input_{new std::uint8_t[kChunkSize]};
+};
+
+}  // namespace
+
+CompressionThreads::~CompressionThreads() {
+    stop();
+}
+
+Result<> CompressionThreads::start(unsigned count,
+                                   CompressionQueue& queue,
+                                   const FileIdentity& archive) {
+    queue_ = &queue;
+    threads_.reserve(count);
+    try {
+        for (unsigned i = 0; i < count; ++i) {
+            threads_.emplace_back([&queue, archive] { Worker(queue, archive).run(); });
+        }
+    } catch (const std::system_error&) {
+        if (threads_.empty()) {
+            return failure(ErrorCode::kOutOfMemory);
+        }
+    }
+    return {};
+}
+
+void CompressionThreads::stop() {
+    if (queue_ != nullptr) {
+        queue_->stop();
+    }
+    for (std::thread& thread : threads_) {
+        thread.join();
+    }
+    threads_.clear();
+}
+
+}  // namespace pellumar::archive

@@ -1,0 +1,69 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <span>
+
+#include "archive/base/Bytes.h"
+
+namespace pellumar::archive {
+
+// Walks over the blocks of a DEFLATE stream (RFC 1951) without decoding its content: finds where
+// the last block begins and where the stream ends, which a compressor does not tell and which is
+// needed to append to the stream. Keeps tables of about 20 KiB between calls; belongs to one
+// thread.
+class DeflateBlockWalker {
+  public:
+    // Positions in bits from the start of the stream, counted from the lowest bit of each byte.
+    struct Layout {
+        std::size_t lastBlock = 0;  // the BFINAL bit of the last block
+        std::size_t end = 0;        // the first bit that is no longer the stream's
+    };
+
+    // The layout of the stream at the front of `stream`; nothing if it is damaged or has no end in
+    // it. Distances are not verified.
+    [[nodiscard]] std::optional<Layout> walk(ByteView stream);
+
+  private:
+    class BitReader;
+
+    // A canonical code, for codewords too long for the tables.
+    struct Code {
+        std::array<std::uint16_t, 16> count{};  // codewords of each length
+        std::array<std::uint16_t, 288> symbols{};
+
+        [[nodiscard]] bool assign(std::span<const std::uint8_t> lengths);
+        // The symbol at the front of `bits` and its length in bits, 0 if there is none.
+        [[nodiscard]] std::uint16_t decode(std::uint64_t bits, unsigned& length) const;
+    };
+
+    // A symbol of the literal and length code as found by the next bits: its codeword's length, 0
+    // for one too long for the table, and its step.
+    struct Single {
+        std::uint8_t length = 0;
+        std::uint8_t step = 0;
+    };
+
+    static constexpr unsigned kLiteralTableBits = 12;
+    static constexpr unsigned kDistanceTableBits = 10;
+
+    [[nodiscard]] bool readDynamicCodes(BitReader& reader);
+    [[nodiscard]] bool setCodes(std::span<const std::uint8_t> literalLengths,
+                                std::span<const std::uint8_t> distanceLengths);
+    void fillLiteralTable(std::span<const std::uint8_t> lengths);
+    void fillDistanceTable(std::span<const std::uint8_t> lengths);
+    [[nodiscard]] bool walkSymbols(BitReader& reader) const;
+    [[nodiscard]] bool skipDistance(BitReader& reader) const;
+
+    Code literalCode_;
+    Code distanceCode_;
+    std::array<Single, 1U << kLiteralTableBits> singles_{};
+    // What to skip for the next bits: as many literals as lie whole within them, and what follows.
+    std::array<std::uint8_t, 1U << kLiteralTableBits> literalSteps_{};
+    // Codeword and extra bits of a distance; 0 for a codeword too long for the table.
+    std::array<std::uint8_t, 1U << kDistanceTableBits> distanceSteps_{};
+};
+
+}  // namespace pellumar::archive
