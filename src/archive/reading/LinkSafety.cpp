@@ -26,7 +26,8 @@ bool LinkSafety::isSafe(std::string_view path) const {
     climb(place);
     std::string rest = targetOf(path);  // what is still to be walked
     int linksFollowed = 0;
-    if (rest.empty()) {
+    // The system takes a target up to a NUL, so that "..", NUL and more would be ".." to it.
+    if (rest.empty() || rest.find('\0') != std::string::npos) {
         return false;
     }
     while (!rest.empty()) {
