@@ -1,0 +1,78 @@
+#include <functional>
+
+#include "archive/ExtractionTest.h"
+
+namespace pellumar::archive {
+namespace {
+
+class RefusalsTest : public ExtractionTest {};
+
+TEST_F(RefusalsTest, EncryptionIsRefused) {
+    // Traditional, strong, and the masked headers of an encrypted directory.
+    for (const unsigned flags : {0x1U, 0x41U, 0x2001U}) {
+        expectRefused(ZipBuilder()
+                          .file("first", "x")
+                          .add(stored("secret", "data").with(&ZipHeader::flags, flags)),
+                      ErrorCode::kEncrypted,
+                      "secret");
+    }
+    // AES, as WinZip does it: a method of its own.
+    expectRefused(
+        ZipBuilder().add(
+            stored("secret", "data").with(&ZipHeader::method, 99).with(&ZipHeader::flags, 1)),
+        ErrorCode::kEncrypted,
+        "secret");
+}
+
+TEST_F(RefusalsTest, UnknownMethodsAreRefused) {
+    for (const unsigned method : {1U, 6U, 10U, 18U, 96U, 97U, 98U, 1000U, 65535U}) {
+        expectRefused(ZipBuilder()
+                          .file("first", "x")
+                          .add(stored("entry", "data").with(&ZipHeader::method, method)),
+                      ErrorCode::kUnsupportedMethod,
+                      "entry");
+    }
+    expectRefused(ZipBuilder().add(stored("patch", "data").with(&ZipHeader::flags, 0x20)),
+                  ErrorCode::kUnsupportedMethod,
+                  "patch");
+}
+
+TEST_F(RefusalsTest, SeveralDisksAreRefused) {
+    const std::vector<std::function<void(ZipBuilder&)>> splits = {
+        [](ZipBuilder& z) { z.end.disk = 1; },
+        [](ZipBuilder& z) { z.end.directoryDisk = 1; },
+        [](ZipBuilder& z) {
+            z.end.entriesOnDisk = 1;
+            z.end.entries = 2;
+        },
+        [](ZipBuilder& z) {
+            z.zip64 = true;
+            z.zip64End.disk = 1;
+            z.end.disk = 0xFFFF;
+        },
+        [](ZipBuilder& z) {
+            z.zip64 = true;
+            z.locatorDisks = 2;
+        }};
+    for (const auto& split : splits) {
+        ZipBuilder zip;
+        zip.file("a", "x").file("b", "y");
+        split(zip);
+        expectRefused(zip, ErrorCode::kMultipleDisks, "");
+    }
+    ZipEntry onAnother = stored("b", "y");
+    onAnother.central.disk = 1;
+    expectRefused(ZipBuilder().file("a", "x").add(onAnother), ErrorCode::kMultipleDisks, "b");
+}
+
+TEST_F(RefusalsTest, OpeningRefusesWhatUnpackingWould) {
+    ZipBuilder().add(stored("secret", "data").with(&ZipHeader::flags, 1)).writeTo(archivePath());
+    const auto archive = Archive::open(archivePath(), AccessMode::kRead);
+    ASSERT_FALSE(archive);
+    EXPECT_EQ(archive.error().code, ErrorCode::kEncrypted);
+    EXPECT_EQ(archive.error().entry, "secret");
+    EXPECT_GT(archive.error().offset, 0U);
+}
+
+}  // namespace
+}  // namespace pellumar::archive

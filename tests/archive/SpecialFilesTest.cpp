@@ -1,0 +1,96 @@
+#include "archive/ExtractionTest.h"
+
+namespace pellumar::archive {
+namespace {
+
+class SpecialFilesTest : public ExtractionTest {
+  protected:
+    // Info-ZIP's extended timestamp: the modification time alone.
+    static std::string timeField(std::uint32_t seconds) {
+        return test::extraField(0x5455, std::string("\x01", 1) + test::littleEndian(seconds, 4));
+    }
+};
+
+TEST_F(SpecialFilesTest, DevicesAndTheirKinBecomeRegularFiles) {
+    for (const unsigned type : {S_IFIFO, S_IFSOCK, S_IFCHR, S_IFBLK}) {
+        const auto report = unzip(ZipBuilder().add(stored("special", "data").mode(type | 0600U)));
+        ASSERT_TRUE(report) << report.error().describe();
+        EXPECT_EQ(status("special").st_mode, S_IFREG | 0600U);
+        EXPECT_EQ(text("special"), "data");
+        EXPECT_EQ(countOf(report->warnings, WarningCode::kSpecialFile), 1U);
+    }
+}
+
+TEST_F(SpecialFilesTest, SetIdAndStickyBitsAreMasked) {
+    const auto report = unzip(ZipBuilder()
+                                  .add(stored("program", "x").mode(S_IFREG | 06755U))
+                                  .add(folder("shared/").mode(S_IFDIR | 03777U)));
+    ASSERT_TRUE(report) << report.error().describe();
+    EXPECT_EQ(permissions("program"), 0755U);
+    EXPECT_EQ(permissions("shared"), 0777U);
+    EXPECT_EQ(countOf(report->warnings, WarningCode::kSetIdBitsDropped), 2U);
+}
+
+TEST_F(SpecialFilesTest, PermissionsAreRestoredWhateverTheUmask) {
+    const mode_t before = ::umask(077);
+    ZipBuilder zip;
+    zip.add(stored("a", "x").mode(S_IFREG | 0666U))
+        .add(stored("b", "x").mode(S_IFREG | 0400U))
+        .add(stored("c", "").mode(S_IFREG | 0751U))
+        .add(folder("locked/", 0555))
+        .add(stored("locked/in", "x"))
+        .add(folder("locked/deep/", 0500))
+        .add(symbolicLink("locked/link", "in"));
+    const auto report = unzip(zip);
+    ::umask(before);
+    ASSERT_TRUE(report) << report.error().describe();
+    EXPECT_TRUE(report->warnings.empty());
+    EXPECT_EQ(permissions("a"), 0666U);
+    EXPECT_EQ(permissions("b"), 0400U);
+    EXPECT_EQ(permissions("c"), 0751U);
+    EXPECT_EQ(permissions("locked"), 0555U);
+    EXPECT_EQ(permissions("locked/deep"), 0500U);
+    EXPECT_EQ(text("locked/link"), "x");
+}
+
+TEST_F(SpecialFilesTest, DosAttributesGiveUsualPermissions) {
+    ZipBuilder zip;
+    ZipEntry plain = stored("plain", "x").with(&ZipHeader::host, 0);
+    plain.central.attributes = 0x20;
+    ZipEntry readOnly = stored("read-only", "x").with(&ZipHeader::host, 0);
+    readOnly.central.attributes = 0x01;
+    ZipEntry inside = stored("folder", "").with(&ZipHeader::host, 0);
+    inside.central.attributes = 0x10;
+    ASSERT_TRUE(unzip(zip.add(plain).add(readOnly).add(inside)));
+    EXPECT_EQ(permissions("plain"), 0644U);
+    EXPECT_EQ(permissions("read-only"), 0444U);
+    EXPECT_EQ(status("folder").st_mode, S_IFDIR | 0755U);
+}
+
+TEST_F(SpecialFilesTest, TimesAreRestored) {
+    constexpr std::uint32_t kFile = 981173106;
+    constexpr std::uint32_t kFolder = 1234567891;
+    ZipBuilder zip;
+    ZipEntry fromDos = stored("dos", "x");
+    fromDos.with(&ZipHeader::date, (21U << 9U) | (2U << 5U) | 3U);
+    fromDos.with(&ZipHeader::time, (4U << 11U) | (5U << 5U) | 3U);
+    zip.add(folder("d/").with(&ZipHeader::extra, timeField(kFolder)))
+        .add(stored("d/file", "x").with(&ZipHeader::extra, timeField(kFile)))
+        .add(folder("d/e/").with(&ZipHeader::extra, timeField(kFile)))
+        .add(symbolicLink("d/link", "file").with(&ZipHeader::extra, timeField(kFile)))
+        .add(fromDos);
+    ASSERT_TRUE(unzip(zip));
+    EXPECT_EQ(status("d/file").st_mtim.tv_sec, kFile);
+    EXPECT_EQ(status("d/e").st_mtim.tv_sec, kFile);
+    EXPECT_EQ(status("d/link").st_mtim.tv_sec, kFile);
+    EXPECT_EQ(status("d").st_mtim.tv_sec, kFolder);  // though files came into it afterwards
+    const std::time_t dos = status("dos").st_mtim.tv_sec;
+    std::tm local{};
+    ASSERT_NE(::localtime_r(&dos, &local), nullptr);
+    EXPECT_EQ(local.tm_year, 101);
+    EXPECT_EQ(local.tm_hour, 4);
+    EXPECT_EQ(local.tm_sec, 6);
+}
+
+}  // namespace
+}  // namespace pellumar::archive

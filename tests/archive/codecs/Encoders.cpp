@@ -1,0 +1,245 @@
+#include "Encoders.h"
+
+#include <bzlib.h>
+#include <gtest/gtest.h>
+#include <isa-l/igzip_lib.h>
+#include <libdeflate.h>
+#include <lzma.h>
+#include <zstd.h>
+
+#include <array>
+#include <memory>
+#include <random>
+#include <stdexcept>
+#include <string_view>
+
+#include "archive/format/ZipFormat.h"
+#include "support/FileContents.h"
+#include "support/Process.h"
+#include "support/TemporaryFolder.h"
+
+namespace pellumar::archive::test {
+
+namespace {
+
+// Room for whatever an encoder makes of `plain`.
+Bytes roomFor(ByteView plain) {
+    return Bytes(plain.size() + plain.size() / 8 + 4096);
+}
+
+// An encoder that fails leaves nothing to test with.
+void require(bool ok, const char* what) {
+    if (!ok) {
+        throw std::runtime_error(what);
+    }
+}
+
+Bytes encodeRaw(const std::array<lzma_filter, 2>& filters, ByteView plain, Bytes start) {
+    const std::size_t offset = start.size();
+    start.resize(offset + roomFor(plain).size());
+    std::size_t size = offset;
+    require(lzma_raw_buffer_encode(filters.data(),
+                                   nullptr,
+                                   plain.data(),
+                                   plain.size(),
+                                   start.data(),
+                                   &size,
+                                   start.size()) == LZMA_OK,
+            "lzma_raw_buffer_encode");
+    start.resize(size);
+    return start;
+}
+
+}  // namespace
+
+Bytes noise(std::size_t size, unsigned seed) {
+    std::mt19937 random(seed);
+    Bytes bytes(size);
+    for (std::uint8_t& byte : bytes) {
+        byte = static_cast<std::uint8_t>(random());
+    }
+    return bytes;
+}
+
+Bytes words(std::size_t size, unsigned seed) {
+    std::mt19937 random(seed);
+    constexpr std::array<std::string_view, 8> kWords{
+        "the ", "archive ", "of ", "entries\n", "and ", "directories ", "is ", "compressed. "};
+    Bytes bytes;
+    while (bytes.size() < size) {
+        const std::string_view word = kWords[random() % kWords.size()];
+        bytes.insert(bytes.end(), word.begin(), word.end());
+        bytes.push_back(static_cast<std::uint8_t>('a' + random() % 26));
+    }
+    bytes.resize(size);
+    return bytes;
+}
+
+Bytes runs(std::size_t size, unsigned seed) {
+    std::mt19937 random(seed);
+    Bytes bytes = noise(std::min<std::size_t>(size, 70), seed);
+    while (bytes.size() < size) {
+        const std::size_t length = 1 + random() % (random() % 8 == 0 ? 90000 : 400);
+        const std::size_t distance = 1 + random() % std::min<std::size_t>(bytes.size(), 65536);
+        for (std::size_t i = 0; i < length; ++i) {
+            bytes.push_back(bytes[bytes.size() - distance]);
+        }
+        bytes.push_back(static_cast<std::uint8_t>(random()));
+    }
+    bytes.resize(size);
+    return bytes;
+}
+
+Bytes deflate(ByteView plain, int level) {
+    const std::unique_ptr<libdeflate_compressor, decltype(&libdeflate_free_compressor)> compressor(
+        libdeflate_alloc_compressor(level), &libdeflate_free_compressor);
+    Bytes out = roomFor(plain);
+    out.resize(libdeflate_deflate_compress(
+        compressor.get(), plain.data(), plain.size(), out.data(), out.size()));
+    require(!out.empty(), "libdeflate_deflate_compress");
+    return out;
+}
+
+Bytes deflateByIsal(ByteView plain) {
+    Bytes out = roomFor(plain);
+    Bytes workspace(ISAL_DEF_LVL1_DEFAULT);
+    auto stream = std::make_unique<isal_zstream>();
+    isal_deflate_init(stream.get());
+    stream->level = 1;
+    stream->level_buf = workspace.data();
+    stream->level_buf_size = static_cast<std::uint32_t>(workspace.size());
+    stream->end_of_stream = 1;
+    stream->next_in = const_cast<std::uint8_t*>(plain.data());
+    stream->avail_in = static_cast<std::uint32_t>(plain.size());
+    stream->next_out = out.data();
+    stream->avail_out = static_cast<std::uint32_t>(out.size());
+    require(isal_deflate(stream.get()) == COMP_OK && stream->avail_in == 0, "isal_deflate");
+    out.resize(stream->total_out);
+    return out;
+}
+
+Bytes bzip2(ByteView plain) {
+    Bytes out = roomFor(plain);
+    auto size = static_cast<unsigned>(out.size());
+    auto* input = reinterpret_cast<char*>(const_cast<std::uint8_t*>(plain.data()));
+    char nothing = 0;
+    require(BZ2_bzBuffToBuffCompress(reinterpret_cast<char*>(out.data()),
+                                     &size,
+                                     plain.empty() ? &nothing : input,
+                                     static_cast<unsigned>(plain.size()),
+                                     1,
+                                     0,
+                                     0) == BZ_OK,
+            "BZ2_bzBuffToBuffCompress");
+    out.resize(size);
+    return out;
+}
+
+Bytes lzma(ByteView plain, bool endMarker, std::uint32_t dictionary) {
+    lzma_options_lzma options{};
+    lzma_lzma_preset(&options, 1);
+    options.dict_size = 1U << 16U;
+    options.ext_flags = endMarker ? LZMA_LZMA1EXT_ALLOW_EOPM : 0;
+    lzma_set_ext_size(options, plain.size());
+    // The header may claim any dictionary from the one used up.
+    Bytes header{9, 20, 5, 0, 0, 0, 0, 0, 0};
+    header[4] = static_cast<std::uint8_t>((options.pb * 5 + options.lp) * 9 + options.lc);
+    storeLittleEndian<std::uint32_t>(header, 5, dictionary);
+    return encodeRaw({{{LZMA_FILTER_LZMA1EXT, &options}, {LZMA_VLI_UNKNOWN, nullptr}}},
+                     plain,
+                     std::move(header));
+}
+
+Bytes xz(ByteView plain, std::uint32_t dictionary) {
+    lzma_options_lzma options{};
+    lzma_lzma_preset(&options, 0);
+    options.dict_size = dictionary;
+    std::array<lzma_filter, 2> filters{
+        {{LZMA_FILTER_LZMA2, &options}, {LZMA_VLI_UNKNOWN, nullptr}}};
+    Bytes out = roomFor(plain);
+    std::size_t size = 0;
+    require(lzma_stream_buffer_encode(filters.data(),
+                                      LZMA_CHECK_CRC32,
+                                      nullptr,
+                                      plain.data(),
+                                      plain.size(),
+                                      out.data(),
+                                      &size,
+                                      out.size()) == LZMA_OK,
+            "lzma_stream_buffer_encode");
+    out.resize(size);
+    return out;
+}
+
+Bytes zstandard(ByteView plain, int windowLog) {
+    const std::unique_ptr<ZSTD_CCtx, decltype(&ZSTD_freeCCtx)> context(ZSTD_createCCtx(),
+                                                                       &ZSTD_freeCCtx);
+    ZSTD_CCtx_setParameter(context.get(), ZSTD_c_checksumFlag, 1);
+    if (windowLog != 0) {
+        // Only a frame that does not tell its size keeps so large a window.
+        ZSTD_CCtx_setParameter(context.get(), ZSTD_c_windowLog, windowLog);
+        ZSTD_CCtx_setParameter(context.get(), ZSTD_c_contentSizeFlag, 0);
+    }
+    Bytes out = roomFor(plain);
+    ZSTD_inBuffer in{plain.data(), plain.size(), 0};
+    ZSTD_outBuffer to{out.data(), out.size(), 0};
+    // In two pieces, so that the encoder cannot know the size either.
+    if (windowLog != 0) {
+        ZSTD_compressStream2(context.get(), &to, &in, ZSTD_e_continue);
+    }
+    require(ZSTD_compressStream2(context.get(), &to, &in, ZSTD_e_end) == 0, "ZSTD_compressStream2");
+    out.resize(to.pos);
+    return out;
+}
+
+Encoded bySevenZip(const std::string& method, const Bytes& plain) {
+    const pellumar::test::TemporaryFolder folder;
+    pellumar::test::writeFile(folder / "data", plain);
+    const auto made = pellumar::test::runProcess(
+        {"7zz", "a", "-tzip", "-mm=" + method, "-mmt=1", "a.zip", "data"}, folder.path());
+    require(made.exitCode == 0, "7zz");
+    const Bytes archive = pellumar::test::readFile(folder / "a.zip");
+    // The local file header, APPNOTE 4.3.7.
+    const std::size_t start = format::kLocalFileHeaderSize +
+                              loadLittleEndian<std::uint16_t>(archive, 26) +
+                              loadLittleEndian<std::uint16_t>(archive, 28);
+    const std::size_t size = loadLittleEndian<std::uint32_t>(archive, 18);
+    const ByteView data = ByteView(archive).subspan(start, size);
+    return {.name = "7zz " + method,
+            .parameters = {.method = loadLittleEndian<std::uint16_t>(archive, 8),
+                           .flags = loadLittleEndian<std::uint16_t>(archive, 6),
+                           .uncompressedSize = plain.size()},
+            .compressed = Bytes(data.begin(), data.end()),
+            .plain = plain};
+}
+
+std::vector<Encoded> everyMethod(std::size_t size) {
+    std::vector<Encoded> all;
+    const std::array<Bytes, 5> data{{{}, {42}, noise(size, 1), words(size, 2), runs(size, 3)}};
+    for (const Bytes& plain : data) {
+        const auto add =
+            [&](const char* name, std::uint16_t method, Bytes compressed, std::uint16_t flags = 0) {
+                all.push_back({name, {method, flags, plain.size()}, std::move(compressed), plain});
+            };
+        add("stored", format::kMethodStored, plain);
+        for (const int level : {0, 1, 6, 12}) {
+            add("deflate", format::kMethodDeflate, deflate(plain, level));
+        }
+        add("deflate by ISA-L", format::kMethodDeflate, deflateByIsal(plain));
+        add("bzip2", format::kMethodBzip2, bzip2(plain));
+        add("lzma", format::kMethodLzma, lzma(plain, false));
+        add("lzma, marker", format::kMethodLzma, lzma(plain, true), format::kFlagLzmaEndMarker);
+        add("xz", format::kMethodXz, xz(plain));
+        add("zstandard", format::kMethodZstandard, zstandard(plain));
+        Bytes frames = zstandard(ByteView(plain).first(plain.size() / 2));
+        const Bytes second = zstandard(ByteView(plain).subspan(plain.size() / 2));
+        frames.insert(frames.end(), second.begin(), second.end());
+        add("zstandard, two frames", format::kMethodZstandardOld, frames);
+        if (plain.size() > 1) {
+            all.push_back(bySevenZip("Deflate64", plain));
+        }
+    }
+    return all;
+}
+
+}  // namespace pellumar::archive::test
