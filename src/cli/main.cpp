@@ -1,0 +1,88 @@
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <QCoreApplication>
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <system_error>
+
+#include "cli/CommandLine.h"
+#include "cli/JobRunner.h"
+#include "cli/SilentConsole.h"
+#include "cli/TerminalDiagnostics.h"
+#include "engine/FileSystem.h"
+#include "engine/ZipManager.h"
+#include "events/PellumarAnalytics.h"
+#include "platform/DocumentDirectory.h"
+#include "platform/GlobalDispatchQueue.h"
+#include "platform/MainDispatchQueue.h"
+#include "platform/RecordingAnalytics.h"
+#include "settings/UserSettings.h"
+
+using namespace pellumar;
+
+namespace {
+
+// A standard stream that the caller has closed would lend its number to the first file that is
+// opened, and diagnostics would be written into an archive.
+void occupyStandardStreams() {
+    for (int stream = STDIN_FILENO; stream <= STDERR_FILENO; ++stream) {
+        if (::fcntl(stream, F_GETFD) < 0) {
+            static_cast<void>(::open("/dev/null", O_RDONLY));
+        }
+    }
+}
+
+// A workspace of its own beside the application's, which would empty this one at its launch.
+std::optional<std::filesystem::path> documentsOf(const CommandLine& commandLine) {
+    if (!commandLine.documents) {
+        return DocumentDirectory::inDataFolder("Terminal");
+    }
+    std::error_code error;
+    std::filesystem::path path = std::filesystem::absolute(*commandLine.documents, error);
+    return error ? std::nullopt : std::optional(std::move(path));
+}
+
+// Qt has something to say about locales that are not UTF-8; names are bytes here.
+void dropQtMessage(QtMsgType /*type*/,
+                   const QMessageLogContext& /*context*/,
+                   const QString& /*message*/) {}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    occupyStandardStreams();
+    const auto commandLine = CommandLine::parse(argc, argv);
+    if (!commandLine) {
+        return commandLine.error();
+    }
+    const std::optional<std::filesystem::path> documents = documentsOf(*commandLine);
+    if (!documents) {
+        static_cast<void>(std::fputs("pellumar: no folder for the workspace\n", stderr));
+        return kExitFailure;
+    }
+    qInstallMessageHandler(dropQtMessage);
+    const QCoreApplication application(argc, argv);
+
+    StreamConsole lines(stderr);
+    SilentConsole silence;
+    const bool silent = commandLine->quiet || ::isatty(STDERR_FILENO) != 0;
+    Console& console = silent ? static_cast<Console&>(silence) : lines;
+    const FileSystem fileSystem(DocumentDirectory(*documents), console);
+    RecordingAnalytics engine;
+    const PellumarAnalytics analytics(UserSettings::shared(), engine);
+    TerminalDiagnostics diagnostics(stderr, commandLine->quiet);
+    MainDispatchQueue mainQueue;
+    GlobalDispatchQueue backgroundQueue;
+    const std::shared_ptr<ZipManager> zipManager = ZipManager::create({
+        .fileSystem = fileSystem,
+        .analytics = analytics,
+        .console = console,
+        .mainQueue = mainQueue,
+        .backgroundQueue = backgroundQueue,
+        .diagnostics = &diagnostics,
+    });
+    return JobRunner(*commandLine, fileSystem, *zipManager, diagnostics).run();
+}
