@@ -1,0 +1,68 @@
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <QThread>
+#include <algorithm>
+#include <atomic>
+#include <latch>
+#include <memory>
+#include <vector>
+
+#include "platform/GlobalDispatchQueue.h"
+#include "platform/MainDispatchQueue.h"
+
+namespace pellumar {
+namespace {
+
+TEST(MainDispatchQueue, RunsInOrderOnItsThreadWhateverThreadGives) {
+    int count = 0;
+    const QCoreApplication application(count, nullptr);
+    MainDispatchQueue mainQueue;
+    GlobalDispatchQueue globalQueue;
+    QEventLoop loop;
+    std::vector<int> order;
+    globalQueue.async([&] {
+        EXPECT_NE(QThread::currentThread(), application.thread());
+        for (int i = 0; i < 100; ++i) {
+            mainQueue.async([&, i] {
+                EXPECT_EQ(QThread::currentThread(), application.thread());
+                order.push_back(i);
+            });
+        }
+        mainQueue.async([&loop] { loop.quit(); });
+    });
+    loop.exec();
+    ASSERT_EQ(order.size(), 100U);
+    EXPECT_TRUE(std::is_sorted(order.begin(), order.end()));
+}
+
+TEST(MainDispatchQueue, ReleasesWhatItDoesNotRun) {
+    const auto held = std::make_shared<int>(0);
+    int count = 0;
+    const QCoreApplication application(count, nullptr);
+    {
+        MainDispatchQueue mainQueue;
+        mainQueue.async([held] { FAIL(); });
+        EXPECT_EQ(held.use_count(), 2);
+    }
+    EXPECT_EQ(held.use_count(), 1);
+}
+
+TEST(GlobalDispatchQueue, RunsTwoJobsAtOnceAndWaitsForThem) {
+    std::latch both(2);
+    std::atomic<int> finished = 0;
+    {
+        GlobalDispatchQueue queue;
+        for (int i = 0; i < 2; ++i) {
+            queue.async([&] {
+                both.arrive_and_wait();
+                ++finished;
+            });
+        }
+    }
+    EXPECT_EQ(finished, 2);
+}
+
+}  // namespace
+}  // namespace pellumar
