@@ -1,0 +1,261 @@
+#!/usr/bin/env python3
+"""Runs the program as a shell would.
+
+    pellumar_test.py PROGRAM SOURCES [unittest arguments]
+"""
+
+import os
+import pathlib
+import pty
+import re
+import shutil
+import subprocess
+import sys
+import tempfile
+import unittest
+import zipfile
+
+PROGRAM = os.path.abspath(sys.argv[1])
+PACKAGING = pathlib.Path(sys.argv[2]).resolve() / "packaging"
+
+
+class ProgramTest(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.folder = pathlib.Path(folder.name).resolve()
+        self.environment = {**os.environ, "XDG_DATA_HOME": str(self.folder / "data"),
+                            "XDG_CONFIG_HOME": str(self.folder / "config"), "LC_ALL": "C.UTF-8"}
+
+    def write(self, name, data=b"text"):
+        """Makes a file in the test's folder, which is where the program runs."""
+        path = os.path.join(os.fsencode(self.folder), name if isinstance(name, bytes)
+                            else name.encode())
+        os.makedirs(os.path.dirname(path), exist_ok=True)
+        with open(path, "wb") as file:
+            file.write(data)
+
+    def run_program(self, *arguments, documents="W", **options):
+        """Returns (exit code, standard output, standard error), the latter two as bytes."""
+        place = ["--documents", documents] if documents else []
+        options = {"stdout": subprocess.PIPE, "stderr": subprocess.PIPE, "cwd": self.folder,
+                   "env": self.environment, "stdin": subprocess.DEVNULL, "timeout": 120, **options}
+        done = subprocess.run([PROGRAM, *place, *arguments], check=False, **options)
+        return done.returncode, done.stdout, done.stderr
+
+    def run_on_terminal(self, *arguments):
+        """Returns (exit code, what the terminal was sent) with both streams on it."""
+        ours, theirs = pty.openpty()
+        process = subprocess.Popen([PROGRAM, "--documents", "W", *arguments], cwd=self.folder,
+                                   env=self.environment, stdin=theirs, stdout=theirs, stderr=theirs)
+        os.close(theirs)
+        sent = b""
+        try:
+            while block := os.read(ours, 4096):
+                sent += block
+        except OSError:
+            pass  # The other side is closed.
+        os.close(ours)
+        return process.wait(timeout=120), sent
+
+
+class ZipTest(ProgramTest):
+    def test_prints_the_archive_and_tells_the_steps_beside(self):
+        self.write("one")
+        self.write("in/two", b"2" * 100000)
+        os.mkdir(self.folder / "dir")
+        code, out, err = self.run_program("zip", "My title", "one", "in/two", "dir/", ".")
+        path = self.folder / "W/outputs/My title.zip"
+        self.assertEqual((code, out), (0, os.fsencode(path) + b"\n"))
+        self.assertEqual(err.splitlines()[0], b"Compressing 4 items")
+        self.assertEqual(err.splitlines()[-1], b"FINISHED")
+        with zipfile.ZipFile(path) as archive:
+            self.assertIsNone(archive.testzip())
+            self.assertEqual(archive.namelist(), ["one", "two", "dir/", self.folder.name + "/"])
+        self.assertEqual(self.run_program("zip", "T", "one", "-q")[2], b"")
+        self.assertTrue(path.exists(), "the workspace is never emptied")
+
+    def test_takes_any_name(self):
+        names = [b"[a,b]", b"-dash", b"--", b"-q", b"unzip", b"new\nline", b"odd\xff\xfe", b"a b%41",
+                 b"--documents=X"]
+        for name in names:
+            self.write(name, name)
+        code, out, _ = self.run_program("-q", "zip", "--", "[-x]", *names)
+        self.assertEqual(code, 0)
+        with zipfile.ZipFile(out.rstrip(b"\n").decode()) as archive:
+            self.assertEqual([archive.read(entry) for entry in archive.infolist()], names)
+        names.remove(b"odd\xff\xfe")
+        self.assertEqual(self.run_program("-q", "zip", "--", "-T", *names)[0], 0)
+        code, out, _ = self.run_program("-q", "-0", "unzip", "W/outputs/-T.zip")
+        self.assertEqual(code, 0)
+        paths = out.split(b"\0")[:-1]
+        self.assertEqual(sorted(map(os.path.basename, paths)), sorted(names))
+        for path in paths:
+            self.assertEqual(pathlib.Path(os.fsdecode(path)).read_bytes(), os.path.basename(path))
+
+    def test_says_in_one_line_why_it_failed(self):
+        self.write("one")
+        os.mkfifo(self.folder / "pipe")
+        code, out, err = self.run_program("-q", "zip", "T", "missing\x1b[2J\n", "one", "pipe")
+        self.assertEqual((code, out), (1, b""))
+        self.assertRegex(err, rb"^pellumar: /.*/T\.zip: source cannot be read: missing\\x1b\[2J\\x0a "
+                              rb".*No such file or directory \(and 1 more\)\n$")
+        self.write("file")
+        code, out, err = self.run_program("-q", "zip", "T", "one", documents="file")
+        self.assertEqual((code, out), (1, b""))
+        self.assertRegex(err, rb"^pellumar: /.*/T\.zip: cannot be opened.*\n$")
+
+    def test_does_not_replace_an_archive_by_itself(self):
+        self.write("one")
+        _, out, _ = self.run_program("zip", "T", "one")
+        before = pathlib.Path(out.decode().strip()).read_bytes()
+        code, _, err = self.run_program("-q", "zip", "T", "one", "W/outputs/T.zip")
+        self.assertEqual((code, err.count(b"\n")), (1, 1))
+        self.assertEqual(pathlib.Path(out.decode().strip()).read_bytes(), before)
+
+    def test_shows_progress_on_a_terminal(self):
+        for number in range(30):
+            self.write(f"f{number}")
+        code, sent = self.run_on_terminal("zip", "T", *(f"f{n}" for n in range(30)))
+        self.assertEqual(code, 0)
+        self.assertIn(b"\r\x1b[K0 of 30 files, 0 %", sent)
+        self.assertIn(b"\r\x1b[K30 of 30 files, 100 %\r\x1b[K", sent)
+        self.assertTrue(sent.endswith(b"/T.zip\r\n"))
+        self.assertNotIn(b"Adding", sent)
+
+
+class UnzipTest(ProgramTest):
+    def archive(self, names, prefix=b""):
+        with zipfile.ZipFile(self.folder / "a.zip", "w", zipfile.ZIP_DEFLATED) as archive:
+            for name in names:
+                archive.writestr(name, "data of " + name)
+        self.write("a.zip", prefix + (self.folder / "a.zip").read_bytes())
+
+    def test_prints_the_top_level_in_the_default_workspace(self):
+        self.archive(["folder/a", "folder/b", ".hidden", "top"])
+        code, out, err = self.run_program("unzip", "a.zip", documents=None)
+        self.assertEqual((code, err), (0, b""))
+        paths = sorted(map(pathlib.Path, out.decode().splitlines()), key=lambda path: path.name)
+        self.assertEqual([path.name for path in paths], ["folder", "top"])
+        self.assertEqual((paths[0] / "a").read_text(), "data of folder/a")
+        self.assertEqual(paths[0].parents[1],
+                         self.folder / "data/pellumar-zip/Terminal/outputs/zipOutputs")
+
+    def test_says_in_one_line_why_it_failed(self):
+        self.archive(["first", "second"])
+        data = bytearray((self.folder / "a.zip").read_bytes())
+        data[data.index(b"second") + len("second") + 3] ^= 0xFF
+        self.write("a.zip", bytes(data))
+        code, out, err = self.run_program("-q", "unzip", "a.zip")
+        self.assertEqual((code, out), (1, b""))
+        self.assertRegex(err, rb"^pellumar: /.*/a\.zip: .*: second \(at offset \d+\)\n$")
+        code, out, err = self.run_program("unzip", "missing.zip")
+        self.assertEqual((code, out, err.splitlines()[0]), (1, b"", b"FAILED!"))
+        self.assertEqual(err.count(b"pellumar:"), 1)
+
+    def test_warns_of_oddities(self):
+        self.archive(["x"], prefix=b"a stub of a program")
+        code, _, err = self.run_program("unzip", "a.zip")
+        self.assertEqual(code, 0)
+        self.assertRegex(err, rb"^pellumar: /.*/a\.zip: warning: bytes before the archive.*\n$")
+        self.assertEqual(self.run_program("-q", "unzip", "a.zip")[2], b"")
+
+    def test_names_cannot_command_the_terminal(self):
+        self.archive(["evil\x1b]0;title\x07\u009b31m"])
+        code, sent = self.run_on_terminal("unzip", "a.zip")
+        self.assertEqual(code, 0)
+        self.assertTrue(sent.endswith(b"/evil\\x1b]0;title\\x07\\xc2\\x9b31m\r\n"), sent)
+
+
+class StreamsAndUsageTest(ProgramTest):
+    def test_output_that_cannot_be_written_is_a_failure(self):
+        self.write("one")
+        with open("/dev/full", "wb") as full:
+            code, _, err = self.run_program("-q", "zip", "T", "one", stdout=full)
+            self.assertEqual((code, err),
+                             (1, b"pellumar: standard output: No space left on device\n"))
+            self.assertEqual(self.run_program("--help", stdout=full)[0], 1)
+
+    def test_closed_streams_do_not_end_up_in_the_archive(self):
+        self.write("one")
+        shell = f"'{PROGRAM}' --documents W zip T one <&- >&- 2>&-"
+        done = subprocess.run(["sh", "-c", shell], cwd=self.folder, env=self.environment,
+                              check=False)
+        self.assertEqual(done.returncode, 1)
+        with zipfile.ZipFile(self.folder / "W/outputs/T.zip") as archive:
+            self.assertIsNone(archive.testzip())
+
+    def test_wrong_usage_is_told_from_failure(self):
+        self.write("one")
+        for arguments in ([], ["zip"], ["zip", "T"], ["zip", "a/b", "one"], ["zip", "T", ""],
+                          ["unzip"], ["unzip", "a", "b"], ["unzip", "-x", "a"], ["list", "a"]):
+            code, out, err = self.run_program(*arguments)
+            self.assertEqual((code, out), (2, b""), arguments)
+            self.assertTrue(err.startswith(b"pellumar: "), err)
+        self.assertFalse((self.folder / "W").exists())
+        for arguments in (["--help"], ["-h"], ["zip", "--help"], ["--version"]):
+            code, out, err = self.run_program(*arguments)
+            self.assertEqual((code, err), (0, b""), arguments)
+            self.assertIn(b"pellumar", out)
+
+    def test_speaks_up_without_a_home_and_keeps_quiet_about_locales(self):
+        self.write("one")
+        for name in ("HOME", "XDG_DATA_HOME"):
+            self.environment.pop(name, None)
+        self.environment["LC_ALL"] = "C"
+        code, _, err = self.run_program("zip", "T", "one", documents=None)
+        self.assertEqual((code, err.count(b"\n")), (1, 1))
+        self.assertEqual(self.run_program("-q", "zip", "T", "one")[2], b"")
+
+    def test_loads_no_more_than_it_needs(self):
+        loaded = subprocess.run(["ldd", PROGRAM], check=True, stdout=subprocess.PIPE).stdout
+        self.assertEqual(set(re.findall(rb"libQt6\w+", loaded)), {b"libQt6Core"})
+
+
+class PackagingTest(ProgramTest):
+    BASH = PACKAGING / "completion/pellumar.bash"
+    ZSH = PACKAGING / "completion/_pellumar"
+    FISH = PACKAGING / "completion/pellumar.fish"
+    MAN = PACKAGING / "man/pellumar.1"
+
+    def test_scripts_and_man_page_parse(self):
+        for command in (["bash", "-n", self.BASH], ["zsh", "-n", self.ZSH],
+                        ["fish", "-n", self.FISH],
+                        ["groff", "-man", "-Tutf8", "-ww", "-z", self.MAN]):
+            if shutil.which(command[0]):
+                done = subprocess.run(command, check=False, stdout=subprocess.PIPE,
+                                      stderr=subprocess.STDOUT)
+                self.assertEqual((done.returncode, done.stdout), (0, b""), command)
+
+    def test_every_option_is_documented_and_completed(self):
+        _, out, _ = self.run_program("--help")
+        options = set(re.findall(r"--\w+", out.decode())) - {"--null,"}
+        self.assertIn("--documents", options)
+        for file, pattern in ((self.BASH, "{}"), (self.ZSH, "{}"), (self.FISH, "-l {}"),
+                              (self.MAN, "{}")):
+            text = file.read_text().replace("\\-", "-")
+            for option in options:
+                wanted = pattern.format(option[2:])
+                self.assertIn(wanted, text, file)
+
+    def test_bash_completes(self):
+        for name in ("a.zip", "B.ZIP", "c.txt"):
+            self.write(name)
+        os.mkdir(self.folder / "dir")
+        for words, expected in (
+                (["z"], {"zip"}),
+                (["--documents", ""], {"dir"}),
+                (["--documents", "dir", ""], {"zip", "unzip"}),
+                (["zip", "--n"], {"--null"}),
+                (["zip", ""], set()),
+                (["zip", "T", "c"], {"c.txt"}),
+                (["unzip", ""], {"a.zip", "B.ZIP", "dir"})):
+            script = (f"compopt() {{ :; }}; . '{self.BASH}'; COMP_WORDS=(pellumar \"$@\"); "
+                      "COMP_CWORD=$#; _pellumar; printf '%s\\n' \"${COMPREPLY[@]}\"")
+            done = subprocess.run(["bash", "-c", script, "bash", *words], cwd=self.folder,
+                                  check=True, stdout=subprocess.PIPE)
+            self.assertEqual(set(done.stdout.decode().split()), expected, words)
+
+
+if __name__ == "__main__":
+    unittest.main(argv=[sys.argv[0], *sys.argv[3:]])
