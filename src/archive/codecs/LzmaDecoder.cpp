@@ -64,9 +64,11 @@ Result<> LzmaDecoder::begin() {
     options.lc = properties % 9U;
     options.lp = properties / 9U % 5U;
     options.pb = properties / 45U;
-    // Some write the marker without the flag.
-    options.ext_flags = LZMA_LZMA1EXT_ALLOW_EOPM;
     lzma_set_ext_size(options, endMarker_ ? kUntilMarker : uncompressedSize_);
+    // The format allows up to 12; liblzma, as all that writes LZMA by its presets, has 4.
+    if (options.lc + options.lp > LZMA_LCLP_MAX) {
+        return failure(ErrorCode::kUnsupportedMethod);
+    }
     const std::array<lzma_filter, 2> filters{
         {{LZMA_FILTER_LZMA1EXT, &options}, {LZMA_VLI_UNKNOWN, nullptr}}};
     return stream_.begin(lzma_raw_decoder(stream_.get(), filters.data()));

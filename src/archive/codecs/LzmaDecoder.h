@@ -10,7 +10,8 @@
 namespace pellumar::archive {
 
 // Method 14 (APPNOTE 5.8.8): raw LZMA behind a short header, by liblzma. Where bit 1 of the general
-// purpose flags is set the stream ends with a marker, else behind the declared size.
+// purpose flags is set the stream ends with a marker, else behind the declared size, and a marker
+// is damage.
 class LzmaDecoder final : public Decoder {
   public:
     explicit LzmaDecoder(const DecoderParameters& parameters);

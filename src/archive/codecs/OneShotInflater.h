@@ -18,8 +18,8 @@ class OneShotInflater {
 
     // `input` has to be one stream and nothing behind it, and has to become exactly
     // `exactOutput.size()` bytes: kSizeMismatch if it yields more or fewer or ends before the
-    // input, kDamagedData if it is none or is cut off. After an error `exactOutput` holds anything,
-    // and the inflater may be used on.
+    // input, kDamagedData if it is none; either if it is cut off. After an error `exactOutput`
+    // holds anything, and the inflater may be used on.
     [[nodiscard]] Result<> inflate(ByteView input, MutableBytes exactOutput);
 
   private:

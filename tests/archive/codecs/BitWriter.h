@@ -1,8 +1,9 @@
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <span>
-#include <utility>
 #include <vector>
 
 namespace pellumar::archive::test {
@@ -10,36 +11,76 @@ namespace pellumar::archive::test {
 // Writes DEFLATE streams by hand, bit by bit (RFC 1951).
 class BitWriter {
   public:
-    // Numbers: the lowest bit first.
-    BitWriter& bits(std::uint32_t value, unsigned count);
+    // A number: the lowest bit first.
+    BitWriter& bits(std::uint32_t value, unsigned count) {
+        for (unsigned i = 0; i < count; ++i, ++used_) {
+            if (used_ == 8) {
+                bytes_.push_back(0);
+                used_ = 0;
+            }
+            bytes_.back() |= static_cast<std::uint8_t>(((value >> i) & 1U) << used_);
+        }
+        return *this;
+    }
 
-    // Fills the last byte with zeros.
-    BitWriter& align();
+    BitWriter& storedBlock(bool last, const std::vector<std::uint8_t>& bytes) {
+        bits(last ? 1 : 0, 3);
+        used_ = 8;
+        const auto size = static_cast<std::uint32_t>(bytes.size());
+        bits(size, 16).bits(size ^ 0xFFFFU, 16);
+        bytes_.insert(bytes_.end(), bytes.begin(), bytes.end());
+        return *this;
+    }
 
-    // A symbol of the canonical code with these lengths.
-    BitWriter& symbol(std::span<const std::uint8_t> lengths, std::size_t symbol);
-    // A symbol of the fixed code of literals and lengths, or of distances.
-    BitWriter& fixedLiteral(std::size_t symbol);
-    BitWriter& fixedDistance(std::size_t symbol) { return code(symbol, 5); }
+    // A symbol of the canonical code with these lengths: as much of the code space as the symbols
+    // before it take, the highest bit first.
+    BitWriter& symbol(std::span<const std::uint8_t> lengths, std::size_t symbol) {
+        const unsigned length = lengths[symbol];
+        std::uint32_t before = 0;
+        for (std::size_t i = 0; i < lengths.size(); ++i) {
+            const bool comesFirst = lengths[i] < length || (lengths[i] == length && i < symbol);
+            before += lengths[i] != 0 && comesFirst ? 1U << (15U - lengths[i]) : 0;
+        }
+        for (unsigned bit = 0; bit < length; ++bit) {
+            bits(before >> (14U - bit), 1);
+        }
+        return *this;
+    }
 
-    // The head of a dynamic block: its code lengths, four bits each.
-    BitWriter& dynamicHeader(bool last,
-                             std::span<const std::uint8_t> literals,
-                             std::span<const std::uint8_t> distances);
+    BitWriter& fixedLiteral(std::size_t value) {
+        std::array<std::uint8_t, 288> lengths{};
+        for (std::size_t i = 0; i < lengths.size(); ++i) {
+            lengths[i] = i < 144 || i >= 280 ? 8 : i < 256 ? 9 : 7;
+        }
+        return symbol(lengths, value);
+    }
+    BitWriter& fixedDistance(std::size_t value) {
+        std::array<std::uint8_t, 32> lengths{};
+        lengths.fill(5);
+        return symbol(lengths, value);
+    }
 
-    // Its beginning: the counts, and the lengths of the code length code as pairs of symbol and
-    // length.
-    BitWriter& dynamicCounts(bool last,
-                             std::size_t literals,
-                             std::size_t distances,
-                             const std::vector<std::pair<std::size_t, std::uint8_t>>& codeLengths);
+    // The head of a last, dynamic block. Its code lengths have sixteen codes of four bits.
+    BitWriter& dynamicHeader(std::span<const std::uint8_t> literals,
+                             std::span<const std::uint8_t> distances) {
+        bits(5, 3).bits(static_cast<std::uint32_t>(literals.size() - 257), 5);
+        bits(static_cast<std::uint32_t>(distances.size() - 1), 5).bits(15, 4).bits(0, 9);
+        for (int i = 0; i < 16; ++i) {
+            bits(4, 3);
+        }
+        std::array<std::uint8_t, 16> code{};
+        code.fill(4);
+        for (const auto lengths : {literals, distances}) {
+            for (const std::uint8_t length : lengths) {
+                symbol(code, length);
+            }
+        }
+        return *this;
+    }
 
     [[nodiscard]] const std::vector<std::uint8_t>& bytes() const { return bytes_; }
 
   private:
-    // Huffman codes: the highest bit first.
-    BitWriter& code(std::size_t code, unsigned length);
-
     std::vector<std::uint8_t> bytes_;
     unsigned used_ = 8;  // bits of the last byte
 };

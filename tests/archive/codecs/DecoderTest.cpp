@@ -41,15 +41,15 @@ bool isZstandard(const Encoded& encoded) {
 
 TEST(Decoder, GivesTheSameInAnyPieces) {
     std::mt19937 random(7);
-    for (const Encoded& encoded : everyMethod(200000)) {
+    for (const Encoded& encoded : everyMethod(100000)) {
         const auto decoder = decoderFor(encoded);
         const auto check = [&](const PieceSize& in, const PieceSize& out) {
             expectSame(drive(*decoder, encoded.compressed, in, out), whole(encoded), encoded.name);
             ASSERT_TRUE(decoder->reset());
         };
         check(always(SIZE_MAX), always(1 << 20));
-        check(always(1), always(1 << 16));
-        check(always(1 << 16), always(1));
+        check(always(1), always(4096));
+        check(always(4096), always(1));
         check(always(1), always(1));
         for (int i = 0; i < 5; ++i) {
             check(anySize(random), anySize(random));
@@ -75,13 +75,11 @@ TEST(Decoder, NeverFinishesATruncatedStream) {
         const auto decoder = decoderFor(encoded);
         const std::size_t size = encoded.compressed.size();
         for (std::size_t cut = 0; cut < size; cut += size < 200 ? 1 : 1 + random() % 40) {
-            if (encoded.name == "zstandard, two frames" && cut == zstandard({}).size()) {
-                continue;
-            }
             const ByteView start = ByteView(encoded.compressed).first(cut);
             const Outcome outcome = drive(*decoder, start, anySize(random), anySize(random));
-            const bool firstFrame = isZstandard(encoded) && outcome.consumed == cut &&
-                                    outcome.output.size() == encoded.plain.size() / 2;
+            // Two frames may be cut between them.
+            const bool firstFrame =
+                isZstandard(encoded) && outcome.output.size() == encoded.plain.size() / 2;
             EXPECT_TRUE(!outcome.finished || firstFrame) << encoded.name << " cut to " << cut;
             EXPECT_FALSE(outcome.error || outcome.broken) << encoded.name << " cut to " << cut;
             ASSERT_TRUE(decoder->reset());

@@ -26,17 +26,19 @@ Outcome drive(Decoder& decoder,
               const PieceSize& outputPiece,
               std::size_t mostOutput) {
     Outcome outcome;
+    Bytes output;
     while (outcome.output.size() <= mostOutput) {
         const ByteView rest = input.subspan(outcome.consumed);
         const Bytes piece(
             rest.begin(),
             rest.begin() + static_cast<std::ptrdiff_t>(std::min(rest.size(), inputPiece())));
         const std::size_t room = outputPiece();
-        Bytes output(room + kGuardSize, kGuard);
+        output.resize(room + kGuardSize);
+        std::fill_n(output.data() + room, kGuardSize, kGuard);
         const auto step = decoder.decode(piece, MutableBytes(output).first(room));
-        outcome.broken = std::any_of(output.begin() + static_cast<std::ptrdiff_t>(room),
-                                     output.end(),
-                                     [](std::uint8_t byte) { return byte != kGuard; });
+        outcome.broken =
+            std::count(output.data() + room, output.data() + room + kGuardSize, kGuard) !=
+            kGuardSize;
         if (!step) {
             outcome.error = step.error().code;
             break;

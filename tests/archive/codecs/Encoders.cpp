@@ -2,7 +2,6 @@
 
 #include <bzlib.h>
 #include <gtest/gtest.h>
-#include <isa-l/igzip_lib.h>
 #include <libdeflate.h>
 #include <lzma.h>
 #include <zstd.h>
@@ -97,24 +96,6 @@ Bytes deflate(ByteView plain, int level) {
     out.resize(libdeflate_deflate_compress(
         compressor.get(), plain.data(), plain.size(), out.data(), out.size()));
     require(!out.empty(), "libdeflate_deflate_compress");
-    return out;
-}
-
-Bytes deflateByIsal(ByteView plain) {
-    Bytes out = roomFor(plain);
-    Bytes workspace(ISAL_DEF_LVL1_DEFAULT);
-    auto stream = std::make_unique<isal_zstream>();
-    isal_deflate_init(stream.get());
-    stream->level = 1;
-    stream->level_buf = workspace.data();
-    stream->level_buf_size = static_cast<std::uint32_t>(workspace.size());
-    stream->end_of_stream = 1;
-    stream->next_in = const_cast<std::uint8_t*>(plain.data());
-    stream->avail_in = static_cast<std::uint32_t>(plain.size());
-    stream->next_out = out.data();
-    stream->avail_out = static_cast<std::uint32_t>(out.size());
-    require(isal_deflate(stream.get()) == COMP_OK && stream->avail_in == 0, "isal_deflate");
-    out.resize(stream->total_out);
     return out;
 }
 
@@ -225,7 +206,6 @@ std::vector<Encoded> everyMethod(std::size_t size) {
         for (const int level : {0, 1, 6, 12}) {
             add("deflate", format::kMethodDeflate, deflate(plain, level));
         }
-        add("deflate by ISA-L", format::kMethodDeflate, deflateByIsal(plain));
         add("bzip2", format::kMethodBzip2, bzip2(plain));
         add("lzma", format::kMethodLzma, lzma(plain, false));
         add("lzma, marker", format::kMethodLzma, lzma(plain, true), format::kFlagLzmaEndMarker);

@@ -29,8 +29,6 @@ struct Encoded {
 
 // 0 to 12.
 [[nodiscard]] Bytes deflate(ByteView plain, int level);
-// By ISA-L, which makes other blocks than libdeflate.
-[[nodiscard]] Bytes deflateByIsal(ByteView plain);
 [[nodiscard]] Bytes bzip2(ByteView plain);
 // With the header that ZIP puts before it.
 [[nodiscard]] Bytes lzma(ByteView plain, bool endMarker, std::uint32_t dictionary = 1U << 20U);

@@ -101,16 +101,6 @@ Bytes repeated(const Bytes& piece, std::size_t size) {
     return bytes;
 }
 
-BitWriter& stored(BitWriter& writer, bool last, const Bytes& bytes) {
-    writer.bits(last ? 1 : 0, 3).align();
-    writer.bits(static_cast<std::uint32_t>(bytes.size()), 16);
-    writer.bits(static_cast<std::uint32_t>(bytes.size()) ^ 0xFFFFU, 16);
-    for (const std::uint8_t byte : bytes) {
-        writer.bits(byte, 8);
-    }
-    return writer;
-}
-
 // Lengths of a code of these symbols, so many bits each.
 template <std::size_t kSize>
 std::array<std::uint8_t, kSize> lengthsOf(
@@ -133,14 +123,13 @@ TEST_F(Inflate, AllAgreeOnWhatEncodersWrite) {
         const Bytes more = runs(size, round);
         data.insert(data.end(), more.begin(), more.end());
         expectRead(deflate(data, static_cast<int>(random_() % 13)), data, "libdeflate");
-        expectRead(deflateByIsal(data), data, "ISA-L");
     }
 }
 
 TEST_F(Inflate, AllAgreeOnDamage) {
     const Bytes data = words(3000, 22);
-    const std::array<Bytes, 4> streams{
-        deflate(data, 6), deflate(noise(500, 22), 1), deflateByIsal(data), deflate(data, 0)};
+    const std::array<Bytes, 3> streams{
+        deflate(data, 6), deflate(noise(500, 22), 1), deflate(data, 0)};
     int finished = 0;
     for (std::size_t i = 0; i < 20000; ++i) {
         Bytes stream = streams[i % streams.size()];
@@ -163,14 +152,14 @@ TEST_F(Inflate, AllAgreeOnRandomCodes) {
         fillCode(literals, 1 + random_() % 40);
         fillCode(distances, random_() % 5);
         BitWriter writer;
-        writer.dynamicHeader(true, literals, distances);
+        writer.dynamicHeader(literals, distances);
         Bytes stream = writer.bytes();
         const Bytes rest =
             i % 4 == 0 ? Bytes(300, static_cast<std::uint8_t>(random_() % 2 * 255)) : noise(300, i);
         stream.insert(stream.end(), rest.begin(), rest.end());
         finished += expectAgreement(stream) ? 1 : 0;
     }
-    EXPECT_GT(finished, 1000);
+    EXPECT_GT(finished, 300);
 }
 
 TEST_F(Inflate, ReadsStreamsMadeByHand) {
@@ -178,15 +167,15 @@ TEST_F(Inflate, ReadsStreamsMadeByHand) {
 
     BitWriter blocks;
     blocks.bits(2, 3).fixedLiteral('a').fixedLiteral(200).fixedLiteral(kEnd);
-    stored(blocks, false, {});
-    stored(blocks, false, {1, 2, 3});
+    blocks.storedBlock(false, {});
+    blocks.storedBlock(false, {1, 2, 3});
     blocks.bits(2, 3).fixedLiteral(kEnd);
-    stored(blocks, true, {4});
+    blocks.storedBlock(true, {4});
     expectRead(blocks.bytes(), {'a', 200, 1, 2, 3, 4}, "blocks of all sizes");
 
     const Bytes data = noise(32768, 23);
     BitWriter farthest;
-    stored(farthest, false, data);
+    farthest.storedBlock(false, data);
     farthest.bits(3, 3).fixedLiteral(285).fixedDistance(29).bits(8191, 13).fixedLiteral(kEnd);
     expectRead(farthest.bytes(), repeated(data, 32768 + 258), "longest match from farthest away");
 
@@ -199,18 +188,18 @@ TEST_F(Inflate, ReadsStreamsMadeByHand) {
     const auto literals = lengthsOf<258>({{'x', 2}, {'y', 2}, {kEnd, 2}, {257, 2}});
     const auto one = lengthsOf<1>({{0, 1}});
     BitWriter oneDistance;
-    oneDistance.dynamicHeader(true, literals, one).symbol(literals, 'x').symbol(literals, 257);
+    oneDistance.dynamicHeader(literals, one).symbol(literals, 'x').symbol(literals, 257);
     oneDistance.bits(0, 1).symbol(literals, kEnd);
     expectRead(oneDistance.bytes(), Bytes(4, 'x'), "a single distance code");
 
     const std::array<std::uint8_t, 1> none{0};
     BitWriter noDistance;
-    noDistance.dynamicHeader(true, literals, none).symbol(literals, 'y').symbol(literals, kEnd);
+    noDistance.dynamicHeader(literals, none).symbol(literals, 'y').symbol(literals, kEnd);
     expectRead(noDistance.bytes(), {'y'}, "no distance code");
 
     const auto onlyEnd = lengthsOf<257>({{kEnd, 1}});
     BitWriter empty;
-    empty.dynamicHeader(true, onlyEnd, none).symbol(onlyEnd, kEnd);
+    empty.dynamicHeader(onlyEnd, none).symbol(onlyEnd, kEnd);
     expectRead(empty.bytes(), {}, "only the end of the block");
 
     // 2, 3, …, 15, 15: as deep as a code can be, longer than any table looks up at once.
@@ -220,7 +209,7 @@ TEST_F(Inflate, ReadsStreamsMadeByHand) {
     }
     const auto deepest = lengthsOf<257>(deep);
     BitWriter deepCode;
-    deepCode.dynamicHeader(true, deepest, none);
+    deepCode.dynamicHeader(deepest, none);
     for (std::size_t symbol = 'a'; symbol < 'a' + 14; ++symbol) {
         deepCode.symbol(deepest, symbol);
     }
@@ -240,40 +229,33 @@ TEST_F(Inflate, RefusesStreamsThatNoEncoderWrites) {
         return cases.emplace_back(Case{name, {}}).stream;
     };
     // What ISA-L does not look at; the checksum has to.
-    const std::set<std::string> gapsAllowed{"too few literal codes",
-                                            "too few distance codes",
-                                            "a single distance code of two bits",
-                                            "too few code length codes"};
+    const std::set<std::string> gapsAllowed{
+        "too few literal codes", "too few distance codes", "a single distance code of two bits"};
     const std::array<std::uint8_t, 1> none{0};
     const auto codes = lengthsOf<258>({{'x', 2}, {'y', 2}, {kEnd, 2}, {257, 2}});
     add("reserved block type").bits(7, 3);
-    add("stored size and its complement").bits(1, 3).align().bits(3, 16).bits(3, 16);
+    add("stored size and its complement").bits(1, 8).bits(3, 16).bits(3, 16);
     add("distance over the start").bits(3, 3).fixedLiteral('a').fixedLiteral(257).fixedDistance(1);
     add("length code 286").bits(3, 3).fixedLiteral('a').fixedLiteral(286).fixedDistance(0);
     add("distance code 30").bits(3, 3).fixedLiteral('a').fixedLiteral(257).fixedDistance(30);
-    add("287 literals").dynamicHeader(true, lengthsOf<287>({{'x', 1}, {kEnd, 1}}), none);
-    add("31 distances").dynamicHeader(true, codes, lengthsOf<31>({{0, 1}, {1, 1}}));
+    add("287 literals").dynamicHeader(lengthsOf<287>({{'x', 1}, {kEnd, 1}}), none);
+    add("31 distances").dynamicHeader(codes, lengthsOf<31>({{0, 1}, {1, 1}}));
     add("too many literal codes")
-        .dynamicHeader(true, lengthsOf<257>({{'x', 1}, {'y', 1}, {kEnd, 1}}), none);
-    add("too few literal codes").dynamicHeader(true, lengthsOf<257>({{'x', 2}, {kEnd, 1}}), none);
-    add("too many distance codes")
-        .dynamicHeader(true, codes, lengthsOf<3>({{0, 1}, {1, 1}, {2, 1}}));
-    add("too few distance codes").dynamicHeader(true, codes, lengthsOf<2>({{0, 2}, {1, 2}}));
-    add("a single distance code of two bits").dynamicHeader(true, codes, lengthsOf<1>({{0, 2}}));
-    add("no end of block").dynamicHeader(true, lengthsOf<257>({{'x', 1}, {'y', 1}}), none);
+        .dynamicHeader(lengthsOf<257>({{'x', 1}, {'y', 1}, {kEnd, 1}}), none);
+    add("too few literal codes").dynamicHeader(lengthsOf<257>({{'x', 2}, {kEnd, 1}}), none);
+    add("too many distance codes").dynamicHeader(codes, lengthsOf<3>({{0, 1}, {1, 1}, {2, 1}}));
+    add("too few distance codes").dynamicHeader(codes, lengthsOf<2>({{0, 2}, {1, 2}}));
+    add("a single distance code of two bits").dynamicHeader(codes, lengthsOf<1>({{0, 2}}));
+    add("no end of block").dynamicHeader(lengthsOf<257>({{'x', 1}, {'y', 1}}), none);
     add("a match without distances")
-        .dynamicHeader(true, codes, none)
+        .dynamicHeader(codes, none)
         .symbol(codes, 'x')
         .symbol(codes, 257);
     add("the unused half of a distance code")
-        .dynamicHeader(true, codes, lengthsOf<1>({{0, 1}}))
+        .dynamicHeader(codes, lengthsOf<1>({{0, 1}}))
         .symbol(codes, 'x')
         .symbol(codes, 257)
         .bits(1, 1);
-    add("nothing to repeat").dynamicCounts(true, 257, 1, {{16, 1}, {1, 1}}).bits(1, 1);
-    add("too many repeated").dynamicCounts(true, 257, 1, {{18, 1}, {1, 1}}).bits(0xFFFFFF, 24);
-    add("too many code length codes").dynamicCounts(true, 257, 1, {{1, 1}, {2, 1}, {3, 1}});
-    add("too few code length codes").dynamicCounts(true, 257, 1, {{1, 1}});
     for (Case& test : cases) {
         const Bytes stream = test.stream.bits(0, 32).bits(0, 32).bits(0, 32).bytes();
         EXPECT_EQ(byPlain(stream).error, ErrorCode::kDamagedData) << test.name;
@@ -301,7 +283,7 @@ TEST_F(Inflate, OneShotWantsExactlyOneStream) {
 TEST(Deflate64, ReadsItsLongestMatchFromFarthestAway) {
     const Bytes data = noise(65535, 25);
     BitWriter writer;
-    stored(writer, false, data);
+    writer.storedBlock(false, data);
     writer.bits(3, 3).fixedLiteral('z');
     writer.fixedLiteral(285).bits(65535, 16).fixedDistance(31).bits(16383, 14);
     writer.fixedLiteral(285).bits(0, 16).fixedDistance(30).bits(1, 14).fixedLiteral(kEnd);
