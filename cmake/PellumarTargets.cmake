@@ -38,9 +38,10 @@ function(pellumar_folder name)
     endif()
 endfunction()
 
-# pellumar_test(name [LINK targets...]): one GoogleTest program of the tests in this folder.
+# pellumar_test(name [LABEL label] [LINK targets...]): one GoogleTest program of the tests in this
+# folder. Tests with the label "heavy" are left out under sanitizers.
 function(pellumar_test name)
-    cmake_parse_arguments(ARG "" "" "LINK" ${ARGN})
+    cmake_parse_arguments(ARG "" "LABEL" "LINK" ${ARGN})
     file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp")
     if(NOT sources)
         return()
@@ -49,5 +50,9 @@ function(pellumar_test name)
     pellumar_compile(${name})
     target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}/tests")
     target_link_libraries(${name} PRIVATE ${ARG_LINK} GTest::gtest_main)
-    gtest_discover_tests(${name} PROPERTIES TIMEOUT 300 DISCOVERY_TIMEOUT 60)
+    set(label)
+    if(ARG_LABEL)
+        set(label LABELS ${ARG_LABEL})
+    endif()
+    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300 ${label})
 endfunction()
