@@ -22,11 +22,11 @@ constexpr std::uint64_t kUnbounded = std::numeric_limits<std::uint64_t>::max();
 // The shortest symbols that say most: a match of 258 bytes in two bits, one for its length and one
 // for its distance (RFC 1951, 3.2.5). A literal is one byte in at least one bit, a stored byte
 // takes eight; block headers only cost. So this holds from the first byte on.
-constexpr std::uint64_t kMostByDeflate = 258 * 8 / 2;
+constexpr std::uint64_t kMostByDeflate = 258ULL * 8 / 2;
 // Deflate64's longest match is 65,538 bytes in 18 bits: one for the length code, 16 for its extra
 // bits, one for the distance. All shorter ones say less a bit.
-constexpr std::uint64_t kMostByDeflate64 = 65538 * 8 / 18;
-static_assert(kMostByDeflate64 * 18 == 65538 * 8);
+constexpr std::uint64_t kMostByDeflate64 = 65538ULL * 8 / 18;
+static_assert(kMostByDeflate64 * 18 == 65538ULL * 8);
 
 constexpr std::uint64_t kLargeWindowFrom = 8ULL * 1024 * 1024;
 

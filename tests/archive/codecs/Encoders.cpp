@@ -6,6 +6,7 @@
 #include <lzma.h>
 #include <zstd.h>
 
+#include <algorithm>
 #include <array>
 #include <memory>
 #include <random>
@@ -31,22 +32,6 @@ void require(bool ok, const char* what) {
     if (!ok) {
         throw std::runtime_error(what);
     }
-}
-
-Bytes encodeRaw(const std::array<lzma_filter, 2>& filters, ByteView plain, Bytes start) {
-    const std::size_t offset = start.size();
-    start.resize(offset + roomFor(plain).size());
-    std::size_t size = offset;
-    require(lzma_raw_buffer_encode(filters.data(),
-                                   nullptr,
-                                   plain.data(),
-                                   plain.size(),
-                                   start.data(),
-                                   &size,
-                                   start.size()) == LZMA_OK,
-            "lzma_raw_buffer_encode");
-    start.resize(size);
-    return start;
 }
 
 }  // namespace
@@ -126,50 +111,31 @@ Bytes lzma(ByteView plain, bool endMarker, std::uint32_t dictionary) {
     Bytes header{9, 20, 5, 0, 0, 0, 0, 0, 0};
     header[4] = static_cast<std::uint8_t>((options.pb * 5 + options.lp) * 9 + options.lc);
     storeLittleEndian<std::uint32_t>(header, 5, dictionary);
-    return encodeRaw({{{LZMA_FILTER_LZMA1EXT, &options}, {LZMA_VLI_UNKNOWN, nullptr}}},
-                     plain,
-                     std::move(header));
-}
-
-Bytes xz(ByteView plain, std::uint32_t dictionary) {
-    lzma_options_lzma options{};
-    lzma_lzma_preset(&options, 0);
-    options.dict_size = dictionary;
-    std::array<lzma_filter, 2> filters{
-        {{LZMA_FILTER_LZMA2, &options}, {LZMA_VLI_UNKNOWN, nullptr}}};
+    const std::array<lzma_filter, 2> filters{
+        {{LZMA_FILTER_LZMA1EXT, &options}, {LZMA_VLI_UNKNOWN, nullptr}}};
     Bytes out = roomFor(plain);
-    std::size_t size = 0;
-    require(lzma_stream_buffer_encode(filters.data(),
-                                      LZMA_CHECK_CRC32,
-                                      nullptr,
-                                      plain.data(),
-                                      plain.size(),
-                                      out.data(),
-                                      &size,
-                                      out.size()) == LZMA_OK,
-            "lzma_stream_buffer_encode");
+    std::size_t size = header.size();
+    std::copy(header.begin(), header.end(), out.begin());
+    const lzma_ret result = lzma_raw_buffer_encode(
+        filters.data(), nullptr, plain.data(), plain.size(), out.data(), &size, out.size());
+    require(result == LZMA_OK, "lzma_raw_buffer_encode");
     out.resize(size);
     return out;
 }
 
-Bytes zstandard(ByteView plain, int windowLog) {
-    const std::unique_ptr<ZSTD_CCtx, decltype(&ZSTD_freeCCtx)> context(ZSTD_createCCtx(),
-                                                                       &ZSTD_freeCCtx);
-    ZSTD_CCtx_setParameter(context.get(), ZSTD_c_checksumFlag, 1);
-    if (windowLog != 0) {
-        // Only a frame that does not tell its size keeps so large a window.
-        ZSTD_CCtx_setParameter(context.get(), ZSTD_c_windowLog, windowLog);
-        ZSTD_CCtx_setParameter(context.get(), ZSTD_c_contentSizeFlag, 0);
-    }
+Bytes xz(ByteView plain) {
     Bytes out = roomFor(plain);
-    ZSTD_inBuffer in{plain.data(), plain.size(), 0};
-    ZSTD_outBuffer to{out.data(), out.size(), 0};
-    // In two pieces, so that the encoder cannot know the size either.
-    if (windowLog != 0) {
-        ZSTD_compressStream2(context.get(), &to, &in, ZSTD_e_continue);
-    }
-    require(ZSTD_compressStream2(context.get(), &to, &in, ZSTD_e_end) == 0, "ZSTD_compressStream2");
-    out.resize(to.pos);
+    std::size_t size = 0;
+    const lzma_ret result = lzma_easy_buffer_encode(
+        0, LZMA_CHECK_CRC32, nullptr, plain.data(), plain.size(), out.data(), &size, out.size());
+    require(result == LZMA_OK, "lzma_easy_buffer_encode");
+    out.resize(size);
+    return out;
+}
+
+Bytes zstandard(ByteView plain) {
+    Bytes out = roomFor(plain);
+    out.resize(ZSTD_compress(out.data(), out.size(), plain.data(), plain.size(), 3));
     return out;
 }
 

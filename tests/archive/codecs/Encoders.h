@@ -32,8 +32,8 @@ struct Encoded {
 [[nodiscard]] Bytes bzip2(ByteView plain);
 // With the header that ZIP puts before it.
 [[nodiscard]] Bytes lzma(ByteView plain, bool endMarker, std::uint32_t dictionary = 1U << 20U);
-[[nodiscard]] Bytes xz(ByteView plain, std::uint32_t dictionary = 1U << 20U);
-[[nodiscard]] Bytes zstandard(ByteView plain, int windowLog = 0);
+[[nodiscard]] Bytes xz(ByteView plain);
+[[nodiscard]] Bytes zstandard(ByteView plain);
 
 // The first entry of an archive that 7zz makes with one of its methods.
 [[nodiscard]] Encoded bySevenZip(const std::string& method, const Bytes& plain);
