@@ -31,18 +31,16 @@ constexpr std::array<std::uint8_t, 19> kCodeLengthOrder =
 
 // A step is the number of bits to skip, and in the two highest bits what comes then.
 constexpr std::uint8_t kStepBits = 0x3F;
-constexpr std::uint8_t kThenSymbol = 0x00;
 constexpr std::uint8_t kThenDistance = 0x40;
-constexpr std::uint8_t kThenEnd = 0x80;
-constexpr std::uint8_t kTooLong = 0xC0;
+constexpr std::uint8_t kRare = 0x80;  // the end of the block; alone: a codeword not in the table
 
 // The step of a symbol of the literal and length code; 0 for one that must not occur.
 std::uint8_t stepOf(std::size_t symbol, unsigned length) {
     if (symbol < kEndOfBlock) {
-        return static_cast<std::uint8_t>(length | kThenSymbol);
+        return static_cast<std::uint8_t>(length);
     }
     if (symbol == kEndOfBlock) {
-        return static_cast<std::uint8_t>(length | kThenEnd);
+        return static_cast<std::uint8_t>(length | kRare);
     }
     const std::size_t index = symbol - kEndOfBlock - 1;
     if (index >= kLengthExtra.size()) {
@@ -299,7 +297,7 @@ void DeflateBlockWalker::fillLiteralTable(std::span<const std::uint8_t> lengths)
                     [this](std::size_t symbol, unsigned length, std::uint32_t codeword) {
                         const Single single{.length = static_cast<std::uint8_t>(length),
                                             .step = stepOf(symbol, length)};
-                        if (length > kLiteralTableBits || single.step == 0) {
+                        if (length > kTableBits || single.step == 0) {
                             return;
                         }
                         for (std::size_t i = codeword; i < singles_.size();
@@ -307,12 +305,12 @@ void DeflateBlockWalker::fillLiteralTable(std::span<const std::uint8_t> lengths)
                             singles_[i] = single;
                         }
                     });
-    for (std::size_t i = 0; i < literalSteps_.size(); ++i) {
+    for (std::size_t i = 0; i < kTableSize; ++i) {
         unsigned bits = 0;
-        std::uint8_t step = kTooLong;
-        while (bits < kLiteralTableBits) {
+        std::uint8_t step = kRare;
+        while (bits < kTableBits) {
             const Single single = singles_[i >> bits];
-            if (single.length == 0 || bits + single.length > kLiteralTableBits) {
+            if (single.length == 0 || bits + single.length > kTableBits) {
                 break;
             }
             step = static_cast<std::uint8_t>(bits + single.step);
@@ -321,67 +319,65 @@ void DeflateBlockWalker::fillLiteralTable(std::span<const std::uint8_t> lengths)
             }
             bits += single.length;
         }
-        literalSteps_[i] = step;
+        steps_[i] = step;
     }
 }
 
 void DeflateBlockWalker::fillDistanceTable(std::span<const std::uint8_t> lengths) {
-    distanceSteps_.fill(0);
-    forEachCodeword(lengths,
-                    distanceCode_.count,
-                    [this](std::size_t symbol, unsigned length, std::uint32_t codeword) {
-                        if (length > kDistanceTableBits) {
-                            return;
-                        }
-                        const auto step =
-                            static_cast<std::uint8_t>(length + kDistanceExtra[symbol]);
-                        for (std::size_t i = codeword; i < distanceSteps_.size();
-                             i += std::size_t{1} << length) {
-                            distanceSteps_[i] = step;
-                        }
-                    });
+    const std::span<std::uint8_t> steps = std::span(steps_).subspan(kTableSize);
+    std::fill(steps.begin(), steps.end(), kRare);
+    forEachCodeword(
+        lengths,
+        distanceCode_.count,
+        [steps](std::size_t symbol, unsigned length, std::uint32_t codeword) {
+            if (length > kTableBits) {
+                return;
+            }
+            const auto step = static_cast<std::uint8_t>(length + kDistanceExtra[symbol]);
+            for (std::size_t i = codeword; i < steps.size(); i += std::size_t{1} << length) {
+                steps[i] = step;
+            }
+        });
 }
 
-bool DeflateBlockWalker::walkSymbols(BitReader& reader) const {
-    constexpr std::uint64_t kMask = (1U << kLiteralTableBits) - 1U;
+bool DeflateBlockWalker::walkSymbols(BitReader& stream) const {
+    BitReader reader = stream;  // so that it can live in registers
+    unsigned step = 0;
     while (true) {
-        // One round takes at most 12 + 5 bits for lengths and 15 + 13 for a distance.
+        // Of two steps at most one is a distance's: 15 + 13 bits; the other has up to 15 + 5.
         if (!reader.ensure()) {
             return false;
         }
-        std::uint8_t step = literalSteps_[reader.bits() & kMask];
-        if (step == kTooLong) {
-            unsigned length = 0;
-            const std::uint16_t symbol = literalCode_.decode(reader.bits(), length);
-            step = stepOf(symbol, length);
-            if (length == 0 || step == 0) {
-                return false;
+        for (int i = 0; i < 2; ++i) {
+            // What comes next cannot be predicted, so it chooses a table and not a branch.
+            const unsigned table = step & kThenDistance;
+            step =
+                steps_[(reader.bits() & (kTableSize - 1)) | (table * (kTableSize / kThenDistance))];
+            if (step == kRare) {
+                step = table != 0 ? stepOfLongDistance(reader.bits()) : stepOfLong(reader.bits());
+                if (step == 0) {
+                    return false;
+                }
             }
-        }
-        reader.skip(step & kStepBits);
-        if ((step & kThenDistance) != 0) {
-            if (!skipDistance(reader)) {
-                return false;
+            reader.skip(step & kStepBits);
+            if ((step & kRare) != 0) {
+                stream = reader;
+                return true;
             }
-        } else if ((step & kThenEnd) != 0) {
-            return true;
         }
     }
 }
 
-bool DeflateBlockWalker::skipDistance(BitReader& reader) const {
-    constexpr std::uint64_t kMask = (1U << kDistanceTableBits) - 1U;
-    unsigned step = distanceSteps_[reader.bits() & kMask];
-    if (step == 0) {
-        unsigned length = 0;
-        const std::uint16_t symbol = distanceCode_.decode(reader.bits(), length);
-        if (length == 0) {
-            return false;
-        }
-        step = length + kDistanceExtra[symbol];
-    }
-    reader.skip(step);
-    return true;
+unsigned DeflateBlockWalker::stepOfLong(std::uint64_t bits) const {
+    unsigned length = 0;
+    const std::uint16_t symbol = literalCode_.decode(bits, length);
+    return length == 0 ? 0 : stepOf(symbol, length);
+}
+
+unsigned DeflateBlockWalker::stepOfLongDistance(std::uint64_t bits) const {
+    unsigned length = 0;
+    const std::uint16_t symbol = distanceCode_.decode(bits, length);
+    return length == 0 ? 0 : length + kDistanceExtra[symbol];
 }
 
 }  // namespace pellumar::archive

@@ -46,24 +46,25 @@ class DeflateBlockWalker {
         std::uint8_t step = 0;
     };
 
-    static constexpr unsigned kLiteralTableBits = 12;
-    static constexpr unsigned kDistanceTableBits = 10;
+    static constexpr unsigned kTableBits = 11;
+    static constexpr std::size_t kTableSize = std::size_t{1} << kTableBits;
 
     [[nodiscard]] bool readDynamicCodes(BitReader& reader);
     [[nodiscard]] bool setCodes(std::span<const std::uint8_t> literalLengths,
                                 std::span<const std::uint8_t> distanceLengths);
     void fillLiteralTable(std::span<const std::uint8_t> lengths);
     void fillDistanceTable(std::span<const std::uint8_t> lengths);
-    [[nodiscard]] bool walkSymbols(BitReader& reader) const;
-    [[nodiscard]] bool skipDistance(BitReader& reader) const;
+    [[nodiscard]] bool walkSymbols(BitReader& stream) const;
+    // Of codewords that are not in the tables; 0 if there is no such codeword.
+    [[nodiscard]] unsigned stepOfLong(std::uint64_t bits) const;
+    [[nodiscard]] unsigned stepOfLongDistance(std::uint64_t bits) const;
 
     Code literalCode_;
     Code distanceCode_;
-    std::array<Single, 1U << kLiteralTableBits> singles_{};
-    // What to skip for the next bits: as many literals as lie whole within them, and what follows.
-    std::array<std::uint8_t, 1U << kLiteralTableBits> literalSteps_{};
-    // Codeword and extra bits of a distance; 0 for a codeword too long for the table.
-    std::array<std::uint8_t, 1U << kDistanceTableBits> distanceSteps_{};
+    std::array<Single, kTableSize> singles_{};
+    // How far to go for the next bits. In the lower half over as many literals as lie whole within
+    // them, and a length that follows; in the upper half over a distance.
+    std::array<std::uint8_t, 2 * kTableSize> steps_{};
 };
 
 }  // namespace pellumar::archive

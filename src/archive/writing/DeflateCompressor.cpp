@@ -17,7 +17,20 @@ constexpr std::size_t kSlack = 64;
 constexpr std::size_t kOutputSize =
     storedDeflateSize(DeflateCompressor::kChunkSize) + kMostPieces * kStoredBlockHeader + kSlack;
 
-constexpr int kLevel = 6;
+// Measured on C sources and on programs: in text the higher level saves twice as much for the same
+// time as it does in programs, which tell themselves by their zero bytes.
+constexpr int kTextLevel = 6;
+constexpr int kBinaryLevel = 5;
+constexpr std::size_t kSampleStride = 61;
+constexpr std::size_t kFewZeros = 200;  // text has less than one in so many
+
+int levelFor(ByteView run) {
+    std::size_t zeros = 0;
+    for (std::size_t i = 0; i < run.size(); i += kSampleStride) {
+        zeros += run[i] == 0 ? 1U : 0U;
+    }
+    return zeros * kSampleStride * kFewZeros > run.size() ? kBinaryLevel : kTextLevel;
+}
 
 }  // namespace
 
@@ -60,7 +73,7 @@ void DeflateCompressor::appendStored(ByteView run, bool last) {
 }
 
 bool DeflateCompressor::tryCompress(ByteView run, bool last) {
-    libdeflate_compressor* const compressor = encoder(kLevel);
+    libdeflate_compressor* const compressor = encoder(levelFor(run));
     if (compressor == nullptr) {
         return false;
     }
