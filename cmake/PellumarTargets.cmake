@@ -17,6 +17,10 @@ function(pellumar_compile target)
             -fsanitize=${PELLUMAR_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
         target_link_options(${target} PUBLIC -fsanitize=${PELLUMAR_SANITIZE})
     endif()
+    if(PELLUMAR_FUZZ)
+        # Tells the fuzzers which branches their input has taken.
+        target_compile_options(${target} PRIVATE -fsanitize=fuzzer-no-link)
+    endif()
 endfunction()
 
 # pellumar_folder(name [NARROWING] [LINK targets...]): the library of the sources in this folder.
