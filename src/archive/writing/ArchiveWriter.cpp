@@ -22,8 +22,9 @@ namespace {
 
 constexpr unsigned kMostThreads = 8;
 
-// With two threads all that the writer holds stays under 24 MiB.
-constexpr std::size_t kMostBytesAhead = 12UL * 1024 * 1024;
+// What may lie ready or be under way at once: a chunk for each thread, and some that wait. With two
+// threads all that the writer holds stays under 24 MiB, with eight under 48.
+constexpr std::size_t kChunksWaiting = 6;
 
 constexpr std::size_t kSmallestRead = 4UL * 1024;
 constexpr std::size_t kLargestRead = 1024UL * 1024;
@@ -63,11 +64,14 @@ void addTo(format::EntryRecord& record, const CompressedChunk& chunk) {
 
 class ArchiveWriter::State {
   public:
-    explicit State(File file)
-        : output_(std::move(file)), queue_(DeflateCompressor::kChunkSize, kMostBytesAhead) {}
+    State(File file, unsigned threads)
+        : output_(std::move(file)),
+          threadCount_(threads),
+          queue_(DeflateCompressor::kChunkSize,
+                 DeflateCompressor::kChunkSize * (threads + kChunksWaiting)) {}
 
-    [[nodiscard]] Result<> start(unsigned threads, const FileIdentity& archive) {
-        return threads_.start(threads, queue_, archive);
+    [[nodiscard]] Result<> start(const FileIdentity& archive) {
+        return threads_.start(threadCount_, queue_, archive);
     }
 
     [[nodiscard]] bool isClosed() const { return closed_; }
@@ -87,6 +91,7 @@ class ArchiveWriter::State {
     CentralDirectory directory_;
     std::vector<std::uint8_t> header_;
     bool closed_ = false;
+    const unsigned threadCount_;
     CompressionQueue queue_;
     CompressionThreads threads_;
 };
@@ -186,9 +191,8 @@ Result<std::unique_ptr<ArchiveWriter>> ArchiveWriter::create(const std::filesyst
     if (threads == 0) {
         threads = std::thread::hardware_concurrency();
     }
-    auto state = std::make_unique<State>(std::move(*file));
-    auto started = state->start(std::clamp(threads, 1U, kMostThreads),
-                                {.device = status->st_dev, .inode = status->st_ino});
+    auto state = std::make_unique<State>(std::move(*file), std::clamp(threads, 1U, kMostThreads));
+    auto started = state->start({.device = status->st_dev, .inode = status->st_ino});
     if (!started) {
         return giveUp(started);
     }

@@ -1,0 +1,177 @@
+#include <signal.h>
+#include <sys/resource.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <chrono>
+#include <thread>
+
+#include "archive/writing/ArchiveWriterTest.h"
+#include "archive/writing/DeflateCompressor.h"
+#include "archive/writing/SampleContent.h"
+
+namespace pellumar::archive {
+namespace {
+
+namespace fs = std::filesystem;
+using test::SampleKind;
+
+constexpr std::size_t kReadSize = 16UL * 1024;
+constexpr std::size_t kChunk = DeflateCompressor::kChunkSize;
+
+class FailingSourceTest : public ArchiveWriterTest {
+  protected:
+    void SetUp() override {
+        put("first", "first content");
+        put("last", "last content");
+    }
+
+    // Adds the paths between two good ones, with and without announcing, and expects each to fail
+    // with `code` by its name and to leave nothing behind.
+    void expectFailure(const std::vector<std::string>& paths, ErrorCode code) {
+        for (const bool ahead : {false, true}) {
+            fs::remove(archivePath());
+            auto writer = create();
+            std::vector<Source> all = {source("first")};
+            for (const std::string& path : paths) {
+                all.push_back(source(path));
+            }
+            all.push_back(source("last"));
+            if (ahead) {
+                writer->compressAhead(all, kReadSize);
+            }
+            for (const Source& next : all) {
+                const auto added = writer->addEntry(next, kReadSize);
+                if (next.path == "first" || next.path == "last") {
+                    ASSERT_TRUE(added) << added.error().describe();
+                } else {
+                    ASSERT_EQ(codeOf(added), code) << next.path;
+                    EXPECT_EQ(added.error().entry, next.path);
+                }
+            }
+            ASSERT_TRUE(writer->close());
+            expectSound();
+            EXPECT_EQ(listed(), "first\nlast\n");
+        }
+    }
+};
+
+TEST_F(FailingSourceTest, UnreadableFilesFailAloneAndByName) {
+    fs::create_symlink("nowhere", sources_ / "dangling");
+    fs::create_symlink("loop", sources_ / "loop");
+    expectFailure({"missing", "dangling", "loop", "first/below", "no/such/folder"},
+                  ErrorCode::kSourceUnreadable);
+}
+
+TEST_F(FailingSourceTest, WhatIsNoFileOrFolderIsRefusedAtOnce) {
+    ASSERT_EQ(::mkfifo((sources_ / "fifo").c_str(), 0600), 0);
+    const int socketDescriptor = ::socket(AF_UNIX, SOCK_STREAM, 0);
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    const std::string socketPath = sources_ / "socket";
+    ASSERT_LT(socketPath.size(), sizeof(address.sun_path));
+    socketPath.copy(address.sun_path, socketPath.size());
+    ASSERT_EQ(
+        ::bind(socketDescriptor, reinterpret_cast<const sockaddr*>(&address), sizeof(address)), 0);
+    fs::create_symlink("/dev/zero", sources_ / "device");
+    fs::create_symlink("fifo", sources_ / "link");
+    fs::create_symlink(archivePath(), sources_ / "itself");
+    expectFailure({"fifo", "socket", "device", "link", "itself"}, ErrorCode::kSourceNotSupported);
+    ::close(socketDescriptor);
+}
+
+// Files of the kernel's own file system say 4,096 bytes and have fewer: they shrink by themselves.
+TEST_F(FailingSourceTest, AShortFileDoesNotPassAsWhole) {
+    const fs::path kernelFile = "/sys/kernel/mm/transparent_hugepage/enabled";
+    const fs::path other = "/sys/kernel/uevent_seqnum";
+    const fs::path& target = fs::exists(other) ? other : kernelFile;
+    ASSERT_TRUE(fs::exists(target));
+    fs::create_symlink(target, sources_ / "short");
+    expectFailure({"short"}, ErrorCode::kSourceChanged);
+}
+
+// The first chunks of this file are in the archive when it is cut off.
+TEST_F(FailingSourceTest, AFileCutOffInTheMiddleIsTakenBack) {
+    put("large", test::sampleContent(SampleKind::kNoise, 4 * kChunk));
+    fs::resize_file(sources_ / "large", 3ULL << 30U);
+    auto writer = create();
+    ASSERT_TRUE(writer->addEntry(source("first"), kReadSize));
+    std::atomic<bool> cut = false;
+    std::thread cutter([this, &cut] {
+        const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(60);
+        while (fs::file_size(archivePath()) < kChunk &&
+               std::chrono::steady_clock::now() < deadline) {
+            std::this_thread::yield();
+        }
+        fs::resize_file(sources_ / "large", 2 * kChunk);
+        cut = true;
+    });
+    const auto added = writer->addEntry(source("large"), kReadSize);
+    cutter.join();
+    ASSERT_TRUE(cut);
+    EXPECT_EQ(codeOf(added), ErrorCode::kSourceChanged);
+    ASSERT_TRUE(writer->addEntry(source("last"), kReadSize));
+    ASSERT_TRUE(writer->close());
+    expectSound();
+    EXPECT_EQ(listed(), "first\nlast\n");
+    EXPECT_LT(fs::file_size(archivePath()), 1000U);
+}
+
+// Lets no file of this process grow beyond a size: a full disk that every machine has.
+class FileSizeLimit {
+  public:
+    explicit FileSizeLimit(rlim_t bytes) {
+        ::getrlimit(RLIMIT_FSIZE, &before_);
+        handler_ = ::signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit{.rlim_cur = bytes, .rlim_max = before_.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &limit);
+    }
+    ~FileSizeLimit() {
+        ::setrlimit(RLIMIT_FSIZE, &before_);
+        ::signal(SIGXFSZ, handler_);
+    }
+    FileSizeLimit(const FileSizeLimit&) = delete;
+    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
+    FileSizeLimit(FileSizeLimit&&) = delete;
+    FileSizeLimit& operator=(FileSizeLimit&&) = delete;
+
+  private:
+    rlimit before_{};
+    sighandler_t handler_ = nullptr;
+};
+
+TEST_F(FailingSourceTest, AfterAFailedWriteTheEarlierEntriesStay) {
+    put("small", test::sampleContent(SampleKind::kNoise, 200'000));
+    put("large", test::sampleContent(SampleKind::kNoise, 5 * kChunk));
+    auto writer = create();
+    ASSERT_TRUE(writer->addEntry(source("first"), kReadSize));
+    {
+        const FileSizeLimit limit(100'000);
+        ASSERT_TRUE(writer->addEntry(source("small"), kReadSize)) << "it is in the buffer";
+        EXPECT_EQ(codeOf(writer->addEntry(source("large"), kReadSize)), ErrorCode::kWriteFailed);
+        EXPECT_EQ(codeOf(writer->addEntry(source("large"), kReadSize)), ErrorCode::kWriteFailed);
+    }
+    {
+        const FileSizeLimit limit(3 * kChunk);  // in the middle of the entry
+        EXPECT_EQ(codeOf(writer->addEntry(source("large"), kReadSize)), ErrorCode::kWriteFailed);
+    }
+    ASSERT_TRUE(writer->addEntry(source("last"), kReadSize));
+    ASSERT_TRUE(writer->close());
+    expectSound();
+    EXPECT_EQ(listed(), "first\nsmall\nlast\n");
+}
+
+TEST_F(FailingSourceTest, AFailedWriteOfTheDirectoryIsToldByClosing) {
+    put("small", test::sampleContent(SampleKind::kNoise, 200'000));
+    auto writer = create();
+    ASSERT_TRUE(writer->addEntry(source("small"), kReadSize));
+    const FileSizeLimit limit(100'000);
+    EXPECT_EQ(codeOf(writer->close()), ErrorCode::kWriteFailed);
+    EXPECT_EQ(codeOf(writer->addEntry(source("first"), kReadSize)), ErrorCode::kInvalidArgument);
+}
+
+}  // namespace
+}  // namespace pellumar::archive
