@@ -1,5 +1,7 @@
 #include "archive/reading/LinkSafety.h"
 
+#include <linux/limits.h>
+
 #include <algorithm>
 
 namespace pellumar::archive {
@@ -30,13 +32,14 @@ bool LinkSafety::isSafe(std::string_view path) const {
     if (rest.empty() || rest.find('\0') != std::string::npos) {
         return false;
     }
-    while (!rest.empty()) {
-        if (rest.front() == '/') {
+    std::size_t at = 0;  // in `rest`
+    while (at < rest.size()) {
+        if (rest[at] == '/') {
             return false;
         }
-        const std::size_t end = std::min(rest.find('/'), rest.size());
-        const std::string component = rest.substr(0, end);
-        rest.erase(0, std::min(rest.find_first_not_of('/', end), rest.size()));
+        const std::size_t end = std::min(rest.find('/', at), rest.size());
+        const std::string_view component = std::string_view(rest).substr(at, end - at);
+        at = std::min(rest.find_first_not_of('/', end), rest.size());
         if (component == ".") {
             continue;
         }
@@ -57,8 +60,13 @@ bool LinkSafety::isSafe(std::string_view path) const {
             return false;
         }
         place.erase(above);
-        rest.insert(0, rest.empty() ? 0 : 1, '/');
-        rest.insert(0, link->second);
+        // No real path is that long, and without a bound each link of a chain could add as much to
+        // be walked again for every link that leads into the chain.
+        if (link->second.size() + (rest.size() - at) >= PATH_MAX) {
+            return false;
+        }
+        rest.replace(0, at, at < rest.size() ? link->second + "/" : link->second);
+        at = 0;
     }
     return true;
 }

@@ -14,7 +14,8 @@ class LinkSafety {
     void add(std::string_view path, std::string target) { links_[path] = std::move(target); }
 
     // Whether the target of the link at `path` stays inside. It need not exist. Absolute targets,
-    // empty ones, ones with a NUL, and chains of more links than the kernel follows are not safe.
+    // empty ones, ones with a NUL, chains of more links than the kernel follows, and targets that
+    // add up to more than a path can have are not safe.
     [[nodiscard]] bool isSafe(std::string_view path) const;
 
     [[nodiscard]] const std::string& targetOf(std::string_view path) const {
