@@ -48,7 +48,7 @@ class ExtractionTest : public testing::Test {
         return status(path).st_mode & 07777U;
     }
 
-    void expectTaken(const ZipBuilder& zip, const Paths& listing);
+    void expectTaken(const ZipBuilder& zip, const Paths& expected);
     // Refused with that reason, told of that entry, and before anything was written.
     void expectRefused(const ZipBuilder& zip, ErrorCode code, const std::string& entry);
     // The job fails with that reason, and no file stands under the entry's name.

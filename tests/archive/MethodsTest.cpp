@@ -19,7 +19,7 @@ class MethodsTest : public ExtractionTest {
     }
 
     // Runs a command that packs `files()` from the home folder, and unpacks what it made.
-    void expectReadable(std::vector<std::string> command) {
+    void expectReadable(const std::vector<std::string>& command) {
         const auto made = test::runProcess(command, home().path());
         ASSERT_EQ(made.exitCode, 0) << made.output;
         const auto report = unzipItem(home() / "made.zip", destination());
