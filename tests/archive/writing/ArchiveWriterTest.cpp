@@ -59,7 +59,7 @@ TEST_F(ArchiveWriterTest, BytesDependOnTheSourcesAlone) {
     std::vector<Source> all;
     for (std::uint32_t i = 0; i < 120; ++i) {
         const std::string path = "small/" + std::to_string(i);
-        put(path, test::sampleContent(test::kSampleKinds[i % 5], i * 997, i));
+        put(path, test::sampleContent(test::kSampleKinds[i % 5], std::size_t{i} * 997, i));
         all.push_back(source(path));
     }
     put("large", test::sampleContent(SampleKind::kMixed, 9 * kChunk + 77));
