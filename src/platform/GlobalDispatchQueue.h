@@ -12,6 +12,9 @@ namespace pellumar {
 class GlobalDispatchQueue : public DispatchQueue {
   public:
     GlobalDispatchQueue();
+    ~GlobalDispatchQueue() override;
+    GlobalDispatchQueue(const GlobalDispatchQueue&) = delete;
+    GlobalDispatchQueue& operator=(const GlobalDispatchQueue&) = delete;
 
     void async(std::function<void()> work) override;
 

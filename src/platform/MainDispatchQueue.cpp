@@ -2,7 +2,10 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <memory>
 #include <utility>
+
+#include "platform/Handover.h"
 
 namespace pellumar {
 namespace {
@@ -23,6 +26,7 @@ class WorkEvent : public QEvent {
 }  // namespace
 
 bool MainDispatchQueue::Receiver::event(QEvent* event) {
+    Handover::take();
     if (const auto* work = dynamic_cast<const WorkEvent*>(event)) {
         work->run();
         return true;
@@ -31,7 +35,9 @@ bool MainDispatchQueue::Receiver::event(QEvent* event) {
 }
 
 void MainDispatchQueue::async(std::function<void()> work) {
-    QCoreApplication::postEvent(&receiver_, new WorkEvent(std::move(work)));
+    auto event = std::make_unique<WorkEvent>(std::move(work));
+    Handover::give();
+    QCoreApplication::postEvent(&receiver_, event.release());
 }
 
 }  // namespace pellumar
