@@ -43,7 +43,7 @@ std::vector<std::string> guarded(int count, const char* const* arguments) {
     return reversed;
 }
 
-std::string withoutGuard(std::string title) {
+std::string withoutGuard(const std::string& title) {
     return title.starts_with("./[") || title.starts_with("./-") ? title.substr(kGuard.size())
                                                                 : title;
 }

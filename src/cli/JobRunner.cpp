@@ -20,16 +20,15 @@ namespace fs = std::filesystem;
 
 // The URL of what was named on the command line. "." and ".." are no names for an entry, so they
 // become the folder that they stand for.
-std::optional<QUrl> urlOf(const fs::path& argument) {
+tl::expected<QUrl, std::error_code> urlOf(const fs::path& argument) {
     std::error_code error;
     const fs::path name = argument.filename();
     const fs::path path = name == "." || name == ".." ? fs::canonical(argument, error)
                                                       : fs::absolute(argument, error);
-    return error ? std::nullopt : std::optional(fileUrl(path));
-}
-
-std::string reasonOf(int systemError) {
-    return std::generic_category().message(systemError);
+    if (error) {
+        return tl::unexpected(error);
+    }
+    return fileUrl(path);
 }
 
 }  // namespace
@@ -51,9 +50,9 @@ int JobRunner::run() {
     const std::optional<fs::path> target =
         localPath(fileSystem_.archive(QString::fromStdString(commandLine_.title)));
     for (const fs::path& argument : arguments) {
-        const std::optional<QUrl> url = urlOf(argument);
+        const tl::expected<QUrl, std::error_code> url = urlOf(argument);
         if (!url) {
-            return fail(argument.native() + ": " + reasonOf(errno));
+            return fail(argument.native() + ": " + url.error().message());
         }
         std::error_code different;
         if (zipping && target && fs::equivalent(*target, argument, different)) {
@@ -68,7 +67,8 @@ int JobRunner::run() {
     if (!files || failure) {
         return fail(failure.value_or("failed"));
     }
-    return print(*files) ? kExitSuccess : fail("standard output: " + reasonOf(errno));
+    return print(*files) ? kExitSuccess
+                         : fail("standard output: " + std::generic_category().message(errno));
 }
 
 std::optional<QList<QUrl>> JobRunner::zip(const QList<QUrl>& files) {
