@@ -331,15 +331,16 @@ TEST_F(ZipManagerTest, PicturesWithoutAStagingFolderOrManagerNeverComplete) {
 // With the real queues: who is called on which thread, and that a screen that goes away in the
 // middle goes away on the main thread.
 TEST_F(ZipManagerTest, CompletesOnTheMainThreadAndCallsTheDelegateOnAnother) {
-    struct Screen : RecordingDelegate {
-        ~Screen() override { EXPECT_EQ(QThread::currentThread(), qApp->thread()); }
+    const auto release = [](RecordingDelegate* screen) {
+        EXPECT_EQ(QThread::currentThread(), qApp->thread());
+        delete screen;
     };
     int count = 0;
     const QCoreApplication application(count, nullptr);
     MainDispatchQueue mainQueue;
     GlobalDispatchQueue globalQueue;
     const auto manager = ZipManager::create(environment(mainQueue, globalQueue));
-    auto screen = std::make_shared<Screen>();
+    auto screen = std::shared_ptr<RecordingDelegate>(new RecordingDelegate, release);
     manager->setDelegate(screen);
     QList<QUrl> urls;
     for (int i = 0; i < 50; ++i) {
@@ -364,7 +365,7 @@ TEST_F(ZipManagerTest, CompletesOnTheMainThreadAndCallsTheDelegateOnAnother) {
                    [&](const std::optional<QList<QUrl>>& files) { finish(files.has_value()); });
     loop.exec();
 
-    auto leaving = std::make_shared<Screen>();
+    auto leaving = std::shared_ptr<RecordingDelegate>(new RecordingDelegate, release);
     manager->setDelegate(leaving);
     running = 1;
     manager->zip(urls, "U", [&](const std::optional<QUrl>& url) { finish(url.has_value()); });

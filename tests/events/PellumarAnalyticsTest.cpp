@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QStringList>
-
 #include "events/EventNames.h"
 #include "platform/RecordingAnalytics.h"
 #include "support/TemporaryFolder.h"
@@ -40,38 +38,6 @@ TEST_F(PellumarAnalyticsTest, TheFlagCountsFromTheNextEventAndNothingIsReplayed)
     EXPECT_EQ(engine_.events(), sent);
     analytics_.logEvent(event::kTappedZip);
     EXPECT_EQ(engine_.events().size(), 3);
-}
-
-// What is counted at the other end, misspellings included.
-TEST(EventNames, AreTheCatalogue) {
-    const QStringList names = {
-        event::kTappedUnzip,
-        event::kTappedZip,
-        event::kTappedFiles,
-        event::kTappedPhotos,
-        event::kUsedShareExtension,
-        event::kZippedSuccessfully,
-        event::kFailedToZip,
-        event::kUnzippedSuccessfully,
-        event::kFailedToUnzip,
-        event::kStartedTutorial,
-        event::kFinishedTutorial,
-        event::kEvaluatedApp,
-        event::kDeveloperTapped,
-    };
-    EXPECT_EQ(names.join(' '),
-              "tapped_unzip tapped_zip tapped_files tapped_photos used_share_extension "
-              "zipped_successfuly failed_to_zip unzipped_successfuly failed_to_unzip "
-              "started_tutorial finished_tutorial evaluated_app developer_tapped");
-}
-
-TEST(RecordingAnalytics, KeepsTheLatestInBoundedMemory) {
-    RecordingAnalytics engine;
-    for (qsizetype i = 0; i <= RecordingAnalytics::kMostKept; ++i) {
-        engine.logEventWithName(QString::number(i), std::nullopt);
-    }
-    EXPECT_EQ(engine.events().size(), RecordingAnalytics::kMostKept);
-    EXPECT_EQ(engine.events().first().name, "1");
 }
 
 }  // namespace

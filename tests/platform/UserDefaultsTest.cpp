@@ -59,11 +59,5 @@ TEST_F(UserDefaultsTest, AWriteIsOnDiskAtOnce) {
     EXPECT_NE(test::readText(folder_ / "settings.conf").find("DIDREQUEST=true"), std::string::npos);
 }
 
-TEST(UserDefaults, KeepsInMemoryWhatTheFileDoesNotTake) {
-    UserDefaults defaults(QStringLiteral("/dev/null/settings.conf"));
-    defaults.setBool(true, "flag");
-    EXPECT_TRUE(defaults.boolForKey("flag"));
-}
-
 }  // namespace
 }  // namespace pellumar

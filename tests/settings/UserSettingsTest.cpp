@@ -8,21 +8,14 @@
 namespace pellumar {
 namespace {
 
-TEST(UserSettings, UsageDataIsOnUntilTheUserTurnsItOff) {
+TEST(UserSettings, OnlyUsageDataIsOnFromTheStart) {
     const test::TemporaryFolder folder;
-    const QString file = QString::fromStdString((folder / "s.conf").native());
-    {
-        UserDefaults defaults(file);
-        const UserSettings settings(defaults);
-        EXPECT_TRUE(defaults.boolForKey(settings.sendUsageDataKey()));
-        EXPECT_FALSE(defaults.boolForKey(settings.didShowOnboardingKey()));
-        EXPECT_FALSE(defaults.boolForKey(settings.achievedSuccessKey()));
-        EXPECT_FALSE(defaults.boolForKey(settings.didRequestKey()));
-        defaults.setBool(false, settings.sendUsageDataKey());
-    }
-    UserDefaults defaults(file);
+    UserDefaults defaults(QString::fromStdString((folder / "s.conf").native()));
     const UserSettings settings(defaults);
-    EXPECT_FALSE(defaults.boolForKey(settings.sendUsageDataKey()));
+    EXPECT_TRUE(defaults.boolForKey(settings.sendUsageDataKey()));
+    EXPECT_FALSE(defaults.boolForKey(settings.didShowOnboardingKey()));
+    EXPECT_FALSE(defaults.boolForKey(settings.achievedSuccessKey()));
+    EXPECT_FALSE(defaults.boolForKey(settings.didRequestKey()));
 }
 
 TEST(UserSettings, ReadsWhatEarlierVersionsWrote) {
