@@ -27,15 +27,22 @@ missing_packages() {
     comm -13 <(sort -u <<<"$installed") <(printf '%s\n' "$@" | sort -u)
 }
 
-# Runs a command as root: directly, or through sudo, which asks only where somebody can answer.
+# Runs a command as root, with nothing to read: directly, or through a sudo that
+# may_become_root has made ready.
 as_root() {
     if [[ $EUID -eq 0 ]]; then
-        "$@"
-    elif [[ -t 0 ]]; then
-        sudo "$@"
+        "$@" </dev/null
     else
-        sudo -n "$@"
+        sudo -n "$@" </dev/null
     fi
+}
+
+# Whether as_root will work. Lets sudo ask for the password where somebody can answer.
+may_become_root() {
+    [[ $EUID -eq 0 ]] && return
+    command -v sudo >/dev/null || return
+    sudo -n true 2>/dev/null && return
+    [[ -t 0 && -t 2 ]] && sudo -v
 }
 
 # Installs what is missing of the lists named. Costs one look-up and no network if nothing is.
@@ -52,7 +59,7 @@ ensure_packages() {
     fi
 
     local by_hand="apt-get install --no-install-recommends ${missing[*]}"
-    if [[ $EUID -ne 0 ]] && ! command -v sudo >/dev/null; then
+    if ! may_become_root; then
         die "these packages are missing, and installing them takes root or sudo:" \
             "${missing[*]}"$'\n'"As root: $by_hand"
     fi
@@ -64,12 +71,12 @@ ensure_packages() {
         -o DPkg::Lock::Timeout=300 -o Acquire::Retries=3)
     # The lists may be absent or too old to install from. Without a network the packages may still
     # be at hand, so a failed update is no reason to stop.
-    as_root "${apt[@]}" update >"$log" 2>&1 </dev/null ||
+    as_root "${apt[@]}" update >"$log" 2>&1 ||
         say "apt-get update failed; trying with the package lists that are here."
     # Finishes what an interrupted run left half installed.
-    as_root env DEBIAN_FRONTEND=noninteractive dpkg --configure -a >>"$log" 2>&1 </dev/null || true
+    as_root env DEBIAN_FRONTEND=noninteractive dpkg --configure -a >>"$log" 2>&1 || true
     if ! as_root "${apt[@]}" install --no-install-recommends "${missing[@]}" \
-        >>"$log" 2>&1 </dev/null; then
+        >>"$log" 2>&1; then
         tail -n 25 "$log" >&2
         rm -f "$log"
         die "installing packages failed. By hand, as root: $by_hand"
