@@ -56,7 +56,7 @@ format::EntryRecord recordOf(const std::string& path,
 
 void addTo(format::EntryRecord& record, const CompressedChunk& chunk) {
     record.crc32 = crc32Combine(record.crc32, chunk.crc32, chunk.uncompressedSize);
-    record.compressedSize += chunk.data.size();
+    record.compressedSize += chunk.size;
     record.uncompressedSize += chunk.uncompressedSize;
 }
 
@@ -67,11 +67,13 @@ class ArchiveWriter::State {
     State(File file, unsigned threads)
         : output_(std::move(file)),
           threadCount_(threads),
+          buffers_(DeflateCompressor::kMostOutput),
           queue_(DeflateCompressor::kChunkSize,
-                 DeflateCompressor::kChunkSize * (threads + kChunksWaiting)) {}
+                 buffers_.size(),
+                 buffers_.size() * (threads + kChunksWaiting)) {}
 
     [[nodiscard]] Result<> start(const FileIdentity& archive) {
-        return threads_.start(threadCount_, queue_, archive);
+        return threads_.start(threadCount_, queue_, buffers_, archive);
     }
 
     [[nodiscard]] bool isClosed() const { return closed_; }
@@ -92,6 +94,7 @@ class ArchiveWriter::State {
     std::vector<std::uint8_t> header_;
     bool closed_ = false;
     const unsigned threadCount_;
+    OutputBuffers buffers_;  // before what holds some of them
     CompressionQueue queue_;
     CompressionThreads threads_;
 };
@@ -130,7 +133,7 @@ Result<> ArchiveWriter::State::writeEntry(format::EntryRecord& record, std::uint
         }
         addTo(record, *chunk);
         auto written = writeHeader(record);
-        return written ? output_.append(chunk->data) : written;
+        return written ? output_.append(chunk->data()) : written;
     }
     if (auto written = writeHeader(record); !written) {
         return written;
@@ -157,7 +160,7 @@ Result<> ArchiveWriter::State::writeChunks(format::EntryRecord& record, std::uin
             return passOn(chunk);
         }
         addTo(record, *chunk);
-        if (auto written = output_.append(chunk->data); !written) {
+        if (auto written = output_.append(chunk->data()); !written) {
             return written;
         }
     }

@@ -12,7 +12,7 @@ constexpr std::size_t kSmallestProbed = 4096;
 
 // The histogram is taken of slices spread over the piece.
 constexpr std::size_t kSlices = 16;
-constexpr std::size_t kSliceSize = 256;
+constexpr std::size_t kSliceSize = 64;
 
 // Bytes at random give one 256th as the probability that two of them are equal. Within this many
 // hundredths of it no code for single bytes saves more than about three in a hundred.

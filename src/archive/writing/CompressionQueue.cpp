@@ -75,7 +75,7 @@ Result<CompressedChunk> CompressionQueue::takeChunk() {
     Result<CompressedChunk> chunk = *std::move(job.results.front());
     job.results.pop_front();
     ++job.nextToTake;
-    bytesAhead_ -= chunk ? chunk->data.size() : 0;
+    bytesAhead_ -= chunk ? chunk->bytesHeld() : 0;
     wakeWorkers();
     return chunk;
 }
@@ -113,7 +113,7 @@ std::optional<CompressionQueue::Task> CompressionQueue::takeTask() {
     }
     task.source = &task.job->source;
     task.readSize = task.job->readSize;
-    bytesAhead_ += chunkSize_;
+    bytesAhead_ += taskBytes_;
     // Whoever made this task possible woke one worker; there may be more to do.
     wakeWorkers();
     return task;
@@ -128,7 +128,7 @@ bool CompressionQueue::reportOpened(Task& task, Result<SourceFile> file) {
         job.opened = passOn(file);
     }
     if (!file || file->isFolder() || job.dropped) {
-        bytesAhead_ -= chunkSize_;
+        bytesAhead_ -= taskBytes_;
         wakeWriter();
         return false;
     }
@@ -150,12 +150,12 @@ void CompressionQueue::reportChunk(const Task& task, Result<CompressedChunk> chu
     SourceFile finished;  // to be closed when the lock is free
     const std::lock_guard lock(mutex_);
     Job& job = *task.job;
-    bytesAhead_ -= chunkSize_;
+    bytesAhead_ -= taskBytes_;
     if (++job.chunksDone == (*job.opened)->chunks) {
         finished = std::move(job.file);
     }
     if (!job.dropped) {
-        bytesAhead_ += chunk ? chunk->data.size() : 0;
+        bytesAhead_ += chunk ? chunk->bytesHeld() : 0;
         job.results[static_cast<std::size_t>(task.chunk - job.nextToTake)] = std::move(chunk);
         wakeWriter();
     }
@@ -190,7 +190,7 @@ bool CompressionQueue::canTakeTask() const {
     } else {
         return false;
     }
-    return isHead || bytesAhead_ + chunkSize_ + kJobBytes <= mostBytesAhead_;
+    return isHead || bytesAhead_ + taskBytes_ + kJobBytes <= mostBytesAhead_;
 }
 
 void CompressionQueue::wakeWorkers() {
@@ -214,7 +214,7 @@ void CompressionQueue::waitForHead(std::unique_lock<std::mutex>& lock) {
 void CompressionQueue::dropJob(Job& job) {
     job.dropped = true;
     for (const auto& result : job.results) {
-        bytesAhead_ -= result && *result ? (*result)->data.size() : 0;
+        bytesAhead_ -= result && *result ? (*result)->bytesHeld() : 0;
     }
     bytesAhead_ -= kJobBytes;
     job.results.clear();

@@ -13,15 +13,24 @@
 
 #include "archive/base/Error.h"
 #include "archive/writing/ArchiveWriter.h"
+#include "archive/writing/OutputBuffers.h"
 #include "archive/writing/SourceFile.h"
 
 namespace pellumar::archive {
 
 // One chunk of an entry as it will stand in the archive.
 struct CompressedChunk {
-    std::vector<std::uint8_t> data;
+    std::vector<std::uint8_t> small;  // the bytes, unless they are in `buffer`
+    OutputBuffers::Buffer buffer;
+    std::size_t size = 0;  // of what is in one of these
     std::uint64_t uncompressedSize = 0;
     std::uint32_t crc32 = 0;  // of the uncompressed bytes
+
+    [[nodiscard]] ByteView data() const { return {buffer ? buffer.get() : small.data(), size}; }
+    // How much memory that takes.
+    [[nodiscard]] std::size_t bytesHeld() const {
+        return buffer ? buffer.get_deleter().owner->size() : small.size();
+    }
 };
 
 // What stands between the thread that writes the archive and those that compress: which source and
@@ -54,10 +63,10 @@ class CompressionQueue {
         std::shared_ptr<Job> job;
     };
 
-    // `chunkSize` also is what each task is taken to yield until that is known; `mostBytesAhead` is
-    // how much may be ready or under way at once.
-    CompressionQueue(std::size_t chunkSize, std::size_t mostBytesAhead)
-        : chunkSize_(chunkSize), mostBytesAhead_(mostBytesAhead) {}
+    // `taskBytes` is what each task is taken to hold until that is known; `mostBytesAhead` is how
+    // much may be ready or under way at once.
+    CompressionQueue(std::size_t chunkSize, std::size_t taskBytes, std::size_t mostBytesAhead)
+        : chunkSize_(chunkSize), taskBytes_(taskBytes), mostBytesAhead_(mostBytesAhead) {}
 
     // ---- The writer's side
 
@@ -104,6 +113,7 @@ class CompressionQueue {
     void dropJobsFrom(std::size_t index);
 
     const std::size_t chunkSize_;
+    const std::size_t taskBytes_;
     const std::size_t mostBytesAhead_;
 
     std::mutex mutex_;

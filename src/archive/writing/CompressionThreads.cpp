@@ -14,11 +14,14 @@ namespace {
 
 constexpr std::size_t kChunkSize = DeflateCompressor::kChunkSize;
 
+// Larger results are handed over in the buffer they are in; many small ones would waste it.
+constexpr std::size_t kLargestCopied = 64UL * 1024;
+
 // What one thread has.
 class Worker {
   public:
-    Worker(CompressionQueue& queue, const FileIdentity& archive)
-        : queue_(queue), archive_(archive) {}
+    Worker(CompressionQueue& queue, OutputBuffers& buffers, const FileIdentity& archive)
+        : queue_(queue), buffers_(buffers), archive_(archive) {}
 
     void run() {
         while (auto task = queue_.takeTask()) {
@@ -45,14 +48,27 @@ class Worker {
         if (!crc) {
             return tl::unexpected(crc.error());
         }
-        const ByteView data = compressor_.compress(content, left <= kChunkSize);
-        return CompressedChunk{
-            .data = {data.begin(), data.end()}, .uncompressedSize = content.size(), .crc32 = *crc};
+        if (!output_) {
+            output_ = buffers_.take();
+        }
+        CompressedChunk chunk;
+        chunk.size = compressor_.compress(
+            content, left <= kChunkSize, MutableBytes(output_.get(), buffers_.size()));
+        chunk.uncompressedSize = content.size();
+        chunk.crc32 = *crc;
+        if (chunk.size > kLargestCopied) {
+            chunk.buffer = std::move(output_);
+        } else {
+            chunk.small.assign(output_.get(), output_.get() + chunk.size);
+        }
+        return chunk;
     }
 
     CompressionQueue& queue_;
+    OutputBuffers& buffers_;
     const FileIdentity archive_;
     DeflateCompressor compressor_;
+    OutputBuffers::Buffer output_;
     // Not zeroed, so that small files touch little of it.
     std::unique_ptr<std::uint8_t[]> input_{new std::uint8_t[kChunkSize]};
 };
@@ -65,12 +81,14 @@ CompressionThreads::~CompressionThreads() {
 
 Result<> CompressionThreads::start(unsigned count,
                                    CompressionQueue& queue,
+                                   OutputBuffers& buffers,
                                    const FileIdentity& archive) {
     queue_ = &queue;
     threads_.reserve(count);
     try {
         for (unsigned i = 0; i < count; ++i) {
-            threads_.emplace_back([&queue, archive] { Worker(queue, archive).run(); });
+            threads_.emplace_back(
+                [&queue, &buffers, archive] { Worker(queue, buffers, archive).run(); });
         }
     } catch (const std::system_error&) {
         if (threads_.empty()) {

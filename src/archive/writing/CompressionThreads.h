@@ -5,6 +5,7 @@
 
 #include "archive/base/Error.h"
 #include "archive/writing/CompressionQueue.h"
+#include "archive/writing/OutputBuffers.h"
 #include "archive/writing/SourceFile.h"
 
 namespace pellumar::archive {
@@ -23,9 +24,11 @@ class CompressionThreads {
     CompressionThreads& operator=(CompressionThreads&&) = delete;
 
     // Starts `count` threads, or as many as the system gives; kOutOfMemory if it gives none. To be
-    // called once. `queue` lives longer than this object; `archive` is no source.
+    // called once. `queue` and `buffers` live longer than this object; `archive`
+    // is no source.
     [[nodiscard]] Result<> start(unsigned count,
                                  CompressionQueue& queue,
+                                 OutputBuffers& buffers,
                                  const FileIdentity& archive);
 
     // Stops the queue and waits for the threads to end; later calls do nothing.

@@ -14,8 +14,8 @@ constexpr std::size_t kMostPieces = DeflateCompressor::kChunkSize / kPieceSize;
 // Each run begins a block of its own; a compressed one may be made open-ended before it is found to
 // be no smaller than stored, and libdeflate leaves a few bytes of its room unused.
 constexpr std::size_t kSlack = 64;
-constexpr std::size_t kOutputSize =
-    storedDeflateSize(DeflateCompressor::kChunkSize) + kMostPieces * kStoredBlockHeader + kSlack;
+static_assert(DeflateCompressor::kMostOutput >= storedDeflateSize(DeflateCompressor::kChunkSize) +
+                                                    kMostPieces * kStoredBlockHeader + kSlack);
 
 // Measured on C sources and on programs: in text the higher level saves twice as much for the same
 // time as it does in programs, which tell themselves by their zero bytes.
@@ -34,14 +34,12 @@ int levelFor(ByteView run) {
 
 }  // namespace
 
-ByteView DeflateCompressor::compress(ByteView chunk, bool last) {
+std::size_t DeflateCompressor::compress(ByteView chunk, bool last, MutableBytes output) {
     if (chunk.empty()) {
-        return last ? ByteView(kEmptyDeflateStream) : ByteView();
+        const std::size_t size = last ? kEmptyDeflateStream.size() : 0;
+        std::copy_n(kEmptyDeflateStream.begin(), size, output.begin());
+        return size;
     }
-    if (!output_) {
-        output_.reset(new std::uint8_t[kOutputSize]);
-    }
-    size_ = 0;
     std::array<bool, kMostPieces> worthwhile{};
     const std::size_t pieces = (chunk.size() + kPieceSize - 1) / kPieceSize;
     probe_.restart();
@@ -50,6 +48,7 @@ ByteView DeflateCompressor::compress(ByteView chunk, bool last) {
         worthwhile[i] =
             probe_.isWorthwhile(chunk.subspan(start, std::min(kPieceSize, chunk.size() - start)));
     }
+    std::size_t done = 0;
     for (std::size_t first = 0; first < pieces;) {
         std::size_t end = first + 1;
         while (end < pieces && worthwhile[end] == worthwhile[first]) {
@@ -58,43 +57,39 @@ ByteView DeflateCompressor::compress(ByteView chunk, bool last) {
         const std::size_t start = first * kPieceSize;
         const ByteView run = chunk.subspan(start, std::min(end * kPieceSize, chunk.size()) - start);
         const bool lastRun = last && end == pieces;
-        if (!worthwhile[first] || !tryCompress(run, lastRun)) {
-            appendStored(run, lastRun);
+        std::optional<std::size_t> size;
+        if (worthwhile[first]) {
+            size = tryCompress(run, lastRun, output.subspan(done));
         }
+        if (!size) {
+            size = storedDeflateSize(run.size());
+            storeAsDeflate(run, lastRun, output.subspan(done, *size));
+        }
+        done += *size;
         first = end;
     }
-    return {output_.get(), size_};
+    return done;
 }
 
-void DeflateCompressor::appendStored(ByteView run, bool last) {
-    const std::size_t size = storedDeflateSize(run.size());
-    storeAsDeflate(run, last, room().first(size));
-    size_ += size;
-}
-
-bool DeflateCompressor::tryCompress(ByteView run, bool last) {
+std::optional<std::size_t> DeflateCompressor::tryCompress(ByteView run,
+                                                          bool last,
+                                                          MutableBytes output) {
     libdeflate_compressor* const compressor = encoder(levelFor(run));
     if (compressor == nullptr) {
-        return false;
+        return std::nullopt;
     }
-    const MutableBytes target = room();
     std::optional<std::size_t> size = libdeflate_deflate_compress(
-        compressor, run.data(), run.size(), target.data(), target.size() - kDeflateJoinRoom);
+        compressor, run.data(), run.size(), output.data(), output.size() - kDeflateJoinRoom);
     if (size == 0) {
-        return false;
+        return std::nullopt;
     }
     if (!last) {
-        size = openDeflateEnd(walker_, target, *size);
+        size = openDeflateEnd(walker_, output, *size);
     }
     if (!size || *size >= storedDeflateSize(run.size())) {
-        return false;
+        return std::nullopt;
     }
-    size_ += *size;
-    return true;
-}
-
-MutableBytes DeflateCompressor::room() {
-    return MutableBytes(output_.get(), kOutputSize).subspan(size_);
+    return size;
 }
 
 libdeflate_compressor* DeflateCompressor::encoder(int level) {

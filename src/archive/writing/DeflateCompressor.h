@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 
 #include "archive/base/Bytes.h"
 #include "archive/writing/CompressibilityProbe.h"
@@ -17,16 +18,19 @@ namespace pellumar::archive {
 // independent of the others, so several compressors can share one entry. What comes out depends on
 // the chunk alone.
 //
-// What does not compress goes into stored blocks. Takes about 3 MiB once used; belongs to one
+// What does not compress goes into stored blocks. Takes about 2 MiB once used; belongs to one
 // thread.
 class DeflateCompressor {
   public:
     // The most that one chunk may hold.
     static constexpr std::size_t kChunkSize = 1024UL * 1024;
 
-    // The part of the stream that holds `chunk`: whole bytes, and the stream's end if `last`. Valid
-    // until the next call.
-    [[nodiscard]] ByteView compress(ByteView chunk, bool last);
+    // The most that a chunk can become.
+    static constexpr std::size_t kMostOutput = kChunkSize + 1024;
+
+    // Puts the part of the stream that holds `chunk` into `output`, which has room for kMostOutput
+    // bytes: whole bytes, and the stream's end if `last`. Returns its size.
+    [[nodiscard]] std::size_t compress(ByteView chunk, bool last, MutableBytes output);
 
   private:
     struct Deleter {
@@ -38,20 +42,17 @@ class DeflateCompressor {
 
     static constexpr int kHighestLevel = 12;
 
-    // These put one run of the chunk behind the output, as the end of the stream or to be followed.
-    void appendStored(ByteView run, bool last);
-    // False, and nothing done, where that is no smaller than stored or there is no memory for it.
-    [[nodiscard]] bool tryCompress(ByteView run, bool last);
-
-    [[nodiscard]] MutableBytes room();
+    // Puts one run of the chunk into `output`, as the end of the stream or to be followed, and
+    // returns its size. Nothing where that is no smaller than stored or there is no memory for it.
+    [[nodiscard]] std::optional<std::size_t> tryCompress(ByteView run,
+                                                         bool last,
+                                                         MutableBytes output);
     // Null if there is no memory for it.
     [[nodiscard]] libdeflate_compressor* encoder(int level);
 
     CompressibilityProbe probe_;
     DeflateBlockWalker walker_;
     std::array<Encoder, kHighestLevel + 1> encoders_;
-    std::unique_ptr<std::uint8_t[]> output_;
-    std::size_t size_ = 0;
 };
 
 }  // namespace pellumar::archive

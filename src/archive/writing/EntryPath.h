@@ -4,8 +4,9 @@
 
 namespace pellumar::archive {
 
-// Whether a source's path can be the path of an entry: not empty, relative, without NUL and "..",
-// and of a length that a header can hold (APPNOTE 4.4.10).
+// Whether a source's path can be the path of an entry: of a length that a header can hold (APPNOTE
+// 4.4.10), and a name that is not refused when the archive is read, since one such name would make
+// the whole archive useless.
 [[nodiscard]] bool isEntryPath(std::string_view path);
 
 }  // namespace pellumar::archive

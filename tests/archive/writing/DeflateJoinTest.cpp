@@ -36,6 +36,12 @@ Bytes inflated(ByteView stream, std::size_t size) {
     return content;
 }
 
+Bytes compressed(DeflateCompressor& compressor, ByteView chunk, bool last = true) {
+    Bytes output(DeflateCompressor::kMostOutput);
+    output.resize(compressor.compress(chunk, last, output));
+    return output;
+}
+
 // A stream of one fixed block that ends at any bit of a byte: a literal from 144 on has nine bits.
 Bytes streamOf(const Bytes& nineBitLiterals) {
     BitWriter writer;
@@ -90,8 +96,7 @@ TEST(DeflateJoinTest, FindsNoEndInDamagedStreams) {
     DeflateBlockWalker walker;
     DeflateCompressor compressor;
     const Bytes content = sampleContent(SampleKind::kBinary, 50'000);
-    const ByteView view = compressor.compress(content, true);
-    const Bytes stream(view.begin(), view.end());
+    const Bytes stream = compressed(compressor, content);
     ASSERT_TRUE(walker.walk(stream));
     for (std::size_t size = 0; size < stream.size(); ++size) {
         // In a buffer of its own, so that reading behind it is found out.
@@ -113,15 +118,15 @@ TEST(DeflateJoinTest, FindsNoEndInDamagedStreams) {
 class DeflateCompressorTest : public testing::TestWithParam<SampleKind> {
   protected:
     // The parts of `content`, cut at `sizes`, joined into one stream.
-    Bytes compressed(const Bytes& content, std::initializer_list<std::size_t> sizes) {
+    Bytes joined(const Bytes& content, std::initializer_list<std::size_t> sizes) {
         Bytes stream;
         ByteView left(content);
         for (const std::size_t size : sizes) {
-            const ByteView part = compressor_.compress(left.first(size), false);
+            const Bytes part = compressed(compressor_, left.first(size), false);
             stream.insert(stream.end(), part.begin(), part.end());
             left = left.subspan(size);
         }
-        const ByteView part = compressor_.compress(left, true);
+        const Bytes part = compressed(compressor_, left);
         stream.insert(stream.end(), part.begin(), part.end());
         return stream;
     }
@@ -136,7 +141,7 @@ TEST_P(DeflateCompressorTest, JoinsPartsIntoOneStream) {
         const std::size_t second = random() % (round < 30 ? 300 : 300'000);
         const std::size_t third = random() % 70'000;
         const Bytes content = sampleContent(GetParam(), first + second + third, random());
-        const Bytes stream = compressed(content, {first, second});
+        const Bytes stream = joined(content, {first, second});
         ASSERT_EQ(inflated(stream, content.size()), content) << first << " " << second;
         ASSERT_LE(stream.size(), storedDeflateSize(content.size()) + 30);
     }
@@ -157,8 +162,8 @@ TEST_P(DeflateCompressorTest, TakesEverySizeAroundPiecesAndChunks) {
                                    DeflateCompressor::kChunkSize - 1,
                                    DeflateCompressor::kChunkSize}) {
         const Bytes content(all.begin(), all.begin() + static_cast<std::ptrdiff_t>(size));
-        ASSERT_EQ(inflated(compressed(content, {}), size), content) << size;
-        ASSERT_EQ(inflated(compressed(content, {size}), size), content) << size;
+        ASSERT_EQ(inflated(joined(content, {}), size), content) << size;
+        ASSERT_EQ(inflated(joined(content, {size}), size), content) << size;
     }
 }
 
@@ -170,14 +175,14 @@ INSTANTIATE_TEST_SUITE_P(Kinds,
 TEST(CompressibilityTest, IsJudgedInPieces) {
     DeflateCompressor compressor;
     const Bytes noise = sampleContent(SampleKind::kNoise, 300'000);
-    EXPECT_EQ(compressor.compress(noise, true).size(), storedDeflateSize(noise.size()));
+    EXPECT_EQ(compressed(compressor, noise).size(), storedDeflateSize(noise.size()));
 
     const Bytes text = sampleContent(SampleKind::kText, 200'000);
-    const std::size_t textSize = compressor.compress(text, true).size();
+    const std::size_t textSize = compressed(compressor, text).size();
     Bytes mixed = noise;
     mixed.insert(mixed.end(), text.begin(), text.end());
     mixed.insert(mixed.end(), noise.begin(), noise.end());
-    const std::size_t mixedSize = compressor.compress(mixed, true).size();
+    const std::size_t mixedSize = compressed(compressor, mixed).size();
     EXPECT_LT(mixedSize, 2 * noise.size() + textSize + 2 * CompressibilityProbe::kPieceSize);
     EXPECT_LT(textSize, text.size() / 2);
 }
@@ -190,7 +195,7 @@ TEST(CompressibilityTest, RepetitionsAmongEvenlySpreadBytesAreFound) {
         content.insert(content.end(), pattern.begin(), pattern.end());
     }
     DeflateCompressor compressor;
-    EXPECT_LT(compressor.compress(content, true).size(), content.size() / 10);
+    EXPECT_LT(compressed(compressor, content).size(), content.size() / 10);
 }
 
 }  // namespace

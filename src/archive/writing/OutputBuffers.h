@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <mutex>
+#include <vector>
+
+namespace pellumar::archive {
+
+// Large buffers of one size that are used again and again: memory fresh from the system costs more
+// than what is done with it here. Any thread may take and give back.
+class OutputBuffers {
+  public:
+    // Gives a buffer back to where it came from.
+    struct GiveBack {
+        OutputBuffers* owner = nullptr;
+        void operator()(std::uint8_t* buffer) const;
+    };
+    using Buffer = std::unique_ptr<std::uint8_t[], GiveBack>;
+
+    // All buffers of this object hold `size` bytes, and must not outlive it.
+    explicit OutputBuffers(std::size_t size) : size_(size) {}
+
+    // A buffer of arbitrary content.
+    [[nodiscard]] Buffer take();
+
+    [[nodiscard]] std::size_t size() const { return size_; }
+
+  private:
+    const std::size_t size_;
+    std::mutex mutex_;
+    std::vector<std::unique_ptr<std::uint8_t[]>> free_;  // the mutex guards it
+};
+
+}  // namespace pellumar::archive
