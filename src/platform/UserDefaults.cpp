@@ -40,6 +40,10 @@ qint64 UserDefaults::integerForKey(const QString& key) const {
     return valueForKey(key).toLongLong();
 }
 
+QString UserDefaults::stringForKey(const QString& key) const {
+    return valueForKey(key).toString();
+}
+
 void UserDefaults::setBool(bool value, const QString& key) {
     setValue(value, key);
 }

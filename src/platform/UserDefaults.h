@@ -26,6 +26,8 @@ class UserDefaults {
     [[nodiscard]] bool boolForKey(const QString& key) const;
     // 0 if the key is missing or does not hold a whole number.
     [[nodiscard]] qint64 integerForKey(const QString& key) const;
+    // Empty if the key is missing or holds a list.
+    [[nodiscard]] QString stringForKey(const QString& key) const;
 
     // Every write is on disk when it returns, so that it outlives a process that is killed.
     void setBool(bool value, const QString& key);
