@@ -1,6 +1,6 @@
 #include "archive/Archive.h"
 
-#include <algorithm>
+#include <new>
 #include <utility>
 
 #include "archive/reading/ArchiveReader.h"
@@ -9,6 +9,38 @@
 
 namespace pellumar::archive {
 
+namespace {
+
+// What memory runs out for is an error like others, here where the library ends.
+template <typename Operation>
+auto withinMemory(const Operation& operation) -> decltype(operation()) {
+    try {
+        return operation();
+    } catch (const std::bad_alloc&) {
+        return failure(ErrorCode::kOutOfMemory);
+    }
+}
+
+Result<UnzipReport> unzip(const std::filesystem::path& at,
+                          const std::filesystem::path& to,
+                          bool skipCRC32) {
+    auto archive = ArchiveReader::open(at);
+    if (!archive) {
+        return passOn(archive);
+    }
+    auto extracted = extractAll(**archive, to, {.skipChecksum = skipCRC32});
+    if (!extracted) {
+        return passOn(extracted);
+    }
+    UnzipReport report{.entries = extracted->entries,
+                       .bytes = extracted->bytes,
+                       .warnings = (*archive)->warnings()};
+    report.warnings.add(extracted->warnings);
+    return report;
+}
+
+}  // namespace
+
 Archive::Archive(std::unique_ptr<ArchiveReader> reader) : reader_(std::move(reader)) {}
 Archive::Archive(std::unique_ptr<ArchiveWriter> writer) : writer_(std::move(writer)) {}
 Archive::Archive(Archive&&) noexcept = default;
@@ -16,18 +48,20 @@ Archive& Archive::operator=(Archive&&) noexcept = default;
 Archive::~Archive() = default;
 
 Result<Archive> Archive::open(const std::filesystem::path& path, AccessMode mode) {
-    if (mode == AccessMode::kCreate) {
-        auto writer = ArchiveWriter::create(path);
-        if (!writer) {
-            return passOn(writer);
+    return withinMemory([&]() -> Result<Archive> {
+        if (mode == AccessMode::kCreate) {
+            auto writer = ArchiveWriter::create(path);
+            if (!writer) {
+                return passOn(writer);
+            }
+            return Archive(std::move(*writer));
         }
-        return Archive(std::move(*writer));
-    }
-    auto reader = ArchiveReader::open(path);
-    if (!reader) {
-        return passOn(reader);
-    }
-    return Archive(std::move(*reader));
+        auto reader = ArchiveReader::open(path);
+        if (!reader) {
+            return passOn(reader);
+        }
+        return Archive(std::move(*reader));
+    });
 }
 
 Result<> Archive::addEntry(const std::string& path,
@@ -37,7 +71,8 @@ Result<> Archive::addEntry(const std::string& path,
     if (!writer_) {
         return failure(ErrorCode::kInvalidArgument);
     }
-    return writer_->addEntry({.path = path, .base = base}, bufferSize);
+    return withinMemory(
+        [&] { return writer_->addEntry({.path = path, .base = base}, bufferSize); });
 }
 
 void Archive::compressAhead(std::vector<EntrySource> next, std::size_t bufferSize) {
@@ -47,7 +82,7 @@ void Archive::compressAhead(std::vector<EntrySource> next, std::size_t bufferSiz
 }
 
 Result<> Archive::close() {
-    return writer_ ? writer_->close() : Result<>();
+    return writer_ ? withinMemory([this] { return writer_->close(); }) : Result<>();
 }
 
 std::size_t Archive::size() const {
@@ -66,19 +101,7 @@ const Warnings& Archive::warnings() const {
 Result<UnzipReport> unzipItem(const std::filesystem::path& at,
                               const std::filesystem::path& to,
                               bool skipCRC32) {
-    auto archive = ArchiveReader::open(at);
-    if (!archive) {
-        return passOn(archive);
-    }
-    auto extracted = extractAll(**archive, to, {.skipChecksum = skipCRC32});
-    if (!extracted) {
-        return passOn(extracted);
-    }
-    UnzipReport report{.entries = extracted->entries,
-                       .bytes = extracted->bytes,
-                       .warnings = (*archive)->warnings()};
-    report.warnings.add(extracted->warnings);
-    return report;
+    return withinMemory([&] { return unzip(at, to, skipCRC32); });
 }
 
 }  // namespace pellumar::archive

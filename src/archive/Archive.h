@@ -24,9 +24,8 @@ enum class CompressionMethod : std::uint8_t { kDeflate };
 // A ZIP archive on disk: open for reading its entries, or being made. An Archive that you hold is
 // open; there is no other state.
 //
-// Threads: an object belongs to one thread at a time. It uses threads of its own inside, and ends
-// them before an operation or the destructor returns (compressAhead is the exception: its threads
-// run until the archive is closed).
+// Threads: an object belongs to one thread at a time. An archive that is being made has threads of
+// its own inside until it is closed.
 class Archive {
   public:
     // kCreate: makes a new file at `path`; kAlreadyExists if something stands there.
@@ -136,8 +135,10 @@ struct UnzipReport {
 // name of one that was not. Of several errors the one of the first entry in the archive is told, in
 // so far as the others were reached.
 //
-// Uses up to eight threads and 24 MiB beside the directory (a large LZMA, XZ or Zstandard window
-// excepted: those are used one at a time), and returns when all of them have ended.
+// Up to eight threads extract, each with a buffer of a little over 1 MiB; while one of the last
+// very large entries is unpacked another thread and 1 MiB write behind it. Methods other than
+// Deflate add their windows, of up to 8 MiB each; larger ones, up to 128 MiB, are used one at a
+// time. Returns when all threads have ended.
 [[nodiscard]] Result<UnzipReport> unzipItem(const std::filesystem::path& at,
                                             const std::filesystem::path& to,
                                             bool skipCRC32 = false);

@@ -43,8 +43,7 @@ INSTANTIATE_TEST_SUITE_P(
         LinkCase{"ThroughTwo",
                  {{"d/here", "."}, {"d/e/up", "../here/.."}, {"l", "d/e/up/.."}},
                  "l"},
-        LinkCase{"Loop", {{"a", "b"}, {"b", "a"}}, "a"},
-        LinkCase{"Itself", {{"a", "a"}}, "a"},
+        LinkCase{"WalkedLoop", {{"a", "b/../c"}, {"b", "b"}}, "a"},
         // Up to the NUL is what the system would take.
         LinkCase{"BehindANul", {{"l", std::string("..\0/x", 5)}}, "l"},
         LinkCase{"NulAtTheEnd", {{"d/l", std::string("../..\0", 6)}}, "d/l"}),
@@ -109,15 +108,14 @@ TEST_F(SymbolicLinkTest, NothingIsWrittenThroughALinkThatStandsThere) {
 }
 
 // Following each would take the square of their length: the kernel gives up after 40.
-TEST_F(SymbolicLinkTest, LongChainsAreRefused) {
+TEST_F(SymbolicLinkTest, WalkingLongChainsIsRefused) {
     ZipBuilder zip;
     zip.file("l0", "end");
     for (int i = 1; i <= 60; ++i) {
         zip.add(symbolicLink("l" + std::to_string(i), "l" + std::to_string(i - 1)));
     }
-    const auto report = unzip(zip);
-    ASSERT_FALSE(report);
-    EXPECT_EQ(report.error().code, ErrorCode::kUnsafeLink);
+    zip.add(symbolicLink("walker", "l60/../x"));
+    expectRefused(zip, ErrorCode::kUnsafeLink, "walker");
 }
 
 }  // namespace

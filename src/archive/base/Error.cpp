@@ -63,12 +63,22 @@ std::string_view describe(ErrorCode code) {
     return "unknown error";
 }
 
+namespace {
+
+// Whether an error that names an entry is about one that stands in an archive: then 0 is the offset
+// of the first.
+bool concernsArchivedEntry(ErrorCode code) {
+    return code >= ErrorCode::kNotAnArchive && code <= ErrorCode::kChecksumMismatch;
+}
+
+}  // namespace
+
 std::string Error::describe() const {
     std::string line(archive::describe(code));
     if (!entry.empty()) {
         line += ": " + entry;
     }
-    if (offset != 0 || !entry.empty()) {
+    if (offset != 0 || (!entry.empty() && concernsArchivedEntry(code))) {
         line += " (at offset " + std::to_string(offset) + ")";
     }
     if (systemError != 0) {

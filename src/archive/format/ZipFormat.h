@@ -23,8 +23,7 @@ inline constexpr std::size_t kZip64LocatorSize = 20;
 inline constexpr std::size_t kEndOfCentralDirectorySize = 22;
 
 // A data descriptor is crc, compressed and uncompressed size, with or without its signature, with
-// sizes of 32 or 64 bits (4.3.9): the shortest and the longest.
-inline constexpr std::size_t kShortestDataDescriptor = 12;
+// sizes of 32 or 64 bits (4.3.9). The longest:
 inline constexpr std::size_t kLongestDataDescriptor = 24;
 
 // A 16 or 32 bit field at its maximum means: see the ZIP64 record or extra field (4.4.1.4).
@@ -61,10 +60,7 @@ inline constexpr std::uint16_t kExtraUnicodePath = 0x7075;        // 4.6.9
 inline constexpr std::size_t kExtraFieldHeaderSize = 4;
 
 // Hosts in the upper byte of "version made by" (4.4.2.2).
-inline constexpr std::uint8_t kHostFat = 0;
 inline constexpr std::uint8_t kHostUnix = 3;
-inline constexpr std::uint8_t kHostNtfs = 10;
-inline constexpr std::uint8_t kHostVfat = 14;
 inline constexpr std::uint8_t kHostDarwin = 19;
 
 // Versions of the format in tenths (4.4.3.2).

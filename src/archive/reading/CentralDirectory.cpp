@@ -11,8 +11,8 @@
 
 #include "archive/codecs/Decoder.h"
 #include "archive/format/CentralDirectoryHeader.h"
+#include "archive/format/EntryPath.h"
 #include "archive/format/ZipFormat.h"
-#include "archive/reading/EntryPath.h"
 #include "archive/reading/NameDecoder.h"
 
 namespace pellumar::archive {
@@ -203,7 +203,7 @@ class TableBuilder {
 
 // Gives every entry the end of its slot and refuses those whose data cannot be within it. The local
 // header's extra fields are not known yet, so this is what the directory shows; the rest is checked
-// against the slot when the entry is read.
+// against the slot when that is read.
 Result<> assignSlots(EntryTable& table, std::uint64_t directoryOffset) {
     std::vector<std::size_t> order(table.size());
     std::iota(order.begin(), order.end(), std::size_t{0});

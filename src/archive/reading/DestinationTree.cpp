@@ -64,7 +64,11 @@ Result<File> DestinationTree::enter(std::string_view folder) const {
 }
 
 Result<File> DestinationTree::enterStepByStep(std::string_view folder) const {
-    File current(::openat(root_.descriptor(), ".", kEnterFlags));
+    return descend(root_.descriptor(), folder);
+}
+
+Result<File> DestinationTree::descend(int from, std::string_view folder) {
+    File current(::openat(from, ".", kEnterFlags));
     while (current.isOpen() && !folder.empty()) {
         const std::size_t end = std::min(folder.find('/'), folder.size());
         const std::string component(folder.substr(0, end));
@@ -77,13 +81,16 @@ Result<File> DestinationTree::enterStepByStep(std::string_view folder) const {
     return current;
 }
 
-std::uint64_t DestinationTree::freeSpace() const {
+DestinationTree::Room DestinationTree::room() const {
+    constexpr std::uint64_t kUntold = std::numeric_limits<std::uint64_t>::max();
     struct statvfs status {};
-    // Some file systems of the network know no size and say 0 of 0.
-    if (::fstatvfs(root_.descriptor(), &status) != 0 || status.f_blocks == 0) {
-        return std::numeric_limits<std::uint64_t>::max();
+    if (::fstatvfs(root_.descriptor(), &status) != 0) {
+        return {.bytes = kUntold, .nodes = kUntold, .blockSize = 1};
     }
-    return static_cast<std::uint64_t>(status.f_bavail) * status.f_frsize;
+    // File systems of the network, and those that make nodes as they need them, say 0 of 0.
+    return {.bytes = status.f_blocks == 0 ? kUntold : status.f_bavail * status.f_frsize,
+            .nodes = status.f_files == 0 ? kUntold : status.f_favail,
+            .blockSize = std::max<std::uint64_t>(status.f_frsize, 1)};
 }
 
 std::size_t DestinationTree::longestName() const {
@@ -94,7 +101,14 @@ std::size_t DestinationTree::longestName() const {
 Result<int> FolderCursor::enterParentOf(std::string_view path) {
     const std::string_view parent = parentOf(path);
     if (!folder_.isOpen() || parent != path_) {
-        auto entered = tree_.enter(parent);
+        // A neighbour below is near; long paths are not walked again for each of their folders.
+        const bool isBelow = folder_.isOpen() && parent.size() > path_.size() &&
+                             parent.starts_with(path_) &&
+                             (path_.empty() || parent[path_.size()] == '/');
+        const std::size_t known = path_.empty() ? 0 : path_.size() + 1;
+        auto entered = isBelow
+                           ? DestinationTree::descend(folder_.descriptor(), parent.substr(known))
+                           : tree_.enter(parent);
         if (!entered) {
             return passOn(entered);
         }

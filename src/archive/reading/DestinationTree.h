@@ -29,8 +29,16 @@ class DestinationTree {
     // that forbid it.
     [[nodiscard]] Result<File> enterStepByStep(std::string_view folder) const;
 
-    // What is free for this user, in bytes; UINT64_MAX where the file system does not tell.
-    [[nodiscard]] std::uint64_t freeSpace() const;
+    // Goes on from the descriptor of a folder to one below it.
+    [[nodiscard]] static Result<File> descend(int from, std::string_view folder);
+
+    // What the file system has left for this user. UINT64_MAX for what it does not tell.
+    struct Room {
+        std::uint64_t bytes = 0;
+        std::uint64_t nodes = 0;      // files, folders and links
+        std::uint64_t blockSize = 0;  // what a file's size is rounded up to
+    };
+    [[nodiscard]] Room room() const;
 
     // The longest name of one component that the file system takes, in bytes.
     [[nodiscard]] std::size_t longestName() const;

@@ -135,7 +135,8 @@ Result<DirectoryLocation> follow(const File& file, std::uint64_t position, ByteV
     }
     if (fields.directorySize > directoryEnd ||
         fields.directoryOffset > directoryEnd - fields.directorySize ||
-        fields.entries > fields.directorySize / kCentralDirectoryHeaderSize) {
+        fields.entries > fields.directorySize / kCentralDirectoryHeaderSize ||
+        fields.entries > fields.directoryOffset / kLocalFileHeaderSize) {
         return failure(ErrorCode::kDamagedDirectory, position);
     }
     const std::uint64_t offset = directoryEnd - fields.directorySize;

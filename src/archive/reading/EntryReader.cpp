@@ -32,6 +32,10 @@ bool agreesOrUnknown(std::uint64_t local, std::uint64_t central, bool mayBeUnkno
     return local == central || (mayBeUnknown && local == 0);
 }
 
+std::uint64_t usualHeaderSize(const EntryData& data) {
+    return kLocalFileHeaderSize + data.rawName.size() + kUsualExtra;
+}
+
 bool agrees(const LocalFileHeader& local, const EntryData& data) {
     const Entry& entry = data.entry;
     const bool described = (data.flags & kFlagDataDescriptor) != 0;
@@ -62,6 +66,8 @@ Result<std::unique_ptr<EntryReader>> EntryReader::create(const File& file) {
 
 Result<> EntryReader::read(const EntryData& data, bool skipChecksum, DataSink& sink) {
     auto done = readUnnamed(data, skipChecksum, sink);
+    // Its window may be large, and nobody else may have one meanwhile.
+    otherDecoder_.reset();
     if (!done) {
         return Failure(
             std::move(done.error()).about(data.entry.path, data.entry.localHeaderOffset));
@@ -69,15 +75,28 @@ Result<> EntryReader::read(const EntryData& data, bool skipChecksum, DataSink& s
     return {};
 }
 
+Result<> EntryReader::checkHeader(const EntryData& data) {
+    auto located = locate(data, usualHeaderSize(data));
+    if (!located) {
+        return Failure(
+            std::move(located.error()).about(data.entry.path, data.entry.localHeaderOffset));
+    }
+    return {};
+}
+
 Result<> EntryReader::readUnnamed(const EntryData& data, bool skipChecksum, DataSink& sink) {
-    auto located = locate(data);
+    const Entry& entry = data.entry;
+    const std::uint64_t usual =
+        usualHeaderSize(data) + entry.compressedSize + kLongestDataDescriptor;
+    // A larger entry streams in any case; its first piece is enough.
+    const bool fits = usual <= kInputSize && entry.uncompressedSize <= kOutputSize;
+    auto located = locate(data, fits ? usual : kPieceSize);
     if (!located) {
         return passOn(located);
     }
     if (auto described = checkDescriptor(data, *located); !described) {
         return described;
     }
-    const Entry& entry = data.entry;
     const bool whole = located->buffered.size() >= entry.compressedSize &&
                        entry.uncompressedSize <= kOutputSize &&
                        (entry.method == kMethodStored || entry.method == kMethodDeflate);
@@ -89,15 +108,9 @@ Result<> EntryReader::readUnnamed(const EntryData& data, bool skipChecksum, Data
     return stream(data, *located, skipChecksum, sink);
 }
 
-Result<EntryReader::Located> EntryReader::locate(const EntryData& data) {
+Result<EntryReader::Located> EntryReader::locate(const EntryData& data, std::uint64_t wanted) {
     const Entry& entry = data.entry;
     const std::uint64_t slot = data.slotEnd - entry.localHeaderOffset;
-    const std::uint64_t usual = kLocalFileHeaderSize + data.rawName.size() + kUsualExtra +
-                                entry.compressedSize + kLongestDataDescriptor;
-    // A larger entry streams in any case; its first piece is enough.
-    const bool fits = usual <= kInputSize && entry.uncompressedSize <= kOutputSize;
-    const std::uint64_t wanted = fits ? usual : kPieceSize;
-
     MutableBytes head(input_.get(), static_cast<std::size_t>(std::min(slot, wanted)));
     if (auto read = file_.readExactlyAt(entry.localHeaderOffset, head); !read) {
         return passOn(read);

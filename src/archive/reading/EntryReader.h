@@ -26,6 +26,10 @@ class EntryReader {
     // `file` outlives the reader; other readers may use it at the same time.
     [[nodiscard]] static Result<std::unique_ptr<EntryReader>> create(const File& file);
 
+    // Reads the entry's local header alone and holds it against the central directory:
+    // kHeaderMismatch if they disagree, kOverlap if the data would not lie within the entry's slot.
+    [[nodiscard]] Result<> checkHeader(const EntryData& data);
+
     // Hands the data of `data`, a file or symbolic link, to `sink`. Errors carry the entry's path
     // and the offset of its local header, or of what is wrong.
     [[nodiscard]] Result<> read(const EntryData& data, bool skipChecksum, DataSink& sink);
@@ -45,7 +49,8 @@ class EntryReader {
     EntryReader(const File& file, OneShotInflater inflater);
 
     [[nodiscard]] Result<> readUnnamed(const EntryData& data, bool skipChecksum, DataSink& sink);
-    [[nodiscard]] Result<Located> locate(const EntryData& data);
+    // Reads about `wanted` bytes from the local header on, and checks the header.
+    [[nodiscard]] Result<Located> locate(const EntryData& data, std::uint64_t wanted);
     [[nodiscard]] Result<> unpackWhole(const Entry& entry,
                                        ByteView compressed,
                                        bool skipChecksum,

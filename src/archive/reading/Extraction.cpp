@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <atomic>
 #include <mutex>
+#include <new>
 #include <optional>
 #include <string>
 #include <system_error>
@@ -61,10 +62,11 @@ class Extraction {
                        : std::clamp(std::thread::hardware_concurrency(), 1U, kMostThreads)) {}
 
     Result<ExtractionResult> run() {
-        if (plan_.bytes > tree_.freeSpace()) {
+        const DestinationTree::Room room = tree_.room();
+        if (plan_.bytesOnDisk(room.blockSize) > room.bytes || plan_.nodes() > room.nodes) {
             return failure(ErrorCode::kTooLarge);
         }
-        if (auto checked = checkLinks(); !checked) {
+        if (auto checked = checkEntries(); !checked) {
             return passOn(checked);
         }
         FolderMaker folders(tree_);
@@ -80,33 +82,45 @@ class Extraction {
         }
         folders.restoreMetadata(plan_.folders, plan_.warnings);
         return ExtractionResult{
-            .entries = plan_.folders.size() + plan_.files.size() + plan_.links.size(),
-            .bytes = plan_.bytes,
-            .warnings = std::move(plan_.warnings)};
+            .entries = plan_.nodes(), .bytes = plan_.bytes, .warnings = std::move(plan_.warnings)};
     }
 
   private:
-    // Links are small: their targets are read and judged before anything is made.
-    Result<> checkLinks() {
-        if (plan_.links.empty()) {
-            return {};
-        }
+    static Failure unsafe(const EntryData& link) {
+        return Failure(Error{.code = ErrorCode::kUnsafeLink,
+                             .entry = std::string(link.entry.path),
+                             .offset = link.entry.localHeaderOffset});
+    }
+
+    // All that can be wrong with an entry short of its data, before anything is made.
+    Result<> checkEntries() {
         auto reader = EntryReader::create(archive_.file());
         if (!reader) {
             return passOn(reader);
         }
+        const EntryTable& entries = archive_.entries();
+        for (std::size_t i = 0; i < entries.size(); ++i) {
+            if (auto checked = (*reader)->checkHeader(entries[i]); !checked) {
+                return checked;
+            }
+        }
+        return checkLinks(**reader);
+    }
+
+    // Links are small: their targets are read and judged.
+    Result<> checkLinks(EntryReader& reader) {
         for (const EntryData* link : plan_.links) {
             TargetSink sink;
-            if (auto read = (*reader)->read(*link, options_.skipChecksum, sink); !read) {
+            if (auto read = reader.read(*link, options_.skipChecksum, sink); !read) {
                 return read;
             }
-            links_.add(link->entry.path, sink.take());
+            if (!links_.add(link->entry.path, sink.take())) {
+                return unsafe(*link);
+            }
         }
         for (const EntryData* link : plan_.links) {
             if (!links_.isSafe(link->entry.path)) {
-                return Failure(Error{.code = ErrorCode::kUnsafeLink,
-                                     .entry = std::string(link->entry.path),
-                                     .offset = link->entry.localHeaderOffset});
+                return unsafe(*link);
             }
         }
         return {};
@@ -115,16 +129,26 @@ class Extraction {
     void extractFiles() {
         const std::size_t count = std::min<std::size_t>(threads_, plan_.tasks.size());
         std::vector<std::thread> helpers;
+        helpers.reserve(count);
         for (std::size_t i = 1; i < count; ++i) {
             try {
-                helpers.emplace_back([this] { work(); });
+                helpers.emplace_back([this] { workWithinMemory(); });
             } catch (const std::system_error&) {
                 break;  // fewer threads take longer, no more
             }
         }
-        work();
+        workWithinMemory();
         for (std::thread& helper : helpers) {
             helper.join();
+        }
+    }
+
+    // Nothing may leave a thread but by way of its report.
+    void workWithinMemory() {
+        try {
+            work();
+        } catch (const std::bad_alloc&) {
+            report(nullptr, failure(ErrorCode::kOutOfMemory).value());
         }
     }
 

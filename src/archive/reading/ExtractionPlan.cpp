@@ -1,6 +1,7 @@
 #include "archive/reading/ExtractionPlan.h"
 
 #include <algorithm>
+#include <limits>
 #include <string>
 #include <utility>
 
@@ -184,6 +185,18 @@ class Planner {
 };
 
 }  // namespace
+
+std::uint64_t ExtractionPlan::bytesOnDisk(std::uint64_t blockSize) const {
+    std::uint64_t sum = 0;
+    bool overflow = __builtin_mul_overflow(folders.size(), blockSize, &sum);
+    for (const EntryData* file : files) {
+        const std::uint64_t size = file->entry.uncompressedSize;
+        const std::uint64_t part = size % blockSize;
+        overflow = overflow || __builtin_add_overflow(sum, size, &sum) ||
+                   __builtin_add_overflow(sum, part == 0 ? 0 : blockSize - part, &sum);
+    }
+    return overflow ? std::numeric_limits<std::uint64_t>::max() : sum;
+}
 
 Result<ExtractionPlan> planExtraction(const EntryTable& table, const PathLimits& limits) {
     return Planner(table, limits).plan();

@@ -31,6 +31,12 @@ struct ExtractionPlan {
     std::vector<const EntryData*> links;
     std::uint64_t bytes = 0;  // of all files, unpacked
     Warnings warnings;
+
+    [[nodiscard]] std::size_t nodes() const { return folders.size() + files.size() + links.size(); }
+
+    // What it all takes of a file system: files rounded up to blocks, and a block for each folder.
+    // UINT64_MAX if that does not fit into 64 bits.
+    [[nodiscard]] std::uint64_t bytesOnDisk(std::uint64_t blockSize) const;
 };
 
 // The limits of the place that the files go to.

@@ -28,16 +28,18 @@ std::array<timespec, 2> timesOf(const Entry& entry) {
 
 Result<> FolderMaker::makeAll(const std::vector<ExtractionPlan::Folder>& folders) {
     for (const ExtractionPlan::Folder& folder : folders) {
-        if (auto made = make(folder); !made) {
+        auto made = make(folder);
+        if (!made) {
             const std::uint64_t offset =
                 folder.data == nullptr ? 0 : folder.data->entry.localHeaderOffset;
             return Failure(std::move(made.error()).about(folder.path, offset));
         }
+        made_.push_back(*made);
     }
     return {};
 }
 
-Result<> FolderMaker::make(const ExtractionPlan::Folder& folder) {
+Result<bool> FolderMaker::make(const ExtractionPlan::Folder& folder) {
     auto parent = cursor_.enterParentOf(folder.path);
     if (!parent) {
         return passOn(parent);
@@ -45,7 +47,7 @@ Result<> FolderMaker::make(const ExtractionPlan::Folder& folder) {
     const std::string name(lastComponent(folder.path));
     if (::mkdirat(*parent, name.c_str(), static_cast<mode_t>(permissionsWhileFilled(folder))) ==
         0) {
-        return {};
+        return true;
     }
     if (errno != EEXIST) {
         return systemFailure(ErrorCode::kWriteFailed);
@@ -55,7 +57,7 @@ Result<> FolderMaker::make(const ExtractionPlan::Folder& folder) {
         !S_ISDIR(status.st_mode)) {
         return failure(ErrorCode::kAlreadyExists);
     }
-    return {};
+    return false;
 }
 
 Result<> FolderMaker::makeLinks(const std::vector<const EntryData*>& links,
@@ -87,11 +89,12 @@ Result<> FolderMaker::makeLink(const Entry& entry, const std::string& target) {
 void FolderMaker::restoreMetadata(const std::vector<ExtractionPlan::Folder>& folders,
                                   Warnings& warnings) {
     // From the innermost outwards: a folder may take away the right to reach what is in it.
-    for (auto folder = folders.rbegin(); folder != folders.rend(); ++folder) {
-        if (folder->data != nullptr && !restore(folder->data->entry)) {
+    for (std::size_t i = folders.size(); i-- > 0;) {
+        const ExtractionPlan::Folder& folder = folders[i];
+        if (made_[i] && folder.data != nullptr && !restore(folder.data->entry)) {
             warnings.add(WarningCode::kMetadataNotRestored,
-                         folder->path,
-                         folder->data->entry.localHeaderOffset);
+                         folder.path,
+                         folder.data->entry.localHeaderOffset);
         }
     }
 }
@@ -102,13 +105,17 @@ bool FolderMaker::restore(const Entry& entry) {
         return false;
     }
     const std::string name(lastComponent(entry.path));
-    const bool timed =
-        ::utimensat(*parent, name.c_str(), timesOf(entry).data(), AT_SYMLINK_NOFOLLOW) == 0;
+    const File folder(
+        ::openat(*parent, name.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+    if (!folder.isOpen()) {
+        return false;
+    }
+    const bool timed = ::futimens(folder.descriptor(), timesOf(entry).data()) == 0;
     // What mkdir made of it is right already unless the umask or the owner's rights differ.
     const bool permitted =
         ((entry.permissions & tree_.umask()) == 0 &&
          (entry.permissions & kOwnerAll) == kOwnerAll) ||
-        ::fchmodat(*parent, name.c_str(), static_cast<mode_t>(entry.permissions), 0) == 0;
+        ::fchmod(folder.descriptor(), static_cast<mode_t>(entry.permissions)) == 0;
     return timed && permitted;
 }
 

@@ -24,17 +24,20 @@ class FolderMaker {
     [[nodiscard]] Result<> makeLinks(const std::vector<const EntryData*>& links,
                                      const LinkSafety& targets);
 
-    // Gives the folders that have an entry their permissions and times. Until then their owner may
-    // write in them, whatever the archive says. What the system refuses becomes a warning.
+    // Gives the folders that makeAll made, and that have an entry, their permissions and times.
+    // Until then their owner may write in them, whatever the archive says. What the system refuses
+    // becomes a warning.
     void restoreMetadata(const std::vector<ExtractionPlan::Folder>& folders, Warnings& warnings);
 
   private:
-    [[nodiscard]] Result<> make(const ExtractionPlan::Folder& folder);
+    // Whether it was made, and had not been there.
+    [[nodiscard]] Result<bool> make(const ExtractionPlan::Folder& folder);
     [[nodiscard]] Result<> makeLink(const Entry& entry, const std::string& target);
     [[nodiscard]] bool restore(const Entry& entry);
 
     const DestinationTree& tree_;
     FolderCursor cursor_;
+    std::vector<bool> made_;  // for each of the folders
 };
 
 }  // namespace pellumar::archive

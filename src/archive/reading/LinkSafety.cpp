@@ -3,6 +3,8 @@
 #include <linux/limits.h>
 
 #include <algorithm>
+#include <optional>
+#include <utility>
 
 namespace pellumar::archive {
 
@@ -21,17 +23,59 @@ bool climb(std::string& folder) {
     return true;
 }
 
+// How many components of a path lead upwards, if all of them stand in front of those that lead
+// downwards.
+std::optional<std::size_t> climbsInFront(std::string_view target) {
+    std::size_t climbs = 0;
+    bool descended = false;
+    for (std::size_t at = 0; at < target.size();) {
+        const std::size_t end = std::min(target.find('/', at), target.size());
+        const std::string_view component = target.substr(at, end - at);
+        if (component == "..") {
+            if (descended) {
+                return std::nullopt;
+            }
+            ++climbs;
+        } else if (!component.empty() && component != ".") {
+            descended = true;
+        }
+        at = end + 1;
+    }
+    return climbs;
+}
+
 }  // namespace
 
+bool LinkSafety::add(std::string_view path, std::string target) {
+    if (target.size() > kMostTargetBytes - targetBytes_) {
+        return false;
+    }
+    targetBytes_ += target.size();
+    longestPath_ = std::max(longestPath_, path.size());
+    links_[path] = std::move(target);
+    return true;
+}
+
 bool LinkSafety::isSafe(std::string_view path) const {
+    const std::string& target = targetOf(path);
+    // The system takes a target up to a NUL, so that "..", NUL and more would be ".." to it.
+    if (target.empty() || target.front() == '/' || target.find('\0') != std::string::npos) {
+        return false;
+    }
+    // Nearly every link is of this kind: climbs from where it really stands, then only descends, by
+    // way of other links perhaps, each of which stays inside itself.
+    if (const auto climbs = climbsInFront(target)) {
+        return *climbs <= static_cast<std::size_t>(std::count(path.begin(), path.end(), '/'));
+    }
+    return staysInside(path);
+}
+
+// Walks the target as the system would, through the other links.
+bool LinkSafety::staysInside(std::string_view path) const {
     std::string place(path);  // where the walk stands, from the destination folder
     climb(place);
     std::string rest = targetOf(path);  // what is still to be walked
     int linksFollowed = 0;
-    // The system takes a target up to a NUL, so that "..", NUL and more would be ".." to it.
-    if (rest.empty() || rest.find('\0') != std::string::npos) {
-        return false;
-    }
     std::size_t at = 0;  // in `rest`
     while (at < rest.size()) {
         if (rest[at] == '/') {
@@ -52,7 +96,8 @@ bool LinkSafety::isSafe(std::string_view path) const {
         const std::size_t above = place.size();
         place += place.empty() ? "" : "/";
         place += component;
-        const auto link = links_.find(place);
+        // Looking up a place that is too long to be a link's would cost as much as it is long.
+        const auto link = place.size() > longestPath_ ? links_.end() : links_.find(place);
         if (link == links_.end()) {
             continue;
         }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -11,11 +12,16 @@ namespace pellumar::archive {
 // After the links have been added it may be asked by several threads.
 class LinkSafety {
   public:
-    void add(std::string_view path, std::string target) { links_[path] = std::move(target); }
+    // The most bytes that all targets may have together.
+    static constexpr std::size_t kMostTargetBytes = 16UL * 1024 * 1024;
 
-    // Whether the target of the link at `path` stays inside. It need not exist. Absolute targets,
-    // empty ones, ones with a NUL, chains of more links than the kernel follows, and targets that
-    // add up to more than a path can have are not safe.
+    // False, and nothing kept, if the targets together become too long to be kept.
+    [[nodiscard]] bool add(std::string_view path, std::string target);
+
+    // Whether the target of the link at `path`, which was added, stays inside, given that those of
+    // all other links do. It need not exist. Absolute targets, empty ones and ones with a NUL are
+    // not safe, nor are ones that climb again after they have descended if they are longer than a
+    // path or lead through more links than the kernel follows.
     [[nodiscard]] bool isSafe(std::string_view path) const;
 
     [[nodiscard]] const std::string& targetOf(std::string_view path) const {
@@ -23,7 +29,11 @@ class LinkSafety {
     }
 
   private:
+    [[nodiscard]] bool staysInside(std::string_view path) const;
+
     std::unordered_map<std::string_view, std::string> links_;
+    std::size_t targetBytes_ = 0;
+    std::size_t longestPath_ = 0;
 };
 
 }  // namespace pellumar::archive

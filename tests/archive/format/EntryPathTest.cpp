@@ -1,4 +1,4 @@
-#include "archive/reading/EntryPath.h"
+#include "archive/format/EntryPath.h"
 
 #include <gtest/gtest.h>
 
