@@ -9,6 +9,8 @@
 #include <chrono>
 #include <thread>
 
+#include "archive/base/File.h"
+#include "archive/writing/ArchiveOutput.h"
 #include "archive/writing/ArchiveWriterTest.h"
 #include "archive/writing/DeflateCompressor.h"
 #include "archive/writing/SampleContent.h"
@@ -162,6 +164,23 @@ TEST_F(FailingSourceTest, AfterAFailedWriteTheEarlierEntriesStay) {
     ASSERT_TRUE(writer->close());
     expectSound();
     EXPECT_EQ(listed(), "first\nsmall\nlast\n");
+}
+
+// The failed write got half of the buffer into the file, more than what came after needed.
+TEST_F(FailingSourceTest, NothingOfAFailedWriteStandsBehindTheEnd) {
+    ArchiveOutput output(*File::createNew(archivePath()));
+    const std::vector<std::uint8_t> bytes(200'000, 7);
+    const auto some = ByteView(bytes).first(1000);
+    ASSERT_TRUE(output.append(some));
+    ASSERT_TRUE(output.append(bytes));
+    {
+        const FileSizeLimit limit(100'000);
+        ASSERT_FALSE(output.append(bytes));
+    }
+    output.rewind(some.size());
+    ASSERT_TRUE(output.append(some));
+    ASSERT_TRUE(output.close());
+    EXPECT_EQ(fs::file_size(archivePath()), 2 * some.size());
 }
 
 TEST_F(FailingSourceTest, AFailedWriteOfTheDirectoryIsToldByClosing) {
