@@ -1,8 +1,8 @@
 #include "archive/Archive.h"
 
-#include <new>
 #include <utility>
 
+#include "archive/base/WithinMemory.h"
 #include "archive/reading/ArchiveReader.h"
 #include "archive/reading/Extraction.h"
 #include "archive/writing/ArchiveWriter.h"
@@ -10,16 +10,6 @@
 namespace pellumar::archive {
 
 namespace {
-
-// What memory runs out for is an error like others, here where the library ends.
-template <typename Operation>
-auto withinMemory(const Operation& operation) -> decltype(operation()) {
-    try {
-        return operation();
-    } catch (const std::bad_alloc&) {
-        return failure(ErrorCode::kOutOfMemory);
-    }
-}
 
 Result<UnzipReport> unzip(const std::filesystem::path& at,
                           const std::filesystem::path& to,

@@ -25,8 +25,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     do {
         const archive::ByteView chunk = rest.first(std::min(chunkSize, rest.size()));
         rest = rest.subspan(chunk.size());
-        const archive::ByteView part = compressor.compress(chunk, rest.empty());
-        stream.insert(stream.end(), part.begin(), part.end());
+        const std::size_t start = stream.size();
+        stream.resize(start + archive::DeflateCompressor::kMostOutput);
+        const std::size_t partSize =
+            compressor.compress(chunk, rest.empty(), archive::MutableBytes(stream).subspan(start));
+        stream.resize(start + partSize);
     } while (!rest.empty());
 
     auto inflater = archive::OneShotInflater::create();

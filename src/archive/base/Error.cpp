@@ -58,7 +58,7 @@ std::string_view describe(ErrorCode code) {
         case ErrorCode::kSourceNotSupported:
             return "source is neither a file nor a folder";
         case ErrorCode::kSourceChanged:
-            return "source shrank while it was read";
+            return "source is not as long as it claims";
     }
     return "unknown error";
 }

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <atomic>
 #include <mutex>
-#include <new>
 #include <optional>
 #include <string>
 #include <system_error>
@@ -13,6 +12,7 @@
 #include <utility>
 #include <vector>
 
+#include "archive/base/WithinMemory.h"
 #include "archive/reading/BackgroundSink.h"
 #include "archive/reading/DestinationTree.h"
 #include "archive/reading/EntryReader.h"
@@ -143,12 +143,13 @@ class Extraction {
         }
     }
 
-    // Nothing may leave a thread but by way of its report.
     void workWithinMemory() {
-        try {
+        auto worked = withinMemory([this]() -> Result<> {
             work();
-        } catch (const std::bad_alloc&) {
-            report(nullptr, failure(ErrorCode::kOutOfMemory).value());
+            return {};
+        });
+        if (!worked) {
+            report(nullptr, std::move(worked.error()));
         }
     }
 

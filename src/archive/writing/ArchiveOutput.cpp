@@ -49,14 +49,22 @@ void ArchiveOutput::rewind(std::uint64_t position) {
         buffer_.clear();
         written_ = position;
     }
-    // Should this fail, the bytes are written over by what comes, or the closing fails as well.
+    // Cut now, the room can be used by others; if that fails, close() has to do it. A write that
+    // failed halfway leaves something to be cut as well.
     static_cast<void>(file_.truncate(written_));
+    rewound_ = true;
 }
 
 Result<> ArchiveOutput::close() {
     if (auto flushed = flush(); !flushed) {
         static_cast<void>(file_.close());
         return flushed;
+    }
+    if (rewound_) {
+        if (auto cut = file_.truncate(written_); !cut) {
+            static_cast<void>(file_.close());
+            return cut;
+        }
     }
     return file_.close();
 }

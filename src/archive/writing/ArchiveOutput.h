@@ -44,6 +44,7 @@ class ArchiveOutput {
     File file_;
     std::vector<std::uint8_t> buffer_;
     std::uint64_t written_ = 0;  // the file's part of position()
+    bool rewound_ = false;       // so that bytes may stand behind
 };
 
 }  // namespace pellumar::archive

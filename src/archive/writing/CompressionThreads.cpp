@@ -5,6 +5,7 @@
 #include <system_error>
 #include <utility>
 
+#include "archive/base/WithinMemory.h"
 #include "archive/writing/DeflateCompressor.h"
 #include "archive/writing/EntryPath.h"
 
@@ -25,8 +26,9 @@ class Worker {
 
     void run() {
         while (auto task = queue_.takeTask()) {
-            if (task->file != nullptr || queue_.reportOpened(*task, open(*task->source))) {
-                queue_.reportChunk(*task, compress(*task));
+            const auto opened = [&] { return withinMemory([&] { return open(*task->source); }); };
+            if (task->file != nullptr || queue_.reportOpened(*task, opened())) {
+                queue_.reportChunk(*task, withinMemory([&] { return compress(*task); }));
             }
         }
     }
@@ -42,6 +44,9 @@ class Worker {
     [[nodiscard]] Result<CompressedChunk> compress(const CompressionQueue::Task& task) {
         const std::uint64_t start = task.chunk * kChunkSize;
         const std::uint64_t left = task.file->size() - start;
+        if (!input_) {
+            input_.reset(new std::uint8_t[kChunkSize]);
+        }
         const MutableBytes content(
             input_.get(), static_cast<std::size_t>(std::min<std::uint64_t>(left, kChunkSize)));
         const auto crc = task.file->read(start, content, task.readSize);
@@ -70,7 +75,7 @@ class Worker {
     DeflateCompressor compressor_;
     OutputBuffers::Buffer output_;
     // Not zeroed, so that small files touch little of it.
-    std::unique_ptr<std::uint8_t[]> input_{new std::uint8_t[kChunkSize]};
+    std::unique_ptr<std::uint8_t[]> input_;
 };
 
 }  // namespace

@@ -49,6 +49,17 @@ Result<SourceFile> SourceFile::open(const std::filesystem::path& path,
     if (!isSupported(*status, archive) || S_ISDIR(status->st_mode)) {
         return failure(ErrorCode::kSourceNotSupported);
     }
+    if (status->st_size == 0) {
+        // Files that the system makes up as they are read tell no size, and would pass as empty.
+        std::uint8_t byte = 0;
+        const auto count = file->readAt(0, MutableBytes(&byte, 1));
+        if (!count) {
+            return unreadable(count.error().systemError);
+        }
+        if (*count > 0) {
+            return failure(ErrorCode::kSourceChanged);
+        }
+    }
     return SourceFile(std::move(*file), *status);
 }
 

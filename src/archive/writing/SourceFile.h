@@ -27,7 +27,8 @@ class SourceFile {
     // Not open; only assigning to it makes sense.
     SourceFile() = default;
 
-    // Opens what stands at `path`; symbolic links are followed. kSourceUnreadable, or
+    // Opens what stands at `path`; symbolic links are followed. kSourceUnreadable,
+    // kSourceChanged for a file that is empty by its size and is not (one of /proc), or
     // kSourceNotSupported for anything but a file or folder and for `archive` itself: those are
     // never opened, so nothing waits for a writer's end.
     [[nodiscard]] static Result<SourceFile> open(const std::filesystem::path& path,
