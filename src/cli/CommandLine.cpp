@@ -15,8 +15,10 @@ std::string mayNotBeEmpty(const std::string& value) {
 
 // The title becomes the name of a file in the workspace; a path would lead out of it, to an archive
 // that would be deleted first.
-std::string mustBeAName(const std::string& title) {
-    return title.find('/') == std::string::npos ? "" : "a title must not contain '/': " + title;
+// The job deletes what stands in the archive's place first, so that must be in the workspace.
+std::string mustStayInside(const std::string& title) {
+    const bool leaves = ("/" + title + "/").find("/../") != std::string::npos;
+    return leaves ? "a title must not lead out of the workspace: " + title : "";
 }
 
 // What keeps CLI11 from seeing more than a name in one. In front of a path it changes nothing, and
@@ -60,7 +62,7 @@ void addZip(CLI::App& app, CommandLine& line) {
     zip->add_option("TITLE", line.title, "Name of the archive, without \".zip\"")
         ->required()
         ->transform(withoutGuard)
-        ->check(mustBeAName)
+        ->check(mustStayInside)
         ->option_text(" ");
     zip->add_option("FILE", line.files, "Files, each to become an entry under its own name")
         ->required()

@@ -111,7 +111,6 @@ void CompressionJob::closeArchive() {
     const archive::Result<> closed = archive_->close();
     if (!closed) {
         fail(closed.error());
-        environment_.console.writeLine(QStringLiteral("Failed"));
         success_ = false;
     }
     archive_.reset();

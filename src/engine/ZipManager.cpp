@@ -102,6 +102,13 @@ struct PhotoJob {
     ZipManager::ArchiveCompletion completion;
 
     void run(const std::weak_ptr<ZipManager>& manager) {
+        stageAndZip(manager);
+        // What the completion holds belongs to the main queue, also if it is never called.
+        environment.mainQueue.async([completion = std::move(completion)] {});
+    }
+
+  private:
+    void stageAndZip(const std::weak_ptr<ZipManager>& manager) const {
         const QUrl folder = environment.fileSystem.tempImages();
         const std::optional<QList<QUrl>> staged = stage(images, folder);
         if (!staged) {
@@ -116,7 +123,6 @@ struct PhotoJob {
         }
     }
 
-  private:
     // The completion in two steps on the main queue: the folder is empty before the caller knows.
     [[nodiscard]] ZipManager::ArchiveCompletion cleaningUp() const {
         return [environment = environment,

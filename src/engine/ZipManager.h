@@ -26,7 +26,7 @@ namespace pellumar {
 // other: two of the same title write the same file.
 //
 // A job lives on when its manager is released: its completion comes, only the delegate hears no
-// more. Operations are called from the main thread and return at once.
+// more. Screens call the operations from the main thread; they return at once.
 class ZipManager : public std::enable_shared_from_this<ZipManager> {
   public:
     // What the jobs work with. All of it must outlive every job, not only the manager.
