@@ -98,7 +98,7 @@ class ZipTest(ProgramTest):
         os.mkfifo(self.folder / "pipe")
         code, out, err = self.run_program("-q", "zip", "T", "missing\x1b[2J\n", "one", "pipe")
         self.assertEqual((code, out), (1, b""))
-        self.assertRegex(err, rb"^pellumar: /.*/T\.zip: source cannot be read: missing\\x1b\[2J\\x0a "
+        self.assertRegex(err, rb"^pellumar: /.*/T\.zip: source cannot be read: missing\\x1b\[2J\\x0a: "
                               rb".*No such file or directory \(and 1 more\)\n$")
         self.write("file")
         code, out, err = self.run_program("-q", "zip", "T", "one", documents="file")

@@ -85,14 +85,25 @@ TEST_F(FailingSourceTest, WhatIsNoFileOrFolderIsRefusedAtOnce) {
     ::close(socketDescriptor);
 }
 
-// Files of the kernel's own file system say 4,096 bytes and have fewer: they shrink by themselves.
-TEST_F(FailingSourceTest, AShortFileDoesNotPassAsWhole) {
-    const fs::path kernelFile = "/sys/kernel/mm/transparent_hugepage/enabled";
-    const fs::path other = "/sys/kernel/uevent_seqnum";
-    const fs::path& target = fs::exists(other) ? other : kernelFile;
-    ASSERT_TRUE(fs::exists(target));
-    fs::create_symlink(target, sources_ / "short");
-    expectFailure({"short"}, ErrorCode::kSourceChanged);
+// Files that the kernel makes up as they are read shrink by themselves: those of /proc say that
+// they are empty, those of /sys that they have 4,096 bytes.
+TEST_F(FailingSourceTest, AFileOfAnotherSizeThanItSaysDoesNotPassAsWhole) {
+    fs::create_symlink("/proc/self/status", sources_ / "longer");
+    expectFailure({"longer"}, ErrorCode::kSourceChanged);
+    for (const fs::path kernelFile :
+         {"/sys/kernel/uevent_seqnum", "/sys/kernel/mm/transparent_hugepage/enabled"}) {
+        if (fs::exists(kernelFile)) {
+            fs::create_symlink(kernelFile, sources_ / kernelFile.filename());
+            expectFailure({kernelFile.filename()}, ErrorCode::kSourceChanged);
+        }
+    }
+}
+
+// An archive with one such name would be refused as a whole when it is read.
+TEST_F(FailingSourceTest, NamesThatAreRefusedOnReadingAreNotWritten) {
+    put("C:notes", "on no drive");
+    put("..\\up", "not up");
+    expectFailure({"C:notes", "..\\up"}, ErrorCode::kInvalidArgument);
 }
 
 // The first chunks of this file are in the archive when it is cut off.
