@@ -93,7 +93,7 @@ TEST_F(FailingSourceTest, AFileOfAnotherSizeThanItSaysDoesNotPassAsWhole) {
     for (const fs::path kernelFile :
          {"/sys/kernel/uevent_seqnum", "/sys/kernel/mm/transparent_hugepage/enabled"}) {
         if (fs::exists(kernelFile)) {
-            fs::create_symlink(kernelFile, sources_ / kernelFile.filename());
+            fs::create_symlink(kernelFile, sources_.path() / kernelFile.filename());
             expectFailure({kernelFile.filename()}, ErrorCode::kSourceChanged);
         }
     }
