@@ -18,7 +18,8 @@ std::vector<RawName> namesIn(ByteView input) {
         const std::uint8_t head = input.front();
         input = input.subspan(1);
         const std::size_t length = std::min<std::size_t>(head & 0x1FU, input.size());
-        const std::size_t extra = std::min<std::size_t>((head >> 6U) * 16U, input.size() - length);
+        const std::size_t extra =
+            std::min<std::size_t>(std::size_t{16} * (head >> 6U), input.size() - length);
         names.push_back({.bytes = input.first(length),
                          .utf8Flag = (head & 0x20U) != 0,
                          .extra = input.subspan(length, extra)});
