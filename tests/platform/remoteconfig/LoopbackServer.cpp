@@ -137,6 +137,9 @@ void LoopbackServer::serve(int connection) {
     const HttpAnswer answer = handler_(request);
     bool open = send(connection, answer.bytes, stopped_);
     while (open && answer.then == HttpAnswer::Then::kRepeatForEver) {
+        // At the pace of a network: the thread of Qt that reads hears of nothing else while bytes
+        // come faster than it can take them.
+        ::poll(nullptr, 0, 1);
         open = send(connection, std::string(4096, ' '), stopped_);
     }
     std::string ignored;
