@@ -84,16 +84,6 @@ ensure_packages() {
     rm -f "$log"
 }
 
-# Keeps others from building in this checkout until this shell ends.
-lock_build() {
-    mkdir -p "$ROOT/build"
-    exec {BUILD_LOCK}>"$ROOT/build/.lock"
-    if ! flock -n "$BUILD_LOCK"; then
-        say "Another build is running here; waiting for it."
-        flock "$BUILD_LOCK"
-    fi
-}
-
 # Runs a command with its output kept in a file, which is shown if the command fails.
 quietly() {
     local log status=0
@@ -114,7 +104,25 @@ needs_configuring() {
         ! grep -qxF "CMAKE_HOME_DIRECTORY:INTERNAL=$ROOT" "$folder/CMakeCache.txt"
 }
 
+# Keeps others out of a preset's build folder until the descriptor in BUILD_LOCK is closed.
+lock_build() {
+    mkdir -p "$ROOT/build"
+    exec {BUILD_LOCK}>"$ROOT/build/.$1.lock"
+    if ! flock -n "$BUILD_LOCK"; then
+        say "Another build of '$1' is running here; waiting for it."
+        flock "$BUILD_LOCK"
+    fi
+}
+
 configure() {
+    local preset=$1 status=0
+    lock_build "$preset"
+    configure_locked "$preset" || status=$?
+    exec {BUILD_LOCK}>&-
+    return $status
+}
+
+configure_locked() {
     local preset=$1
     local folder=$ROOT/build/$preset
     needs_configuring "$folder" || return 0
@@ -127,7 +135,11 @@ configure() {
 
 # build PRESET [TARGET...]: configures if need be and builds. Says nothing unless something fails.
 build() {
-    local preset=$1
+    local preset=$1 status=0
     shift
-    configure "$preset" && quietly ninja --quiet -C "$ROOT/build/$preset" "$@"
+    lock_build "$preset"
+    { configure_locked "$preset" && quietly ninja --quiet -C "$ROOT/build/$preset" "$@"; } ||
+        status=$?
+    exec {BUILD_LOCK}>&-
+    return $status
 }
