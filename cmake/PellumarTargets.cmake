@@ -8,6 +8,11 @@ set(PELLUMAR_WARNINGS
 # Warnings, sanitizers and include root of everything that is ours.
 function(pellumar_compile target)
     target_compile_options(${target} PRIVATE ${PELLUMAR_WARNINGS})
+    pellumar_instrument(${target})
+endfunction()
+
+# The same without the warnings.
+function(pellumar_instrument target)
     target_include_directories(${target} PUBLIC "${CMAKE_SOURCE_DIR}/src")
     if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
         target_compile_options(${target} PRIVATE -Wthread-safety)
@@ -40,6 +45,38 @@ function(pellumar_folder name)
         target_include_directories(${name} INTERFACE "${CMAKE_SOURCE_DIR}/src")
         target_link_libraries(${name} INTERFACE ${ARG_LINK})
     endif()
+endfunction()
+
+# pellumar_qml_folder(name uri [LINK targets...]): the library of this folder's sources with its
+# layouts (*.qml) and icons (icons/*.svg) as the QML module `uri`, compiled into the program. The
+# program calls the folder's register function, as nothing else pulls a static module in.
+function(pellumar_qml_folder name uri)
+    cmake_parse_arguments(ARG "" "" "LINK" ${ARGN})
+    file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp"
+         "${CMAKE_CURRENT_SOURCE_DIR}/*.h")
+    file(GLOB layouts CONFIGURE_DEPENDS RELATIVE "${CMAKE_CURRENT_SOURCE_DIR}"
+         "${CMAKE_CURRENT_SOURCE_DIR}/*.qml")
+    file(GLOB icons CONFIGURE_DEPENDS RELATIVE "${CMAKE_CURRENT_SOURCE_DIR}"
+         "${CMAKE_CURRENT_SOURCE_DIR}/icons/*.svg")
+    if("Theme.qml" IN_LIST layouts)
+        set_source_files_properties(Theme.qml PROPERTIES QT_QML_SINGLETON_TYPE TRUE)
+    endif()
+    string(REPLACE "." "/" folder ${uri})
+    qt_add_library(${name} STATIC ${sources})
+    # Code made ahead of time from the few expressions in our layouts costs more to build than it
+    # saves; the bytecode is what makes the start fast.
+    set_target_properties(${name} PROPERTIES AUTOMOC ON
+        QT_QMLCACHEGEN_ARGUMENTS --only-bytecode)
+    qt_add_qml_module(${name} URI ${uri} VERSION 1.0 NO_PLUGIN
+        RESOURCE_PREFIX "/qt-project.org/imports"
+        OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/qml/${folder}"
+        QML_FILES ${layouts}
+        RESOURCES ${icons})
+    # What Qt generates is not ours to mend, and includes the headers of the types by name.
+    set_source_files_properties(${sources} PROPERTIES COMPILE_OPTIONS "${PELLUMAR_WARNINGS}")
+    pellumar_instrument(${name})
+    target_include_directories(${name} PRIVATE "${CMAKE_CURRENT_SOURCE_DIR}")
+    target_link_libraries(${name} PUBLIC ${ARG_LINK} Qt6::Quick)
 endfunction()
 
 # pellumar_test(name [LABEL label] [LINK targets...]): one GoogleTest program of the tests in this

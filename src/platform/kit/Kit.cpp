@@ -1,0 +1,13 @@
+#include "platform/kit/Kit.h"
+
+#include <QtQml/qqmlextensionplugin.h>
+
+void qml_register_types_Pellumar_Kit();
+
+namespace pellumar {
+
+void registerKit() {
+    qml_register_types_Pellumar_Kit();
+}
+
+}  // namespace pellumar

@@ -1,0 +1,85 @@
+#include "platform/kit/MBProgressHUD.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace pellumar {
+namespace {
+
+constexpr std::chrono::milliseconds kFadeTime{180};
+
+}  // namespace
+
+std::shared_ptr<MBProgressHUD> MBProgressHUD::showAddedTo(const UIContext& context,
+                                                          QQuickItem& view,
+                                                          bool animated) {
+    const std::shared_ptr<MBProgressHUD> hud(new MBProgressHUD(context), DeleteLater());
+    hud->item_ = context.viewLoader.load(*hud);
+    QQuickItem* const item = hud->item_.get();
+    item->setParentItem(&view);
+    const auto fill = [&view, item] { item->setSize(view.size()); };
+    connect(&view, &QQuickItem::widthChanged, item, fill);
+    connect(&view, &QQuickItem::heightChanged, item, fill);
+    fill();
+    item->setFocus(true);
+    if (view.window() != nullptr && view.isEnabled()) {
+        item->forceActiveFocus(Qt::OtherFocusReason);
+    }
+    hud->fade(0, 1, animated, [] {});
+    return hud;
+}
+
+void MBProgressHUD::hide(bool animated) {
+    if (isHidden_) {
+        return;
+    }
+    isHidden_ = true;
+    // The view has its controls back at once; what fades is a picture.
+    item_->setEnabled(false);
+    item_->setFocus(false);
+    const std::shared_ptr<MBProgressHUD> self = shared_from_this();
+    fade(presence_, 0, animated, [self] {
+        self->item_->setVisible(false);
+        self->item_->setParentItem(nullptr);
+    });
+}
+
+void MBProgressHUD::fade(qreal from, qreal to, bool animated, const Animator::Finished& finished) {
+    const std::weak_ptr<MBProgressHUD> self = weak_from_this();
+    const bool hides = isHidden_;
+    const auto step = [self, from, to, hides](qreal progress) {
+        const auto hud = self.lock();
+        if (hud && hud->isHidden_ == hides) {
+            hud->presence_ = from + (to - from) * progress;
+            emit hud->presenceChanged();
+        }
+    };
+    if (animated) {
+        context_.animator.animate(kFadeTime, QEasingCurve::OutCubic, step, finished);
+    } else {
+        step(1);
+        finished();
+    }
+}
+
+void MBProgressHUD::setMode(Mode mode) {
+    mode_ = mode;
+    emit changed();
+}
+
+void MBProgressHUD::setLabel(const QString& label) {
+    label_ = label;
+    emit changed();
+}
+
+void MBProgressHUD::setDetailsLabel(const QString& label) {
+    detailsLabel_ = label;
+    emit changed();
+}
+
+void MBProgressHUD::setProgress(float progress) {
+    progress_ = std::isnan(progress) ? 0 : std::clamp(static_cast<qreal>(progress), 0.0, 1.0);
+    emit progressChanged();
+}
+
+}  // namespace pellumar

@@ -1,0 +1,47 @@
+#include "platform/kit/QmlViewLoader.h"
+
+#include <QFile>
+#include <QVariantMap>
+
+#include "platform/kit/ClassName.h"
+
+namespace pellumar {
+
+QmlViewLoader::QmlViewLoader(QQmlEngine& engine, const QStringList& modules) : engine_(engine) {
+    for (QString module : modules) {
+        folders_.append(":/qt-project.org/imports/" + module.replace('.', '/') + '/');
+    }
+}
+
+QString QmlViewLoader::layoutFile(const QMetaObject* type) const {
+    for (const QMetaObject* each = type; each != nullptr; each = each->superClass()) {
+        for (const QString& folder : folders_) {
+            const QString file = folder + unqualifiedName(*each) + ".qml";
+            if (QFile::exists(file)) {
+                return "qrc" + file;
+            }
+        }
+    }
+    qFatal("There is no layout for %s.", type->className());
+}
+
+OwnedItem QmlViewLoader::load(QObject& owner) {
+    const QString file = layoutFile(owner.metaObject());
+    std::shared_ptr<QQmlComponent>& component = components_[file];
+    if (!component) {
+        component = std::make_shared<QQmlComponent>(&engine_, QUrl(file));
+    }
+    QQmlEngine::setObjectOwnership(&owner, QQmlEngine::CppOwnership);
+    QObject* made =
+        component->createWithInitialProperties({{"controller", QVariant::fromValue(&owner)}});
+    auto* item = qobject_cast<QQuickItem*>(made);
+    if (item == nullptr) {
+        qFatal("The layout %s is broken: %s",
+               qUtf8Printable(file),
+               qUtf8Printable(component->errorString()));
+    }
+    QQmlEngine::setObjectOwnership(item, QQmlEngine::CppOwnership);
+    return OwnedItem(item);
+}
+
+}  // namespace pellumar

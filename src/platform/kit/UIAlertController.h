@@ -1,0 +1,71 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+#include <functional>
+#include <optional>
+
+#include "platform/kit/UIViewController.h"
+
+namespace pellumar {
+
+enum class UIAlertActionStyle { kDefault, kCancel };
+
+struct UIAlertAction {
+    QString title;
+    UIAlertActionStyle style = UIAlertActionStyle::kDefault;
+    std::function<void()> handler;
+};
+
+// A dialog with a title, a message, at most one text field, and buttons that all close it. A
+// button's handler is called when the dialog has gone. Escape chooses the cancelling button, or the
+// only one.
+class UIAlertController : public UIViewController {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Made in C++")
+    Q_PROPERTY(QString alertTitle READ alertTitle CONSTANT)
+    Q_PROPERTY(QString message READ message CONSTANT)
+    Q_PROPERTY(QStringList actionTitles READ actionTitles CONSTANT)
+    Q_PROPERTY(int cancelIndex READ cancelIndex CONSTANT)
+    Q_PROPERTY(bool hasTextField READ hasTextField CONSTANT)
+    Q_PROPERTY(QString placeholder READ placeholder CONSTANT)
+    Q_PROPERTY(QString text READ text WRITE setText NOTIFY textChanged)
+
+  public:
+    UIAlertController(const UIContext& context, QString title, QString message);
+
+    // Before the view is loaded.
+    void addTextField(const QString& placeholder) { placeholder_ = placeholder; }
+    void addAction(UIAlertAction action) { actions_.append(std::move(action)); }
+
+    // What the text field holds; nothing if there is none.
+    [[nodiscard]] std::optional<QString> textFieldText() const;
+
+    Q_INVOKABLE void choose(int index);
+    bool goBack() override;
+
+    [[nodiscard]] QString alertTitle() const { return title_; }
+    [[nodiscard]] QString message() const { return message_; }
+    [[nodiscard]] QStringList actionTitles() const;
+    // The position of the cancelling button, -1 if there is none.
+    [[nodiscard]] int cancelIndex() const;
+    [[nodiscard]] bool hasTextField() const { return placeholder_.has_value(); }
+    [[nodiscard]] QString placeholder() const { return placeholder_.value_or(QString()); }
+    [[nodiscard]] QString text() const { return text_; }
+    void setText(const QString& text);
+
+  signals:
+    void textChanged();
+
+  private:
+    const QString title_;
+    const QString message_;
+    std::optional<QString> placeholder_;
+    QString text_;
+    QList<UIAlertAction> actions_;
+    bool isChosen_ = false;
+};
+
+}  // namespace pellumar

@@ -1,0 +1,83 @@
+import QtQuick
+import QtQuick.Layouts
+import Pellumar.Look
+
+FocusScope {
+    id: root
+
+    required property UIAlertController controller
+
+    Accessible.role: Accessible.AlertMessage
+    Accessible.name: controller.alertTitle + ". " + controller.message
+
+    Rectangle {
+        anchors.fill: parent
+        color: Theme.scrim
+        opacity: root.controller.presentation
+        // Keeps the pointer from the screen below.
+        TapHandler {}
+        HoverHandler {}
+    }
+    Surface {
+        id: card
+
+        readonly property real spare: root.height - height - Qt.inputMethod.keyboardRectangle.height
+
+        anchors.horizontalCenter: parent.horizontalCenter
+        y: Math.max(Theme.space4, spare / 2)
+        width: Math.min(parent.width - 2 * Theme.space6, 320)
+        height: content.implicitHeight + 2 * Theme.space5
+        opacity: root.controller.presentation
+        scale: 0.94 + 0.06 * root.controller.presentation
+
+        ColumnLayout {
+            id: content
+            anchors.fill: parent
+            anchors.margins: Theme.space5
+            spacing: Theme.space3
+            BodyText {
+                Layout.fillWidth: true
+                text: root.controller.alertTitle
+                font.pixelSize: Theme.fontHeading
+                font.weight: Theme.weightStrong
+                horizontalAlignment: Text.AlignHCenter
+            }
+            BodyText {
+                Layout.fillWidth: true
+                text: root.controller.message
+                color: Theme.textSecondary
+                horizontalAlignment: Text.AlignHCenter
+            }
+            InputField {
+                Layout.fillWidth: true
+                objectName: "textField"
+                visible: root.controller.hasTextField
+                focus: root.controller.hasTextField
+                placeholderText: root.controller.placeholder
+                text: root.controller.text
+                onTextEdited: root.controller.text = text
+                onAccepted: root.controller.choose(0)
+            }
+            RowLayout {
+                Layout.fillWidth: true
+                Layout.topMargin: Theme.space2
+                spacing: Theme.space2
+                // The way out stands at the left, though it was added last.
+                layoutDirection: Qt.RightToLeft
+                Repeater {
+                    model: root.controller.actionTitles
+                    QuietButton {
+                        required property int index
+                        required property string modelData
+
+                        Layout.fillWidth: true
+                        text: modelData
+                        focus: index === 0 && !root.controller.hasTextField
+                        color: index === root.controller.cancelIndex ? Theme.text : Theme.accentText
+                        onClicked: root.controller.choose(index)
+                    }
+                }
+            }
+        }
+    }
+}

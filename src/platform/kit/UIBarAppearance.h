@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QColor>
+#include <QMetaType>
+
+namespace pellumar {
+
+// How a navigation bar looks. Without one it has the platform's own look.
+struct UINavigationBarAppearance {
+    Q_GADGET
+    // The hairline below the bar.
+    Q_PROPERTY(QColor shadowColor MEMBER shadowColor)
+    // Whether what scrolls below shines through, blurred.
+    Q_PROPERTY(bool hasBlur MEMBER hasBlur)
+
+  public:
+    QColor shadowColor = QColor(0, 0, 0, 77);
+    bool hasBlur = true;
+
+    friend bool operator==(const UINavigationBarAppearance&,
+                           const UINavigationBarAppearance&) = default;
+};
+
+// How a tab bar looks. Without one it has the platform's own look.
+struct UITabBarAppearance {
+    Q_GADGET
+    Q_PROPERTY(bool hasOpaqueBackground MEMBER hasOpaqueBackground)
+
+  public:
+    bool hasOpaqueBackground = false;
+
+    friend bool operator==(const UITabBarAppearance&, const UITabBarAppearance&) = default;
+};
+
+}  // namespace pellumar

@@ -1,0 +1,81 @@
+#pragma once
+
+#include <QVariant>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "platform/kit/UIBarAppearance.h"
+#include "platform/kit/UIViewController.h"
+
+namespace pellumar {
+
+// A stack of screens with a bar above them, of which the topmost shows. Layout outlet:
+// "contentHost".
+class UINavigationController : public UIViewController {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Made in C++")
+    Q_PROPERTY(pellumar::UINavigationItem* topItem READ topItem NOTIFY stackChanged)
+    Q_PROPERTY(bool canPop READ canPop NOTIFY stackChanged)
+    Q_PROPERTY(QString backTitle READ backTitle NOTIFY stackChanged)
+    Q_PROPERTY(bool isBarHidden READ isNavigationBarHidden NOTIFY barChanged)
+    // The hairline's colour and whether the bar lets its background through; both invalid where the
+    // bar has the platform's own look.
+    Q_PROPERTY(QVariant shadowColor READ shadowColor NOTIFY barChanged)
+    Q_PROPERTY(bool hasBlur READ hasBlur NOTIFY barChanged)
+
+  public:
+    UINavigationController(const UIContext& context, std::shared_ptr<UIViewController> root);
+
+    // The root first.
+    [[nodiscard]] const std::vector<std::shared_ptr<UIViewController>>& viewControllers() const {
+        return stack_;
+    }
+    [[nodiscard]] std::shared_ptr<UIViewController> topViewController() const {
+        return stack_.back();
+    }
+    [[nodiscard]] bool canPop() const { return stack_.size() > 1; }
+
+    void pushViewController(const std::shared_ptr<UIViewController>& pushed, bool animated);
+    // Lets go of the topmost screen; the root stays.
+    void popViewController(bool animated);
+    Q_INVOKABLE void backTapped() { popViewController(true); }
+
+    void setNavigationBarHidden(bool hidden, bool animated);
+    [[nodiscard]] bool isNavigationBarHidden() const { return isBarHidden_; }
+
+    using BarAppearance = std::shared_ptr<const UINavigationBarAppearance>;
+    void setStandardAppearance(BarAppearance appearance);
+    [[nodiscard]] BarAppearance standardAppearance() const { return standard_; }
+    // While the content is scrolled to its beginning.
+    void setScrollEdgeAppearance(BarAppearance appearance);
+    [[nodiscard]] BarAppearance scrollEdgeAppearance() const { return scrollEdge_; }
+
+    bool goBack() override;
+
+    [[nodiscard]] UINavigationItem* topItem() const { return stack_.back()->navigationItem(); }
+    [[nodiscard]] QString backTitle() const;
+    [[nodiscard]] QVariant shadowColor() const;
+    [[nodiscard]] bool hasBlur() const;
+
+  signals:
+    void stackChanged();
+    void barChanged();
+
+  protected:
+    void viewDidLoad() override;
+    [[nodiscard]] QList<UIViewController*> visibleChildren() const override;
+
+  private:
+    void replaceTop(const std::shared_ptr<UIViewController>& leaving, bool isPush, bool animated);
+
+    std::vector<std::shared_ptr<UIViewController>> stack_;
+    QPointer<QQuickItem> contentHost_;
+    BarAppearance standard_;
+    BarAppearance scrollEdge_;
+    bool isBarHidden_ = false;
+    bool isMoving_ = false;
+};
+
+}  // namespace pellumar

@@ -1,0 +1,74 @@
+import QtQuick
+import QtQuick.Layouts
+import Pellumar.Look
+
+FocusScope {
+    id: root
+
+    required property UINavigationController controller
+
+    Rectangle {
+        anchors.fill: parent
+        color: Theme.background
+    }
+    ViewHost {
+        objectName: "contentHost"
+        anchors.fill: parent
+        anchors.topMargin: bar.visible ? bar.height : 0
+        clip: true
+    }
+    Rectangle {
+        id: bar
+        width: parent.width
+        height: Theme.barHeight
+        visible: !root.controller.isBarHidden
+        color: Theme.background
+
+        RowLayout {
+            anchors.fill: parent
+            anchors.leftMargin: Theme.space1
+            anchors.rightMargin: Theme.space1
+            spacing: 0
+            IconButton {
+                visible: root.controller.canPop
+                iconName: "back"
+                text: qsTr("Back")
+                onClicked: root.controller.backTapped()
+            }
+            BodyText {
+                Layout.fillWidth: true
+                Layout.leftMargin: root.controller.canPop ? Theme.space1 : Theme.space4
+                text: root.controller.topItem.title
+                font.pixelSize: Theme.fontHeading
+                font.weight: Theme.weightStrong
+                wrapMode: Text.NoWrap
+                elide: Text.ElideRight
+                Accessible.role: Accessible.Heading
+            }
+            QuietButton {
+                visible: text !== ""
+                text: root.controller.topItem.rightTitle
+                onClicked: root.controller.topItem.rightTapped()
+            }
+        }
+        Rectangle {
+            anchors.bottom: parent.bottom
+            width: parent.width
+            height: 1
+            color: root.controller.shadowColor ?? Theme.hairline
+        }
+    }
+    // The back gesture begins at the edge.
+    Item {
+        width: Theme.space5
+        height: parent.height
+        DragHandler {
+            target: null
+            enabled: root.controller.canPop
+            xAxis.enabled: true
+            yAxis.enabled: false
+            acceptedDevices: PointerDevice.TouchScreen
+            onActiveChanged: if (!active && translation.x > 60) root.controller.backTapped()
+        }
+    }
+}

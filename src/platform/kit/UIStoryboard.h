@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QHash>
+#include <QString>
+#include <functional>
+#include <memory>
+
+#include "platform/kit/ClassName.h"
+#include "platform/kit/UIViewController.h"
+
+namespace pellumar {
+
+// The scenes that are made by name. Each scene's layout file is named after its class.
+class UIStoryboard {
+  public:
+    using SceneMaker = std::function<std::shared_ptr<UIViewController>()>;
+
+    void addScene(const QString& identifier, SceneMaker maker) {
+        scenes_.insert(identifier, std::move(maker));
+    }
+    void setInitialScene(const QString& identifier) { initial_ = identifier; }
+
+    // Null if there is no such scene.
+    [[nodiscard]] std::shared_ptr<UIViewController> instantiateViewController(
+        const QString& identifier) const {
+        const SceneMaker maker = scenes_.value(identifier);
+        return maker ? maker() : nullptr;
+    }
+    [[nodiscard]] std::shared_ptr<UIViewController> instantiateInitialViewController() const {
+        return instantiateViewController(initial_);
+    }
+
+  private:
+    QHash<QString, SceneMaker> scenes_;
+    QString initial_;
+};
+
+}  // namespace pellumar

@@ -1,0 +1,101 @@
+#include "platform/kit/UITabBarController.h"
+
+#include <utility>
+
+#include "platform/kit/UINavigationController.h"
+
+namespace pellumar {
+
+void UITabBarController::setTabs(std::vector<Tab> tabs) {
+    tabs_ = std::move(tabs);
+    for (const Tab& tab : tabs_) {
+        tab.controller->setParent(shared_from_this());
+        if (const auto stack = std::dynamic_pointer_cast<UINavigationController>(tab.controller)) {
+            connect(stack.get(),
+                    &UINavigationController::stackChanged,
+                    this,
+                    &UITabBarController::barChanged);
+        }
+    }
+    emit tabsChanged();
+}
+
+std::shared_ptr<UIViewController> UITabBarController::selectedViewController() const {
+    return tabs_[static_cast<std::size_t>(selected_)].controller;
+}
+
+void UITabBarController::viewDidLoad() {
+    UIViewController::viewDidLoad();
+    contentHost_ = outlet<QQuickItem>(view(), QStringLiteral("contentHost"));
+    showSelected();
+}
+
+void UITabBarController::showSelected() {
+    selectedViewController()->view().setParentItem(contentHost_);
+    selectedViewController()->view().setVisible(true);
+}
+
+QList<UIViewController*> UITabBarController::visibleChildren() const {
+    return {selectedViewController().get()};
+}
+
+void UITabBarController::select(int index) {
+    if (index < 0 || static_cast<std::size_t>(index) >= tabs_.size()) {
+        return;
+    }
+    const std::shared_ptr<UIViewController> leaving = selectedViewController();
+    if (index == selected_) {
+        leaving->goBack();
+        return;
+    }
+    selected_ = index;
+    const std::shared_ptr<UIViewController> coming = selectedViewController();
+    if (isViewLoaded()) {
+        leaving->beginAppearance(false, false);
+        coming->beginAppearance(true, false);
+        leaving->view().setVisible(false);
+        leaving->view().setParentItem(nullptr);
+        showSelected();
+        leaving->endAppearance(false);
+        coming->endAppearance(false);
+    }
+    emit selectionChanged();
+    emit barChanged();
+}
+
+void UITabBarController::setStandardAppearance(BarAppearance appearance) {
+    standard_ = std::move(appearance);
+    emit barChanged();
+}
+
+void UITabBarController::setScrollEdgeAppearance(BarAppearance appearance) {
+    scrollEdge_ = std::move(appearance);
+    emit barChanged();
+}
+
+bool UITabBarController::goBack() {
+    return UIViewController::goBack() || selectedViewController()->goBack();
+}
+
+QStringList UITabBarController::titles() const {
+    QStringList titles;
+    for (const Tab& tab : tabs_) {
+        titles.append(tab.item.title);
+    }
+    return titles;
+}
+
+QStringList UITabBarController::images() const {
+    QStringList images;
+    for (const Tab& tab : tabs_) {
+        images.append(tab.item.image);
+    }
+    return images;
+}
+
+bool UITabBarController::isBarHidden() const {
+    const auto stack = std::dynamic_pointer_cast<UINavigationController>(selectedViewController());
+    return stack && stack->canPop() && stack->topViewController()->hidesBottomBarWhenPushed();
+}
+
+}  // namespace pellumar

@@ -1,0 +1,85 @@
+import QtQuick
+import QtQuick.Layouts
+import Pellumar.Look
+
+FocusScope {
+    id: root
+
+    required property UITabBarController controller
+
+    Rectangle {
+        anchors.fill: parent
+        color: Theme.background
+    }
+    ViewHost {
+        objectName: "contentHost"
+        focus: true
+        anchors.fill: parent
+        anchors.bottomMargin: bar.visible ? bar.height : 0
+    }
+    Rectangle {
+        id: bar
+        anchors.bottom: parent.bottom
+        width: parent.width
+        height: Math.max(56, 36 + Theme.fontCaption + 2 * Theme.space1)
+        visible: !root.controller.isBarHidden
+        color: root.controller.hasOpaqueBar ? Theme.surface : Theme.background
+        Accessible.role: Accessible.PageTabList
+        Accessible.name: qsTr("Sections")
+
+        Rectangle {
+            width: parent.width
+            height: 1
+            color: Theme.hairline
+        }
+        RowLayout {
+            anchors.horizontalCenter: parent.horizontalCenter
+            width: Math.min(parent.width, Theme.readableWidth)
+            height: parent.height
+            spacing: 0
+            Repeater {
+                model: root.controller.titles
+                PlainButton {
+                    id: tab
+
+                    required property int index
+                    required property string modelData
+                    readonly property bool isSelected: index === root.controller.selectedIndex
+
+                    Layout.fillWidth: true
+                    Layout.fillHeight: true
+                    text: modelData
+                    Accessible.role: Accessible.PageTab
+                    Accessible.selected: isSelected
+                    Accessible.selectable: true
+                    onClicked: root.controller.select(index)
+                    background: FocusRing {
+                        control: tab
+                        anchors.margins: Theme.space1
+                    }
+                    contentItem: Column {
+                        topPadding: Theme.space2
+                        spacing: Theme.space1
+                        Icon {
+                            anchors.horizontalCenter: parent.horizontalCenter
+                            name: root.controller.images[tab.index]
+                            color: label.color
+                        }
+                        BodyText {
+                            id: label
+                            width: parent.width
+                            horizontalAlignment: Text.AlignHCenter
+                            text: tab.text
+                            color: tab.isSelected ? Theme.accentText : Theme.textSecondary
+                            font.pixelSize: Theme.fontCaption
+                            font.weight: tab.isSelected ? Theme.weightStrong : Theme.weightNormal
+                            wrapMode: Text.NoWrap
+                            elide: Text.ElideRight
+                            Accessible.ignored: true
+                        }
+                    }
+                }
+            }
+        }
+    }
+}

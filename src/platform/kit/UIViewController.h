@@ -1,0 +1,163 @@
+#pragma once
+
+#include <QtQml/qqmlregistration.h>
+#include <QObject>
+#include <QPointer>
+#include <QQuickItem>
+#include <functional>
+#include <memory>
+
+#include "platform/kit/Animator.h"
+#include "platform/kit/UIDevice.h"
+#include "platform/kit/UINavigationItem.h"
+#include "platform/kit/ViewLoader.h"
+
+namespace pellumar {
+
+class UINavigationController;
+class UITabBarController;
+class UIWindow;
+
+enum class UIStatusBarStyle { kDefault, kLightContent };
+enum class UIModalPresentationStyle { kPageSheet, kOverFullScreen, kPopover };
+enum class UIModalTransitionStyle { kCoverVertical, kCrossDissolve };
+
+// What every screen stands on. All of it must outlive the screens.
+struct UIContext {
+    ViewLoader& viewLoader;
+    Animator& animator;
+    UIDevice device;
+};
+
+// Made by this only: a screen may be let go of in the middle of one of its own calls, so it goes
+// with the next turn of the event loop. Weak pointers to it are empty at once.
+template <typename Controller, typename... Arguments>
+[[nodiscard]] std::shared_ptr<Controller> makeController(Arguments&&... arguments) {
+    return std::shared_ptr<Controller>(new Controller(std::forward<Arguments>(arguments)...),
+                                       DeleteLater());
+}
+
+// A screen, or a part of one: owns the view that its layout describes, and is told when that comes
+// and goes. For the main thread; owned by shared pointers, see makeController.
+class UIViewController : public QObject, public std::enable_shared_from_this<UIViewController> {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Made in C++")
+    Q_PROPERTY(pellumar::UINavigationItem* navigationItem READ navigationItem CONSTANT)
+    // How far the screen has come into view as a presented one: from 0 to 1.
+    Q_PROPERTY(qreal presentation READ presentation NOTIFY presentationChanged)
+    // Whether it is anchored to a point, as on a large window, instead of to the lower edge.
+    Q_PROPERTY(bool isPopover READ isPopover NOTIFY presentationChanged)
+
+  public:
+    using Completion = std::function<void()>;
+    enum class Appearance { kDisappeared, kAppearing, kAppeared, kDisappearing };
+
+    explicit UIViewController(const UIContext& context);
+    ~UIViewController() override;
+
+    // The view, loaded with the first call.
+    [[nodiscard]] QQuickItem& view();
+    [[nodiscard]] bool isViewLoaded() const { return view_ != nullptr; }
+
+    void setTitle(const QString& title);
+    [[nodiscard]] QString title() const { return navigationItem_.title(); }
+    [[nodiscard]] UINavigationItem* navigationItem() { return &navigationItem_; }
+
+    // The container that this sits in, directly or not; null if there is none.
+    [[nodiscard]] std::shared_ptr<UINavigationController> navigationController() const;
+    [[nodiscard]] std::shared_ptr<UITabBarController> tabBarController() const;
+    [[nodiscard]] std::shared_ptr<UIViewController> parent() const { return parent_.lock(); }
+
+    // Shows `presented` over the whole window, above whatever is presented already, and holds it
+    // until it is dismissed. This must be in a window. `completion` follows its viewDidAppear.
+    void present(const std::shared_ptr<UIViewController>& presented,
+                 bool animated,
+                 const Completion& completion = {});
+    // Takes away what this presents, and what that presents; or, if it presents nothing, this
+    // itself. `completion` follows the viewDidDisappear, and is called also if there is nothing to
+    // take away.
+    void dismiss(bool animated, const Completion& completion = {});
+    [[nodiscard]] std::shared_ptr<UIViewController> presentedViewController() const {
+        return presented_;
+    }
+    [[nodiscard]] std::shared_ptr<UIViewController> presentingViewController() const {
+        return presenting_.lock();
+    }
+
+    void setModalPresentationStyle(UIModalPresentationStyle style) { presentationStyle_ = style; }
+    [[nodiscard]] UIModalPresentationStyle modalPresentationStyle() const {
+        return presentationStyle_;
+    }
+    void setModalTransitionStyle(UIModalTransitionStyle style) { transitionStyle_ = style; }
+    [[nodiscard]] UIModalTransitionStyle modalTransitionStyle() const { return transitionStyle_; }
+    void setModalPresentationCapturesStatusBarAppearance(bool captures) { capturesBar_ = captures; }
+    [[nodiscard]] bool modalPresentationCapturesStatusBarAppearance() const { return capturesBar_; }
+    [[nodiscard]] virtual UIStatusBarStyle preferredStatusBarStyle() const {
+        return UIStatusBarStyle::kDefault;
+    }
+
+    void setHidesBottomBarWhenPushed(bool hides) { hidesBottomBar_ = hides; }
+    [[nodiscard]] bool hidesBottomBarWhenPushed() const { return hidesBottomBar_; }
+
+    // Goes one step back, as Escape and the back gesture ask for: false if there is none to go.
+    virtual bool goBack();
+
+    // For containers and the window: tell this, and what it contains, that it comes or goes. A call
+    // that changes nothing does nothing.
+    void beginAppearance(bool appearing, bool animated);
+    void endAppearance(bool animated);
+    [[nodiscard]] Appearance appearance() const { return appearance_; }
+    void setParent(const std::shared_ptr<UIViewController>& parent) { parent_ = parent; }
+    void setWindow(UIWindow* window);
+    [[nodiscard]] UIWindow* window() const;
+
+    [[nodiscard]] qreal presentation() const { return presentation_; }
+    [[nodiscard]] bool isPopover() const;
+
+  signals:
+    void presentationChanged();
+
+  protected:
+    [[nodiscard]] const UIContext& context() const { return context_; }
+
+    // Called in this order; an override calls the base's first.
+    virtual void awakeFromNib();
+    virtual void viewDidLoad() {}
+    virtual void viewWillAppear(bool /*animated*/) {}
+    virtual void viewDidAppear(bool /*animated*/) {}
+    virtual void viewWillDisappear(bool /*animated*/) {}
+    virtual void viewDidDisappear(bool /*animated*/) {}
+    // The contained controllers that come and go with this one.
+    [[nodiscard]] virtual QList<UIViewController*> visibleChildren() const { return {}; }
+
+    // This, as a pointer of its own class that does not hold it.
+    template <typename Self>
+    [[nodiscard]] static std::weak_ptr<Self> weakly(Self* self) {
+        return std::static_pointer_cast<Self>(self->shared_from_this());
+    }
+
+  private:
+    void setPresentation(qreal presentation);
+    void finishDismissal(const std::shared_ptr<UIViewController>& gone,
+                         const Completion& completion);
+
+    const UIContext context_;
+    UINavigationItem navigationItem_;
+    OwnedItem view_;
+    std::weak_ptr<UIViewController> parent_;
+    QPointer<UIWindow> window_;
+    std::shared_ptr<UIViewController> presented_;
+    std::weak_ptr<UIViewController> presenting_;
+    // What had the keyboard when this was presented.
+    QPointer<QQuickItem> focusBefore_;
+    Appearance appearance_ = Appearance::kDisappeared;
+    UIModalPresentationStyle presentationStyle_ = UIModalPresentationStyle::kPageSheet;
+    UIModalTransitionStyle transitionStyle_ = UIModalTransitionStyle::kCoverVertical;
+    qreal presentation_ = 0;
+    bool capturesBar_ = false;
+    bool hidesBottomBar_ = false;
+    bool isDismissing_ = false;
+};
+
+}  // namespace pellumar

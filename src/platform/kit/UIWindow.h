@@ -1,0 +1,64 @@
+#pragma once
+
+#include <QQuickWindow>
+#include <memory>
+#include <vector>
+
+#include "platform/kit/UIViewController.h"
+#include "platform/kit/ViewHost.h"
+
+namespace pellumar {
+
+// The application's window: shows one root screen, and above it what is presented. For the main
+// thread.
+class UIWindow : public QQuickWindow {
+    Q_OBJECT
+
+  public:
+    // From this width on the window is a desktop's or a tablet's.
+    static constexpr qreal kPadWidth = 600;
+
+    UIWindow();
+    ~UIWindow() override;
+
+    // Replaces the root screen at once; null leaves the window empty. What the old one presented
+    // goes with it.
+    void setRootViewController(const std::shared_ptr<UIViewController>& root);
+    [[nodiscard]] std::shared_ptr<UIViewController> rootViewController() const { return root_; }
+
+    // Shows the window and gives it the keyboard; the root screen comes into view.
+    void makeKeyAndVisible();
+
+    [[nodiscard]] UIUserInterfaceIdiom userInterfaceIdiom() const {
+        return width() < kPadWidth ? UIUserInterfaceIdiom::kPhone : UIUserInterfaceIdiom::kPad;
+    }
+    // The area that screens have, as the screen of a phone.
+    [[nodiscard]] QSizeF bounds() const { return contentItem()->size(); }
+
+    // The style of the screen that decides about it.
+    [[nodiscard]] UIStatusBarStyle statusBarStyle() const;
+
+    // The innermost presented screen, or the root.
+    [[nodiscard]] std::shared_ptr<UIViewController> topViewController() const;
+
+    // For the screens: puts a presented view above all others, which lose the pointer and the
+    // keyboard until it is taken away.
+    void addLayer(QQuickItem& view);
+    void removeLayer(QQuickItem& view);
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    void enableTopLayerOnly();
+
+    ViewHost host_;
+    std::shared_ptr<UIViewController> root_;
+    // From the root's view to the topmost.
+    std::vector<QPointer<QQuickItem>> layers_;
+    bool isShown_ = false;
+};
+
+}  // namespace pellumar

@@ -1,0 +1,20 @@
+import QtQuick
+
+// An icon of the theme, in one colour. Without a colour it has its own.
+Image {
+    id: icon
+
+    required property string name
+    property color color: Theme.text
+    property bool tinted: true
+
+    width: Theme.iconSize
+    height: Theme.iconSize
+    sourceSize: Qt.size(width * Screen.devicePixelRatio, height * Screen.devicePixelRatio)
+    source: name === "" ? "" : "image://icon/" + name + (tinted ? "/" + hex(color) : "")
+    fillMode: Image.PreserveAspectFit
+
+    function hex(value: color): string {
+        return value.toString().slice(-6);
+    }
+}

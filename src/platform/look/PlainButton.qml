@@ -1,0 +1,23 @@
+import QtQuick
+import QtQuick.Controls.Basic
+
+// What all buttons have in common: keyboard, touch target, name and action for screen readers.
+AbstractButton {
+    id: button
+
+    property string description: ""
+
+    implicitHeight: Math.max(Theme.touchTarget, implicitContentHeight + topPadding + bottomPadding)
+    implicitWidth: Math.max(Theme.touchTarget, implicitContentWidth + leftPadding + rightPadding)
+    focusPolicy: Qt.StrongFocus
+    activeFocusOnTab: true
+    hoverEnabled: true
+
+    Accessible.role: Accessible.Button
+    Accessible.name: text
+    Accessible.description: description
+    Accessible.onPressAction: clicked()
+
+    Keys.onReturnPressed: clicked()
+    Keys.onEnterPressed: clicked()
+}
