@@ -1,6 +1,5 @@
 #include "platform/kit/Kit.h"
 
-#include <QtQml/qqmlextensionplugin.h>
 
 void qml_register_types_Pellumar_Kit();
 

@@ -1,0 +1,192 @@
+#include "platform/documents/FileCopy.h"
+
+#include <fcntl.h>
+#include <linux/fs.h>
+#include <sys/ioctl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <string>
+#include <utility>
+
+namespace pellumar {
+namespace {
+
+namespace fs = std::filesystem;
+
+// Between two questions whether to go on.
+constexpr std::size_t kStep = 4 << 20;
+
+class Descriptor {
+  public:
+    explicit Descriptor(int number) : number_(number) {}
+    ~Descriptor() {
+        if (number_ >= 0) {
+            ::close(number_);
+        }
+    }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+
+    [[nodiscard]] int number() const { return number_; }
+    [[nodiscard]] bool isOpen() const { return number_ >= 0; }
+    // A file is done when this has succeeded.
+    [[nodiscard]] bool close() { return ::close(std::exchange(number_, -1)) == 0; }
+
+  private:
+    int number_;
+};
+
+std::error_code lastError() {
+    return {errno, std::generic_category()};
+}
+
+std::error_code copyBytes(int from, int to, const FileCopyProgress& progress) {
+    if (::ioctl(to, FICLONE, from) == 0) {
+        struct stat status {};
+        const bool isKnown = ::fstat(to, &status) == 0;
+        const bool goesOn = progress(isKnown ? static_cast<std::uint64_t>(status.st_size) : 0);
+        return goesOn ? std::error_code() : make_error_code(std::errc::operation_canceled);
+    }
+    bool isDirect = true;
+    std::string buffer;
+    while (true) {
+        ssize_t count = -1;
+        if (isDirect) {
+            count = ::copy_file_range(from, nullptr, to, nullptr, kStep, 0);
+            // Not between these two file systems.
+            isDirect = count >= 0 || errno == EINTR;
+        }
+        if (!isDirect) {
+            buffer.resize(kStep);
+            count = ::read(from, buffer.data(), buffer.size());
+            for (ssize_t done = 0; done < count;) {
+                const ssize_t written =
+                    ::write(to, buffer.data() + done, static_cast<std::size_t>(count - done));
+                if (written < 0 && errno != EINTR) {
+                    return lastError();
+                }
+                done += written < 0 ? 0 : written;
+            }
+        }
+        if (count < 0 && errno != EINTR) {
+            return lastError();
+        }
+        if (count == 0) {
+            return {};
+        }
+        if (count > 0 && !progress(static_cast<std::uint64_t>(count))) {
+            return make_error_code(std::errc::operation_canceled);
+        }
+    }
+}
+
+std::error_code copyFile(const fs::path& from,
+                         const fs::path& to,
+                         const FileCopyProgress& progress) {
+    // A pipe that took its name meanwhile must not hold us up.
+    const Descriptor source(::open(from.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    struct stat status {};
+    if (!source.isOpen() || ::fstat(source.number(), &status) != 0) {
+        return lastError();
+    }
+    if (!S_ISREG(status.st_mode)) {
+        return make_error_code(std::errc::invalid_argument);
+    }
+    const mode_t mode = (status.st_mode & 0777) | S_IWUSR;
+    Descriptor target(::open(to.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
+    if (!target.isOpen()) {
+        return lastError();
+    }
+    if (const std::error_code failure = copyBytes(source.number(), target.number(), progress)) {
+        return failure;
+    }
+    const timespec times[] = {status.st_atim, status.st_mtim};
+    // A file system without times has a copy all the same.
+    static_cast<void>(::futimens(target.number(), times));
+    return target.close() ? std::error_code() : lastError();
+}
+
+tl::expected<void, FileCopyError> copyInto(const fs::path& from,
+                                           const fs::path& to,
+                                           const FileCopyProgress& progress) {
+    std::error_code failure;
+    const fs::file_status status = fs::symlink_status(from, failure);
+    if (fs::is_symlink(status)) {
+        fs::copy_symlink(from, to, failure);
+    } else if (fs::is_directory(status)) {
+        fs::create_directory(to, failure);
+        fs::directory_iterator each(from, failure);
+        for (; !failure && each != fs::directory_iterator(); each.increment(failure)) {
+            auto copied = copyInto(each->path(), to / each->path().filename(), progress);
+            if (!copied) {
+                return copied;
+            }
+        }
+    } else if (fs::is_regular_file(status)) {
+        failure = copyFile(from, to, progress);
+    }
+    return failure ? tl::expected<void, FileCopyError>(tl::unexpect, FileCopyError{from, failure})
+                   : tl::expected<void, FileCopyError>();
+}
+
+}  // namespace
+
+tl::expected<void, FileCopyError> copyTree(const fs::path& from,
+                                           const fs::path& to,
+                                           const FileCopyProgress& progress) {
+    std::error_code failure;
+    // What was picked may be a link; what is meant is the thing behind it.
+    const fs::path original = fs::canonical(from, failure);
+    const fs::file_status status = fs::status(original, failure);
+    if (!failure && !fs::is_directory(status) && !fs::is_regular_file(status)) {
+        failure = make_error_code(std::errc::invalid_argument);
+    }
+    if (!failure && fs::exists(fs::symlink_status(to))) {
+        failure = make_error_code(std::errc::file_exists);
+    }
+    const fs::path inside = to.lexically_relative(original);
+    if (!failure && !inside.empty() && *inside.begin() != "..") {
+        failure = make_error_code(std::errc::invalid_argument);
+    }
+    if (failure) {
+        return tl::unexpected(FileCopyError{from, failure});
+    }
+    auto copied = copyInto(original, to, progress);
+    if (!copied) {
+        fs::remove_all(to, failure);
+    }
+    return copied;
+}
+
+std::uint64_t treeSize(const fs::path& path) {
+    std::error_code failure;
+    if (fs::is_regular_file(path, failure)) {
+        const std::uintmax_t size = fs::file_size(path, failure);
+        return failure ? 0 : size;
+    }
+    std::uint64_t total = 0;
+    fs::recursive_directory_iterator each(path, failure);
+    for (; !failure && each != fs::recursive_directory_iterator(); each.increment(failure)) {
+        std::error_code unknown;
+        if (each->is_regular_file(unknown) && !each->is_symlink(unknown)) {
+            const std::uintmax_t size = each->file_size(unknown);
+            total += unknown ? 0 : size;
+        }
+    }
+    return total;
+}
+
+fs::path freePath(const fs::path& folder, const fs::path& name) {
+    fs::path path = folder / name;
+    for (int number = 2; fs::exists(fs::symlink_status(path)); ++number) {
+        fs::path other = name.stem();
+        other += " (" + std::to_string(number) + ")";
+        other += name.extension();
+        path = folder / other;
+    }
+    return path;
+}
+
+}  // namespace pellumar

@@ -1,0 +1,187 @@
+#include "platform/documents/FolderModel.h"
+
+#include <QCollator>
+#include <QLocale>
+#include <algorithm>
+#include <chrono>
+#include <system_error>
+#include <utility>
+
+#include "platform/FileUrl.h"
+#include "platform/documents/UIDocumentInteractionController.h"
+
+namespace pellumar {
+namespace {
+
+namespace fs = std::filesystem;
+
+// Whether a document picker for these types offers a file of this name.
+bool matches(const QStringList& types, const QString& name) {
+    if (types.contains(QStringLiteral("public.item"))) {
+        return true;
+    }
+    return types.contains(QStringLiteral("public.zip-archive")) &&
+           name.endsWith(QStringLiteral(".zip"), Qt::CaseInsensitive);
+}
+
+QDateTime changedAt(const fs::directory_entry& entry) {
+    std::error_code unknown;
+    const auto time = entry.last_write_time(unknown);
+    if (unknown) {
+        return {};
+    }
+    const auto since = std::chrono::file_clock::to_sys(time).time_since_epoch();
+    return QDateTime::fromMSecsSinceEpoch(
+        std::chrono::duration_cast<std::chrono::milliseconds>(since).count());
+}
+
+}  // namespace
+
+FolderModel::FolderModel(QStringList types,
+                         DispatchQueue& mainQueue,
+                         DispatchQueue& backgroundQueue)
+    : types_(std::move(types)), mainQueue_(mainQueue), backgroundQueue_(backgroundQueue) {}
+
+FolderModel::~FolderModel() = default;
+
+void FolderModel::setFolder(const fs::path& folder) {
+    beginResetModel();
+    folder_ = folder;
+    rows_.clear();
+    selected_.clear();
+    endResetModel();
+    isLoading_ = true;
+    isUnreadable_ = false;
+    emit loadingChanged();
+    emit selectionChanged();
+    latest_ = std::make_shared<FolderModel*>(this);
+    const std::weak_ptr<FolderModel*> asker = latest_;
+    backgroundQueue_.async([asker, folder, types = types_, &mainQueue = mainQueue_] {
+        auto listing = std::make_shared<Listing>(read(folder, types));
+        mainQueue.async([asker, listing] {
+            if (const auto model = asker.lock()) {
+                (*model)->take(std::move(*listing));
+            }
+        });
+    });
+}
+
+FolderModel::Listing FolderModel::read(const fs::path& folder, const QStringList& types) {
+    Listing listing;
+    std::error_code failure;
+    fs::directory_iterator each(folder, failure);
+    listing.isUnreadable = static_cast<bool>(failure);
+    for (; !failure && each != fs::directory_iterator(); each.increment(failure)) {
+        std::error_code unknown;
+        Row row;
+        row.name = each->path().filename().string();
+        row.shownName = QString::fromStdString(row.name);
+        row.isFolder = each->is_directory(unknown);
+        const bool isFile = !row.isFolder && each->is_regular_file(unknown);
+        if (row.name.starts_with('.') ||
+            (!row.isFolder && !(isFile && matches(types, row.shownName)))) {
+            continue;
+        }
+        row.size = isFile ? each->file_size(unknown) : 0;
+        row.changed = changedAt(*each);
+        listing.rows.push_back(std::move(row));
+    }
+    QCollator collator;
+    collator.setNumericMode(true);
+    collator.setCaseSensitivity(Qt::CaseInsensitive);
+    std::stable_sort(
+        listing.rows.begin(), listing.rows.end(), [&collator](const Row& a, const Row& b) {
+            return a.isFolder != b.isFolder ? a.isFolder : collator(a.shownName, b.shownName);
+        });
+    return listing;
+}
+
+void FolderModel::take(Listing listing) {
+    beginResetModel();
+    rows_ = std::move(listing.rows);
+    endResetModel();
+    isLoading_ = false;
+    isUnreadable_ = listing.isUnreadable;
+    emit loadingChanged();
+}
+
+void FolderModel::toggle(int row, bool several) {
+    if (row < 0 || row >= rowCount() || isFolder(row)) {
+        return;
+    }
+    const bool wasSelected = several && selected_.contains(row);
+    if (!several) {
+        selected_.clear();
+    }
+    if (wasSelected) {
+        selected_.remove(row);
+    } else {
+        selected_.insert(row);
+    }
+    emit dataChanged(
+        index(several ? row : 0), index(several ? row : rowCount() - 1), {kIsSelected});
+    emit selectionChanged();
+}
+
+QList<QUrl> FolderModel::selectedUrls() const {
+    QList<int> rows(selected_.begin(), selected_.end());
+    std::sort(rows.begin(), rows.end());
+    QList<QUrl> urls;
+    for (const int row : rows) {
+        urls.append(fileUrl(path(row)));
+    }
+    return urls;
+}
+
+bool FolderModel::isFolder(int row) const {
+    return rows_[static_cast<std::size_t>(row)].isFolder;
+}
+
+fs::path FolderModel::path(int row) const {
+    return folder_ / rows_[static_cast<std::size_t>(row)].name;
+}
+
+int FolderModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(rows_.size());
+}
+
+QVariant FolderModel::data(const QModelIndex& index, int role) const {
+    if (!index.isValid() || index.row() >= rowCount()) {
+        return {};
+    }
+    const Row& row = rows_[static_cast<std::size_t>(index.row())];
+    switch (role) {
+        case kName:
+            return row.shownName;
+        case kDetail: {
+            const QString day = QLocale().toString(row.changed.date(), QLocale::ShortFormat);
+            return row.isFolder
+                       ? day
+                       : QLocale().formattedDataSize(static_cast<qint64>(row.size)) + ", " + day;
+        }
+        case kIconName:
+            return row.isFolder ? QStringLiteral("folder")
+                                : UIDocumentInteractionController(fileUrl(folder_ / row.name))
+                                      .icons()
+                                      .last();
+        case kIsFolder:
+            return row.isFolder;
+        case kIsSelected:
+            return selected_.contains(index.row());
+        case kIsPickable:
+            return !row.isFolder;
+        default:
+            return {};
+    }
+}
+
+QHash<int, QByteArray> FolderModel::roleNames() const {
+    return {{kName, "name"},
+            {kDetail, "detail"},
+            {kIconName, "iconName"},
+            {kIsFolder, "isFolder"},
+            {kIsSelected, "isSelected"},
+            {kIsPickable, "isPickable"}};
+}
+
+}  // namespace pellumar

@@ -1,0 +1,111 @@
+import QtQuick
+import QtQuick.Layouts
+import QtQuick.Controls.Basic
+import Pellumar.Look
+
+Sheet {
+    id: root
+
+    required property UIDocumentPickerViewController controller
+
+    progress: controller.presentation
+    fullHeight: true
+    preferredWidth: Theme.readableWidth
+    onDismissed: controller.cancelTapped()
+    Accessible.role: Accessible.Dialog
+    Accessible.name: controller.heading
+
+    ColumnLayout {
+        anchors.fill: parent
+        spacing: 0
+        RowLayout {
+            Layout.fillWidth: true
+            Layout.margins: Theme.space1
+            QuietButton {
+                text: qsTr("Cancel")
+                color: Theme.text
+                onClicked: root.controller.cancelTapped()
+            }
+            BodyText {
+                Layout.fillWidth: true
+                text: root.controller.heading
+                font.pixelSize: Theme.fontTitle
+                font.weight: Theme.weightStrong
+                horizontalAlignment: Text.AlignHCenter
+                elide: Text.ElideRight
+                wrapMode: Text.NoWrap
+                Accessible.role: Accessible.Heading
+            }
+            QuietButton {
+                text: root.controller.model.selectedCount > 1
+                      ? root.controller.confirmTitle + " (" + root.controller.model.selectedCount + ")"
+                      : root.controller.confirmTitle
+                enabled: root.controller.canConfirm
+                onClicked: root.controller.confirmTapped()
+            }
+        }
+        ListView {
+            Layout.fillWidth: true
+            Layout.preferredHeight: Theme.touchTarget
+            orientation: ListView.Horizontal
+            leftMargin: Theme.space4
+            rightMargin: Theme.space4
+            spacing: Theme.space2
+            clip: true
+            model: root.controller.placeNames
+            delegate: PlaceChip {
+                controller: root.controller
+            }
+        }
+        RowLayout {
+            Layout.fillWidth: true
+            Layout.leftMargin: Theme.space2
+            Layout.rightMargin: Theme.space4
+            IconButton {
+                iconName: "up"
+                text: qsTr("Folder above")
+                enabled: root.controller.canGoUp
+                opacity: enabled ? 1 : 0.4
+                onClicked: root.controller.upTapped()
+            }
+            BodyText {
+                Layout.fillWidth: true
+                text: root.controller.failure === "" ? root.controller.folderName
+                                                     : root.controller.failure
+                color: root.controller.failure === "" ? Theme.text : Theme.error
+                font.weight: Theme.weightStrong
+                elide: Text.ElideMiddle
+                maximumLineCount: 2
+            }
+        }
+        Rectangle {
+            Layout.fillWidth: true
+            Layout.preferredHeight: 1
+            color: Theme.hairline
+        }
+        ListView {
+            id: list
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+            clip: true
+            reuseItems: true
+            focus: true
+            model: root.controller.model
+            ScrollBar.vertical: ScrollBar {}
+            Accessible.role: Accessible.List
+            Accessible.name: root.controller.folderName
+            delegate: DocumentRow {
+                width: list.width
+                controller: root.controller
+            }
+            EmptyState {
+                anchors.centerIn: parent
+                width: parent.width - 2 * Theme.space6
+                visible: list.count === 0 && !root.controller.model.isLoading
+                iconName: "folder"
+                text: root.controller.model.isUnreadable ? qsTr("This folder cannot be read")
+                                                         : qsTr("Nothing to choose here")
+            }
+        }
+    }
+}

@@ -1,0 +1,39 @@
+import QtQuick
+import Pellumar.Look
+
+// One way to share.
+PlainButton {
+    id: tile
+
+    property string iconName: ""
+
+    implicitWidth: 1
+    padding: Theme.space2
+    background: Rectangle {
+        radius: Theme.controlRadius
+        color: tile.down || tile.hovered ? Theme.pressed : "transparent"
+        FocusRing { control: tile }
+    }
+    contentItem: Column {
+        spacing: Theme.space2
+        Rectangle {
+            anchors.horizontalCenter: parent.horizontalCenter
+            width: 52
+            height: 52
+            radius: Theme.cardRadius
+            color: Theme.accentTint
+            Icon {
+                anchors.centerIn: parent
+                name: tile.iconName
+                color: Theme.accentText
+            }
+        }
+        BodyText {
+            width: parent.width
+            text: tile.text
+            font.pixelSize: Theme.fontCaption
+            horizontalAlignment: Text.AlignHCenter
+            Accessible.ignored: true
+        }
+    }
+}
