@@ -1,0 +1,6 @@
+import QtQuick
+
+// A row of which nothing is known.
+Item {
+    required property UITableViewCell controller
+}

@@ -1,0 +1,34 @@
+#include "screens/ConfirmationPopupViewController.h"
+
+#include <utility>
+
+namespace pellumar {
+
+ConfirmationPopupViewController::ConfirmationPopupViewController(const UIContext& context, QUrl url)
+    : UIViewController(context), url_(std::move(url)) {
+    setModalPresentationStyle(UIModalPresentationStyle::kOverFullScreen);
+    setModalTransitionStyle(UIModalTransitionStyle::kCrossDissolve);
+    setModalPresentationCapturesStatusBarAppearance(true);
+}
+
+void ConfirmationPopupViewController::viewDidLoad() {
+    UIViewController::viewDidLoad();
+    titleLabel_ = outlet<QQuickItem>(view(), QStringLiteral("titleLabel"));
+    titleLabel_->setProperty("text", "Do you want to unzip " + url_.fileName() + '?');
+}
+
+void ConfirmationPopupViewController::unzipTapped() {
+    dismiss(true, [self = weakly(this)] {
+        const auto popup = self.lock();
+        const auto delegate = popup ? popup->delegate_.lock() : nullptr;
+        if (delegate) {
+            delegate->didConfirmUnzip(popup->url_);
+        }
+    });
+}
+
+void ConfirmationPopupViewController::cancelTapped() {
+    dismiss(true);
+}
+
+}  // namespace pellumar

@@ -1,0 +1,38 @@
+#include "screens/FileTableViewCell.h"
+
+#include "platform/documents/UIDocumentInteractionController.h"
+
+namespace pellumar {
+
+void FileTableViewCell::awakeFromNib() {
+    titleLabel_ = outlet<QQuickItem>(view(), QStringLiteral("titleLabel"));
+    fileImageView_ = outlet<QQuickItem>(view(), QStringLiteral("fileImageView"));
+}
+
+void FileTableViewCell::configure(const QUrl& url, IndexPath indexPath) {
+    static_cast<void>(view());
+    indexPath_ = indexPath;
+    titleLabel_->setProperty("text", url.fileName());
+    const QStringList icons = UIDocumentInteractionController(url).icons();
+    iconName_ = icons.isEmpty() ? QString() : icons.last();
+    thumbnail_ =
+        iconName_ == QLatin1String("image")
+            ? "image://thumbnail/" +
+                  QString::fromLatin1(url.toEncoded().toBase64(QByteArray::Base64UrlEncoding))
+            : QString();
+    detail_.clear();
+    emit configured();
+    question_ = details_.ask(url, [this](const QString& detail) {
+        detail_ = detail;
+        emit configured();
+    });
+}
+
+void FileTableViewCell::shareTapped() {
+    const auto told = delegate_.lock();
+    if (indexPath_ && told) {
+        told->shareFile(*indexPath_);
+    }
+}
+
+}  // namespace pellumar

@@ -1,0 +1,73 @@
+import QtQuick
+import QtQuick.Layouts
+import Pellumar.Look
+
+Item {
+    id: root
+
+    required property FileTableViewCell controller
+
+    RowLayout {
+        anchors.fill: parent
+        anchors.leftMargin: Theme.space4
+        anchors.rightMargin: Theme.space2
+        spacing: Theme.space3
+
+        Rectangle {
+            objectName: "fileImageView"
+            Layout.preferredWidth: 44
+            Layout.preferredHeight: 44
+            radius: Theme.controlRadius
+            color: Theme.accentTint
+            clip: true
+            Icon {
+                anchors.centerIn: parent
+                width: 26
+                height: 26
+                name: root.controller.iconName
+                color: Theme.accentText
+                visible: picture.status !== Image.Ready
+            }
+            Image {
+                id: picture
+                anchors.fill: parent
+                source: root.controller.thumbnail
+                sourceSize: Qt.size(88, 88)
+                fillMode: Image.PreserveAspectCrop
+                asynchronous: true
+            }
+        }
+        ColumnLayout {
+            Layout.fillWidth: true
+            spacing: 2
+            BodyText {
+                objectName: "titleLabel"
+                Layout.fillWidth: true
+                font.pixelSize: Theme.fontTitle
+                wrapMode: Text.NoWrap
+                elide: Text.ElideMiddle
+            }
+            BodyText {
+                Layout.fillWidth: true
+                text: root.controller.detail
+                color: Theme.textSecondary
+                font.pixelSize: Theme.fontCaption
+                wrapMode: Text.NoWrap
+                elide: Text.ElideRight
+            }
+        }
+        IconButton {
+            objectName: "shareButton"
+            iconName: "share"
+            text: qsTr("Share")
+            onClicked: root.controller.shareTapped()
+        }
+    }
+    Rectangle {
+        anchors.bottom: parent.bottom
+        x: 72
+        width: parent.width - x
+        height: 1
+        color: Theme.hairline
+    }
+}
