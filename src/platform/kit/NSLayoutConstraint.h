@@ -17,12 +17,7 @@ class NSLayoutConstraint : public QObject {
     using QObject::QObject;
 
     [[nodiscard]] qreal constant() const { return constant_; }
-    void setConstant(qreal constant) {
-        if (constant_ != constant) {
-            constant_ = constant;
-            emit constantChanged();
-        }
-    }
+    void setConstant(qreal constant);
 
   signals:
     void constantChanged();
