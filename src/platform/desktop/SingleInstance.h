@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QList>
+#include <QObject>
+#include <QStringList>
+#include <QUrl>
+#include <QVariantMap>
+
+namespace pellumar {
+
+// Makes one process of many starts: the first owns the application's name on the session bus, and
+// the later ones tell it what they were started with. Speaks org.freedesktop.Application, so that
+// the desktop can start and call it too. For the main thread.
+class SingleInstance : public QObject {
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
+
+  public:
+    enum class Role {
+        // This process is the application. Where there is no bus, every one is.
+        kFirst,
+        // Another process is, and has been told.
+        kForwarded,
+        // Another process is, but does not answer.
+        kNoAnswer,
+    };
+
+    // Takes the name, or forwards `urls` to its owner; with none of them the owner's window comes
+    // to the front. Which of two that start together is first, the bus decides.
+    [[nodiscard]] Role claim(const QList<QUrl>& urls);
+
+  public slots:
+    // The calls of org.freedesktop.Application.
+    void Activate(const QVariantMap& platformData);
+    void Open(const QStringList& uris, const QVariantMap& platformData);
+    void ActivateAction(const QString& name,
+                        const QVariantList& parameter,
+                        const QVariantMap& platformData);
+
+  signals:
+    void activated();
+    void openRequested(const QList<QUrl>& urls);
+
+  private:
+    [[nodiscard]] static Role forward(const QList<QUrl>& urls);
+};
+
+}  // namespace pellumar
