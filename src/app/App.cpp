@@ -1,0 +1,22 @@
+#include "app/App.h"
+
+#include "platform/documents/Documents.h"
+#include "platform/kit/Kit.h"
+#include "platform/look/Look.h"
+#include "platform/sharing/Sharing.h"
+#include "screens/Screens.h"
+
+void qml_register_types_Pellumar_App();
+
+namespace pellumar {
+
+void registerLayouts() {
+    registerLook();
+    registerKit();
+    registerDocuments();
+    registerSharing();
+    registerScreens();
+    qml_register_types_Pellumar_App();
+}
+
+}  // namespace pellumar

@@ -1,0 +1,111 @@
+#include "app/Composition.h"
+
+#include <QStandardPaths>
+
+#include "app/App.h"
+#include "app/OnboardingViewController.h"
+#include "app/SettingsViewController.h"
+#include "platform/FIRApp.h"
+#include "platform/look/Look.h"
+#include "platform/sharing/DesktopTargets.h"
+#include "screens/ThumbnailProvider.h"
+#include "screens/ViewController.h"
+
+namespace pellumar {
+namespace {
+
+// What the platform remembers by itself, apart from the user's preferences.
+QString memoryFile() {
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+           QStringLiteral("/pellumar-zip/platform.ini");
+}
+
+RemoteConfigService::Options remoteOptions(const UserSettings& settings) {
+    return {
+        .folder = DocumentDirectory::inDataFolder("RemoteConfig").value_or(std::filesystem::path()),
+        .endpoint = RemoteConfigEndpoint::configured(settings.userDefaults())};
+}
+
+QStringList layoutModules() {
+    return {QStringLiteral("Pellumar.App"),
+            QStringLiteral("Pellumar.Screens"),
+            QStringLiteral("Pellumar.Sharing"),
+            QStringLiteral("Pellumar.Documents"),
+            QStringLiteral("Pellumar.Kit")};
+}
+
+}  // namespace
+
+Composition::Composition()
+    : settings_(UserSettings::shared()),
+      engineOfEvents_(std::make_shared<RecordingAnalytics>()),
+      remoteConfig_(std::make_shared<RemoteConfigService>(remoteOptions(settings_), console_)),
+      analytics_(settings_, *engineOfEvents_),
+      fileSystem_(DocumentDirectory(), console_),
+      memory_(memoryFile(), QSettings::IniFormat),
+      inbox_(DocumentInbox::standardFolder(), mainQueue_, backgroundQueue_),
+      review_(memory_,
+              opener_,
+              QDateTime::currentDateTimeUtc,
+              SKStoreReviewController::desktopHasStore),
+      targets_(desktopTargets()),
+      viewLoader_(engine_, layoutModules()),
+      animator_([this] { return appearance_.isStill(); }),
+      launches_(settings_.userDefaults()),
+      screens_{.ui = {viewLoader_, animator_, {}},
+               .settings = settings_,
+               .analytics = analytics_,
+               .fileSystem = fileSystem_,
+               .jobs = {fileSystem_, analytics_, console_, mainQueue_, backgroundQueue_},
+               .documents = {inbox_, mainQueue_, backgroundQueue_, memory_},
+               .shareTargets = targets_,
+               .review = review_,
+               .sleep = sleep_,
+               .mainQueue = mainQueue_},
+      delegate_(std::make_shared<AppDelegate>(
+          AppDelegate::Environment{screens_.ui,
+                                   storyboard_,
+                                   settings_,
+                                   fileSystem_,
+                                   console_,
+                                   [this] { configureServices(); }})) {
+    installIcons(engine_);
+    engine_.addImageProvider(QStringLiteral("thumbnail"), new ThumbnailProvider);
+    followAppearance();
+    fillStoryboard();
+    inbox_.clear();
+    delegate_->setWindow(&window_);
+}
+
+Composition::~Composition() {
+    window_.setRootViewController(nullptr);
+    remoteConfig_->stop();
+    // Screens go with the event loop, which has ended; what they work with goes now.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+void Composition::configureServices() {
+    FIRApp::configure({engineOfEvents_, remoteConfig_});
+}
+
+void Composition::followAppearance() {
+    const auto follow = [this] {
+        applyLook(engine_, {appearance_.isDark(), appearance_.isStill(), appearance_.textScale()});
+    };
+    QObject::connect(&appearance_, &Appearance::changed, &engine_, follow);
+    follow();
+}
+
+void Composition::fillStoryboard() {
+    storyboard_.addScene(QStringLiteral("ViewController"),
+                         [this] { return makeController<ViewController>(screens_, launches_); });
+    storyboard_.addScene(QStringLiteral("SettingsViewController"), [this] {
+        return makeController<SettingsViewController>(screens_.ui, settings_, analytics_, opener_);
+    });
+    storyboard_.addScene(QStringLiteral("OnboardingViewController"), [this] {
+        return makeController<OnboardingViewController>(screens_.ui, settings_, analytics_);
+    });
+    storyboard_.setInitialScene(QStringLiteral("ViewController"));
+}
+
+}  // namespace pellumar

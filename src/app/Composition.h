@@ -1,0 +1,69 @@
+#pragma once
+
+#include <QQmlEngine>
+#include <QSettings>
+#include <cstdio>
+#include <memory>
+#include <vector>
+
+#include "app/AppDelegate.h"
+#include "platform/GlobalDispatchQueue.h"
+#include "platform/MainDispatchQueue.h"
+#include "platform/RecordingAnalytics.h"
+#include "platform/desktop/Appearance.h"
+#include "platform/desktop/DesktopUrlOpener.h"
+#include "platform/desktop/PortalSleepInhibitor.h"
+#include "platform/desktop/SKStoreReviewController.h"
+#include "platform/kit/FrameAnimator.h"
+#include "platform/kit/QmlViewLoader.h"
+#include "platform/remoteconfig/RemoteConfigService.h"
+#include "screens/RelevantActionCount.h"
+#include "screens/ScreenServices.h"
+
+namespace pellumar {
+
+// Everything that lives as long as the program, made in the order in which it needs each other.
+class Composition {
+  public:
+    Composition();
+    ~Composition();
+    Composition(const Composition&) = delete;
+    Composition& operator=(const Composition&) = delete;
+
+    [[nodiscard]] AppDelegate& delegate() { return *delegate_; }
+    [[nodiscard]] UIWindow& window() { return window_; }
+    [[nodiscard]] QQmlEngine& engine() { return engine_; }
+    [[nodiscard]] const ScreenServices& screens() const { return screens_; }
+    [[nodiscard]] const UIStoryboard& storyboard() const { return storyboard_; }
+
+  private:
+    void fillStoryboard();
+    void followAppearance();
+    void configureServices();
+
+    StreamConsole console_{stdout};
+    MainDispatchQueue mainQueue_;
+    GlobalDispatchQueue backgroundQueue_;
+    const UserSettings& settings_;
+    std::shared_ptr<RecordingAnalytics> engineOfEvents_;
+    std::shared_ptr<RemoteConfigService> remoteConfig_;
+    PellumarAnalytics analytics_;
+    FileSystem fileSystem_;
+    QSettings memory_;
+    DocumentInbox inbox_;
+    DesktopUrlOpener opener_;
+    SKStoreReviewController review_;
+    PortalSleepInhibitor sleep_;
+    std::vector<std::shared_ptr<ShareTarget>> targets_;
+    Appearance appearance_;
+    QQmlEngine engine_;
+    QmlViewLoader viewLoader_;
+    FrameAnimator animator_;
+    RelevantActionCount launches_;
+    ScreenServices screens_;
+    UIStoryboard storyboard_;
+    UIWindow window_;
+    std::shared_ptr<AppDelegate> delegate_;
+};
+
+}  // namespace pellumar

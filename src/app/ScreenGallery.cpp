@@ -1,0 +1,166 @@
+#include "app/ScreenGallery.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QTimer>
+
+#include "app/MainInterface.h"
+#include "platform/kit/MBProgressHUD.h"
+#include "platform/kit/UIAlertController.h"
+#include "platform/kit/UINavigationController.h"
+#include "platform/kit/UITabBarController.h"
+#include "platform/look/Look.h"
+#include "screens/ConfirmationPopupViewController.h"
+#include "screens/UnzipViewController.h"
+#include "screens/ZipViewController.h"
+
+namespace pellumar {
+namespace {
+
+constexpr int kSettleMs = 700;
+constexpr QSize kSizes[] = {{360, 640}, {390, 844}};
+
+// What the layouts complain of.
+QStringList complaints;
+
+void collect(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+    const bool isOfLayout =
+        message.contains(QStringLiteral("qrc:")) || qstrncmp(context.category, "qml", 3) == 0;
+    if (type != QtDebugMsg && type != QtInfoMsg && isOfLayout) {
+        complaints.append(message);
+    }
+    std::fprintf(stderr, "%s\n", qUtf8Printable(message));
+}
+
+QList<QUrl> sampleFiles() {
+    QList<QUrl> urls;
+    for (const char* name : {"Holiday in the mountains 2026.jpg",
+                             "Invoice.pdf",
+                             "Letter.odt",
+                             "Budget.ods",
+                             "Song.mp3",
+                             "main.cpp",
+                             "Photos.zip",
+                             "Readme.txt"}) {
+        urls.append(QUrl::fromLocalFile(QDir::temp().filePath(QString::fromUtf8(name))));
+    }
+    return urls;
+}
+
+}  // namespace
+
+std::shared_ptr<UINavigationController> ScreenGallery::showHome() {
+    const auto root = makeMainInterface(composition_.screens().ui, composition_.storyboard());
+    composition_.window().setRootViewController(root);
+    composition_.window().makeKeyAndVisible();
+    const auto tabs = std::dynamic_pointer_cast<UITabBarController>(root);
+    return std::dynamic_pointer_cast<UINavigationController>(tabs->selectedViewController());
+}
+
+std::vector<ScreenGallery::Scene> ScreenGallery::scenes() {
+    const ScreenServices& services = composition_.screens();
+    const auto push = [this](const std::shared_ptr<UIViewController>& screen) {
+        screen->setHidesBottomBarWhenPushed(true);
+        showHome()->pushViewController(screen, false);
+    };
+    const auto present = [this](const std::shared_ptr<UIViewController>& screen) {
+        showHome()->topViewController()->present(screen, false);
+    };
+    const UIContext& ui = services.ui;
+    return {
+        {"onboarding",
+         [this] {
+             composition_.window().setRootViewController(
+                 composition_.storyboard().instantiateViewController("OnboardingViewController"));
+             composition_.window().makeKeyAndVisible();
+         }},
+        {"home", [this] { static_cast<void>(showHome()); }},
+        {"settings",
+         [this] {
+             static_cast<void>(showHome());
+             const auto root = composition_.window().rootViewController();
+             std::dynamic_pointer_cast<UITabBarController>(root)->select(1);
+         }},
+        {"results",
+         [=, &services] { push(makeController<UnzipViewController>(services, sampleFiles())); }},
+        {"results-empty",
+         [=, &services] { push(makeController<UnzipViewController>(services, QList<QUrl>())); }},
+        {"composer", [=, &services] { push(makeController<ZipViewController>(services)); }},
+        {"popup",
+         [=] {
+             present(makeController<ConfirmationPopupViewController>(
+                 ui, QUrl::fromLocalFile("/Holiday photos from Zürich.zip")));
+         }},
+        {"picker",
+         [=, &services] {
+             present(makeController<UIDocumentPickerViewController>(
+                 ui, services.documents, QStringList{"public.item"}, true));
+         }},
+        {"share",
+         [=, &services] {
+             present(makeController<UIActivityViewController>(
+                 ui,
+                 SharingServices{services.documents, services.shareTargets},
+                 QList<QUrl>{sampleFiles().at(6)}));
+         }},
+        {"title-alert",
+         [=, &services] {
+             const auto composer = makeController<ZipViewController>(services);
+             push(composer);
+             composer->askTitleForFiles(sampleFiles());
+         }},
+        {"overlay",
+         [this, ui] {
+             const auto stack = showHome();
+             const auto hud =
+                 MBProgressHUD::showAddedTo(ui, stack->topViewController()->view(), false);
+             hud->setMode(MBProgressHUD::Mode::kAnnularDeterminate);
+             hud->setLabel(QStringLiteral("Compressing files"));
+             hud->setProgress(0.5F);
+             // It lives as long as what it covers.
+             QObject::connect(stack.get(), &QObject::destroyed, [hud] {});
+         }},
+    };
+}
+
+void ScreenGallery::settle() {
+    QElapsedTimer elapsed;
+    elapsed.start();
+    while (elapsed.elapsed() < kSettleMs) {
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+    }
+}
+
+bool ScreenGallery::selfTest() {
+    const QtMessageHandler before = qInstallMessageHandler(collect);
+    for (const Scene& scene : scenes()) {
+        scene.show();
+        settle();
+    }
+    qInstallMessageHandler(before);
+    return complaints.isEmpty();
+}
+
+bool ScreenGallery::saveScreenshots(const QString& folder) {
+    bool isSaved = QDir().mkpath(folder);
+    for (const QSize& size : kSizes) {
+        composition_.window().resize(size);
+        for (const bool isDark : {false, true}) {
+            applyLook(composition_.engine(), {.isDark = isDark});
+            for (const Scene& scene : scenes()) {
+                scene.show();
+                settle();
+                const QString file = QStringLiteral("%1/%2-%3x%4-%5.png")
+                                         .arg(folder, scene.name)
+                                         .arg(size.width())
+                                         .arg(size.height())
+                                         .arg(isDark ? "dark" : "light");
+                isSaved = composition_.window().grabWindow().save(file) && isSaved;
+            }
+        }
+    }
+    return isSaved;
+}
+
+}  // namespace pellumar

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QPointer>
+
+#include "events/PellumarAnalytics.h"
+#include "platform/UrlOpener.h"
+#include "platform/kit/StoryboardInstantiable.h"
+#include "platform/kit/UIViewController.h"
+#include "settings/UserSettings.h"
+
+namespace pellumar {
+
+// The settings: the user's word on usage data, and two ways out. Layout outlet: "usageSwitch".
+class SettingsViewController : public UIViewController, public StoryboardInstantiable {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Made in C++")
+
+  public:
+    // The rows of the layout, by their position.
+    enum Row { kUsageDataRow = 0, kDeveloperRow = 1 };
+    Q_ENUM(Row)
+
+    // All must outlive this.
+    SettingsViewController(const UIContext& context,
+                           const UserSettings& settings,
+                           const PellumarAnalytics& analytics,
+                           UrlOpener& opener);
+
+    Q_INVOKABLE void appUsageSwitchChanged();
+    Q_INVOKABLE void seeMoreTapped();
+    Q_INVOKABLE void didSelectRow(int row);
+
+    [[nodiscard]] UIStatusBarStyle preferredStatusBarStyle() const override {
+        return UIStatusBarStyle::kLightContent;
+    }
+
+  protected:
+    void viewDidLoad() override;
+    void viewWillAppear(bool animated) override;
+
+  private:
+    const UserSettings& settings_;
+    const PellumarAnalytics& analytics_;
+    UrlOpener& opener_;
+    QPointer<QQuickItem> usageSwitch_;
+};
+
+}  // namespace pellumar

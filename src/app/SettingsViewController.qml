@@ -1,0 +1,69 @@
+import QtQuick
+import QtQuick.Layouts
+import Pellumar.Kit
+import Pellumar.Look
+
+ScreenView {
+    id: root
+
+    required property SettingsViewController controller
+
+    Flickable {
+        anchors.fill: parent
+        contentHeight: content.implicitHeight + 2 * Theme.space5
+        boundsBehavior: Flickable.StopAtBounds
+        clip: true
+
+        ColumnLayout {
+            id: content
+            x: (parent.width - width) / 2
+            y: Theme.space4
+            width: Math.min(parent.width - 2 * Theme.space4, Theme.readableWidth)
+            spacing: Theme.space4
+
+            Surface {
+                Layout.fillWidth: true
+                implicitHeight: usage.implicitHeight + 2 * Theme.space4
+                ColumnLayout {
+                    id: usage
+                    anchors.fill: parent
+                    anchors.margins: Theme.space4
+                    spacing: Theme.space2
+                    RowLayout {
+                        Layout.fillWidth: true
+                        BodyText {
+                            Layout.fillWidth: true
+                            text: qsTr("Send usage data")
+                            font.pixelSize: Theme.fontTitle
+                            Accessible.ignored: true
+                        }
+                        ToggleSwitch {
+                            objectName: "usageSwitch"
+                            focus: true
+                            text: qsTr("Send usage data")
+                            onToggled: root.controller.appUsageSwitchChanged()
+                        }
+                    }
+                    BodyText {
+                        Layout.fillWidth: true
+                        text: qsTr("Which buttons are used, and whether archives could be read. Never what is in them.")
+                        color: Theme.textSecondary
+                    }
+                    QuietButton {
+                        leftPadding: 0
+                        text: qsTr("See more")
+                        onClicked: root.controller.seeMoreTapped()
+                    }
+                }
+            }
+            ActionCard {
+                Layout.fillWidth: true
+                compact: true
+                iconName: "application"
+                text: qsTr("More from us")
+                description: qsTr("Our other applications")
+                onClicked: root.controller.didSelectRow(SettingsViewController.kDeveloperRow)
+            }
+        }
+    }
+}

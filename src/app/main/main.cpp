@@ -1,0 +1,93 @@
+#include <QCommandLineParser>
+#include <QDir>
+#include <QGuiApplication>
+#include <QQuickStyle>
+#include <cstdio>
+
+#include "app/App.h"
+#include "app/Composition.h"
+#include "app/ScreenGallery.h"
+#include "platform/FileUrl.h"
+#include "platform/desktop/SingleInstance.h"
+
+using namespace pellumar;
+
+namespace {
+
+struct Start {
+    QList<QUrl> urls;
+    QString screenshots;
+    bool isSelfTest = false;
+};
+
+Start readCommandLine(const QGuiApplication& application) {
+    QCommandLineParser parser;
+    parser.setApplicationDescription("Opens and makes ZIP archives.");
+    parser.addHelpOption();
+    parser.addVersionOption();
+    parser.addOption({"self-test", "Load every screen; fails if one has a fault."});
+    parser.addOption({"screenshots", "Save a picture of every screen in DIR.", "DIR"});
+    parser.addPositionalArgument("archive", "An archive to open", "[ARCHIVE...]");
+    parser.process(application);
+    Start start;
+    start.isSelfTest = parser.isSet("self-test");
+    start.screenshots = parser.value("screenshots");
+    for (const QString& argument : parser.positionalArguments()) {
+        const QUrl url(argument);
+        start.urls.append(
+            url.isLocalFile() ? url : fileUrl(QDir().absoluteFilePath(argument).toStdString()));
+    }
+    return start;
+}
+
+int serve(QGuiApplication& application, SingleInstance& instance, const Start& start) {
+    Composition composition;
+    AppDelegate& delegate = composition.delegate();
+    const auto open = [&delegate](const QList<QUrl>& urls) {
+        for (const QUrl& url : urls) {
+            static_cast<void>(delegate.applicationOpen(url));
+        }
+    };
+    UIWindow& window = composition.window();
+    const auto raise = [&window] {
+        window.show();
+        window.raise();
+        window.requestActivate();
+    };
+    QObject::connect(&instance, &SingleInstance::openRequested, &window, open);
+    QObject::connect(&instance, &SingleInstance::activated, &window, raise);
+    delegate.applicationDidFinishLaunching();
+    open(start.urls);
+    return application.exec();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    QCoreApplication::setApplicationName("pellumar-zip");
+    QCoreApplication::setApplicationVersion(PELLUMAR_VERSION);
+    QGuiApplication::setApplicationDisplayName("Pellumar Zip");
+    QGuiApplication::setDesktopFileName("org.pellumar.Zip");
+    QQuickStyle::setStyle("Basic");
+    QGuiApplication application(argc, argv);
+    registerLayouts();
+    const Start start = readCommandLine(application);
+    if (start.isSelfTest || !start.screenshots.isEmpty()) {
+        Composition composition;
+        ScreenGallery gallery(composition);
+        const bool isFine =
+            start.isSelfTest ? gallery.selfTest() : gallery.saveScreenshots(start.screenshots);
+        return isFine ? 0 : 1;
+    }
+    SingleInstance instance;
+    switch (instance.claim(start.urls)) {
+        case SingleInstance::Role::kForwarded:
+            return 0;
+        case SingleInstance::Role::kNoAnswer:
+            std::fputs("pellumar-zip: it is running already, but does not answer\n", stderr);
+            return 1;
+        case SingleInstance::Role::kFirst:
+            break;
+    }
+    return serve(application, instance, start);
+}
