@@ -1,5 +1,6 @@
 import QtQuick
 import QtQuick.Layouts
+import Pellumar.App
 import Pellumar.Kit
 import Pellumar.Look
 

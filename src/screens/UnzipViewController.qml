@@ -1,4 +1,5 @@
 import QtQuick
+import Pellumar.Screens
 import Pellumar.Kit
 import Pellumar.Look
 

@@ -1,5 +1,6 @@
 import QtQuick
 import QtQuick.Layouts
+import Pellumar.Documents
 import Pellumar.Look
 
 // A file or folder that can be picked.

@@ -1,4 +1,5 @@
 import QtQuick
+import Pellumar.Documents
 import Pellumar.Look
 
 // A folder that people start from.

@@ -1,6 +1,7 @@
 import QtQuick
 import QtQuick.Layouts
 import QtQuick.Controls.Basic
+import Pellumar.Documents
 import Pellumar.Look
 
 Sheet {

@@ -32,6 +32,11 @@ OwnedItem QmlViewLoader::load(QObject& owner) {
         component = std::make_shared<QQmlComponent>(&engine_, QUrl(file));
     }
     QQmlEngine::setObjectOwnership(&owner, QQmlEngine::CppOwnership);
+    if (!component->isReady()) {
+        qFatal("The layout %s is broken: %s",
+               qUtf8Printable(file),
+               qUtf8Printable(component->errorString()));
+    }
     QObject* made =
         component->createWithInitialProperties({{"controller", QVariant::fromValue(&owner)}});
     auto* item = qobject_cast<QQuickItem*>(made);

@@ -1,4 +1,5 @@
 import QtQuick
+import Pellumar.Kit
 import Pellumar.Look
 
 // The root of a screen's layout.

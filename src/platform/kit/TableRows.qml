@@ -1,5 +1,6 @@
 import QtQuick
 import QtQuick.Controls.Basic
+import Pellumar.Kit
 import Pellumar.Look
 
 // A table's rows as they scroll.

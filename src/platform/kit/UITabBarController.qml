@@ -1,5 +1,6 @@
 import QtQuick
 import QtQuick.Layouts
+import Pellumar.Kit
 import Pellumar.Look
 
 FocusScope {

@@ -1,4 +1,5 @@
 import QtQuick
+import Pellumar.Kit
 
 // A row of which nothing is known.
 Item {

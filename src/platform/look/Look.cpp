@@ -1,5 +1,8 @@
 #include "platform/look/Look.h"
 
+#include <QQmlComponent>
+#include <memory>
+
 #include "platform/look/IconProvider.h"
 
 void qml_register_types_Pellumar_Look();
@@ -15,11 +18,13 @@ void installIcons(QQmlEngine& engine) {
 }
 
 void applyLook(QQmlEngine& engine, const LookSettings& settings) {
-    const int type = qmlTypeId("Pellumar.Look", 1, 0, "Theme");
-    auto* theme = engine.singletonInstance<QObject*>(type);
-    if (theme == nullptr) {
-        qFatal("The theme is missing.");
+    QQmlComponent component(&engine,
+                            QUrl("qrc:/qt-project.org/imports/Pellumar/Look/ThemeAccess.qml"));
+    const std::unique_ptr<QObject> access(component.create());
+    if (access == nullptr) {
+        qFatal("The theme is broken: %s", qUtf8Printable(component.errorString()));
     }
+    auto* theme = access->property("theme").value<QObject*>();
     theme->setProperty("dark", settings.isDark);
     theme->setProperty("still", settings.isStill);
     theme->setProperty("textScale", settings.textScale);

@@ -1,4 +1,5 @@
 import QtQuick
+import Pellumar.Sharing
 import Pellumar.Look
 
 // One way to share.

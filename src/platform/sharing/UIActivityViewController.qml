@@ -1,5 +1,6 @@
 import QtQuick
 import QtQuick.Layouts
+import Pellumar.Sharing
 import Pellumar.Look
 
 Sheet {

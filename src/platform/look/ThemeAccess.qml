@@ -1,0 +1,6 @@
+import QtQuick
+
+// Lets the program reach the theme.
+QtObject {
+    readonly property QtObject theme: Theme
+}
