@@ -61,6 +61,13 @@ function(pellumar_qml_folder name uri)
     if("Theme.qml" IN_LIST layouts)
         set_source_files_properties(Theme.qml PROPERTIES QT_QML_SINGLETON_TYPE TRUE)
     endif()
+    # The layout of a class is loaded for it, and no type of its own.
+    foreach(layout ${layouts})
+        string(REPLACE ".qml" ".h" header ${layout})
+        if(EXISTS "${CMAKE_CURRENT_SOURCE_DIR}/${header}")
+            set_source_files_properties(${layout} PROPERTIES QT_QML_SKIP_QMLDIR_ENTRY TRUE)
+        endif()
+    endforeach()
     string(REPLACE "." "/" folder ${uri})
     qt_add_library(${name} STATIC ${sources})
     # Code made ahead of time from the few expressions in our layouts costs more to build than it

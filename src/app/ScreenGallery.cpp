@@ -3,7 +3,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
-#include <QTimer>
+#include <QTemporaryDir>
 
 #include "app/MainInterface.h"
 #include "platform/kit/MBProgressHUD.h"
@@ -33,17 +33,24 @@ void collect(QtMsgType type, const QMessageLogContext& context, const QString& m
     std::fprintf(stderr, "%s\n", qUtf8Printable(message));
 }
 
+// Files of the size that their names promise, gone with the program.
 QList<QUrl> sampleFiles() {
+    static const QTemporaryDir folder;
+    const std::pair<const char*, qint64> samples[] = {
+        {"Holiday in the mountains 2026.jpg", 2'400'000},
+        {"Invoice.pdf", 184'000},
+        {"Letter.odt", 21'300},
+        {"Budget.ods", 48'100},
+        {"Song.mp3", 5'200'000},
+        {"main.cpp", 3'120},
+        {"Photos.zip", 18'700'000},
+        {"Readme.txt", 912}};
     QList<QUrl> urls;
-    for (const char* name : {"Holiday in the mountains 2026.jpg",
-                             "Invoice.pdf",
-                             "Letter.odt",
-                             "Budget.ods",
-                             "Song.mp3",
-                             "main.cpp",
-                             "Photos.zip",
-                             "Readme.txt"}) {
-        urls.append(QUrl::fromLocalFile(QDir::temp().filePath(QString::fromUtf8(name))));
+    for (const auto& [name, size] : samples) {
+        QFile file(folder.filePath(QString::fromUtf8(name)));
+        if (file.open(QIODevice::WriteOnly) && file.resize(size)) {
+            urls.append(QUrl::fromLocalFile(file.fileName()));
+        }
     }
     return urls;
 }
@@ -102,7 +109,7 @@ std::vector<ScreenGallery::Scene> ScreenGallery::scenes() {
              present(makeController<UIActivityViewController>(
                  ui,
                  SharingServices{services.documents, services.shareTargets},
-                 QList<QUrl>{sampleFiles().at(6)}));
+                 sampleFiles().mid(6, 1)));
          }},
         {"title-alert",
          [=, &services] {

@@ -48,6 +48,7 @@ FocusScope {
                     readonly property bool isSelected: index === root.controller.selectedIndex
 
                     Layout.fillWidth: true
+                    Layout.preferredWidth: 1
                     Layout.fillHeight: true
                     text: modelData
                     Accessible.role: Accessible.PageTab

@@ -6,12 +6,14 @@
 
 namespace pellumar {
 
-// An item that goes some time after its owner lets go of it: it may be in the middle of the very
-// call that made the owner do so.
+// For what may be let go of in the middle of one of its own calls, or of its view's: it goes with
+// the next turn of the event loop.
 struct DeleteLater {
     void operator()(QObject* object) const { object->deleteLater(); }
 };
-using OwnedItem = std::unique_ptr<QQuickItem, DeleteLater>;
+
+// A view; it goes before its owner, whose properties it shows.
+using OwnedItem = std::unique_ptr<QQuickItem>;
 
 // Makes views from layout files. For the main thread.
 class ViewLoader {

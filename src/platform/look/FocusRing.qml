@@ -1,8 +1,9 @@
 import QtQuick
+import QtQuick.Controls.Basic
 
 // Shows where the keyboard is, and only to those who use it.
 Rectangle {
-    required property Item control
+    required property Control control
 
     anchors.fill: parent
     anchors.margins: -2

@@ -10,7 +10,8 @@ Image {
 
     width: Theme.iconSize
     height: Theme.iconSize
-    sourceSize: Qt.size(width * Screen.devicePixelRatio, height * Screen.devicePixelRatio)
+    sourceSize.width: Math.ceil(width * Screen.devicePixelRatio)
+    sourceSize.height: Math.ceil(height * Screen.devicePixelRatio)
     source: name === "" ? "" : "image://icon/" + name + (tinted ? "/" + hex(color) : "")
     fillMode: Image.PreserveAspectFit
 

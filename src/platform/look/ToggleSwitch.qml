@@ -10,16 +10,17 @@ AbstractButton {
     checkable: true
     focusPolicy: Qt.StrongFocus
     Accessible.role: Accessible.CheckBox
-    Accessible.name: text
+    Accessible.name: toggle.text
     Accessible.checkable: true
-    Accessible.checked: checked
-    Accessible.onToggleAction: click()
-    Accessible.onPressAction: click()
-    Keys.onReturnPressed: click()
-    Keys.onEnterPressed: click()
+    Accessible.checked: toggle.checked
+    Accessible.onToggleAction: toggle.click()
+    Accessible.onPressAction: toggle.click()
+    Keys.onReturnPressed: toggle.click()
+    Keys.onEnterPressed: toggle.click()
 
     indicator: Rectangle {
-        anchors.centerIn: parent
+        x: (toggle.width - width) / 2
+        y: (toggle.height - height) / 2
         width: 52
         height: 32
         radius: 16

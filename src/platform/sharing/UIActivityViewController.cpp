@@ -180,7 +180,7 @@ QString UIActivityViewController::detail() const {
     for (const QUrl& url : items_.first(std::min(items_.size(), kMostSummed))) {
         const QFileInfo info(url.toLocalFile());
         if (!info.isFile()) {
-            return items_.size() == 1 ? tr("Folder") : QString();
+            return items_.size() == 1 && info.isDir() ? tr("Folder") : QString();
         }
         bytes += info.size();
     }
