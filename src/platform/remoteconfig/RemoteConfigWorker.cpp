@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "platform/remoteconfig/RetryAfter.h"
+#include "platform/RetryAfter.h"
 
 namespace pellumar {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/remoteconfig/RetryAfter.h"
+#include "platform/RetryAfter.h"
 
 namespace pellumar {
 namespace {

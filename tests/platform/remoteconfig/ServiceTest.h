@@ -11,10 +11,10 @@
 #include <string>
 #include <utility>
 
-#include "LoopbackServer.h"
 #include "platform/remoteconfig/RemoteConfigService.h"
 #include "support/RecordingConsole.h"
 #include "support/TemporaryFolder.h"
+#include "support/network/LoopbackServer.h"
 
 namespace pellumar::test {
 

@@ -1,4 +1,4 @@
-#include "platform/remoteconfig/RetryAfter.h"
+#include "platform/RetryAfter.h"
 
 #include <QDateTime>
 #include <QLocale>
