@@ -4,7 +4,11 @@
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
+#include <QGuiApplication>
+#include <QPalette>
 #include <algorithm>
+#include <cmath>
+#include <tuple>
 
 namespace pellumar {
 namespace {
@@ -17,17 +21,35 @@ const QString kColorScheme = QStringLiteral("color-scheme");
 const QString kDesktop = QStringLiteral("org.gnome.desktop.interface");
 const QString kAnimations = QStringLiteral("enable-animations");
 const QString kTextScale = QStringLiteral("text-scaling-factor");
-// The portal's color-scheme: 0 no preference, 1 dark, 2 light.
+// The portal's color-scheme: 1 dark, 2 light; all else is no preference.
 constexpr uint kPrefersDark = 1;
+constexpr uint kPrefersLight = 2;
+
+bool isPaletteDark() {
+    const QPalette palette = QGuiApplication::palette();
+    return palette.color(QPalette::Window).lightness() <
+           palette.color(QPalette::WindowText).lightness();
+}
+
+bool isDarkWith(uint colorScheme) {
+    return colorScheme == kPrefersDark || (colorScheme != kPrefersLight && isPaletteDark());
+}
+
+// What is no size at all counts as the normal one.
+qreal boundedScale(qreal scale) {
+    return std::isfinite(scale) && scale > 0 ? std::clamp(scale, 0.5, 3.0) : 1;
+}
 
 }  // namespace
 
-Appearance::Appearance() {
+Appearance::Appearance() : isDark_(isPaletteDark()) {
     takeEnvironment();
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) {
         return;
     }
+    // A slot with an unknown type is not connected.
+    qRegisterMetaType<QDBusVariant>();
     bus.connect(kService,
                 kPath,
                 kInterface,
@@ -65,17 +87,18 @@ void Appearance::take(const QString& group, const QString& key, QVariant value) 
     if (value.canConvert<QDBusVariant>()) {
         value = value.value<QDBusVariant>().variant();
     }
+    const auto before = std::tuple(isDark_, isStill_, textScale_);
     if (group == kAppearance && key == kColorScheme) {
-        isDark_ = value.toUInt() == kPrefersDark;
+        isDark_ = isDarkWith(value.toUInt());
     } else if (group == kDesktop && key == kAnimations) {
         isStill_ = !value.toBool();
     } else if (group == kDesktop && key == kTextScale) {
-        textScale_ = std::clamp(value.toDouble(), 0.5, 3.0);
-    } else {
-        return;
+        textScale_ = boundedScale(value.toDouble());
     }
     takeEnvironment();
-    emit changed();
+    if (before != std::tuple(isDark_, isStill_, textScale_)) {
+        emit changed();
+    }
 }
 
 void Appearance::takeEnvironment() {
@@ -86,7 +109,7 @@ void Appearance::takeEnvironment() {
         isStill_ = qgetenv("PELLUMAR_REDUCED_MOTION") != "0";
     }
     if (qEnvironmentVariableIsSet("PELLUMAR_TEXT_SCALE")) {
-        textScale_ = std::clamp(qgetenv("PELLUMAR_TEXT_SCALE").toDouble(), 0.5, 3.0);
+        textScale_ = boundedScale(qgetenv("PELLUMAR_TEXT_SCALE").toDouble());
     }
 }
 

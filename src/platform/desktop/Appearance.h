@@ -7,9 +7,10 @@
 namespace pellumar {
 
 // How the user wants applications to look, as the desktop tells through its settings portal, and as
-// it changes. Until the portal has answered, and where there is none, all is light, moving and of
-// normal size. PELLUMAR_APPEARANCE=dark|light, PELLUMAR_REDUCED_MOTION=1 and PELLUMAR_TEXT_SCALE=2
-// in the environment overrule the desktop. For the main thread; nothing waits.
+// it changes. Until the portal has answered, and where it does not tell, the application's palette
+// says whether all is dark, and all is moving and of normal size. PELLUMAR_APPEARANCE=dark|light,
+// PELLUMAR_REDUCED_MOTION=1 and PELLUMAR_TEXT_SCALE=2 in the environment overrule the desktop. For
+// the main thread, when there is a QGuiApplication; nothing waits.
 class Appearance : public QObject {
     Q_OBJECT
 
@@ -22,6 +23,7 @@ class Appearance : public QObject {
     [[nodiscard]] qreal textScale() const { return textScale_; }
 
   signals:
+    // Only if something has.
     void changed();
 
   private slots:
@@ -32,7 +34,7 @@ class Appearance : public QObject {
     void take(const QString& group, const QString& key, QVariant value);
     void takeEnvironment();
 
-    bool isDark_ = false;
+    bool isDark_;
     bool isStill_ = false;
     qreal textScale_ = 1;
 };

@@ -5,6 +5,8 @@
 #include <QDBusObjectPath>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
+#include <QDBusUnixFileDescriptor>
+#include <QGuiApplication>
 #include <QVariantMap>
 
 namespace pellumar {
@@ -19,9 +21,10 @@ void closeRequest(const QString& path) {
         kService, path, QStringLiteral("org.freedesktop.portal.Request"), QStringLiteral("Close")));
 }
 
-// The answer to the wish, which may come after the work is done.
+// What holds the machine awake, once somebody has answered; that may be after the work is done.
 struct Wish {
     QString request;
+    QDBusUnixFileDescriptor lock;
     ~Wish() {
         if (!request.isEmpty()) {
             closeRequest(request);
@@ -31,6 +34,39 @@ struct Wish {
     Wish(const Wish&) = delete;
     Wish& operator=(const Wish&) = delete;
 };
+
+// Its lock lasts as long as the descriptor that it answers with.
+void askLoginManager(const std::weak_ptr<Wish>& wish, const QString& reason) {
+    QDBusMessage call =
+        QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.login1"),
+                                       QStringLiteral("/org/freedesktop/login1"),
+                                       QStringLiteral("org.freedesktop.login1.Manager"),
+                                       QStringLiteral("Inhibit"));
+    call << QStringLiteral("sleep:idle") << QGuiApplication::applicationDisplayName() << reason
+         << QStringLiteral("block");
+    auto* const answer = new QDBusPendingCallWatcher(QDBusConnection::systemBus().asyncCall(call));
+    QObject::connect(answer, &QDBusPendingCallWatcher::finished, answer, [answer, wish] {
+        answer->deleteLater();
+        const QDBusPendingReply<QDBusUnixFileDescriptor> reply = *answer;
+        const auto still = wish.lock();
+        if (still && !reply.isError()) {
+            still->lock = reply.value();
+        }
+    });
+}
+
+void takeAnswer(const QDBusPendingReply<QDBusObjectPath>& reply,
+                const std::weak_ptr<Wish>& wish,
+                const QString& reason) {
+    const auto still = wish.lock();
+    if (still && reply.isError()) {
+        askLoginManager(wish, reason);
+    } else if (still) {
+        still->request = reply.value().path();
+    } else if (!reply.isError()) {
+        closeRequest(reply.value().path());
+    }
+}
 
 }  // namespace
 
@@ -46,17 +82,9 @@ std::shared_ptr<void> PortalSleepInhibitor::keepAwake(const QString& reason) {
     QObject::connect(answer,
                      &QDBusPendingCallWatcher::finished,
                      answer,
-                     [answer, weak = std::weak_ptr<Wish>(wish)] {
+                     [answer, weak = std::weak_ptr<Wish>(wish), reason] {
                          answer->deleteLater();
-                         const QDBusPendingReply<QDBusObjectPath> reply = *answer;
-                         if (reply.isError()) {
-                             return;
-                         }
-                         if (const auto still = weak.lock()) {
-                             still->request = reply.value().path();
-                         } else {
-                             closeRequest(reply.value().path());
-                         }
+                         takeAnswer(*answer, weak, reason);
                      });
     return wish;
 }

@@ -2,8 +2,11 @@
 
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
+#include <QDBusError>
 #include <QDBusMessage>
 #include <QDBusReply>
+#include <QDeadlineTimer>
+#include <algorithm>
 
 namespace pellumar {
 namespace {
@@ -11,35 +14,26 @@ namespace {
 const QString kName = QStringLiteral("org.pellumar.Zip");
 const QString kPath = QStringLiteral("/org/pellumar/Zip");
 const QString kInterface = QStringLiteral("org.freedesktop.Application");
-// Longer than a busy start takes, and short enough for somebody who waits.
-constexpr int kPatienceMs = 5000;
 
-}  // namespace
-
-SingleInstance::Role SingleInstance::claim(const QList<QUrl>& urls) {
-    QDBusConnection bus = QDBusConnection::sessionBus();
-    if (!bus.isConnected()) {
-        return Role::kFirst;
+// What a start passes on so that the window of another process may come to the front.
+QVariantMap platformData() {
+    QVariantMap data;
+    const QString token = qEnvironmentVariable("XDG_ACTIVATION_TOKEN");
+    if (!token.isEmpty()) {
+        data.insert(QStringLiteral("activation-token"), token);
     }
-    // The object first: who sees the name may call at once.
-    bus.registerObject(kPath, this, QDBusConnection::ExportAllSlots);
-    const QDBusReply<QDBusConnectionInterface::RegisterServiceReply> reply =
-        bus.interface()->registerService(kName,
-                                         QDBusConnectionInterface::DontQueueService,
-                                         QDBusConnectionInterface::DontAllowReplacement);
-    if (!reply.isValid() || reply.value() == QDBusConnectionInterface::ServiceRegistered) {
-        return Role::kFirst;
+    const QString startupId = qEnvironmentVariable("DESKTOP_STARTUP_ID");
+    if (!startupId.isEmpty()) {
+        data.insert(QStringLiteral("desktop-startup-id"), startupId);
     }
-    bus.unregisterObject(kPath);
-    return forward(urls);
+    return data;
 }
 
-SingleInstance::Role SingleInstance::forward(const QList<QUrl>& urls) {
-    QDBusMessage call = QDBusMessage::createMethodCall(
-        kName,
-        kPath,
-        kInterface,
-        urls.isEmpty() ? QStringLiteral("Activate") : QStringLiteral("Open"));
+QDBusMessage callFor(const QList<QUrl>& urls) {
+    const QString member = urls.isEmpty() ? QStringLiteral("Activate") : QStringLiteral("Open");
+    QDBusMessage call = QDBusMessage::createMethodCall(kName, kPath, kInterface, member);
+    // The owner is meant, not one that the bus would start in its place.
+    call.setAutoStartService(false);
     if (!urls.isEmpty()) {
         QStringList uris;
         for (const QUrl& url : urls) {
@@ -47,18 +41,55 @@ SingleInstance::Role SingleInstance::forward(const QList<QUrl>& urls) {
         }
         call << uris;
     }
-    QVariantMap platformData;
-    for (const char* name : {"XDG_ACTIVATION_TOKEN", "DESKTOP_STARTUP_ID"}) {
-        if (qEnvironmentVariableIsSet(name)) {
-            const bool isToken = qstrcmp(name, "XDG_ACTIVATION_TOKEN") == 0;
-            platformData.insert(
-                isToken ? QStringLiteral("activation-token") : QStringLiteral("desktop-startup-id"),
-                qEnvironmentVariable(name));
-        }
+    call << platformData();
+    return call;
+}
+
+// Whether an error is that of an owner who ended before the call or during it. One who is silent
+// gives the same as one who ends during the call, but late.
+bool mayBeGone(const QDBusMessage& answer) {
+    const QDBusError::ErrorType type = QDBusError(answer).type();
+    return type == QDBusError::ServiceUnknown || type == QDBusError::NoReply;
+}
+
+}  // namespace
+
+bool SingleInstance::takeName() {
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    // The object first: who sees the name may call at once.
+    bus.registerObject(kPath, this, QDBusConnection::ExportAllSlots);
+    const QDBusReply<QDBusConnectionInterface::RegisterServiceReply> reply =
+        bus.interface()->registerService(kName,
+                                         QDBusConnectionInterface::DontQueueService,
+                                         QDBusConnectionInterface::DontAllowReplacement);
+    const bool isTaken =
+        !reply.isValid() || reply.value() == QDBusConnectionInterface::ServiceRegistered;
+    if (!isTaken) {
+        bus.unregisterObject(kPath);
     }
-    call << platformData;
-    const QDBusMessage answer = QDBusConnection::sessionBus().call(call, QDBus::Block, kPatienceMs);
-    return answer.type() == QDBusMessage::ReplyMessage ? Role::kForwarded : Role::kNoAnswer;
+    return isTaken;
+}
+
+SingleInstance::Role SingleInstance::claim(const QList<QUrl>& urls) {
+    const QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected()) {
+        return Role::kFirst;
+    }
+    const QDeadlineTimer deadline(patience_);
+    do {
+        if (takeName()) {
+            return Role::kFirst;
+        }
+        const int patience = static_cast<int>(std::max<qint64>(1, deadline.remainingTime()));
+        const QDBusMessage answer = bus.call(callFor(urls), QDBus::Block, patience);
+        if (answer.type() == QDBusMessage::ReplyMessage) {
+            return Role::kForwarded;
+        }
+        if (!mayBeGone(answer)) {
+            return Role::kNoAnswer;
+        }
+    } while (!deadline.hasExpired());
+    return Role::kNoAnswer;
 }
 
 void SingleInstance::Activate(const QVariantMap& platformData) {

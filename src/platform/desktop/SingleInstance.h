@@ -5,6 +5,7 @@
 #include <QStringList>
 #include <QUrl>
 #include <QVariantMap>
+#include <chrono>
 
 namespace pellumar {
 
@@ -25,8 +26,15 @@ class SingleInstance : public QObject {
         kNoAnswer,
     };
 
+    // Longer than a busy start takes, and short enough for somebody who waits.
+    static constexpr std::chrono::milliseconds kPatience{5000};
+
+    // `patience` is how long an owner of the name may take to answer.
+    explicit SingleInstance(std::chrono::milliseconds patience = kPatience) : patience_(patience) {}
+
     // Takes the name, or forwards `urls` to its owner; with none of them the owner's window comes
-    // to the front. Which of two that start together is first, the bus decides.
+    // to the front. Which of two that start together is first, the bus decides. If the owner ends
+    // instead of answering, this one takes its place.
     [[nodiscard]] Role claim(const QList<QUrl>& urls);
 
   public slots:
@@ -42,7 +50,9 @@ class SingleInstance : public QObject {
     void openRequested(const QList<QUrl>& urls);
 
   private:
-    [[nodiscard]] static Role forward(const QList<QUrl>& urls);
+    [[nodiscard]] bool takeName();
+
+    const std::chrono::milliseconds patience_;
 };
 
 }  // namespace pellumar
