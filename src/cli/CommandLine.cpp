@@ -6,6 +6,8 @@
 #include <string_view>
 #include <utility>
 
+#include "cli/PrintableText.h"
+
 namespace pellumar {
 namespace {
 
@@ -13,9 +15,8 @@ std::string mayNotBeEmpty(const std::string& value) {
     return value.empty() ? "must not be empty" : "";
 }
 
-// The title becomes the name of a file in the workspace; a path would lead out of it, to an archive
-// that would be deleted first.
-// The job deletes what stands in the archive's place first, so that must be in the workspace.
+// The title becomes the name of a file in the workspace; a path could lead out of it, and the job
+// deletes what stands in the archive's place first.
 std::string mustStayInside(const std::string& title) {
     const bool leaves = ("/" + title + "/").find("/../") != std::string::npos;
     return leaves ? "a title must not lead out of the workspace: " + title : "";
@@ -50,14 +51,44 @@ std::string withoutGuard(const std::string& title) {
                                                                 : title;
 }
 
-std::string describeMistake(const CLI::App* /*app*/, const CLI::Error& mistake) {
-    return std::string("pellumar: ") + mistake.what() +
-           "\nRun pellumar --help for more information.\n";
+// The parser's own words do for mistakes within a command.
+std::string wordsFor(const CLI::App& app, const CLI::Error& mistake) {
+    if (!app.get_subcommands().empty()) {
+        return mistake.what();
+    }
+    const std::vector<std::string> unknown = app.remaining();
+    if (unknown.empty()) {
+        return mistake.get_exit_code() == static_cast<int>(CLI::ExitCodes::RequiredError)
+                   ? "a command is missing: zip or unzip"
+                   : mistake.what();
+    }
+    if (unknown.front().starts_with('-')) {
+        return "unknown option: " + printable(unknown.front());
+    }
+    return "unknown command: " + printable(unknown.front()) + "; there are zip and unzip";
+}
+
+std::string describeMistake(const CLI::App* app, const CLI::Error& mistake) {
+    return "pellumar: " + wordsFor(*app, mistake) + "\nRun pellumar --help for more information.\n";
+}
+
+// A command, whose help tells the options of the program too.
+CLI::App* addCommand(CLI::App& app, const std::string& name, const std::string& description) {
+    CLI::App* command = app.add_subcommand(name, description);
+    command->fallthrough();
+    command->footer([&app] {
+        const auto common = [](const CLI::Option* option) {
+            return option->get_lnames().front() != "help" &&
+                   option->get_lnames().front() != "version";
+        };
+        return CLI::Formatter().make_group(
+            "Options of every command", false, std::as_const(app).get_options(common));
+    });
+    return command;
 }
 
 void addZip(CLI::App& app, CommandLine& line) {
-    CLI::App* zip = app.add_subcommand("zip", "Make an archive in the workspace");
-    zip->fallthrough();
+    CLI::App* zip = addCommand(app, "zip", "Make an archive in the workspace");
     zip->callback([&line] { line.operation = OperationType::kZip; });
     zip->add_option("TITLE", line.title, "Name of the archive, without \".zip\"")
         ->required()
@@ -71,8 +102,7 @@ void addZip(CLI::App& app, CommandLine& line) {
 }
 
 void addUnzip(CLI::App& app, CommandLine& line) {
-    CLI::App* unzip = app.add_subcommand("unzip", "Extract an archive into the workspace");
-    unzip->fallthrough();
+    CLI::App* unzip = addCommand(app, "unzip", "Extract an archive into the workspace");
     unzip->callback([&line] { line.operation = OperationType::kUnzip; });
     unzip->add_option("ARCHIVE", line.archive, "A ZIP archive")
         ->required()
