@@ -42,7 +42,12 @@ std::optional<std::filesystem::path> documentsOf(const CommandLine& commandLine)
     }
     std::error_code error;
     std::filesystem::path path = std::filesystem::absolute(*commandLine.documents, error);
-    return error ? std::nullopt : std::optional(std::move(path));
+    if (error) {
+        return std::nullopt;
+    }
+    // Without "." and ".." in it, for it is printed; if that cannot be, it is right all the same.
+    std::filesystem::path plain = std::filesystem::weakly_canonical(path, error);
+    return error ? std::move(path) : std::move(plain);
 }
 
 // Qt has something to say about locales that are not UTF-8; names are bytes here.
