@@ -6,6 +6,8 @@
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
+#include <map>
+#include <string>
 #include <system_error>
 #include <utility>
 
@@ -29,6 +31,17 @@ tl::expected<QUrl, std::error_code> urlOf(const fs::path& argument) {
         return tl::unexpected(error);
     }
     return fileUrl(path);
+}
+
+// Why what was named cannot be an archive, whatever is in it.
+std::optional<std::string> whyNoArchive(const fs::path& argument) {
+    std::error_code unknown;
+    const fs::file_status status = fs::status(argument, unknown);
+    if (!fs::exists(status) || fs::is_regular_file(status)) {
+        return std::nullopt;
+    }
+    return fs::is_directory(status) ? "is a folder, not an archive"
+                                    : "is no file; only files can be extracted";
 }
 
 }  // namespace
@@ -59,6 +72,11 @@ int JobRunner::run() {
             return fail(argument.native() + ": is the archive that would be replaced");
         }
         urls.append(*url);
+    }
+    if (zipping) {
+        warnOfSameNames(urls);
+    } else if (const auto reason = whyNoArchive(commandLine_.archive)) {
+        return fail(commandLine_.archive.native() + ": " + *reason);
     }
     fileSystem_.createFolders();
     const std::optional<QList<QUrl>> files = zipping ? zip(urls) : unzip(urls.first());
@@ -107,12 +125,35 @@ bool JobRunner::print(const QList<QUrl>& urls) const {
     std::string text;
     for (const QUrl& url : urls) {
         if (const std::optional<fs::path> path = localPath(url)) {
-            text += toTerminal ? printable(path->native()) : path->native();
+            text = toTerminal ? printable(path->native()) : path->native();
             text += commandLine_.endWithNul ? '\0' : '\n';
+            if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size()) {
+                return false;
+            }
         }
     }
-    return std::fwrite(text.data(), 1, text.size(), stdout) == text.size() &&
-           std::fflush(stdout) == 0;
+    return std::fflush(stdout) == 0;
+}
+
+void JobRunner::warnOfSameNames(const QList<QUrl>& files) const {
+    if (commandLine_.quiet) {
+        return;
+    }
+    std::map<std::string, int> counts;
+    for (const QUrl& file : files) {
+        const std::optional<fs::path> path = localPath(file);
+        if (!path) {
+            continue;
+        }
+        // A folder may end with a slash.
+        const std::string name =
+            (path->has_filename() ? *path : path->parent_path()).filename().native();
+        if (++counts[name] == 2) {
+            const std::string text = name + ": is there twice; extracting leaves the last";
+            static_cast<void>(
+                std::fputs(("pellumar: warning: " + printable(text) + "\n").c_str(), stderr));
+        }
+    }
 }
 
 int JobRunner::fail(const std::string& reason) {

@@ -113,6 +113,15 @@ class ZipTest(ProgramTest):
         self.assertEqual((code, err.count(b"\n")), (1, 1))
         self.assertEqual(pathlib.Path(out.decode().strip()).read_bytes(), before)
 
+    def test_warns_of_names_that_are_there_twice(self):
+        for name in ("one", "in/one", "two"):
+            self.write(name)
+        code, out, err = self.run_program("zip", "T", "one", "two", "in/one",
+                                          documents="./in/../W")
+        self.assertEqual((code, err.count(b"warning: one: is there twice")), (0, 1))
+        self.assertEqual(out, os.fsencode(self.folder / "W/outputs/T.zip") + b"\n")
+        self.assertEqual(self.run_program("-q", "zip", "T", "one", "in/one")[2], b"")
+
     def test_shows_progress_on_a_terminal(self):
         for number in range(30):
             self.write(f"f{number}")
@@ -152,6 +161,11 @@ class UnzipTest(ProgramTest):
         code, out, err = self.run_program("unzip", "missing.zip")
         self.assertEqual((code, out, err.splitlines()[0]), (1, b"", b"FAILED!"))
         self.assertEqual(err.count(b"pellumar:"), 1)
+        os.mkfifo(self.folder / "pipe")
+        for name, what in ((".", b"is a folder"), ("pipe", b"is no file")):
+            code, _, err = self.run_program("unzip", name)
+            self.assertEqual((code, err.count(b"\n")), (1, 1))
+            self.assertIn(what, err)
 
     def test_warns_of_oddities(self):
         self.archive(["x"], prefix=b"a stub of a program")
@@ -193,10 +207,16 @@ class StreamsAndUsageTest(ProgramTest):
             self.assertEqual((code, out), (2, b""), arguments)
             self.assertTrue(err.startswith(b"pellumar: "), err)
         self.assertFalse((self.folder / "W").exists())
+        for arguments, reason in (([], b"a command is missing"),
+                                  (["list", "a"], b"unknown command: list;"),
+                                  (["--list"], b"unknown option: --list\n"),
+                                  (["zip", "--list", "T", "one"], b".*--list\n")):
+            self.assertRegex(self.run_program(*arguments)[2], b"^pellumar: " + reason)
         for arguments in (["--help"], ["-h"], ["zip", "--help"], ["--version"]):
             code, out, err = self.run_program(*arguments)
             self.assertEqual((code, err), (0, b""), arguments)
             self.assertIn(b"pellumar", out)
+        self.assertIn(b"--documents", self.run_program("zip", "--help")[1])
 
     def test_speaks_up_without_a_home_and_keeps_quiet_about_locales(self):
         self.write("one")
