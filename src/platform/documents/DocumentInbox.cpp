@@ -24,6 +24,11 @@ QString describe(const FileCopyError& error) {
     return QString::fromStdString(error.path.filename().string() + ": " + error.reason.message());
 }
 
+// The last component, also of a folder whose URL ends with a slash.
+fs::path nameOf(const fs::path& path) {
+    return path.has_filename() ? path.filename() : path.parent_path().filename();
+}
+
 // Reports at most a hundred times, however small the steps.
 class Meter {
   public:
@@ -65,7 +70,7 @@ struct Task {
             if (!from || failure) {
                 return tl::unexpected(item.toDisplayString());
             }
-            const fs::path to = place / from->filename();
+            const fs::path to = place / nameOf(*from);
             const auto copied = copyTree(*from, to, [&](std::uint64_t bytes) {
                 meter.add(bytes);
                 return !import->isCancelled();
@@ -129,7 +134,7 @@ std::shared_ptr<DocumentInbox::Import> DocumentInbox::import(const QList<QUrl>& 
         }
         Meter meter(total, mainQueue, progress);
         auto copies = task.run(meter);
-        if (!copies) {
+        if (!copies || task.import->isCancelled()) {
             std::error_code ignored;
             fs::remove_all(task.folder, ignored);
         }

@@ -108,6 +108,17 @@ std::error_code copyFile(const fs::path& from,
     return target.close() ? std::error_code() : lastError();
 }
 
+// When all is in the folder, as that changes its time. A file system without permissions or times
+// has a copy all the same.
+void copyFolderAttributes(const fs::path& from, const fs::path& to) {
+    struct stat status {};
+    if (::stat(from.c_str(), &status) == 0) {
+        static_cast<void>(::chmod(to.c_str(), (status.st_mode & 0777) | S_IRWXU));
+        const timespec times[] = {status.st_atim, status.st_mtim};
+        static_cast<void>(::utimensat(AT_FDCWD, to.c_str(), times, 0));
+    }
+}
+
 tl::expected<void, FileCopyError> copyInto(const fs::path& from,
                                            const fs::path& to,
                                            const FileCopyProgress& progress) {
@@ -116,13 +127,21 @@ tl::expected<void, FileCopyError> copyInto(const fs::path& from,
     if (fs::is_symlink(status)) {
         fs::copy_symlink(from, to, failure);
     } else if (fs::is_directory(status)) {
-        fs::create_directory(to, failure);
-        fs::directory_iterator each(from, failure);
+        if (!fs::create_directory(to, failure) && !failure) {
+            failure = make_error_code(std::errc::file_exists);
+        }
+        fs::directory_iterator each;
+        if (!failure) {
+            each = fs::directory_iterator(from, failure);
+        }
         for (; !failure && each != fs::directory_iterator(); each.increment(failure)) {
             auto copied = copyInto(each->path(), to / each->path().filename(), progress);
             if (!copied) {
                 return copied;
             }
+        }
+        if (!failure) {
+            copyFolderAttributes(from, to);
         }
     } else if (fs::is_regular_file(status)) {
         failure = copyFile(from, to, progress);
@@ -155,7 +174,12 @@ tl::expected<void, FileCopyError> copyTree(const fs::path& from,
     }
     auto copied = copyInto(original, to, progress);
     if (!copied) {
-        fs::remove_all(to, failure);
+        const FileCopyError& error = copied.error();
+        // What somebody else put there since we looked is not ours to remove.
+        const bool isOurs = error.path != original || error.reason != std::errc::file_exists;
+        if (isOurs) {
+            fs::remove_all(to, failure);
+        }
     }
     return copied;
 }

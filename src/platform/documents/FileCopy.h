@@ -23,8 +23,9 @@ using FileCopyProgress = std::function<bool(std::uint64_t bytes)>;
 
 // Copies a regular file, or a folder with all that is in it, to `to`, where nothing may stand yet.
 // Files share their blocks with the originals where the file system can. Permissions and times of
-// change are kept; symbolic links inside are copied as links; what is neither is passed over. After
-// a failure nothing is left at `to`. For a thread that may block.
+// change are kept, but for the owner, who may always write; symbolic links inside are copied as
+// links; what is neither is passed over. After a failure nothing of ours is left at `to`. For a
+// thread that may block.
 [[nodiscard]] tl::expected<void, FileCopyError> copyTree(const std::filesystem::path& from,
                                                          const std::filesystem::path& to,
                                                          const FileCopyProgress& progress);

@@ -18,6 +18,7 @@ namespace pellumar {
 // background. For the main thread.
 class FolderModel : public QAbstractListModel {
     Q_OBJECT
+    Q_DISABLE_COPY_MOVE(FolderModel)
     QML_ELEMENT
     QML_UNCREATABLE("Belongs to a picker")
     Q_PROPERTY(bool isLoading READ isLoading NOTIFY loadingChanged)
@@ -70,6 +71,7 @@ class FolderModel : public QAbstractListModel {
 
     [[nodiscard]] static Listing read(const std::filesystem::path& folder,
                                       const QStringList& types);
+    static void sort(std::vector<Row>& rows);
     void take(Listing listing);
 
     const QStringList types_;

@@ -12,7 +12,7 @@ namespace pellumar {
 namespace {
 
 // The first whose name is the type, or one that it inherits, or begins it, gives the icon.
-constexpr std::array<std::pair<const char*, const char*>, 21> kIcons{{
+constexpr std::array<std::pair<const char*, const char*>, 27> kIcons{{
     {"inode/directory", "folder"},
     {"application/zip", "archive"},
     {"application/x-tar", "archive"},
@@ -20,6 +20,10 @@ constexpr std::array<std::pair<const char*, const char*>, 21> kIcons{{
     {"application/gzip", "archive"},
     {"application/x-xz", "archive"},
     {"application/vnd.rar", "archive"},
+    {"application/zstd", "archive"},
+    {"application/x-bzip", "archive"},
+    {"application/x-compressed-tar", "archive"},
+    {"application/x-zstd-compressed-tar", "archive"},
     {"application/pdf", "pdf"},
     {"application/vnd.oasis.opendocument.spreadsheet", "spreadsheet"},
     {"application/vnd.openxmlformats-officedocument.spreadsheetml", "spreadsheet"},
@@ -27,6 +31,8 @@ constexpr std::array<std::pair<const char*, const char*>, 21> kIcons{{
     {"text/csv", "spreadsheet"},
     {"application/vnd.oasis.opendocument.presentation", "presentation"},
     {"application/vnd.openxmlformats-officedocument.presentationml", "presentation"},
+    {"application/vnd.ms-powerpoint", "presentation"},
+    {"application/epub+zip", "document"},
     {"application/vnd.oasis.opendocument.text", "document"},
     {"application/vnd.openxmlformats-officedocument.wordprocessingml", "document"},
     {"application/msword", "document"},
