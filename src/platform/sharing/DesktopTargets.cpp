@@ -4,6 +4,7 @@
 
 #include "platform/sharing/ActivityType.h"
 #include "platform/sharing/CopyTarget.h"
+#include "platform/sharing/EmailTarget.h"
 #include "platform/sharing/OpenWithTarget.h"
 #include "platform/sharing/ProgramTarget.h"
 #include "platform/sharing/ShowInFilesTarget.h"
@@ -23,14 +24,6 @@ QStringList asPaths(const QList<QUrl>& urls) {
     return paths;
 }
 
-QStringList asAttachments(const QList<QUrl>& urls) {
-    QStringList arguments;
-    for (const QUrl& url : urls) {
-        arguments << QStringLiteral("--attach") << url.toLocalFile();
-    }
-    return arguments;
-}
-
 QStringList asAddresses(const QList<QUrl>& urls) {
     QStringList addresses;
     for (const QUrl& url : urls) {
@@ -45,12 +38,19 @@ std::vector<std::shared_ptr<ShareTarget>> desktopTargets() {
     using Program = ProgramTarget::Description;
     return {
         std::make_shared<OpenWithTarget>(),
-        std::make_shared<ProgramTarget>(
-            Program{activity::kMail, text("Email"), "email", "xdg-email", asAttachments}),
-        std::make_shared<ProgramTarget>(Program{
-            activity::kBluetooth, text("Bluetooth"), "bluetooth", "bluetooth-sendto", asPaths}),
-        std::make_shared<ProgramTarget>(
-            Program{activity::kPhone, text("Device"), "phone", "kdeconnect-handler", asAddresses}),
+        std::make_shared<EmailTarget>(),
+        std::make_shared<ProgramTarget>(Program{.activityType = activity::kBluetooth,
+                                                .title = text("Bluetooth"),
+                                                .iconName = "bluetooth",
+                                                .program = "bluetooth-sendto",
+                                                .takesSeveral = true,
+                                                .arguments = asPaths}),
+        std::make_shared<ProgramTarget>(Program{.activityType = activity::kPhone,
+                                                .title = text("Device"),
+                                                .iconName = "phone",
+                                                .program = "kdeconnect-handler",
+                                                .takesSeveral = false,
+                                                .arguments = asAddresses}),
         std::make_shared<CopyTarget>(),
         std::make_shared<ShowInFilesTarget>(),
     };

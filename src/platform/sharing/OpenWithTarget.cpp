@@ -1,19 +1,10 @@
 #include "platform/sharing/OpenWithTarget.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <QCoreApplication>
-#include <QDBusConnection>
-#include <QDBusMessage>
-#include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
-#include <QDBusUnixFileDescriptor>
 #include <QDesktopServices>
-#include <QVariantMap>
 
-#include "platform/FileUrl.h"
 #include "platform/sharing/ActivityType.h"
+#include "platform/sharing/PortalRequest.h"
 
 namespace pellumar {
 namespace {
@@ -45,29 +36,19 @@ bool OpenWithTarget::canPerform(const QList<QUrl>& urls) const {
 }
 
 void OpenWithTarget::perform(const QList<QUrl>& urls, const Done& done) {
-    const QUrl url = urls.first();
-    const auto path = localPath(url);
-    const int file = path ? ::open(path->c_str(), O_RDONLY | O_CLOEXEC) : -1;
-    QDBusMessage call =
-        QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.portal.Desktop"),
-                                       QStringLiteral("/org/freedesktop/portal/desktop"),
-                                       QStringLiteral("org.freedesktop.portal.OpenURI"),
-                                       QStringLiteral("OpenFile"));
-    call << QString() << QVariant::fromValue(QDBusUnixFileDescriptor(file))
-         << QVariantMap{{QStringLiteral("ask"), true}};
-    if (file >= 0) {
-        // The message has one of its own.
-        ::close(file);
-    }
-    auto* const answer = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call));
-    QObject::connect(answer, &QDBusPendingCallWatcher::finished, answer, [answer, url, done] {
-        answer->deleteLater();
-        if (QDBusPendingReply<>(*answer).isError()) {
-            openByDesktop(url, done);
-        } else {
-            done({.isCompleted = true, .error = {}});
-        }
-    });
+    const QUrl& url = urls.first();
+    PortalRequest::send(
+        QStringLiteral("org.freedesktop.portal.OpenURI"),
+        QStringLiteral("OpenFile"),
+        {QString(), QVariant::fromValue(PortalRequest::openFile(url))},
+        {{QStringLiteral("ask"), true}},
+        [url, done](PortalRequest::Outcome outcome) {
+            if (outcome == PortalRequest::Outcome::kUnavailable) {
+                openByDesktop(url, done);
+            } else {
+                done({.isCompleted = outcome == PortalRequest::Outcome::kDone, .error = {}});
+            }
+        });
 }
 
 }  // namespace pellumar

@@ -9,7 +9,9 @@
 namespace pellumar {
 
 bool ProgramTarget::canPerform(const QList<QUrl>& urls) const {
-    return !urls.isEmpty() && !QStandardPaths::findExecutable(description_.program).isEmpty() &&
+    const bool isTooMuch = urls.size() > 1 && !description_.takesSeveral;
+    return !urls.isEmpty() && !isTooMuch &&
+           !QStandardPaths::findExecutable(description_.program).isEmpty() &&
            std::all_of(urls.begin(), urls.end(), [](const QUrl& url) {
                return QFileInfo(url.toLocalFile()).isFile();
            });

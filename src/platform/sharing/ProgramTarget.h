@@ -17,6 +17,7 @@ class ProgramTarget : public ShareTarget {
         QString iconName;
         // Found in PATH.
         QString program;
+        bool takesSeveral = true;
         std::function<QStringList(const QList<QUrl>& urls)> arguments;
     };
 

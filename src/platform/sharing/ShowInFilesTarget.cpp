@@ -2,12 +2,12 @@
 
 #include <QCoreApplication>
 #include <QDBusConnection>
-#include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 
 #include "platform/sharing/ActivityType.h"
+#include "platform/sharing/SessionBusNames.h"
 
 namespace pellumar {
 namespace {
@@ -29,13 +29,7 @@ QString ShowInFilesTarget::iconName() const {
 }
 
 bool ShowInFilesTarget::canPerform(const QList<QUrl>& urls) const {
-    const QDBusConnection bus = QDBusConnection::sessionBus();
-    if (urls.isEmpty() || !bus.isConnected()) {
-        return false;
-    }
-    const QStringList started = bus.interface()->registeredServiceNames();
-    const QStringList startable = bus.interface()->activatableServiceNames();
-    return started.contains(kFileManager) || startable.contains(kFileManager);
+    return !urls.isEmpty() && isOnSessionBus(kFileManager);
 }
 
 void ShowInFilesTarget::perform(const QList<QUrl>& urls, const Done& done) {

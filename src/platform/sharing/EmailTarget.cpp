@@ -1,0 +1,79 @@
+#include "platform/sharing/EmailTarget.h"
+
+#include <QCoreApplication>
+#include <QDBusMetaType>
+#include <QProcess>
+#include <QStandardPaths>
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+
+#include "platform/FileUrl.h"
+#include "platform/sharing/ActivityType.h"
+#include "platform/sharing/PortalRequest.h"
+#include "platform/sharing/SessionBusNames.h"
+
+namespace pellumar {
+namespace {
+
+const QString kProgram = QStringLiteral("xdg-email");
+
+bool isFile(const QUrl& url) {
+    std::error_code unknown;
+    const auto path = localPath(url);
+    return path && std::filesystem::is_regular_file(*path, unknown);
+}
+
+void composeByProgram(const QList<QUrl>& urls, const ShareTarget::Done& done) {
+    QStringList arguments;
+    for (const QUrl& url : urls) {
+        arguments << QStringLiteral("--attach") << url.toLocalFile();
+    }
+    const bool isStarted = QProcess::startDetached(kProgram, arguments);
+    done({.isCompleted = isStarted,
+          .error = isStarted
+                       ? QString()
+                       : QCoreApplication::translate("ShareTarget", "No application for mail")});
+}
+
+}  // namespace
+
+QString EmailTarget::activityType() const {
+    return activity::kMail;
+}
+
+QString EmailTarget::title() const {
+    return QCoreApplication::translate("ShareTarget", "Email");
+}
+
+QString EmailTarget::iconName() const {
+    return QStringLiteral("email");
+}
+
+bool EmailTarget::canPerform(const QList<QUrl>& urls) const {
+    return !urls.isEmpty() && std::all_of(urls.begin(), urls.end(), isFile) &&
+           (!QStandardPaths::findExecutable(kProgram).isEmpty() ||
+            isOnSessionBus(QStringLiteral("org.freedesktop.portal.Desktop")));
+}
+
+void EmailTarget::perform(const QList<QUrl>& urls, const Done& done) {
+    qDBusRegisterMetaType<QList<QDBusUnixFileDescriptor>>();
+    QList<QDBusUnixFileDescriptor> files;
+    for (const QUrl& url : urls) {
+        files.append(PortalRequest::openFile(url));
+    }
+    PortalRequest::send(
+        QStringLiteral("org.freedesktop.portal.Email"),
+        QStringLiteral("ComposeEmail"),
+        {QString()},
+        {{QStringLiteral("attachment_fds"), QVariant::fromValue(files)}},
+        [urls, done](PortalRequest::Outcome outcome) {
+            if (outcome == PortalRequest::Outcome::kUnavailable) {
+                composeByProgram(urls, done);
+            } else {
+                done({.isCompleted = outcome == PortalRequest::Outcome::kDone, .error = {}});
+            }
+        });
+}
+
+}  // namespace pellumar

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "platform/sharing/ShareTarget.h"
+
+namespace pellumar {
+
+// Attaches files to a new message: through the desktop portal, or with xdg-email where there is
+// none. Folders cannot be attached.
+class EmailTarget : public ShareTarget {
+  public:
+    [[nodiscard]] QString activityType() const override;
+    [[nodiscard]] QString title() const override;
+    [[nodiscard]] QString iconName() const override;
+    [[nodiscard]] bool canPerform(const QList<QUrl>& urls) const override;
+    void perform(const QList<QUrl>& urls, const Done& done) override;
+};
+
+}  // namespace pellumar
