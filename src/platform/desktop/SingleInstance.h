@@ -38,12 +38,14 @@ class SingleInstance : public QObject {
     [[nodiscard]] Role claim(const QList<QUrl>& urls);
 
   public slots:
-    // The calls of org.freedesktop.Application.
+    // The calls of org.freedesktop.Application, by the names they have on the bus.
+    // NOLINTBEGIN(readability-identifier-naming)
     void Activate(const QVariantMap& platformData);
     void Open(const QStringList& uris, const QVariantMap& platformData);
     void ActivateAction(const QString& name,
                         const QVariantList& parameter,
                         const QVariantMap& platformData);
+    // NOLINTEND(readability-identifier-naming)
 
   signals:
     void activated();
