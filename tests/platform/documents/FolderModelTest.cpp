@@ -1,0 +1,117 @@
+#include "platform/documents/FolderModel.h"
+
+#include <gtest/gtest.h>
+
+#include <QElapsedTimer>
+#include <fstream>
+#include <string>
+
+#include "platform/FileUrl.h"
+#include "support/FileContents.h"
+#include "support/ManualDispatchQueue.h"
+#include "support/TemporaryFolder.h"
+
+namespace pellumar::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+class FolderModelTest : public testing::Test {
+  protected:
+    void runAll() {
+        backgroundQueue.runAll();
+        mainQueue.runAll();
+    }
+    static QStringList names(const FolderModel& model) {
+        QStringList names;
+        for (int row = 0; row < model.rowCount(); ++row) {
+            names.append(model.data(model.index(row), FolderModel::kName).toString());
+        }
+        return names;
+    }
+
+    TemporaryFolder folder;
+    ManualDispatchQueue mainQueue;
+    ManualDispatchQueue backgroundQueue;
+};
+
+TEST_F(FolderModelTest, ListsWhatCanBePickedAsPeopleOrderIt) {
+    fs::create_directory(folder / "z folder");
+    fs::create_directory(folder / ".hidden");
+    for (const char* name : {"photo 10.ZIP", "Photo 9.zip", "äpfel.zip", "notes.txt", ".a.zip"}) {
+        writeFile(folder / name, "text");
+    }
+    fs::create_symlink("nowhere", folder / "dangling.zip");
+    FolderModel archives({"public.zip-archive"}, mainQueue, backgroundQueue);
+    archives.setFolder(folder.path());
+    EXPECT_TRUE(archives.isLoading());
+    runAll();
+    EXPECT_FALSE(archives.isLoading());
+    EXPECT_EQ(names(archives),
+              (QStringList{"z folder", "äpfel.zip", "Photo 9.zip", "photo 10.ZIP"}));
+    FolderModel items({"public.item"}, mainQueue, backgroundQueue);
+    items.setFolder(folder.path());
+    runAll();
+    EXPECT_EQ(items.rowCount(), 5);
+    FolderModel folders({"public.folder"}, mainQueue, backgroundQueue);
+    folders.setFolder(folder.path());
+    runAll();
+    EXPECT_EQ(names(folders), QStringList{"z folder"});
+}
+
+TEST_F(FolderModelTest, SelectsFilesByTheirExactNames) {
+    fs::create_directory(folder / "inner");
+    writeFile(folder / "caf\xe9.zip", "text");
+    writeFile(folder / "b.zip", "text");
+    FolderModel model({"public.item"}, mainQueue, backgroundQueue);
+    model.setFolder(folder.path());
+    runAll();
+    for (int row = -1; row <= model.rowCount(); ++row) {
+        model.toggle(row, true);
+    }
+    EXPECT_EQ(model.selectedUrls(),
+              (QList<QUrl>{fileUrl(folder / "b.zip"), fileUrl(folder / "caf\xe9.zip")}));
+    model.toggle(1, true);
+    EXPECT_EQ(model.selectedCount(), 1);
+    model.toggle(1, false);
+    EXPECT_EQ(model.selectedUrls(), QList<QUrl>{fileUrl(folder / "b.zip")});
+    model.setFolder(folder / "inner");
+    EXPECT_EQ(model.selectedCount(), 0);
+}
+
+TEST_F(FolderModelTest, TheLatestFolderIsTheOneShown) {
+    fs::create_directory(folder / "inner");
+    writeFile(folder / "inner" / "a.zip", "text");
+    FolderModel model({"public.item"}, mainQueue, backgroundQueue);
+    model.setFolder(folder.path());
+    model.setFolder(folder / "inner");
+    runAll();
+    EXPECT_EQ(names(model), QStringList{"a.zip"});
+    model.setFolder(folder / "gone");
+    runAll();
+    EXPECT_TRUE(model.isUnreadable());
+    {
+        FolderModel brief({"public.item"}, mainQueue, backgroundQueue);
+        brief.setFolder(folder.path());
+    }
+    runAll();
+}
+
+TEST_F(FolderModelTest, ManyFilesDoNotHoldUpTheWindow) {
+    constexpr int kFiles = 30000;
+    for (int i = 0; i < kFiles; ++i) {
+        std::ofstream(folder / ("IMG_" + std::to_string(i) + ".jpg"));
+    }
+    FolderModel model({"public.item"}, mainQueue, backgroundQueue);
+    model.setFolder(folder.path());
+    backgroundQueue.runAll();
+    QElapsedTimer standstill;
+    standstill.start();
+    mainQueue.runAll();
+    EXPECT_LT(standstill.elapsed(), 200);
+    EXPECT_EQ(model.rowCount(), kFiles);
+    EXPECT_EQ(model.data(model.index(kFiles - 1), FolderModel::kName), "IMG_29999.jpg");
+}
+
+}  // namespace
+}  // namespace pellumar::test
