@@ -6,7 +6,8 @@
 #include "platform/sharing/Sharing.h"
 #include "screens/Screens.h"
 
-void qml_register_types_Pellumar_App();
+// Made by Qt's build tools, which name it.
+void qml_register_types_Pellumar_App();  // NOLINT(readability-identifier-naming)
 
 namespace pellumar {
 

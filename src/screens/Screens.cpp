@@ -1,6 +1,7 @@
 #include "screens/Screens.h"
 
-void qml_register_types_Pellumar_Screens();
+// Made by Qt's build tools, which name it.
+void qml_register_types_Pellumar_Screens();  // NOLINT(readability-identifier-naming)
 
 namespace pellumar {
 

@@ -1,6 +1,7 @@
 #include "platform/documents/Documents.h"
 
-void qml_register_types_Pellumar_Documents();
+// Made by Qt's build tools, which name it.
+void qml_register_types_Pellumar_Documents();  // NOLINT(readability-identifier-naming)
 
 namespace pellumar {
 

@@ -36,6 +36,7 @@ struct DocumentServices {
 // "public.folder" for a folder, which is handed out itself. Starts where the last pick was made.
 class UIDocumentPickerViewController : public UIViewController {
     Q_OBJECT
+    Q_DISABLE_COPY_MOVE(UIDocumentPickerViewController)
     QML_ELEMENT
     QML_UNCREATABLE("Made in C++")
     Q_PROPERTY(pellumar::FolderModel* model READ model CONSTANT)

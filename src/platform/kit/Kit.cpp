@@ -1,7 +1,7 @@
 #include "platform/kit/Kit.h"
 
-
-void qml_register_types_Pellumar_Kit();
+// Made by Qt's build tools, which name it.
+void qml_register_types_Pellumar_Kit();  // NOLINT(readability-identifier-naming)
 
 namespace pellumar {
 

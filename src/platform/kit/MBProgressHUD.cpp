@@ -13,7 +13,7 @@ constexpr std::chrono::milliseconds kFadeTime{180};
 std::shared_ptr<MBProgressHUD> MBProgressHUD::showAddedTo(const UIContext& context,
                                                           QQuickItem& view,
                                                           bool animated) {
-    const std::shared_ptr<MBProgressHUD> hud(new MBProgressHUD(context), DeleteLater());
+    std::shared_ptr<MBProgressHUD> hud(new MBProgressHUD(context), DeleteLater());
     hud->item_ = context.viewLoader.load(*hud);
     QQuickItem* const item = hud->item_.get();
     item->setParentItem(&view);

@@ -22,7 +22,7 @@ QString QmlViewLoader::layoutFile(const QMetaObject* type) const {
             }
         }
     }
-    qFatal("There is no layout for %s.", type->className());
+    qFatal("There is no layout for a class.");
 }
 
 OwnedItem QmlViewLoader::load(QObject& owner) {

@@ -15,8 +15,8 @@ class UIStoryboard {
   public:
     using SceneMaker = std::function<std::shared_ptr<UIViewController>()>;
 
-    void addScene(const QString& identifier, SceneMaker maker) {
-        scenes_.insert(identifier, std::move(maker));
+    void addScene(const QString& identifier, const SceneMaker& maker) {
+        scenes_.insert(identifier, maker);
     }
     void setInitialScene(const QString& identifier) { initial_ = identifier; }
 

@@ -85,8 +85,9 @@ void UIViewController::present(const std::shared_ptr<UIViewController>& presente
     if (where == nullptr) {
         qFatal("%s presents a screen, but is in no window.", metaObject()->className());
     }
+    // The whole window is covered, so the topmost of its screens presents, whichever asked for it.
     const std::shared_ptr<UIViewController> top = where->topViewController();
-    if (top && top.get() != this && presented_) {
+    if (top && top.get() != this) {
         top->present(presented, animated, completion);
         return;
     }

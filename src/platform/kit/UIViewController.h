@@ -43,6 +43,7 @@ class UIViewController : public QObject, public std::enable_shared_from_this<UIV
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Made in C++")
+    Q_DISABLE_COPY_MOVE(UIViewController)
     Q_PROPERTY(pellumar::UINavigationItem* navigationItem READ navigationItem CONSTANT)
     // How far the screen has come into view as a presented one: from 0 to 1.
     Q_PROPERTY(qreal presentation READ presentation NOTIFY presentationChanged)

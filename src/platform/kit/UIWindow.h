@@ -13,6 +13,7 @@ namespace pellumar {
 // thread.
 class UIWindow : public QQuickWindow {
     Q_OBJECT
+    Q_DISABLE_COPY_MOVE(UIWindow)
 
   public:
     // From this width on the window is a desktop's or a tablet's.
@@ -33,7 +34,7 @@ class UIWindow : public QQuickWindow {
         return width() < kPadWidth ? UIUserInterfaceIdiom::kPhone : UIUserInterfaceIdiom::kPad;
     }
     // The area that screens have, as the screen of a phone.
-    [[nodiscard]] QSizeF bounds() const { return contentItem()->size(); }
+    [[nodiscard]] QSizeF bounds() const { return size(); }
 
     // The style of the screen that decides about it.
     [[nodiscard]] UIStatusBarStyle statusBarStyle() const;

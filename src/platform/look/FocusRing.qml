@@ -1,9 +1,8 @@
 import QtQuick
-import QtQuick.Controls.Basic
 
 // Shows where the keyboard is, and only to those who use it.
 Rectangle {
-    required property Control control
+    required property Item control
 
     anchors.fill: parent
     anchors.margins: -2

@@ -5,7 +5,8 @@
 
 #include "platform/look/IconProvider.h"
 
-void qml_register_types_Pellumar_Look();
+// Made by Qt's build tools, which name it.
+void qml_register_types_Pellumar_Look();  // NOLINT(readability-identifier-naming)
 
 namespace pellumar {
 

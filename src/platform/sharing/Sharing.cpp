@@ -1,6 +1,7 @@
 #include "platform/sharing/Sharing.h"
 
-void qml_register_types_Pellumar_Sharing();
+// Made by Qt's build tools, which name it.
+void qml_register_types_Pellumar_Sharing();  // NOLINT(readability-identifier-naming)
 
 namespace pellumar {
 

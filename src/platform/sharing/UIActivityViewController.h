@@ -26,6 +26,7 @@ struct SharingServices {
 // user's is its own; the other ways come from the services.
 class UIActivityViewController : public UIViewController, public UIDocumentPickerDelegate {
     Q_OBJECT
+    Q_DISABLE_COPY_MOVE(UIActivityViewController)
     QML_ELEMENT
     QML_UNCREATABLE("Made in C++")
     Q_PROPERTY(QString heading READ heading CONSTANT)

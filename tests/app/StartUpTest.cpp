@@ -1,0 +1,154 @@
+#include "app/AppDelegate.h"
+#include "app/MainInterface.h"
+#include "app/OnboardingViewController.h"
+#include "app/SettingsViewController.h"
+#include "gui/ScreenFixture.h"
+#include "platform/FIRApp.h"
+#include "support/FileContents.h"
+
+namespace pellumar::test {
+namespace {
+
+// Has nothing, and never answers.
+class SilentRemoteConfig : public FIRRemoteConfig {
+  public:
+    void fetchWithExpirationDuration(std::chrono::seconds /*duration*/,
+                                     FetchHandler /*handler*/) override {}
+    void activateWithCompletion(ActivationHandler /*completion*/) override {}
+    [[nodiscard]] RemoteConfigValue objectForKeyedSubscript(const QString& /*key*/) const override {
+        return {};
+    }
+    [[nodiscard]] QSet<QString> keysWithPrefix(const QString& /*prefix*/) const override {
+        return {};
+    }
+};
+
+class RecordingOpener : public UrlOpener {
+  public:
+    void open(const QUrl& url) override { opened.append(url); }
+    QList<QUrl> opened;
+};
+
+class StartUpTest : public ScreenFixture {
+  protected:
+    StartUpTest() {
+        storyboard.addScene("ViewController",
+                            [this] { return makeController<ViewController>(services, launches); });
+        storyboard.addScene("OnboardingViewController", [this] {
+            return makeController<OnboardingViewController>(services.ui, settings, analytics);
+        });
+        storyboard.addScene("SettingsViewController", [this] {
+            return makeController<SettingsViewController>(services.ui, settings, analytics, opener);
+        });
+        storyboard.setInitialScene("ViewController");
+        delegate->setWindow(&window);
+    }
+
+    template <typename Screen>
+    std::shared_ptr<Screen> root() {
+        return std::dynamic_pointer_cast<Screen>(window.rootViewController());
+    }
+
+    RecordingOpener opener;
+    UIStoryboard storyboard;
+    bool areServicesConfigured = false;
+    std::shared_ptr<AppDelegate> delegate = std::make_shared<AppDelegate>(
+        AppDelegate::Environment{services.ui, storyboard, settings, fileSystem, console, [this] {
+                                     areServicesConfigured = true;
+                                     FIRApp::configure({std::make_shared<RecordingAnalytics>(),
+                                                        std::make_shared<SilentRemoteConfig>()});
+                                 }});
+};
+
+TEST_F(StartUpTest, FirstRunShowsTheOnboardingWhichCountsAsSeenAtOnce) {
+    writeFile(folder / "Documents" / "outputs" / "old.zip", "old");
+    window.resize(360, 568);
+    EXPECT_TRUE(delegate->applicationDidFinishLaunching());
+    EXPECT_TRUE(areServicesConfigured);
+    EXPECT_FALSE(std::filesystem::exists(folder / "Documents" / "outputs" / "old.zip"));
+    EXPECT_EQ(console.lines().last(),
+              "PLEASE UNIVERSE! MAKE THIS APP VISIBLE AND USED BY MOST PEOPLE OF THIS WORLD! MAKE "
+              "IT A SUCCESS!");
+
+    const auto onboarding = root<OnboardingViewController>();
+    ASSERT_TRUE(onboarding);
+    EXPECT_TRUE(flag("ONBOARDING_KEY"));
+    EXPECT_EQ(outlet<NSLayoutConstraint>(onboarding->view(), "topConstraint")->constant(), 16);
+    EXPECT_EQ(outlet<QQuickItem>(onboarding->view(), "logoContainerView")->opacity(), 1);
+    EXPECT_EQ(onboarding->preferredStatusBarStyle(), UIStatusBarStyle::kLightContent);
+    onboarding->okTapped();
+    EXPECT_TRUE(root<UITabBarController>());
+    EXPECT_EQ(eventNames(), (QStringList{"started_tutorial", "finished_tutorial"}));
+}
+
+TEST_F(StartUpTest, LaterRunsShowTheTabs) {
+    defaults.setBool(true, "ONBOARDING_KEY");
+    EXPECT_TRUE(delegate->applicationDidFinishLaunching());
+    const auto tabs = root<UITabBarController>();
+    ASSERT_TRUE(tabs);
+    EXPECT_EQ(tabs->titles(), (QStringList{"Zip/Unzip", "Settings"}));
+    EXPECT_EQ(tabs->images(), (QStringList{"zipIcon", "settings"}));
+    EXPECT_EQ(tabs->selectedIndex(), 0);
+    EXPECT_EQ(tabs->standardAppearance(), tabs->scrollEdgeAppearance());
+    EXPECT_TRUE(tabs->hasOpaqueBar());
+}
+
+TEST_F(StartUpTest, BarsAreStyledFromVersion15On) {
+    UIContext old = services.ui;
+    old.device.systemVersion = 14.9;
+    const auto tabs =
+        std::dynamic_pointer_cast<UITabBarController>(makeMainInterface(old, storyboard));
+    ASSERT_TRUE(tabs);
+    window.setRootViewController(tabs);
+    const auto stack =
+        std::dynamic_pointer_cast<UINavigationController>(tabs->selectedViewController());
+    ASSERT_TRUE(stack);
+    EXPECT_FALSE(tabs->standardAppearance());
+    EXPECT_FALSE(stack->standardAppearance());
+
+    const UIStoryboard empty;
+    EXPECT_FALSE(makeMainInterface(services.ui, empty));
+}
+
+TEST_F(StartUpTest, TakesWhatIsNamedZipInSmallLetters) {
+    for (const char* name : {"photos.zip", "notes.zip.bak", "my.zipper.pdf"}) {
+        EXPECT_TRUE(delegate->applicationOpen(QUrl::fromLocalFile(QString("/x/") + name))) << name;
+        EXPECT_EQ(AppFileOpener::url()->fileName(), name);
+    }
+    AppFileOpener::setUrl(std::nullopt);
+    EXPECT_FALSE(delegate->applicationOpen(QUrl::fromLocalFile("/x.zip/PHOTOS.ZIP")));
+    EXPECT_EQ(AppFileOpener::url(), std::nullopt);
+}
+
+TEST_F(StartUpTest, SettingsSwitchDecidesAboutEvents) {
+    defaults.setBool(true, "ONBOARDING_KEY");
+    delegate->applicationDidFinishLaunching();
+    const auto tabs = root<UITabBarController>();
+    ASSERT_TRUE(tabs);
+    tabs->select(1);
+    const auto stack =
+        std::dynamic_pointer_cast<UINavigationController>(tabs->selectedViewController());
+    ASSERT_TRUE(stack);
+    const auto settingsScreen =
+        std::dynamic_pointer_cast<SettingsViewController>(stack->topViewController());
+    ASSERT_TRUE(settingsScreen);
+    auto* const usage = outlet<QQuickItem>(settingsScreen->view(), "usageSwitch");
+    EXPECT_TRUE(usage->property("checked").toBool());
+    settingsScreen->didSelectRow(SettingsViewController::kDeveloperRow);
+    EXPECT_EQ(eventNames(), QStringList{"developer_tapped"});
+
+    usage->setProperty("checked", false);
+    settingsScreen->appUsageSwitchChanged();
+    settingsScreen->didSelectRow(SettingsViewController::kDeveloperRow);
+    settingsScreen->didSelectRow(SettingsViewController::kUsageDataRow);
+    EXPECT_EQ(eventNames().size(), 1);
+    EXPECT_EQ(opener.opened.size(), 2);
+
+    usage->setProperty("checked", true);
+    tabs->select(0);
+    tabs->select(1);
+    EXPECT_FALSE(usage->property("checked").toBool());
+}
+
+}  // namespace
+}  // namespace pellumar::test

@@ -1,0 +1,16 @@
+#include <gtest/gtest.h>
+
+#include <QGuiApplication>
+#include <QQuickStyle>
+
+#include "app/App.h"
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_QUICK_BACKEND", "software");
+    QQuickStyle::setStyle("Basic");
+    const QGuiApplication application(argc, argv);
+    pellumar::registerLayouts();
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}

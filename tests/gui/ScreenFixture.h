@@ -1,0 +1,99 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QQmlEngine>
+#include <QSettings>
+#include <memory>
+
+#include "platform/RecordingAnalytics.h"
+#include "platform/kit/QmlViewLoader.h"
+#include "platform/kit/UINavigationController.h"
+#include "platform/kit/UITabBarController.h"
+#include "platform/kit/UIWindow.h"
+#include "screens/RelevantActionCount.h"
+#include "screens/ScreenServices.h"
+#include "screens/ViewController.h"
+#include "support/ManualDispatchQueue.h"
+#include "support/RecordingConsole.h"
+#include "support/TemporaryFolder.h"
+
+namespace pellumar::test {
+
+// Nothing moves: all that is animated is done at once.
+class InstantAnimator : public Animator {
+  public:
+    void animate(std::chrono::milliseconds /*duration*/,
+                 const QEasingCurve& /*easing*/,
+                 Step step,
+                 Finished finished) override {
+        step(1);
+        finished();
+    }
+};
+
+class CountingReview : public StoreReview {
+  public:
+    void requestReview() override { ++requests; }
+    int requests = 0;
+};
+
+class NoInhibitor : public SleepInhibitor {
+  public:
+    [[nodiscard]] std::shared_ptr<void> keepAwake(const QString& /*reason*/) override {
+        return nullptr;
+    }
+};
+
+// A screen in a window of its own, over a workspace, preferences and queues of the test's. Both
+// queues run on the main thread, when told.
+class ScreenFixture : public testing::Test {
+  protected:
+    ScreenFixture();
+    ~ScreenFixture() override;
+
+    // Lets go of screens that nobody holds any more, as the event loop does.
+    static void releaseScreens();
+
+    // Runs all that waits, until nothing does.
+    void settle();
+
+    // The home screen in tabs, in view, as after a launch.
+    [[nodiscard]] std::shared_ptr<ViewController> showHome(QSize size = {360, 640});
+    [[nodiscard]] std::shared_ptr<UINavigationController> stack() const { return stack_; }
+    // An archive with one file, hello.txt, outside the workspace.
+    [[nodiscard]] QUrl makeArchive(const std::string& name) const;
+    [[nodiscard]] QStringList eventNames() const;
+    [[nodiscard]] bool flag(const QString& key) const { return defaults.boolForKey(key); }
+    // The presented screen of this class, or null.
+    template <typename Controller>
+    [[nodiscard]] std::shared_ptr<Controller> presented() const {
+        return std::dynamic_pointer_cast<Controller>(window.topViewController());
+    }
+
+    TemporaryFolder folder;
+    ManualDispatchQueue mainQueue;
+    ManualDispatchQueue backgroundQueue;
+    RecordingConsole console;
+    UserDefaults defaults;
+    UserSettings settings;
+    RecordingAnalytics events;
+    PellumarAnalytics analytics;
+    FileSystem fileSystem;
+    QSettings memory;
+    DocumentInbox inbox;
+    std::vector<std::shared_ptr<ShareTarget>> targets;
+    CountingReview review;
+    NoInhibitor sleep;
+    QQmlEngine engine;
+    QmlViewLoader viewLoader;
+    InstantAnimator animator;
+    RelevantActionCount launches;
+    ScreenServices services;
+    UIWindow window;
+
+  private:
+    std::shared_ptr<UINavigationController> stack_;
+};
+
+}  // namespace pellumar::test
