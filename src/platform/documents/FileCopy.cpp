@@ -8,6 +8,7 @@
 
 #include <cerrno>
 #include <string>
+#include <string_view>
 #include <utility>
 
 namespace pellumar {
@@ -42,42 +43,81 @@ std::error_code lastError() {
     return {errno, std::generic_category()};
 }
 
+std::error_code toldToStop() {
+    return make_error_code(std::errc::operation_canceled);
+}
+
+// Writes all of it, or tells why not.
+std::error_code writeAll(int to, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = ::write(to, bytes.data(), bytes.size());
+        if (written < 0 && errno != EINTR) {
+            return lastError();
+        }
+        bytes.remove_prefix(written < 0 ? 0 : static_cast<std::size_t>(written));
+    }
+    return {};
+}
+
+// Copies the next step by way of our memory: the bytes, 0 at the end.
+tl::expected<std::size_t, std::error_code> copyStep(int from, int to, std::string& buffer) {
+    buffer.resize(kStep);
+    ssize_t count = -1;
+    do {
+        count = ::read(from, buffer.data(), buffer.size());
+    } while (count < 0 && errno == EINTR);
+    if (count < 0) {
+        return tl::unexpected(lastError());
+    }
+    const auto size = static_cast<std::size_t>(count);
+    if (const std::error_code failure = writeAll(to, std::string_view(buffer).substr(0, size))) {
+        return tl::unexpected(failure);
+    }
+    return size;
+}
+
+// Copies one step by way of memory; the bytes copied, 0 at the end, -1 with errno after a failure.
+ssize_t copyThrough(std::string& buffer, int from, int to) {
+    buffer.resize(kStep);
+    const ssize_t count = ::read(from, buffer.data(), buffer.size());
+    for (ssize_t done = 0; done < count;) {
+        const ssize_t written =
+            ::write(to, buffer.data() + done, static_cast<std::size_t>(count - done));
+        if (written < 0 && errno == EINTR) {
+            continue;
+        }
+        if (written < 0) {
+            return -1;
+        }
+        done += written;
+    }
+    return count;
+}
+
 std::error_code copyBytes(int from, int to, const FileCopyProgress& progress) {
     if (::ioctl(to, FICLONE, from) == 0) {
         struct stat status {};
         const bool isKnown = ::fstat(to, &status) == 0;
         const bool goesOn = progress(isKnown ? static_cast<std::uint64_t>(status.st_size) : 0);
-        return goesOn ? std::error_code() : make_error_code(std::errc::operation_canceled);
+        return goesOn ? std::error_code() : toldToStop();
     }
-    bool isDirect = true;
     std::string buffer;
+    // Not all pairs of file systems copy by themselves; where one stops, we go on.
+    bool isDirect = true;
     while (true) {
-        ssize_t count = -1;
-        if (isDirect) {
-            count = ::copy_file_range(from, nullptr, to, nullptr, kStep, 0);
-            // Not between these two file systems.
-            isDirect = count >= 0 || errno == EINTR;
-        }
+        const ssize_t count =
+            isDirect ? ::copy_file_range(from, nullptr, to, nullptr, kStep, 0) : -1;
+        isDirect = count > 0;
+        std::size_t copied = isDirect ? static_cast<std::size_t>(count) : 0;
         if (!isDirect) {
-            buffer.resize(kStep);
-            count = ::read(from, buffer.data(), buffer.size());
-            for (ssize_t done = 0; done < count;) {
-                const ssize_t written =
-                    ::write(to, buffer.data() + done, static_cast<std::size_t>(count - done));
-                if (written < 0 && errno != EINTR) {
-                    return lastError();
-                }
-                done += written < 0 ? 0 : written;
+            const auto step = copyStep(from, to, buffer);
+            if (!step || *step == 0) {
+                return step ? std::error_code() : step.error();
             }
+            copied = *step;
         }
-        if (count < 0 && errno != EINTR) {
-            return lastError();
-        }
-        if (count == 0) {
-            return {};
-        }
-        if (count > 0 && !progress(static_cast<std::uint64_t>(count))) {
-            return make_error_code(std::errc::operation_canceled);
+        if (!progress(copied)) {
+            return toldToStop();
         }
     }
 }

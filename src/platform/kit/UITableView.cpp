@@ -4,8 +4,8 @@
 
 namespace pellumar {
 
-void UITableView::registerCell(CellMaker maker, const QString& reuseIdentifier) {
-    makers_.insert(reuseIdentifier, std::move(maker));
+void UITableView::registerCell(const CellMaker& maker, const QString& reuseIdentifier) {
+    makers_.insert(reuseIdentifier, maker);
 }
 
 std::shared_ptr<UITableViewCell> UITableView::dequeueReusableCell(const QString& reuseIdentifier) {

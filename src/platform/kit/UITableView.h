@@ -41,7 +41,7 @@ class UITableView : public QQuickItem {
     explicit UITableView(QQuickItem* parent = nullptr) : QQuickItem(parent) {}
 
     // How cells of this identifier are made.
-    void registerCell(CellMaker maker, const QString& reuseIdentifier);
+    void registerCell(const CellMaker& maker, const QString& reuseIdentifier);
     // A cell that has scrolled away, or a new one; null if nothing is registered.
     [[nodiscard]] std::shared_ptr<UITableViewCell> dequeueReusableCell(
         const QString& reuseIdentifier);
