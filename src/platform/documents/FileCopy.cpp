@@ -76,24 +76,6 @@ tl::expected<std::size_t, std::error_code> copyStep(int from, int to, std::strin
     return size;
 }
 
-// Copies one step by way of memory; the bytes copied, 0 at the end, -1 with errno after a failure.
-ssize_t copyThrough(std::string& buffer, int from, int to) {
-    buffer.resize(kStep);
-    const ssize_t count = ::read(from, buffer.data(), buffer.size());
-    for (ssize_t done = 0; done < count;) {
-        const ssize_t written =
-            ::write(to, buffer.data() + done, static_cast<std::size_t>(count - done));
-        if (written < 0 && errno == EINTR) {
-            continue;
-        }
-        if (written < 0) {
-            return -1;
-        }
-        done += written;
-    }
-    return count;
-}
-
 std::error_code copyBytes(int from, int to, const FileCopyProgress& progress) {
     if (::ioctl(to, FICLONE, from) == 0) {
         struct stat status {};
