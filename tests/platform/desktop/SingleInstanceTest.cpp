@@ -68,6 +68,7 @@ TEST(SingleInstanceTest, ForwardsAnyNameToTheFirst) {
 TEST(SingleInstanceTest, OneOfManyThatStartTogetherIsFirst) {
     constexpr int kStarts = 6;
     std::vector<std::unique_ptr<QProcess>> children;
+    children.reserve(kStarts);
     for (int i = 0; i < kStarts; ++i) {
         children.push_back(
             startChild({kClaimArgument, QStringLiteral("file:///tmp/%1.zip").arg(i)}));

@@ -58,6 +58,13 @@ TEST_F(FileCopyTest, CopiesATreeWithAllThatCanBeCopied) {
     fs::permissions(from / "inner", fs::perms(0755));
 }
 
+TEST_F(FileCopyTest, CopiesWhatTheSystemDoesNotCopyByItself) {
+    // It says that it is empty, and cannot be copied from file to file.
+    ASSERT_TRUE(copyTree("/proc/version", folder / "version", goOn).has_value());
+    EXPECT_EQ(readText(folder / "version"), readText("/proc/version"));
+    EXPECT_GT(fs::file_size(folder / "version"), 0U);
+}
+
 TEST_F(FileCopyTest, StopsWhenToldAndLeavesNothing) {
     fs::create_directories(folder / "from");
     for (const char* name : {"a", "b", "c"}) {

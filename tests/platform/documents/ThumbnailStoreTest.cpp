@@ -1,0 +1,85 @@
+#include "platform/documents/ThumbnailStore.h"
+
+#include <gtest/gtest.h>
+
+#include <QColor>
+#include <QCryptographicHash>
+#include <chrono>
+#include <string>
+#include <vector>
+
+#include "support/FileContents.h"
+#include "support/TemporaryFolder.h"
+
+namespace pellumar::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+class ThumbnailStoreTest : public testing::Test {
+  protected:
+    // Qt cannot name every file, so the picture is moved into place.
+    void paint(const std::string& name, QSize size, const QColor& color) const {
+        QImage image(size, QImage::Format_RGB32);
+        image.fill(color);
+        const fs::path path = folder / "painted.png";
+        ASSERT_TRUE(image.save(QString::fromStdString(path)));
+        fs::rename(path, folder / name);
+    }
+    [[nodiscard]] std::vector<fs::path> kept(const char* size) const {
+        std::vector<fs::path> files;
+        std::error_code none;
+        for (const auto& entry : fs::directory_iterator(folder / "cache" / size, none)) {
+            files.push_back(entry.path());
+        }
+        return files;
+    }
+
+    TemporaryFolder folder;
+    ThumbnailStore store{folder / "cache"};
+};
+
+TEST_F(ThumbnailStoreTest, KeepsAndRenewsAPictureOfAnyName) {
+    paint("caf\xe9 1.png", {800, 400}, Qt::red);
+    const fs::path file = folder / "caf\xe9 1.png";
+    EXPECT_EQ(store.thumbnail(file, 100).size(), QSize(100, 50));
+    ASSERT_EQ(kept("normal").size(), 1U);
+    EXPECT_EQ(fs::status(kept("normal").front()).permissions(), fs::perms(0600));
+    EXPECT_EQ(store.thumbnail(file, 200).size(), QSize(200, 100));
+    EXPECT_EQ(QImage(QString::fromStdString(kept("large").at(0))).size(), QSize(256, 128));
+
+    // What is kept is what is shown, until the file changes.
+    QImage marked(QString::fromStdString(kept("normal").front()));
+    marked.fill(Qt::blue);
+    ASSERT_TRUE(marked.save(QString::fromStdString(kept("normal").front())));
+    EXPECT_EQ(store.thumbnail(file, 128).pixelColor(5, 5), QColor(Qt::blue));
+    fs::last_write_time(file, fs::file_time_type::clock::now() + std::chrono::hours(1));
+    EXPECT_EQ(store.thumbnail(file, 128).pixelColor(5, 5), QColor(Qt::red));
+    EXPECT_EQ(kept("normal").size(), 1U);
+}
+
+TEST_F(ThumbnailStoreTest, KeepsNothingOfWhatIsSmallOrNoPicture) {
+    paint("small.png", {20, 10}, Qt::red);
+    paint("thin.png", {4000, 1}, Qt::red);
+    writeFile(folder / "text.png", "no picture");
+    EXPECT_EQ(store.thumbnail(folder / "small.png", 100).size(), QSize(20, 10));
+    EXPECT_TRUE(store.thumbnail(folder / "text.png", 100).isNull());
+    EXPECT_TRUE(store.thumbnail(folder / "gone.png", 100).isNull());
+    EXPECT_TRUE(store.thumbnail(folder.path(), 100).isNull());
+    EXPECT_TRUE(kept("normal").empty());
+    EXPECT_EQ(store.thumbnail(folder / "thin.png", 100).size(), QSize(100, 1));
+}
+
+TEST_F(ThumbnailStoreTest, IsFoundByTheNameThatOthersWouldLookFor) {
+    paint("me.png", {800, 400}, Qt::red);
+    static_cast<void>(store.thumbnail(folder / "me.png", 128));
+    ASSERT_EQ(kept("normal").size(), 1U);
+    const QImage image(QString::fromStdString(kept("normal").front()));
+    const QByteArray uri = "file://" + QByteArray::fromStdString(folder / "me.png");
+    EXPECT_EQ(image.text("Thumb::URI"), uri);
+    EXPECT_EQ(kept("normal").front().stem().string(),
+              QCryptographicHash::hash(uri, QCryptographicHash::Md5).toHex().toStdString());
+}
+
+}  // namespace
+}  // namespace pellumar::test
