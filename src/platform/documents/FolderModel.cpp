@@ -51,6 +51,8 @@ FolderModel::FolderModel(QStringList types,
                          DispatchQueue& backgroundQueue)
     : types_(std::move(types)), mainQueue_(mainQueue), backgroundQueue_(backgroundQueue) {}
 
+FolderModel::~FolderModel() = default;
+
 void FolderModel::setFolder(const fs::path& folder) {
     beginResetModel();
     folder_ = folder;

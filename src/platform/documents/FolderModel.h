@@ -30,6 +30,7 @@ class FolderModel : public QAbstractListModel {
 
     // `types` as a document picker takes them. The queues must outlive every listing.
     FolderModel(QStringList types, DispatchQueue& mainQueue, DispatchQueue& backgroundQueue);
+    ~FolderModel() override;
 
     // Goes to a folder; the list is empty until that is read, and the selection is dropped.
     void setFolder(const std::filesystem::path& folder);
