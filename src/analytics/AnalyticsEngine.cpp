@@ -1,0 +1,65 @@
+#include "analytics/AnalyticsEngine.h"
+
+#include <utility>
+
+#include "analytics/AnalyticsWorker.h"
+
+namespace pellumar {
+
+AnalyticsEngine::AnalyticsEngine(AnalyticsEnvironment environment, CrashCatching crashes)
+    : clock_(environment.clock) {
+    if (crashes == CrashCatching::kOn) {
+        marker_.emplace(AnalyticsWorker::markerIn(environment.folder),
+                        environment.versions.serviceVersion.toStdString());
+    }
+    CrashMarker* const marker = marker_ ? &*marker_ : nullptr;
+    // The worker reads the disk while it is made, so the thread makes it.
+    thread_ = std::thread([this, marker, given = std::move(environment)]() mutable {
+        AnalyticsWorker(std::move(given), queue_, marker).run(stop_.get_token());
+    });
+}
+
+AnalyticsEngine::~AnalyticsEngine() {
+    stop();
+}
+
+void AnalyticsEngine::logEventWithName(const QString& name,
+                                       const std::optional<QVariantMap>& parameters) {
+    say(LoggedEvent{.name = name, .parameters = parameters.value_or(QVariantMap())});
+}
+
+void AnalyticsEngine::setUserPropertyString(const QString& value, const QString& forName) {
+    say(UserPropertyChange{.name = forName, .value = value});
+}
+
+void AnalyticsEngine::setConsent(ConsentKind kind, ConsentStatus status) {
+    say(ConsentChange{.kind = kind, .status = status});
+}
+
+void AnalyticsEngine::resetInstallation() {
+    say(InstallationReset{});
+}
+
+void AnalyticsEngine::setActive(bool active) {
+    say(ActivityChange{.active = active});
+}
+
+bool AnalyticsEngine::waitUntilStored(std::chrono::milliseconds timeout) {
+    const auto promise = std::make_shared<std::promise<bool>>();
+    std::future<bool> stored = promise->get_future();
+    say(Fence{.stored = promise});
+    return stored.wait_for(timeout) == std::future_status::ready && stored.get();
+}
+
+void AnalyticsEngine::stop() {
+    stop_.request_stop();
+    if (thread_.joinable()) {
+        thread_.join();
+    }
+}
+
+void AnalyticsEngine::say(decltype(QueueItem::what) what) {
+    queue_.add({.moment = clock_->now(), .what = std::move(what)});
+}
+
+}  // namespace pellumar

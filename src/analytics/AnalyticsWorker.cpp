@@ -1,0 +1,362 @@
+#include "analytics/AnalyticsWorker.h"
+
+#include <QDeadlineTimer>
+#include <QTimer>
+#include <algorithm>
+#include <array>
+#include <iterator>
+#include <system_error>
+#include <utility>
+
+#include "analytics/CrashReport.h"
+
+namespace pellumar {
+namespace {
+
+// What is written in one transaction.
+constexpr std::size_t kMostInTransaction = 500;
+// When a store that could not be written is tried again, if nothing new is said before.
+constexpr qint64 kRetryMilliseconds = 5000;
+constexpr qint64 kUpkeepMilliseconds = 24LL * 60 * 60 * 1000;
+
+// What the user wants, who is not kept waiting.
+bool isAnswer(const QueueItem& item) {
+    return std::holds_alternative<ConsentChange>(item.what) ||
+           std::holds_alternative<InstallationReset>(item.what);
+}
+
+// What is not for the recorder.
+bool isControl(const QueueItem& item) {
+    return isAnswer(item) || std::holds_alternative<Fence>(item.what);
+}
+
+}  // namespace
+
+std::filesystem::path AnalyticsWorker::markerIn(const std::filesystem::path& folder) {
+    return folder / "crash";
+}
+
+AnalyticsWorker::AnalyticsWorker(AnalyticsEnvironment environment,
+                                 EventQueue& queue,
+                                 CrashMarker* marker)
+    : environment_(std::move(environment)),
+      audiences_(environment_.audiences),
+      queue_(queue),
+      marker_(marker),
+      consent_(environment_.folder) {}
+
+void AnalyticsWorker::run(const std::stop_token& stop) {
+    QEventLoop loop;
+    queue_.setWaker([&loop] { loop.wakeUp(); });
+    {
+        const std::stop_callback wake(stop, [&loop] { loop.wakeUp(); });
+        if (environment_.transport) {
+            transport_ = environment_.transport();
+        }
+        obeyConsent();
+        while (!stop.stop_requested()) {
+            if (work()) {
+                loop.processEvents();
+            } else {
+                sleep(loop);
+            }
+        }
+    }
+    queue_.setWaker({});
+    sayFarewell(loop);
+    closeStore();
+    transport_.reset();
+}
+
+bool AnalyticsWorker::work() {
+    queue_.take(fresh_);
+    const bool isNew = !fresh_.empty();
+    if (isNew) {
+        lastActivity_ = environment_.clock->now().elapsed;
+        const qint64 dropped = queue_.takeDropped();
+        dropped_ += dropped;
+        isIncomplete_ = isIncomplete_ || dropped > 0;
+        backlog_.insert(backlog_.end(),
+                        std::make_move_iterator(fresh_.begin()),
+                        std::make_move_iterator(fresh_.end()));
+        fresh_.clear();
+    }
+    if (consent_.refresh()) {
+        obeyConsent();
+    }
+    consent_.save();
+    config_ = MeasurementConfig::read(environment_.parameters);
+    if (store_ && store_->isMoved()) {
+        closeStore();
+    }
+    if (consent_.current().allowsStorage() && openStore()) {
+        upkeep();
+    }
+    workOff();
+    upload();
+    return isNew;
+}
+
+void AnalyticsWorker::upload() {
+    if (!uploader_) {
+        return;
+    }
+    const DatabaseOutcome outcome = uploader_->poll(situation());
+    // For want of room nothing is thrown away here: what has left makes some.
+    if (outcome == DatabaseOutcome::kDamaged || outcome == DatabaseOutcome::kUnavailable) {
+        recover(outcome);
+    }
+}
+
+void AnalyticsWorker::sleep(QEventLoop& loop) {
+    const Uploader::Situation now = situation();
+    qint64 wait = kUpkeepMilliseconds;
+    if (uploader_) {
+        wait = uploader_->nextPoll(now).value_or(wait);
+    }
+    const bool isStuck = !backlog_.empty() || (consent_.current().allowsStorage() && !store_);
+    if (isStuck || consent_.isUnsaved()) {
+        wait = std::min(wait, kRetryMilliseconds);
+    }
+    QTimer timer;
+    timer.setSingleShot(true);
+    timer.start(std::chrono::milliseconds(wait));
+    loop.processEvents(QEventLoop::WaitForMoreEvents);
+}
+
+void AnalyticsWorker::sayFarewell(QEventLoop& loop) {
+    const QDeadlineTimer deadline(kLongestFarewell);
+    work();
+    if (inFront_) {
+        // Unwritten, it is told by the next start.
+        static_cast<void>(record(std::array{QueueItem{.moment = environment_.clock->now(),
+                                                      .what = ActivityChange{.active = false}}}));
+    }
+    failFences();
+    if (!uploader_) {
+        return;
+    }
+    QTimer timer;
+    timer.setSingleShot(true);
+    timer.start(static_cast<int>(deadline.remainingTime()));
+    uploader_->hurry(situation());
+    while (uploader_->isUnderway() && !deadline.hasExpired()) {
+        loop.processEvents(QEventLoop::WaitForMoreEvents);
+        uploader_->hurry(situation());
+    }
+}
+
+void AnalyticsWorker::workOff() {
+    std::size_t done = 0;
+    while (done < backlog_.size()) {
+        if (isControl(backlog_[done])) {
+            control(backlog_[done]);
+            ++done;
+            continue;
+        }
+        const std::size_t end = endOfRun(done);
+        if (record(std::span(backlog_).subspan(done, end - done))) {
+            done = end;
+            continue;
+        }
+        // Nothing of it could be written now; after an answer of the user it may not be any more.
+        const auto answer = std::find_if(
+            backlog_.begin() + static_cast<std::ptrdiff_t>(end), backlog_.end(), isAnswer);
+        if (answer == backlog_.end()) {
+            break;
+        }
+        const auto next = static_cast<std::size_t>(answer - backlog_.begin());
+        giveUp(std::span(backlog_).subspan(done, next - done));
+        done = next;
+    }
+    backlog_.erase(backlog_.begin(), backlog_.begin() + static_cast<std::ptrdiff_t>(done));
+    if (!backlog_.empty()) {
+        failFences();
+        boundBacklog();
+    }
+}
+
+std::size_t AnalyticsWorker::endOfRun(std::size_t begin) const {
+    std::size_t end = begin;
+    while (end < backlog_.size() && end - begin < kMostInTransaction && !isControl(backlog_[end])) {
+        ++end;
+    }
+    return end;
+}
+
+void AnalyticsWorker::failFences() {
+    const auto isFence = [](const QueueItem& item) {
+        return std::holds_alternative<Fence>(item.what);
+    };
+    for (const QueueItem& item : backlog_) {
+        if (isFence(item)) {
+            std::get<Fence>(item.what).stored->set_value(false);
+        }
+    }
+    std::erase_if(backlog_, isFence);
+}
+
+void AnalyticsWorker::boundBacklog() {
+    if (backlog_.size() > EventQueue::kCapacity) {
+        const std::size_t surplus = backlog_.size() - EventQueue::kCapacity;
+        giveUp(std::span(backlog_).first(surplus));
+        backlog_.erase(backlog_.begin(), backlog_.begin() + static_cast<std::ptrdiff_t>(surplus));
+    }
+}
+
+void AnalyticsWorker::giveUp(std::span<const QueueItem> items) {
+    rememberActivity(items);
+    for (const QueueItem& item : items) {
+        if (const auto* const fence = std::get_if<Fence>(&item.what)) {
+            fence->stored->set_value(false);
+        } else {
+            ++dropped_;
+        }
+    }
+    isIncomplete_ = true;
+}
+
+bool AnalyticsWorker::record(std::span<const QueueItem> items) {
+    if (!consent_.current().allowsStorage()) {
+        rememberActivity(items);
+        return true;
+    }
+    constexpr int kMostTries = 2;
+    for (int i = 0; i < kMostTries && openStore(); ++i) {
+        const Recorder::Result result =
+            recorder_->record(items, dropped_, consent_.current(), config_);
+        if (result.outcome == DatabaseOutcome::kDone) {
+            dropped_ = 0;
+            rememberActivity(items);
+            tell(result.audiences);
+            return true;
+        }
+        recover(result.outcome);
+    }
+    return false;
+}
+
+void AnalyticsWorker::recover(DatabaseOutcome outcome) {
+    switch (outcome) {
+        case DatabaseOutcome::kFull:
+            store_->makeRoom();
+            break;
+        case DatabaseOutcome::kDamaged:
+            closeStore();
+            nextStore_ = AnalyticsStore::Reason::kReplaced;
+            AnalyticsStore::remove(environment_.folder);
+            break;
+        case DatabaseOutcome::kUnavailable:
+            closeStore();
+            break;
+        case DatabaseOutcome::kBusy:
+        case DatabaseOutcome::kDone:
+            break;
+    }
+}
+
+void AnalyticsWorker::rememberActivity(std::span<const QueueItem> items) {
+    for (const QueueItem& item : items) {
+        if (const auto* const change = std::get_if<ActivityChange>(&item.what)) {
+            inFront_ = change->active;
+        }
+    }
+}
+
+void AnalyticsWorker::control(const QueueItem& item) {
+    if (const auto* const change = std::get_if<ConsentChange>(&item.what)) {
+        consent_.set(change->kind, change->status, item.moment.wall);
+        obeyConsent();
+        // Audiences depend on it.
+        static_cast<void>(record({}));
+    } else if (const auto* const fence = std::get_if<Fence>(&item.what)) {
+        const bool complete = !std::exchange(isIncomplete_, false);
+        fence->stored->set_value(complete && consent_.current().allowsStorage());
+    } else {
+        erase();
+    }
+}
+
+void AnalyticsWorker::tell(const std::vector<Audiences::Change>& changes) const {
+    if (!environment_.audienceChanged) {
+        return;
+    }
+    for (const Audiences::Change& change : changes) {
+        environment_.audienceChanged(change.audience, change.member);
+    }
+}
+
+bool AnalyticsWorker::openStore() {
+    if (store_) {
+        return true;
+    }
+    store_ = AnalyticsStore::open(environment_.folder, environment_.mostBytes, nextStore_);
+    if (!store_) {
+        return false;
+    }
+    recorder_ = std::make_unique<Recorder>(*store_, *environment_.clock, audiences_);
+    const std::filesystem::path marker = markerIn(environment_.folder);
+    const Recorder::Result started = recorder_->start({.versions = environment_.versions,
+                                                       .crash = CrashReport::read(marker),
+                                                       .inFront = inFront_},
+                                                      consent_.current(),
+                                                      config_);
+    if (started.outcome != DatabaseOutcome::kDone) {
+        closeStore();
+        return false;
+    }
+    std::error_code error;
+    std::filesystem::remove(marker, error);
+    nextStore_ = AnalyticsStore::Reason::kOpened;
+    tell(started.audiences);
+    if (transport_) {
+        uploader_ = std::make_unique<Uploader>(
+            *store_, *transport_, environment_.versions, environment_.folder);
+    }
+    return true;
+}
+
+void AnalyticsWorker::closeStore() {
+    uploader_.reset();
+    recorder_.reset();
+    store_.reset();
+}
+
+void AnalyticsWorker::erase() {
+    closeStore();
+    nextStore_ = AnalyticsStore::Reason::kReplaced;
+    AnalyticsStore::remove(environment_.folder);
+    std::error_code error;
+    std::filesystem::remove(markerIn(environment_.folder), error);
+}
+
+void AnalyticsWorker::obeyConsent() {
+    const bool allowed = consent_.current().allowsStorage();
+    if (marker_ != nullptr) {
+        marker_->arm(allowed);
+    }
+    if (!allowed) {
+        erase();
+    }
+}
+
+void AnalyticsWorker::upkeep() {
+    const qint64 now = environment_.clock->now().elapsed;
+    if (lastUpkeep_ && now - *lastUpkeep_ < kUpkeepMilliseconds) {
+        return;
+    }
+    lastUpkeep_ = now;
+    recorder_->forgetOld(config_);
+    // A day later, other audiences may be right.
+    static_cast<void>(record({}));
+}
+
+Uploader::Situation AnalyticsWorker::situation() const {
+    return {.now = environment_.clock->now(),
+            .lastActivity = lastActivity_,
+            .idle = environment_.idle.count(),
+            .config = config_,
+            .consent = consent_.current()};
+}
+
+}  // namespace pellumar

@@ -1,0 +1,90 @@
+#pragma once
+
+#include <QEventLoop>
+#include <memory>
+#include <optional>
+#include <span>
+#include <stop_token>
+#include <vector>
+
+#include "analytics/AnalyticsEnvironment.h"
+#include "analytics/AnalyticsStore.h"
+#include "analytics/Audiences.h"
+#include "analytics/ConsentState.h"
+#include "analytics/CrashMarker.h"
+#include "analytics/EventQueue.h"
+#include "analytics/Recorder.h"
+#include "analytics/Uploader.h"
+
+namespace pellumar {
+
+// What the engine's thread does: takes what was said from the queue, obeys the consent, has it
+// recorded, sees to the uploads and sleeps.
+class AnalyticsWorker {
+  public:
+    // Uploading at the end takes no longer.
+    static constexpr std::chrono::milliseconds kLongestFarewell{150};
+
+    // All must outlive this. `marker` may be null.
+    AnalyticsWorker(AnalyticsEnvironment environment, EventQueue& queue, CrashMarker* marker);
+
+    // Works until `stop` is requested; what was said before that is recorded first.
+    void run(const std::stop_token& stop);
+
+    [[nodiscard]] static std::filesystem::path markerIn(const std::filesystem::path& folder);
+
+  private:
+    // True if something new was said.
+    bool work();
+    void upload();
+    void sleep(QEventLoop& loop);
+    void sayFarewell(QEventLoop& loop);
+
+    // Applies what is in the backlog; what cannot be written stays there.
+    void workOff();
+    // Behind the last of the items from `begin` on that go into one transaction.
+    [[nodiscard]] std::size_t endOfRun(std::size_t begin) const;
+    void failFences();
+    void boundBacklog();
+    // What cannot be written and will not be.
+    void giveUp(std::span<const QueueItem> items);
+
+    // False if it could not be written. Nothing is, and it is true, without consent.
+    [[nodiscard]] bool record(std::span<const QueueItem> items);
+    void recover(DatabaseOutcome outcome);
+    void rememberActivity(std::span<const QueueItem> items);
+    void control(const QueueItem& item);
+    void tell(const std::vector<Audiences::Change>& changes) const;
+
+    [[nodiscard]] bool openStore();
+    void closeStore();
+    void erase();
+    void obeyConsent();
+    void upkeep();
+    [[nodiscard]] Uploader::Situation situation() const;
+
+    const AnalyticsEnvironment environment_;
+    const Audiences audiences_;
+    EventQueue& queue_;
+    CrashMarker* const marker_;
+
+    ConsentState consent_;
+    MeasurementConfig config_;
+    std::vector<QueueItem> fresh_;
+    std::vector<QueueItem> backlog_;
+    // Not recorded for want of room, and not counted in the store yet.
+    qint64 dropped_ = 0;
+    // Something has been dropped since the last fence.
+    bool isIncomplete_ = false;
+    bool inFront_ = false;
+    qint64 lastActivity_ = 0;
+    std::optional<qint64> lastUpkeep_;
+    AnalyticsStore::Reason nextStore_ = AnalyticsStore::Reason::kOpened;
+
+    std::unique_ptr<LogTransport> transport_;
+    std::unique_ptr<AnalyticsStore> store_;
+    std::unique_ptr<Recorder> recorder_;
+    std::unique_ptr<Uploader> uploader_;
+};
+
+}  // namespace pellumar

@@ -1,0 +1,85 @@
+#pragma once
+
+#include <QString>
+#include <QtGlobal>
+#include <array>
+#include <filesystem>
+#include <optional>
+#include <utility>
+
+namespace pellumar {
+
+enum class ConsentKind { kAdStorage, kAnalyticsStorage, kAdUserData, kAdPersonalization };
+inline constexpr std::array kConsentKinds = {ConsentKind::kAdStorage,
+                                             ConsentKind::kAnalyticsStorage,
+                                             ConsentKind::kAdUserData,
+                                             ConsentKind::kAdPersonalization};
+
+// Unset: nobody has been asked.
+enum class ConsentStatus { kUnset, kGranted, kDenied };
+
+// "ad_storage", "analytics_storage", "ad_user_data", "ad_personalization".
+[[nodiscard]] QString toText(ConsentKind kind);
+// "unset", "granted", "denied".
+[[nodiscard]] QString toText(ConsentStatus status);
+
+// The four answers.
+struct Consent {
+    std::array<ConsentStatus, kConsentKinds.size()> statuses{};
+
+    [[nodiscard]] ConsentStatus status(ConsentKind kind) const;
+    void set(ConsentKind kind, ConsentStatus status);
+
+    // What is not denied is allowed: the application asks by a switch of its own.
+    [[nodiscard]] bool allowsStorage() const;
+    // Whether somebody may be put into an audience that advertising is made for.
+    [[nodiscard]] bool allowsAdvertisingAudiences() const;
+    // Whether what was found out for advertising may leave the machine.
+    [[nodiscard]] bool allowsSendingAdvertisingData() const;
+
+    // Two bits for each kind, to be kept in a number.
+    [[nodiscard]] qint64 packed() const;
+    [[nodiscard]] static Consent unpacked(qint64 bits);
+
+    friend bool operator==(const Consent&, const Consent&) = default;
+};
+
+// The consent in force, kept in a file of its own with the time of each answer: it has to outlive
+// the store, which is removed when storage is denied and rebuilt when it is damaged.
+//
+// A file that is there and cannot be read denies all: somebody has answered, perhaps with no. One
+// thread at a time.
+class ConsentState {
+  public:
+    // Reads what is kept. `folder` need not exist.
+    explicit ConsentState(const std::filesystem::path& folder);
+
+    [[nodiscard]] const Consent& current() const { return consent_; }
+    // Milliseconds since 1970 in UTC; nothing if it is unset.
+    [[nodiscard]] std::optional<qint64> timeOf(ConsentKind kind) const;
+
+    // In force at once. If it cannot be written it stays so in this process, and every save() tries
+    // again.
+    void set(ConsentKind kind, ConsentStatus status, qint64 time);
+
+    // Takes over what another process has written. True if the consent is another one now.
+    bool refresh();
+    // Writes what could not be written before.
+    void save();
+    [[nodiscard]] bool isUnsaved() const { return unsaved_; }
+
+  private:
+    // What tells one file of this name from the next.
+    using Version = std::pair<quint64, qint64>;
+
+    [[nodiscard]] Version versionOnDisk() const;
+    void read();
+
+    QString path_;
+    Version version_;
+    bool unsaved_ = false;
+    Consent consent_;
+    std::array<std::optional<qint64>, kConsentKinds.size()> times_;
+};
+
+}  // namespace pellumar

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QString>
+#include <filesystem>
+#include <optional>
+
+namespace pellumar {
+
+// What a crash marker says, read by the next start.
+struct CrashReport {
+    // "SIGSEGV".
+    QString signal;
+    // Of the application that crashed.
+    QString version;
+    // Milliseconds since 1970 in UTC; 0 if it is not known.
+    qint64 time = 0;
+    // A line for each place, "library+0x1f": the file's name without its folder, and the offset in
+    // it. The place of the crash comes first.
+    QString stack;
+
+    // Nothing if there is no marker. One that the process could not finish yields what there is.
+    [[nodiscard]] static std::optional<CrashReport> read(const std::filesystem::path& marker);
+};
+
+}  // namespace pellumar

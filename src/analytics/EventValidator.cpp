@@ -1,0 +1,135 @@
+#include "analytics/EventValidator.h"
+
+#include <QMetaType>
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <utility>
+
+#include "analytics/EventNaming.h"
+
+namespace pellumar::validation {
+namespace {
+
+bool isLetter(QChar c) {
+    return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z');
+}
+
+bool isName(const QString& name, qsizetype mostLength) {
+    return !name.isEmpty() && name.size() <= mostLength && isLetter(name.front()) &&
+           std::all_of(name.begin(), name.end(), [](QChar c) {
+               return isLetter(c) || (c >= u'0' && c <= u'9') || c == u'_';
+           });
+}
+
+QString cut(const QString& text, qsizetype mostLength) {
+    const bool halvesPair = text.size() > mostLength && text.at(mostLength - 1).isHighSurrogate();
+    return text.left(halvesPair ? mostLength - 1 : mostLength);
+}
+
+std::optional<ParameterValue> valueOf(const QVariant& value) {
+    switch (value.typeId()) {
+        case QMetaType::Bool:
+            return value.toBool();
+        case QMetaType::Char:
+        case QMetaType::SChar:
+        case QMetaType::UChar:
+        case QMetaType::Short:
+        case QMetaType::UShort:
+        case QMetaType::Int:
+        case QMetaType::UInt:
+        case QMetaType::Long:
+        case QMetaType::LongLong:
+            return qint64{value.toLongLong()};
+        case QMetaType::ULong:
+        case QMetaType::ULongLong:
+            if (value.toULongLong() > quint64{std::numeric_limits<qint64>::max()}) {
+                return std::nullopt;
+            }
+            return qint64{value.toLongLong()};
+        case QMetaType::Float:
+        case QMetaType::Double:
+            if (!std::isfinite(value.toDouble())) {
+                return std::nullopt;
+            }
+            return value.toDouble();
+        case QMetaType::QString:
+            return value.toString();
+        default:
+            return std::nullopt;
+    }
+}
+
+struct CheckedParameter {
+    std::optional<ParameterValue> value;
+    MeasurementError error = MeasurementError::kNone;
+};
+
+CheckedParameter checkParameter(const QString& name, const QVariant& given) {
+    if (!isName(name, kMostNameLength)) {
+        return {.value = std::nullopt, .error = MeasurementError::kParameterName};
+    }
+    if (name.startsWith(kReservedPrefix)) {
+        return {.value = std::nullopt, .error = MeasurementError::kReservedParameterName};
+    }
+    std::optional<ParameterValue> value = valueOf(given);
+    if (!value) {
+        return {.value = std::nullopt, .error = MeasurementError::kParameterType};
+    }
+    auto* const text = std::get_if<QString>(&*value);
+    if (text != nullptr && text->size() > kMostTextLength) {
+        return {.value = cut(*text, kMostTextLength), .error = MeasurementError::kParameterTextCut};
+    }
+    return {.value = std::move(value)};
+}
+
+}  // namespace
+
+CheckedEvent checkEvent(const QString& name, const QVariantMap& parameters) {
+    if (!isName(name, kMostNameLength)) {
+        return {.event = std::nullopt, .error = MeasurementError::kEventName};
+    }
+    if (name.startsWith(kReservedPrefix)) {
+        return {.event = std::nullopt, .error = MeasurementError::kReservedEventName};
+    }
+    Event event{.name = name, .parameters = {}};
+    MeasurementError firstError = MeasurementError::kNone;
+    QString wrongName;
+    for (auto given = parameters.begin(); given != parameters.end(); ++given) {
+        CheckedParameter checked = checkParameter(given.key(), given.value());
+        if (checked.value && event.parameters.size() >= kMostParameters) {
+            checked = {.value = std::nullopt, .error = MeasurementError::kTooManyParameters};
+        }
+        if (checked.value) {
+            event.parameters.push_back({.name = given.key(), .value = std::move(*checked.value)});
+        } else {
+            ++event.droppedParameters;
+        }
+        if (firstError == MeasurementError::kNone && checked.error != MeasurementError::kNone) {
+            firstError = checked.error;
+            wrongName = cut(given.key(), kMostNameLength);
+        }
+    }
+    if (firstError != MeasurementError::kNone) {
+        event.parameters.push_back(
+            {.name = kErrorParameter, .value = static_cast<qint64>(firstError)});
+        event.parameters.push_back({.name = kErrorNameParameter, .value = wrongName});
+    }
+    return {.event = std::move(event), .error = firstError};
+}
+
+CheckedProperty checkUserProperty(const QString& name, const QString& value) {
+    if (!isName(name, kMostPropertyNameLength)) {
+        return {.value = std::nullopt, .error = MeasurementError::kPropertyName};
+    }
+    if (name.startsWith(kReservedPrefix)) {
+        return {.value = std::nullopt, .error = MeasurementError::kReservedPropertyName};
+    }
+    if (value.size() > kMostPropertyValueLength) {
+        return {.value = cut(value, kMostPropertyValueLength),
+                .error = MeasurementError::kPropertyValueCut};
+    }
+    return {.value = value};
+}
+
+}  // namespace pellumar::validation

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QString>
+#include <QVariantMap>
+#include <optional>
+
+#include "analytics/Event.h"
+
+namespace pellumar {
+
+// Why something was dropped or cut. The numbers leave the machine and keep their meaning.
+enum class MeasurementError {
+    kNone = 0,
+    kEventName = 1,
+    kReservedEventName = 2,
+    kParameterName = 3,
+    kReservedParameterName = 4,
+    kTooManyParameters = 5,
+    kParameterTextCut = 6,
+    kParameterType = 7,
+    kPropertyName = 8,
+    kReservedPropertyName = 9,
+    kPropertyValueCut = 10,
+    kTooManyProperties = 11,
+    kTooManyEventNames = 12,
+};
+
+// Holds what the application says to the limits. A name is a letter of ASCII, then letters, digits
+// and underscores. Lengths count UTF-16 units, and a cut leaves no half of a pair.
+namespace validation {
+
+inline constexpr qsizetype kMostNameLength = 40;
+inline constexpr std::size_t kMostParameters = 25;
+inline constexpr qsizetype kMostTextLength = 100;
+inline constexpr qsizetype kMostPropertyNameLength = 24;
+inline constexpr qsizetype kMostPropertyValueLength = 36;
+
+struct CheckedEvent {
+    // Nothing if the name is not allowed.
+    std::optional<Event> event;
+    // The first thing that was wrong; with an event, it is in its error parameter as well.
+    MeasurementError error = MeasurementError::kNone;
+};
+
+// Keeps the first parameters in the order of their names; drops those that are wrong, cuts long
+// texts. Values are truth values, whole numbers of at most 64 bits with a sign, finite numbers and
+// texts.
+[[nodiscard]] CheckedEvent checkEvent(const QString& name, const QVariantMap& parameters);
+
+struct CheckedProperty {
+    // Nothing if the name is not allowed.
+    std::optional<QString> value;
+    MeasurementError error = MeasurementError::kNone;
+};
+
+[[nodiscard]] CheckedProperty checkUserProperty(const QString& name, const QString& value);
+
+}  // namespace validation
+}  // namespace pellumar

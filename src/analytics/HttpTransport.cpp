@@ -1,0 +1,103 @@
+#include "analytics/HttpTransport.h"
+
+#include <QHostAddress>
+#include <QNetworkRequest>
+#include <utility>
+
+namespace pellumar {
+namespace {
+
+constexpr int kTimeoutMilliseconds = 30'000;
+// An answer is a few words. What is longer is not read.
+constexpr qsizetype kMostAnswerBytes = 64 * 1024;
+
+}  // namespace
+
+HttpTransport::HttpTransport(QUrl logsUrl, QString bearerToken)
+    : url_(std::move(logsUrl)), bearerToken_(std::move(bearerToken)) {}
+
+HttpTransport::~HttpTransport() {
+    cancel();
+}
+
+std::function<std::unique_ptr<LogTransport>()> HttpTransport::maker(
+    const CollectorEndpoint& endpoint) {
+    const std::optional<QUrl> url = endpoint.logsUrl();
+    if (!url) {
+        return {};
+    }
+    return [url = *url, token = endpoint.bearerToken] {
+        return std::make_unique<HttpTransport>(url, token);
+    };
+}
+
+void HttpTransport::send(const QByteArray& gzippedBody) {
+    if (!manager_) {
+        manager_ = std::make_unique<QNetworkAccessManager>();
+    }
+    QNetworkRequest request(url_);
+    request.setHeader(QNetworkRequest::ContentTypeHeader, "application/json");
+    request.setHeader(QNetworkRequest::UserAgentHeader, "pellumar-analytics");
+    request.setRawHeader("Content-Encoding", "gzip");
+    // Else it would be the user's.
+    request.setRawHeader("Accept-Language", "*");
+    if (!bearerToken_.isEmpty()) {
+        request.setRawHeader("Authorization", "Bearer " + bearerToken_.toUtf8());
+    }
+    request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
+    request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
+    // A collector does not redirect; what does is on the way to it, and gets nothing.
+    request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
+                         QNetworkRequest::ManualRedirectPolicy);
+    // Without encryption it would begin with an upgrade, which not every collector understands.
+    request.setAttribute(QNetworkRequest::Http2AllowedAttribute,
+                         url_.scheme() == QLatin1String("https"));
+    request.setTransferTimeout(kTimeoutMilliseconds);
+    body_.clear();
+    reply_.reset(manager_->post(request, gzippedBody));
+    QObject::connect(reply_.get(), &QNetworkReply::readyRead, reply_.get(), [this] { receive(); });
+}
+
+void HttpTransport::receive() {
+    body_ += reply_->read(kMostAnswerBytes + 1 - body_.size());
+    if (body_.size() > kMostAnswerBytes) {
+        reply_->abort();
+    }
+}
+
+std::optional<LogTransport::Answer> HttpTransport::takeAnswer() {
+    if (!reply_ || !reply_->isFinished()) {
+        return std::nullopt;
+    }
+    if (reply_->isOpen()) {
+        receive();
+    }
+    const QNetworkReply::NetworkError error = reply_->error();
+    Answer answer{
+        .status = reply_->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt(),
+        .body = std::exchange(body_, {}),
+        .retryAfter = reply_->rawHeader("Retry-After"),
+    };
+    reply_.reset();
+    // Below them are the errors of the network, which can also come after the first line.
+    if (error != QNetworkReply::NoError && error < QNetworkReply::ContentAccessDenied) {
+        answer = {};
+    }
+    hasAnswered_ = answer.status != 0;
+    return answer;
+}
+
+void HttpTransport::cancel() {
+    if (reply_) {
+        reply_->disconnect();
+        reply_->abort();
+        reply_.reset();
+    }
+}
+
+bool HttpTransport::knowsTheWay() const {
+    QHostAddress literal;
+    return hasAnswered_ || literal.setAddress(url_.host());
+}
+
+}  // namespace pellumar

@@ -1,0 +1,52 @@
+#include "analytics/SessionTracker.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <utility>
+
+#include "analytics/InstallationIdentifier.h"
+
+namespace pellumar {
+
+bool SessionTracker::isAbsence(const Moment& now) const {
+    if (session_.number == 0) {
+        return true;
+    }
+    if (active_) {
+        return false;
+    }
+    const qint64 absence = seen_ ? now.elapsed - *seen_ : std::abs(now.wall - session_.lastSeen);
+    return absence >= kAbsence;
+}
+
+void SessionTracker::begin(const Moment& now, qint64 number) {
+    session_ = {.number = number, .uid = InstallationIdentifier::random(), .started = now.wall};
+    touch(now);
+}
+
+void SessionTracker::activate(const Moment& now) {
+    touch(now);
+    active_ = true;
+}
+
+void SessionTracker::deactivate(const Moment& now) {
+    touch(now);
+    active_ = false;
+}
+
+qint64 SessionTracker::takeEngagement() {
+    return std::exchange(session_.unreportedEngagement, 0);
+}
+
+void SessionTracker::touch(const Moment& now) {
+    if (active_ && seen_) {
+        const qint64 engagement = std::max<qint64>(0, now.elapsed - *seen_);
+        session_.engagement += engagement;
+        session_.unreportedEngagement += engagement;
+    }
+    // Callers on several threads may be told of out of order.
+    seen_ = std::max(now.elapsed, seen_.value_or(now.elapsed));
+    session_.lastSeen = now.wall;
+}
+
+}  // namespace pellumar
