@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <memory>
 #include <numeric>
 #include <optional>
 #include <string>
@@ -35,21 +36,22 @@ constexpr std::uint32_t kUnixExtension = 0x8000;
 
 using HeaderHandler = std::function<Result<>(const CentralDirectoryHeader&, std::uint64_t offset)>;
 
-// Calls `handle` for each header of the directory in turn; its views are valid during the call.
+// Calls `handle` for each header of the directory in turn; its views lead into `window` and are
+// valid during the call.
 Result<> forEachHeader(const File& file,
                        const DirectoryLocation& location,
+                       MutableBytes window,
                        const HeaderHandler& handle) {
-    std::vector<std::uint8_t> window(std::min<std::uint64_t>(kWindowSize, location.size));
     std::uint64_t windowOffset = 0;  // in the directory
     ByteView rest;                   // what of the window has not been handled
     const auto refill = [&]() -> Result<> {
         windowOffset += static_cast<std::uint64_t>(rest.data() - window.data());
-        const MutableBytes target = MutableBytes(window).first(
-            std::min<std::uint64_t>(window.size(), location.size - windowOffset));
+        const MutableBytes target =
+            window.first(std::min<std::uint64_t>(window.size(), location.size - windowOffset));
         rest = target;
         return file.readExactlyAt(location.offset + windowOffset, target);
     };
-    rest = ByteView(window).first(0);
+    rest = window.first(0);
     const auto holdsHeader = [&rest] {
         return rest.size() >= kCentralDirectoryHeaderSize &&
                rest.size() >= CentralDirectoryHeader::recordSize(rest);
@@ -149,8 +151,13 @@ std::optional<ErrorCode> refusalOf(const CentralDirectoryHeader& header, const E
 // Turns the headers into the table.
 class TableBuilder {
   public:
-    TableBuilder(const DirectoryLocation& location, const NameDecoder& names)
-        : location_(location), names_(names) {}
+    TableBuilder(const DirectoryLocation& location,
+                 const NameDecoder& names,
+                 std::size_t entries,
+                 std::size_t namesSize)
+        : location_(location), names_(names) {
+        table_.expect(entries, namesSize);
+    }
 
     Result<> add(const CentralDirectoryHeader& header, std::uint64_t offset) {
         const DecodedName name = names_.decode(rawNameOf(header));
@@ -235,10 +242,18 @@ Result<> assignSlots(EntryTable& table, std::uint64_t directoryOffset) {
 Result<EntryTable> readCentralDirectory(const File& file,
                                         const DirectoryLocation& location,
                                         Warnings& warnings) {
+    const auto size = static_cast<std::size_t>(std::min<std::uint64_t>(kWindowSize, location.size));
+    const auto storage = std::make_unique_for_overwrite<std::uint8_t[]>(size);
+    const MutableBytes window(storage.get(), size);
     NameDecoder names;
+    std::size_t namesSize = 0;
     auto considered = forEachHeader(
-        file, location, [&names](const CentralDirectoryHeader& header, std::uint64_t) -> Result<> {
+        file,
+        location,
+        window,
+        [&names, &namesSize](const CentralDirectoryHeader& header, std::uint64_t) -> Result<> {
             names.consider(rawNameOf(header));
+            namesSize += header.name.size();
             return {};
         });
     if (!considered) {
@@ -246,11 +261,15 @@ Result<EntryTable> readCentralDirectory(const File& file,
     }
     names.decide();
 
-    TableBuilder builder(location, names);
-    auto built = forEachHeader(
-        file, location, [&builder](const CentralDirectoryHeader& header, std::uint64_t offset) {
-            return builder.add(header, offset);
-        });
+    // All headers are there, so this is no mere claim.
+    TableBuilder builder(location, names, static_cast<std::size_t>(location.entryCount), namesSize);
+    auto built =
+        forEachHeader(file,
+                      location,
+                      window,
+                      [&builder](const CentralDirectoryHeader& header, std::uint64_t offset) {
+                          return builder.add(header, offset);
+                      });
     if (!built) {
         return passOn(built);
     }

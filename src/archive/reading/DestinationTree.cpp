@@ -20,6 +20,8 @@ namespace {
 constexpr int kEnterFlags = O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
 constexpr mode_t kNewFolderMode = 0777;
 constexpr std::uint32_t kAllPermissions = 0777;
+// How many descriptors a cursor may hold; deeper folders are reached from there.
+constexpr std::size_t kMostLevels = 16;
 
 // umask(2) can only be read by changing it, which other threads would feel.
 std::uint32_t readUmask() {
@@ -47,27 +49,22 @@ Result<DestinationTree> DestinationTree::open(const std::filesystem::path& path)
     return DestinationTree(std::move(root), readUmask());
 }
 
-Result<File> DestinationTree::enter(std::string_view folder) const {
+Result<File> DestinationTree::enter(int from, std::string_view folder) {
     const std::string path(folder.empty() ? "." : folder);
     open_how how{};
     how.flags = static_cast<std::uint64_t>(kEnterFlags);
     how.resolve = RESOLVE_BENEATH | RESOLVE_NO_SYMLINKS | RESOLVE_NO_MAGICLINKS;
-    const long descriptor =
-        ::syscall(SYS_openat2, root_.descriptor(), path.c_str(), &how, sizeof(how));
+    const long descriptor = ::syscall(SYS_openat2, from, path.c_str(), &how, sizeof(how));
     if (descriptor >= 0) {
         return File(static_cast<int>(descriptor));
     }
     if (errno == ENOSYS || errno == EPERM || errno == EAGAIN) {
-        return enterStepByStep(folder);
+        return enterStepByStep(from, folder);
     }
     return systemFailure(ErrorCode::kOpenFailed);
 }
 
-Result<File> DestinationTree::enterStepByStep(std::string_view folder) const {
-    return descend(root_.descriptor(), folder);
-}
-
-Result<File> DestinationTree::descend(int from, std::string_view folder) {
+Result<File> DestinationTree::enterStepByStep(int from, std::string_view folder) {
     File current(::openat(from, ".", kEnterFlags));
     while (current.isOpen() && !folder.empty()) {
         const std::size_t end = std::min(folder.find('/'), folder.size());
@@ -100,22 +97,31 @@ std::size_t DestinationTree::longestName() const {
 
 Result<int> FolderCursor::enterParentOf(std::string_view path) {
     const std::string_view parent = parentOf(path);
-    if (!folder_.isOpen() || parent != path_) {
-        // A neighbour below is near; long paths are not walked again for each of their folders.
-        const bool isBelow = folder_.isOpen() && parent.size() > path_.size() &&
-                             parent.starts_with(path_) &&
-                             (path_.empty() || parent[path_.size()] == '/');
-        const std::size_t known = path_.empty() ? 0 : path_.size() + 1;
-        auto entered = isBelow
-                           ? DestinationTree::descend(folder_.descriptor(), parent.substr(known))
-                           : tree_.enter(parent);
-        if (!entered) {
-            return passOn(entered);
-        }
-        folder_ = std::move(*entered);
-        path_ = parent;
+    while (!levels_.empty() &&
+           !isWithin(parent, std::string_view(path_).substr(0, levels_.back().length))) {
+        levels_.pop_back();
     }
-    return folder_.descriptor();
+    const std::size_t known = levels_.empty() ? 0 : levels_.back().length;
+    const int from = levels_.empty() ? tree_.descriptor() : levels_.back().folder.descriptor();
+    if (parent.size() == known) {
+        return from;
+    }
+    auto entered = DestinationTree::enter(from, parent.substr(known == 0 ? 0 : known + 1));
+    if (!entered) {
+        return passOn(entered);
+    }
+    const int descriptor = entered->descriptor();
+    if (levels_.size() == kMostLevels) {
+        levels_.pop_back();
+    }
+    levels_.push_back({.folder = std::move(*entered), .length = parent.size()});
+    path_ = parent;
+    return descriptor;
+}
+
+bool isWithin(std::string_view path, std::string_view folder) {
+    return folder.empty() || path == folder ||
+           (path.size() > folder.size() && path[folder.size()] == '/' && path.starts_with(folder));
 }
 
 std::string_view lastComponent(std::string_view path) {

@@ -5,6 +5,8 @@
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "archive/base/Error.h"
 #include "archive/base/File.h"
@@ -22,15 +24,16 @@ class DestinationTree {
     // Makes the folder if it is not there; its parent has to be.
     [[nodiscard]] static Result<DestinationTree> open(const std::filesystem::path& path);
 
-    // A descriptor to reach what is in a folder, good for the *at calls alone (O_PATH).
-    [[nodiscard]] Result<File> enter(std::string_view folder) const;
+    // The folder's own descriptor.
+    [[nodiscard]] int descriptor() const { return root_.descriptor(); }
+
+    // Goes from the descriptor of a folder to one below it, or to itself. The new descriptor is
+    // good for the *at calls alone (O_PATH).
+    [[nodiscard]] static Result<File> enter(int from, std::string_view folder);
 
     // The same a component at a time, for kernels without openat2 (before 5.6) and for sandboxes
     // that forbid it.
-    [[nodiscard]] Result<File> enterStepByStep(std::string_view folder) const;
-
-    // Goes on from the descriptor of a folder to one below it.
-    [[nodiscard]] static Result<File> descend(int from, std::string_view folder);
+    [[nodiscard]] static Result<File> enterStepByStep(int from, std::string_view folder);
 
     // What the file system has left for this user. UINT64_MAX for what it does not tell.
     struct Room {
@@ -54,8 +57,8 @@ class DestinationTree {
     std::uint32_t umask_ = 0;
 };
 
-// Keeps the folder that was entered last, since neighbours in an archive share it. Belongs to one
-// thread; the tree outlives it.
+// Keeps the folder that was entered last and some of those above it, since neighbours in an archive
+// share them. Belongs to one thread; the tree outlives it.
 class FolderCursor {
   public:
     explicit FolderCursor(const DestinationTree& tree) : tree_(tree) {}
@@ -64,13 +67,21 @@ class FolderCursor {
     [[nodiscard]] Result<int> enterParentOf(std::string_view path);
 
   private:
+    struct Level {
+        File folder;
+        std::size_t length = 0;  // of its path, a prefix of `path_`
+    };
+
     const DestinationTree& tree_;
-    File folder_;
-    std::string path_;
+    std::vector<Level> levels_;  // from the outermost on
+    std::string path_;           // of the last level
 };
 
 // The part of a path behind its last "/", and in front of it (empty if there is none).
 [[nodiscard]] std::string_view lastComponent(std::string_view path);
 [[nodiscard]] std::string_view parentOf(std::string_view path);
+
+// Whether a path is the folder's own or leads to something below it.
+[[nodiscard]] bool isWithin(std::string_view path, std::string_view folder);
 
 }  // namespace pellumar::archive

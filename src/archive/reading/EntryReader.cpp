@@ -21,6 +21,8 @@ constexpr std::size_t kOutputSize = 512UL * 1024;
 constexpr std::size_t kInputSize = 640UL * 1024;
 // Local headers seldom have more extra fields than this; one that has is read again.
 constexpr std::size_t kUsualExtra = 256;
+// How much is read at once of entries that are needed one after another. Stays in the cache.
+constexpr std::size_t kWindowSize = 128UL * 1024;
 
 // The bits that change what an entry is; the compression options in bits 1 and 2 do not.
 constexpr std::uint16_t kComparedFlags = kFlagEncrypted | kFlagDataDescriptor | kFlagPatchData |
@@ -64,8 +66,11 @@ Result<std::unique_ptr<EntryReader>> EntryReader::create(const File& file) {
     return std::unique_ptr<EntryReader>(new EntryReader(file, std::move(*inflater)));
 }
 
-Result<> EntryReader::read(const EntryData& data, bool skipChecksum, DataSink& sink) {
-    auto done = readUnnamed(data, skipChecksum, sink);
+Result<> EntryReader::read(const EntryData& data,
+                           bool skipChecksum,
+                           DataSink& sink,
+                           std::uint64_t soonUntil) {
+    auto done = readUnnamed(data, skipChecksum, sink, soonUntil);
     // Its window may be large, and nobody else may have one meanwhile.
     otherDecoder_.reset();
     if (!done) {
@@ -75,8 +80,8 @@ Result<> EntryReader::read(const EntryData& data, bool skipChecksum, DataSink& s
     return {};
 }
 
-Result<> EntryReader::checkHeader(const EntryData& data) {
-    auto located = locate(data, usualHeaderSize(data));
+Result<> EntryReader::checkHeader(const EntryData& data, std::uint64_t soonUntil) {
+    auto located = locate(data, usualHeaderSize(data), soonUntil);
     if (!located) {
         return Failure(
             std::move(located.error()).about(data.entry.path, data.entry.localHeaderOffset));
@@ -84,13 +89,16 @@ Result<> EntryReader::checkHeader(const EntryData& data) {
     return {};
 }
 
-Result<> EntryReader::readUnnamed(const EntryData& data, bool skipChecksum, DataSink& sink) {
+Result<> EntryReader::readUnnamed(const EntryData& data,
+                                  bool skipChecksum,
+                                  DataSink& sink,
+                                  std::uint64_t soonUntil) {
     const Entry& entry = data.entry;
     const std::uint64_t usual =
         usualHeaderSize(data) + entry.compressedSize + kLongestDataDescriptor;
     // A larger entry streams in any case; its first piece is enough.
     const bool fits = usual <= kInputSize && entry.uncompressedSize <= kOutputSize;
-    auto located = locate(data, fits ? usual : kPieceSize);
+    auto located = locate(data, fits ? usual : kPieceSize, soonUntil);
     if (!located) {
         return passOn(located);
     }
@@ -108,25 +116,52 @@ Result<> EntryReader::readUnnamed(const EntryData& data, bool skipChecksum, Data
     return stream(data, *located, skipChecksum, sink);
 }
 
-Result<EntryReader::Located> EntryReader::locate(const EntryData& data, std::uint64_t wanted) {
+Result<ByteView> EntryReader::window(std::uint64_t offset,
+                                     std::size_t size,
+                                     std::uint64_t soonUntil) {
+    const bool holds = offset >= inputOffset_ && offset - inputOffset_ <= inputSize_ &&
+                       inputSize_ - (offset - inputOffset_) >= size;
+    if (!holds) {
+        const std::uint64_t soon = soonUntil > offset ? soonUntil - offset : 0;
+        const MutableBytes target(
+            input_.get(),
+            std::max(size, static_cast<std::size_t>(std::min<std::uint64_t>(soon, kWindowSize))));
+        inputSize_ = 0;
+        if (auto read = file_.readExactlyAt(offset, target); !read) {
+            return passOn(read);
+        }
+        inputOffset_ = offset;
+        inputSize_ = target.size();
+    }
+    const auto skipped = static_cast<std::size_t>(offset - inputOffset_);
+    return ByteView(input_.get() + skipped, inputSize_ - skipped);
+}
+
+Result<EntryReader::Located> EntryReader::locate(const EntryData& data,
+                                                 std::uint64_t wanted,
+                                                 std::uint64_t soonUntil) {
     const Entry& entry = data.entry;
     const std::uint64_t slot = data.slotEnd - entry.localHeaderOffset;
-    MutableBytes head(input_.get(), static_cast<std::size_t>(std::min(slot, wanted)));
-    if (auto read = file_.readExactlyAt(entry.localHeaderOffset, head); !read) {
-        return passOn(read);
+    const auto withinSlot = [slot](ByteView bytes) {
+        return bytes.first(static_cast<std::size_t>(std::min<std::uint64_t>(slot, bytes.size())));
+    };
+    auto head = window(
+        entry.localHeaderOffset, static_cast<std::size_t>(std::min(slot, wanted)), soonUntil);
+    if (!head) {
+        return passOn(head);
     }
     // The directory's check left room for the fixed part in every slot.
-    const std::size_t headerSize = LocalFileHeader::recordSize(head);
+    const std::size_t headerSize = LocalFileHeader::recordSize(withinSlot(*head));
     if (headerSize > slot || entry.compressedSize > slot - headerSize) {
         return failure(ErrorCode::kOverlap, entry.localHeaderOffset);
     }
-    if (headerSize > head.size()) {
-        head = MutableBytes(input_.get(), headerSize);
-        if (auto read = file_.readExactlyAt(entry.localHeaderOffset, head); !read) {
-            return passOn(read);
+    if (headerSize > head->size()) {
+        head = window(entry.localHeaderOffset, headerSize, soonUntil);
+        if (!head) {
+            return passOn(head);
         }
     }
-    auto local = LocalFileHeader::parse(head, entry.localHeaderOffset);
+    auto local = LocalFileHeader::parse(withinSlot(*head), entry.localHeaderOffset);
     if (!local) {
         return passOn(local);
     }
@@ -136,7 +171,7 @@ Result<EntryReader::Located> EntryReader::locate(const EntryData& data, std::uin
     const std::uint64_t dataOffset = entry.localHeaderOffset + headerSize;
     return Located{.dataOffset = dataOffset,
                    .dataEnd = dataOffset + entry.compressedSize,
-                   .buffered = head.subspan(headerSize)};
+                   .buffered = withinSlot(*head).subspan(headerSize)};
 }
 
 Result<> EntryReader::checkDescriptor(const EntryData& data, const Located& located) {
@@ -222,6 +257,7 @@ Result<> EntryReader::stream(const EntryData& data,
         return passOn(decoder);
     }
     const Entry& entry = data.entry;
+    inputSize_ = 0;  // what follows is read over it
     ByteView input = located.buffered.first(static_cast<std::size_t>(
         std::min<std::uint64_t>(located.buffered.size(), entry.compressedSize)));
     located.taken = input.size();

@@ -18,9 +18,9 @@ namespace pellumar::archive {
 // decompresses, and verifies sizes, data descriptor and checksum.
 //
 // Owns buffers of fixed size and the decoders, which serve one entry after another, so make one for
-// each thread. A small entry is read by one system call, unpacked in one piece and verified before
-// the sink sees any of it; a larger one streams, and the sink may have seen all of it before an
-// error shows.
+// each thread. A small entry is read by one system call at most, unpacked in one piece and verified
+// before the sink sees any of it; a larger one streams, and the sink may have seen all of it before
+// an error shows.
 class EntryReader {
   public:
     // `file` outlives the reader; other readers may use it at the same time.
@@ -28,11 +28,18 @@ class EntryReader {
 
     // Reads the entry's local header alone and holds it against the central directory:
     // kHeaderMismatch if they disagree, kOverlap if the data would not lie within the entry's slot.
-    [[nodiscard]] Result<> checkHeader(const EntryData& data);
+    // `soonUntil` as for read().
+    [[nodiscard]] Result<> checkHeader(const EntryData& data, std::uint64_t soonUntil = 0);
 
     // Hands the data of `data`, a file or symbolic link, to `sink`. Errors carry the entry's path
     // and the offset of its local header, or of what is wrong.
-    [[nodiscard]] Result<> read(const EntryData& data, bool skipChecksum, DataSink& sink);
+    //
+    // What lies between the entry and `soonUntil` will be asked for next, so some of it may be read
+    // by the same system call.
+    [[nodiscard]] Result<> read(const EntryData& data,
+                                bool skipChecksum,
+                                DataSink& sink,
+                                std::uint64_t soonUntil = 0);
 
   private:
     // Where an entry's compressed data lies, and what the input buffer holds from its start on.
@@ -48,9 +55,19 @@ class EntryReader {
 
     EntryReader(const File& file, OneShotInflater inflater);
 
-    [[nodiscard]] Result<> readUnnamed(const EntryData& data, bool skipChecksum, DataSink& sink);
+    [[nodiscard]] Result<> readUnnamed(const EntryData& data,
+                                       bool skipChecksum,
+                                       DataSink& sink,
+                                       std::uint64_t soonUntil);
     // Reads about `wanted` bytes from the local header on, and checks the header.
-    [[nodiscard]] Result<Located> locate(const EntryData& data, std::uint64_t wanted);
+    [[nodiscard]] Result<Located> locate(const EntryData& data,
+                                         std::uint64_t wanted,
+                                         std::uint64_t soonUntil);
+    // The `size` bytes at `offset`, and as many of those behind up to `soonUntil` as come with
+    // them.
+    [[nodiscard]] Result<ByteView> window(std::uint64_t offset,
+                                          std::size_t size,
+                                          std::uint64_t soonUntil);
     [[nodiscard]] Result<> unpackWhole(const Entry& entry,
                                        ByteView compressed,
                                        bool skipChecksum,
@@ -67,6 +84,8 @@ class EntryReader {
     std::unique_ptr<Decoder> inflateDecoder_;  // kept: nearly every large entry needs it
     std::unique_ptr<Decoder> otherDecoder_;
     std::unique_ptr<std::uint8_t[]> input_;
+    std::uint64_t inputOffset_ = 0;  // where in the file it was read
+    std::size_t inputSize_ = 0;      // how much of it is good
     std::unique_ptr<std::uint8_t[]> output_;
 };
 

@@ -11,20 +11,31 @@ constexpr std::size_t kBlockSize = 256UL * 1024;
 
 }  // namespace
 
+void EntryTable::expect(std::size_t entries, std::size_t textSize) {
+    entries_.reserve(entries);
+    if (textSize > freeInBlock_) {
+        addBlock(textSize);
+    }
+}
+
 std::string_view EntryTable::keep(std::string_view text) {
     if (text.empty()) {
         return {};
     }
     if (text.size() > freeInBlock_) {
-        freeInBlock_ = std::max(kBlockSize, text.size());
-        blocks_.push_back(std::make_unique_for_overwrite<char[]>(freeInBlock_));
-        next_ = blocks_.back().get();
+        addBlock(std::max(kBlockSize, text.size()));
     }
     char* const place = next_;
     std::memcpy(place, text.data(), text.size());
     next_ += text.size();
     freeInBlock_ -= text.size();
     return {place, text.size()};
+}
+
+void EntryTable::addBlock(std::size_t size) {
+    blocks_.push_back(std::make_unique_for_overwrite<char[]>(size));
+    freeInBlock_ = size;
+    next_ = blocks_.back().get();
 }
 
 }  // namespace pellumar::archive

@@ -27,6 +27,9 @@ struct EntryData {
 // are added; what an archive claims of itself makes nothing larger.
 class EntryTable {
   public:
+    // Makes room for so many entries and the text of their names. More of both may come.
+    void expect(std::size_t entries, std::size_t textSize);
+
     // Keeps a copy of `text` for as long as the table lives.
     std::string_view keep(std::string_view text);
 
@@ -37,6 +40,8 @@ class EntryTable {
     [[nodiscard]] EntryData& operator[](std::size_t index) { return entries_[index]; }
 
   private:
+    void addBlock(std::size_t size);
+
     std::vector<EntryData> entries_;
     std::vector<std::unique_ptr<char[]>> blocks_;
     std::size_t freeInBlock_ = 0;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <memory>
 #include <mutex>
 #include <optional>
 #include <string>
@@ -28,6 +29,12 @@ namespace {
 constexpr unsigned kMostThreads = 8;
 // From this size on writing behind pays for another thread.
 constexpr std::uint64_t kGiant = 16UL * 1024 * 1024;
+// How many entries a thread checks before it takes the next ones.
+constexpr std::size_t kEntriesInCheck = 1024;
+// Local headers that are nearer than this are read together with what lies between them.
+constexpr std::uint64_t kNear = 16UL * 1024;
+// Up to where it is worth to look ahead for what can be read together.
+constexpr std::uint64_t kFarEnough = 256UL * 1024;
 
 // Collects a link's target, which no file system takes longer than PATH_MAX.
 class TargetSink final : public DataSink {
@@ -46,6 +53,32 @@ class TargetSink final : public DataSink {
     std::string target_;
 };
 
+// Tells of entries that are read one after another how far they reach without a gap.
+class Run {
+  public:
+    // The end of the run that begins at `position`. `partAt` gives the part of the file, as offset
+    // and end, that is needed at a position below `end`.
+    template <typename PartAt>
+    std::uint64_t endFrom(std::size_t position, std::size_t end, PartAt partAt) {
+        if (position >= next_) {
+            const auto [start, firstEnd] = partAt(position);
+            until_ = firstEnd;
+            for (next_ = position + 1; next_ < end && until_ - start < kFarEnough; ++next_) {
+                const auto [offset, partEnd] = partAt(next_);
+                if (offset < until_ || offset - until_ > kNear) {
+                    break;
+                }
+                until_ = partEnd;
+            }
+        }
+        return until_;
+    }
+
+  private:
+    std::size_t next_ = 0;  // the first position behind the run
+    std::uint64_t until_ = 0;
+};
+
 // One extraction: its plan, and the state that its threads share.
 class Extraction {
   public:
@@ -56,10 +89,12 @@ class Extraction {
         : archive_(archive),
           tree_(tree),
           plan_(std::move(plan)),
+          folders_(tree),
           options_(options),
           threads_(options.threads != 0
                        ? options.threads
-                       : std::clamp(std::thread::hardware_concurrency(), 1U, kMostThreads)) {}
+                       : std::clamp(std::thread::hardware_concurrency(), 1U, kMostThreads)),
+          readers_(threads_) {}
 
     Result<ExtractionResult> run() {
         const DestinationTree::Room room = tree_.room();
@@ -69,18 +104,17 @@ class Extraction {
         if (auto checked = checkEntries(); !checked) {
             return passOn(checked);
         }
-        FolderMaker folders(tree_);
-        if (auto made = folders.makeAll(plan_.folders); !made) {
+        if (auto made = folders_.makeAll(plan_.folders); !made) {
             return passOn(made);
         }
-        extractFiles();
+        onThreads(plan_.tasks.size(), [this](EntryReader& reader) { extractFiles(reader); });
         if (firstError_) {
             return Failure(std::move(*firstError_));
         }
-        if (auto made = folders.makeLinks(plan_.links, links_); !made) {
+        if (auto made = folders_.makeLinks(plan_.links, links_); !made) {
             return passOn(made);
         }
-        folders.restoreMetadata(plan_.folders, plan_.warnings);
+        folders_.restoreMetadata(plan_.folders, plan_.warnings);
         return ExtractionResult{
             .entries = plan_.nodes(), .bytes = plan_.bytes, .warnings = std::move(plan_.warnings)};
     }
@@ -94,17 +128,45 @@ class Extraction {
 
     // All that can be wrong with an entry short of its data, before anything is made.
     Result<> checkEntries() {
-        auto reader = EntryReader::create(archive_.file());
+        const std::size_t pieces =
+            (archive_.entries().size() + kEntriesInCheck - 1) / kEntriesInCheck;
+        onThreads(pieces, [this](EntryReader& reader) { checkHeaders(reader); });
+        if (firstError_) {
+            return Failure(std::move(*firstError_));
+        }
+        if (plan_.links.empty()) {
+            return {};
+        }
+        auto reader = readerOf(0);
         if (!reader) {
             return passOn(reader);
         }
+        return checkLinks(**reader);
+    }
+
+    // What is taken is checked to its end, so that the error that comes out is always the first.
+    void checkHeaders(EntryReader& reader) {
         const EntryTable& entries = archive_.entries();
-        for (std::size_t i = 0; i < entries.size(); ++i) {
-            if (auto checked = (*reader)->checkHeader(entries[i]); !checked) {
-                return checked;
+        const auto headerAt = [&entries](std::size_t i) {
+            const std::uint64_t offset = entries[i].entry.localHeaderOffset;
+            return std::pair(offset, std::min(entries[i].slotEnd, offset + kNear));
+        };
+        while (!failed_.load(std::memory_order_relaxed)) {
+            const std::size_t first =
+                nextCheck_.fetch_add(kEntriesInCheck, std::memory_order_relaxed);
+            const std::size_t end = std::min(first + kEntriesInCheck, entries.size());
+            if (first >= end) {
+                return;
+            }
+            Run run;
+            for (std::size_t i = first; i < end; ++i) {
+                auto checked = reader.checkHeader(entries[i], run.endFrom(i, end, headerAt));
+                if (!checked) {
+                    report(&entries[i], std::move(checked.error()));
+                    return;
+                }
             }
         }
-        return checkLinks(**reader);
     }
 
     // Links are small: their targets are read and judged.
@@ -126,39 +188,55 @@ class Extraction {
         return {};
     }
 
-    void extractFiles() {
-        const std::size_t count = std::min<std::size_t>(threads_, plan_.tasks.size());
+    // Lets no more than `most` threads work, this one among them, each with a reader of its own.
+    template <typename Work>
+    void onThreads(std::size_t most, Work work) {
+        const auto workWithReader = [this, work](std::size_t thread) {
+            auto worked = withinMemory([this, &work, thread]() -> Result<> {
+                auto reader = readerOf(thread);
+                if (!reader) {
+                    return passOn(reader);
+                }
+                work(**reader);
+                return {};
+            });
+            if (!worked) {
+                report(nullptr, std::move(worked.error()));
+            }
+        };
+        const std::size_t count = std::min<std::size_t>(threads_, most);
         std::vector<std::thread> helpers;
         helpers.reserve(count);
         for (std::size_t i = 1; i < count; ++i) {
             try {
-                helpers.emplace_back([this] { workWithinMemory(); });
+                helpers.emplace_back(workWithReader, i);
             } catch (const std::system_error&) {
                 break;  // fewer threads take longer, no more
             }
         }
-        workWithinMemory();
+        workWithReader(0);
         for (std::thread& helper : helpers) {
             helper.join();
         }
     }
 
-    void workWithinMemory() {
-        auto worked = withinMemory([this]() -> Result<> {
-            work();
-            return {};
-        });
-        if (!worked) {
-            report(nullptr, std::move(worked.error()));
+    Result<EntryReader*> readerOf(std::size_t thread) {
+        std::unique_ptr<EntryReader>& reader = readers_[thread];
+        if (!reader) {
+            auto made = EntryReader::create(archive_.file());
+            if (!made) {
+                return passOn(made);
+            }
+            reader = std::move(*made);
         }
+        return reader.get();
     }
 
-    void work() {
-        auto reader = EntryReader::create(archive_.file());
-        if (!reader) {
-            report(nullptr, std::move(reader.error()));
-            return;
-        }
+    void extractFiles(EntryReader& reader) {
+        const auto slotAt = [this](std::size_t i) {
+            const EntryData& data = *plan_.files[i];
+            return std::pair(data.entry.localHeaderOffset, data.slotEnd);
+        };
         FolderCursor cursor(tree_);
         for (;;) {
             const std::size_t index = nextTask_.fetch_add(1, std::memory_order_relaxed);
@@ -166,24 +244,48 @@ class Extraction {
                 return;
             }
             const ExtractionPlan::Task task = plan_.tasks[index];
+            const std::size_t end = task.first + task.count;
             const bool inBackground = isLonelyGiant(index);
-            for (std::size_t i = task.first; i < task.first + task.count; ++i) {
+            Run run;
+            for (std::size_t i = task.first; i < end; ++i) {
                 if (failed_.load(std::memory_order_relaxed)) {
                     return;
                 }
-                auto extracted = extract(*plan_.files[i], **reader, cursor, inBackground);
-                if (!extracted) {
-                    report(plan_.files[i], std::move(extracted.error()));
+                const EntryData& data = *plan_.files[i];
+                const Reading reading{.soonUntil = run.endFrom(i, end, slotAt),
+                                      .inBackground = inBackground};
+                if (auto extracted = extract(data, reader, cursor, reading); !extracted) {
+                    report(&data, std::move(extracted.error()));
                     return;
                 }
             }
+            completeFolder(task, cursor);
         }
     }
+
+    // The folder of a task that was all it waited for is the last to be entered, so this is cheap.
+    void completeFolder(const ExtractionPlan::Task& task, FolderCursor& cursor) {
+        if (task.folder == ExtractionPlan::kTop) {
+            return;
+        }
+        const ExtractionPlan::Folder& folder = plan_.folders[task.folder];
+        if (folder.data == nullptr || folder.filledByMany) {
+            return;
+        }
+        if (auto entered = cursor.enterParentOf(plan_.files[task.first]->entry.path)) {
+            folders_.restoreEarly(task.folder, folder.data->entry, *entered);
+        }
+    }
+
+    struct Reading {
+        std::uint64_t soonUntil = 0;
+        bool inBackground = false;
+    };
 
     Result<> extract(const EntryData& data,
                      EntryReader& reader,
                      FolderCursor& cursor,
-                     bool inBackground) {
+                     const Reading& reading) {
         const Entry& entry = data.entry;
         auto folder = cursor.enterParentOf(entry.path);
         if (!folder) {
@@ -194,7 +296,7 @@ class Extraction {
             oneLargeWindow.lock();
         }
         FileSink file(*folder, entry, tree_.umask());
-        if (auto read = readInto(file, data, reader, inBackground); !read) {
+        if (auto read = readInto(file, data, reader, reading); !read) {
             return read;
         }
         bool restored = true;
@@ -222,9 +324,9 @@ class Extraction {
     Result<> readInto(FileSink& file,
                       const EntryData& data,
                       EntryReader& reader,
-                      bool inBackground) {
-        if (!inBackground) {
-            return reader.read(data, options_.skipChecksum, file);
+                      const Reading& reading) {
+        if (!reading.inBackground) {
+            return reader.read(data, options_.skipChecksum, file, reading.soonUntil);
         }
         BackgroundSink background(file);
         if (auto read = reader.read(data, options_.skipChecksum, background); !read) {
@@ -251,10 +353,13 @@ class Extraction {
     const ArchiveReader& archive_;
     const DestinationTree& tree_;
     ExtractionPlan plan_;
+    FolderMaker folders_;
     const ExtractionOptions options_;
     const unsigned threads_;
+    std::vector<std::unique_ptr<EntryReader>> readers_;  // for each thread, once it needs one
     LinkSafety links_;
 
+    std::atomic<std::size_t> nextCheck_ = 0;
     std::atomic<std::size_t> nextTask_ = 0;
     std::atomic<bool> failed_ = false;
     std::mutex largeWindow_;

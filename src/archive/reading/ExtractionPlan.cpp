@@ -14,9 +14,10 @@ namespace {
 // From this size on a file is a task of its own, and the largest go first: one that comes last
 // would keep a single thread busy while the others have nothing left to do.
 constexpr std::uint64_t kLargeFile = 1024UL * 1024;
-// Small neighbours share a task, so that their folder is entered once.
+// Small neighbours share a task, so that their folder is entered once and they are read together.
+// The last tasks should be short, since threads wait for each other at the end.
 constexpr std::size_t kMostFilesInTask = 64;
-constexpr std::uint64_t kMostBytesInTask = 4UL * kLargeFile;
+constexpr std::uint64_t kMostBytesInTask = 1024UL * 1024;
 
 // Orders paths so that what is in a folder follows the folder at once: "/" is below every other
 // character ("a", "a/b", "a.b").
@@ -29,11 +30,6 @@ bool pathBefore(std::string_view a, std::string_view b) {
         return *inA == '/';
     }
     return static_cast<unsigned char>(*inA) < static_cast<unsigned char>(*inB);
-}
-
-bool isWithin(std::string_view path, std::string_view folder) {
-    return folder.empty() ||
-           (path.size() > folder.size() && path[folder.size()] == '/' && path.starts_with(folder));
 }
 
 Failure failureOf(const EntryData& data, ErrorCode code) {
@@ -60,6 +56,7 @@ class Planner {
   public:
     Planner(const EntryTable& table, const PathLimits& limits) : limits_(limits) {
         order_.reserve(table.size());
+        small_.reserve(table.size());
         for (std::size_t i = 0; i < table.size(); ++i) {
             order_.push_back(&table[i]);
         }
@@ -109,16 +106,26 @@ class Planner {
         addParents(path);
         warnOf(data);
         if (isFolder(data)) {
-            plan_.folders.push_back({.path = path, .data = &data});
-            openFolders_.push_back(path);
+            addFolder({.path = path, .data = &data});
             return {};
         }
         lastFile_ = path;
-        if (data.entry.type == EntryType::kSymbolicLink) {
+        const std::size_t folder =
+            openFolders_.empty() ? ExtractionPlan::kTop : openFolders_.back();
+        const bool isLink = data.entry.type == EntryType::kSymbolicLink;
+        const bool isLarge = data.entry.uncompressedSize >= kLargeFile;
+        if (isLink || isLarge) {
+            isFilledByMany(folder);
+        }
+        if (isLink) {
             plan_.links.push_back(&data);
             return {};
         }
-        plan_.files.push_back(&data);
+        if (isLarge) {
+            large_.push_back({.data = &data, .folder = folder});
+        } else {
+            small_.push_back({.data = &data, .folder = folder});
+        }
         if (__builtin_add_overflow(plan_.bytes, data.entry.uncompressedSize, &plan_.bytes)) {
             return failureOf(data, ErrorCode::kTooLarge);
         }
@@ -127,15 +134,20 @@ class Planner {
 
     // Adds the folders above `path` that no entry stands for.
     void addParents(std::string_view path) {
-        while (!openFolders_.empty() && !isWithin(path, openFolders_.back())) {
+        while (!openFolders_.empty() && !isWithin(path, plan_.folders[openFolders_.back()].path)) {
             openFolders_.pop_back();
         }
-        std::size_t from = openFolders_.empty() ? 0 : openFolders_.back().size() + 1;
+        const std::size_t from =
+            openFolders_.empty() ? 0 : plan_.folders[openFolders_.back()].path.size() + 1;
         for (std::size_t slash = path.find('/', from); slash != std::string_view::npos;
              slash = path.find('/', slash + 1)) {
-            plan_.folders.push_back({.path = path.substr(0, slash), .data = nullptr});
-            openFolders_.push_back(path.substr(0, slash));
+            addFolder({.path = path.substr(0, slash), .data = nullptr});
         }
+    }
+
+    void addFolder(const ExtractionPlan::Folder& folder) {
+        openFolders_.push_back(plan_.folders.size());
+        plan_.folders.push_back(folder);
     }
 
     void warnOf(const EntryData& data) {
@@ -148,38 +160,55 @@ class Planner {
         }
     }
 
-    void makeTasks() {
-        auto& files = plan_.files;
-        const auto isLarge = [](const EntryData* data) {
-            return data->entry.uncompressedSize >= kLargeFile;
-        };
-        const auto firstSmall = std::stable_partition(files.begin(), files.end(), isLarge);
-        std::stable_sort(files.begin(), firstSmall, [](const EntryData* a, const EntryData* b) {
-            return a->entry.uncompressedSize > b->entry.uncompressedSize;
-        });
-        const auto large = static_cast<std::size_t>(firstSmall - files.begin());
-        for (std::size_t i = 0; i < large; ++i) {
-            plan_.tasks.push_back({.first = i, .count = 1});
-        }
-        std::uint64_t bytes = 0;
-        for (std::size_t i = large; i < files.size(); ++i) {
-            const Entry& entry = files[i]->entry;
-            const bool joins = i > large && plan_.tasks.back().count < kMostFilesInTask &&
-                               bytes < kMostBytesInTask &&
-                               parentOf(entry.path) == parentOf(files[i - 1]->entry.path);
-            if (joins) {
-                ++plan_.tasks.back().count;
-                bytes += entry.uncompressedSize;
-            } else {
-                plan_.tasks.push_back({.first = i, .count = 1});
-                bytes = entry.uncompressedSize;
-            }
+    void isFilledByMany(std::size_t folder) {
+        if (folder != ExtractionPlan::kTop) {
+            plan_.folders[folder].filledByMany = true;
         }
     }
 
+    void makeTasks() {
+        plan_.files.reserve(large_.size() + small_.size());
+        std::stable_sort(large_.begin(), large_.end(), [](const File& a, const File& b) {
+            return a.data->entry.uncompressedSize > b.data->entry.uncompressedSize;
+        });
+        for (const File& file : large_) {
+            plan_.tasks.push_back({.first = plan_.files.size(), .count = 1, .folder = file.folder});
+            plan_.files.push_back(file.data);
+        }
+        std::sort(small_.begin(), small_.end(), [](const File& a, const File& b) {
+            return std::pair(a.folder, a.data->entry.localHeaderOffset) <
+                   std::pair(b.folder, b.data->entry.localHeaderOffset);
+        });
+        std::uint64_t bytes = 0;
+        for (std::size_t i = 0; i < small_.size(); ++i) {
+            const File& file = small_[i];
+            const bool sameFolder = i > 0 && file.folder == small_[i - 1].folder;
+            const bool joins = sameFolder && plan_.tasks.back().count < kMostFilesInTask &&
+                               bytes < kMostBytesInTask;
+            if (!joins) {
+                plan_.tasks.push_back(
+                    {.first = plan_.files.size(), .count = 0, .folder = file.folder});
+                bytes = 0;
+            }
+            if (sameFolder && !joins) {
+                isFilledByMany(file.folder);
+            }
+            ++plan_.tasks.back().count;
+            bytes += file.data->entry.uncompressedSize;
+            plan_.files.push_back(file.data);
+        }
+    }
+
+    struct File {
+        const EntryData* data = nullptr;
+        std::size_t folder = 0;
+    };
+
     const PathLimits limits_;
     std::vector<const EntryData*> order_;
-    std::vector<std::string_view> openFolders_;
+    std::vector<std::size_t> openFolders_;  // those of the plan that hold what comes next
+    std::vector<File> large_;
+    std::vector<File> small_;
     std::string_view lastFile_;
     ExtractionPlan plan_;
 };

@@ -18,12 +18,17 @@ struct ExtractionPlan {
         std::string_view path;
         // Null for a folder that is only mentioned in the paths of others.
         const EntryData* data = nullptr;
+        // Whether more comes into it than folders and the files of a single task.
+        bool filledByMany = false;
     };
-    // A run of `files` for one thread, all in the same folder.
+    // A run of `files` for one thread, all in the same folder and in the archive's order.
     struct Task {
         std::size_t first = 0;
         std::size_t count = 0;
+        // Which of `folders` they are in; kTop for the destination itself.
+        std::size_t folder = kTop;
     };
+    static constexpr std::size_t kTop = static_cast<std::size_t>(-1);
 
     std::vector<Folder> folders;  // a folder stands behind the one that holds it
     std::vector<const EntryData*> files;

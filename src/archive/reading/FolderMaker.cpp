@@ -34,12 +34,12 @@ Result<> FolderMaker::makeAll(const std::vector<ExtractionPlan::Folder>& folders
                 folder.data == nullptr ? 0 : folder.data->entry.localHeaderOffset;
             return Failure(std::move(made.error()).about(folder.path, offset));
         }
-        made_.push_back(*made);
+        states_.push_back(*made);
     }
     return {};
 }
 
-Result<bool> FolderMaker::make(const ExtractionPlan::Folder& folder) {
+Result<FolderMaker::State> FolderMaker::make(const ExtractionPlan::Folder& folder) {
     auto parent = cursor_.enterParentOf(folder.path);
     if (!parent) {
         return passOn(parent);
@@ -47,7 +47,7 @@ Result<bool> FolderMaker::make(const ExtractionPlan::Folder& folder) {
     const std::string name(lastComponent(folder.path));
     if (::mkdirat(*parent, name.c_str(), static_cast<mode_t>(permissionsWhileFilled(folder))) ==
         0) {
-        return true;
+        return State::kMade;
     }
     if (errno != EEXIST) {
         return systemFailure(ErrorCode::kWriteFailed);
@@ -57,7 +57,14 @@ Result<bool> FolderMaker::make(const ExtractionPlan::Folder& folder) {
         !S_ISDIR(status.st_mode)) {
         return failure(ErrorCode::kAlreadyExists);
     }
-    return false;
+    return State::kStoodThere;
+}
+
+void FolderMaker::restoreEarly(std::size_t index, const Entry& entry, int descriptor) {
+    if (states_[index] == State::kMade && hasPermissions(entry) &&
+        ::utimensat(descriptor, ".", timesOf(entry).data(), 0) == 0) {
+        states_[index] = State::kRestored;
+    }
 }
 
 Result<> FolderMaker::makeLinks(const std::vector<const EntryData*>& links,
@@ -91,7 +98,7 @@ void FolderMaker::restoreMetadata(const std::vector<ExtractionPlan::Folder>& fol
     // From the innermost outwards: a folder may take away the right to reach what is in it.
     for (std::size_t i = folders.size(); i-- > 0;) {
         const ExtractionPlan::Folder& folder = folders[i];
-        if (made_[i] && folder.data != nullptr && !restore(folder.data->entry)) {
+        if (states_[i] == State::kMade && folder.data != nullptr && !restore(folder.data->entry)) {
             warnings.add(WarningCode::kMetadataNotRestored,
                          folder.path,
                          folder.data->entry.localHeaderOffset);
@@ -105,18 +112,19 @@ bool FolderMaker::restore(const Entry& entry) {
         return false;
     }
     const std::string name(lastComponent(entry.path));
+    const bool timed =
+        ::utimensat(*parent, name.c_str(), timesOf(entry).data(), AT_SYMLINK_NOFOLLOW) == 0;
+    if (hasPermissions(entry)) {
+        return timed;
+    }
     const File folder(
         ::openat(*parent, name.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
-    if (!folder.isOpen()) {
-        return false;
-    }
-    const bool timed = ::futimens(folder.descriptor(), timesOf(entry).data()) == 0;
-    // What mkdir made of it is right already unless the umask or the owner's rights differ.
-    const bool permitted =
-        ((entry.permissions & tree_.umask()) == 0 &&
-         (entry.permissions & kOwnerAll) == kOwnerAll) ||
-        ::fchmod(folder.descriptor(), static_cast<mode_t>(entry.permissions)) == 0;
-    return timed && permitted;
+    return folder.isOpen() &&
+           ::fchmod(folder.descriptor(), static_cast<mode_t>(entry.permissions)) == 0 && timed;
+}
+
+bool FolderMaker::hasPermissions(const Entry& entry) const {
+    return (entry.permissions & tree_.umask()) == 0 && (entry.permissions & kOwnerAll) == kOwnerAll;
 }
 
 }  // namespace pellumar::archive

@@ -1,5 +1,8 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
+#include <string>
 #include <vector>
 
 #include "archive/base/Error.h"
@@ -20,24 +23,34 @@ class FolderMaker {
     // kAlreadyExists if something else does.
     [[nodiscard]] Result<> makeAll(const std::vector<ExtractionPlan::Folder>& folders);
 
+    // Gives a folder its time, once nothing but folders will be made in it any more, if that is all
+    // it lacks. `index` is its place among the folders, `descriptor` leads to it. May be called by
+    // several threads at once for different folders, after makeAll() and before makeLinks().
+    void restoreEarly(std::size_t index, const Entry& entry, int descriptor);
+
     // Makes the links with the targets that `targets` has for them.
     [[nodiscard]] Result<> makeLinks(const std::vector<const EntryData*>& links,
                                      const LinkSafety& targets);
 
-    // Gives the folders that makeAll made, and that have an entry, their permissions and times.
-    // Until then their owner may write in them, whatever the archive says. What the system refuses
-    // becomes a warning.
+    // Gives the other folders that makeAll made, and that have an entry, their permissions and
+    // times. Until then their owner may write in them, whatever the archive says. What the system
+    // refuses becomes a warning.
     void restoreMetadata(const std::vector<ExtractionPlan::Folder>& folders, Warnings& warnings);
 
   private:
-    // Whether it was made, and had not been there.
-    [[nodiscard]] Result<bool> make(const ExtractionPlan::Folder& folder);
+    enum class State : std::uint8_t { kStoodThere, kMade, kRestored };
+
+    // Whether it was made or had been there.
+    [[nodiscard]] Result<State> make(const ExtractionPlan::Folder& folder);
     [[nodiscard]] Result<> makeLink(const Entry& entry, const std::string& target);
     [[nodiscard]] bool restore(const Entry& entry);
+    // Whether mkdir gave it the right permissions, unlike where the umask or the owner's rights
+    // differ.
+    [[nodiscard]] bool hasPermissions(const Entry& entry) const;
 
     const DestinationTree& tree_;
     FolderCursor cursor_;
-    std::vector<bool> made_;  // for each of the folders
+    std::vector<State> states_;  // of each of the folders
 };
 
 }  // namespace pellumar::archive

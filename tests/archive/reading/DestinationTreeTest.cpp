@@ -31,13 +31,13 @@ TEST(DestinationTree, BothWaysOfEnteringAgreeAndFollowNoLink) {
     ASSERT_TRUE(tree);
 
     for (const std::string path : {"", "b", "b/c"}) {
-        const std::string entered = identity(tree->enter(path));
-        EXPECT_EQ(entered, identity(tree->enterStepByStep(path))) << path;
+        const std::string entered = identity(tree->enter(tree->descriptor(), path));
+        EXPECT_EQ(entered, identity(tree->enterStepByStep(tree->descriptor(), path))) << path;
         EXPECT_EQ(entered, identity(File::openForReading(folder / "a" / path))) << path;
     }
     for (const std::string path : {"link", "link/c", "away", "missing", "b/missing/c"}) {
-        EXPECT_FALSE(tree->enter(path)) << path;
-        EXPECT_FALSE(tree->enterStepByStep(path)) << path;
+        EXPECT_FALSE(tree->enter(tree->descriptor(), path)) << path;
+        EXPECT_FALSE(tree->enterStepByStep(tree->descriptor(), path)) << path;
     }
 }
 
