@@ -1,5 +1,7 @@
 #include "app/Composition.h"
 
+#include <QGuiApplication>
+#include <QScreen>
 #include <QStandardPaths>
 
 #include "app/App.h"
@@ -24,6 +26,14 @@ RemoteConfigService::Options remoteOptions(const UserSettings& settings) {
     return {
         .folder = DocumentDirectory::inDataFolder("RemoteConfig").value_or(std::filesystem::path()),
         .endpoint = RemoteConfigEndpoint::configured(settings.userDefaults())};
+}
+
+// Upright like a phone, and no larger than the screen. Where the system decides, as on a phone, it
+// is overruled.
+QSize firstSize() {
+    constexpr QSize kSize(420, 760);
+    const QScreen* const screen = QGuiApplication::primaryScreen();
+    return screen == nullptr ? kSize : kSize.boundedTo(screen->availableSize());
 }
 
 QStringList layoutModules() {
@@ -74,6 +84,8 @@ Composition::Composition()
     followAppearance();
     fillStoryboard();
     inbox_.clear();
+    window_.setTitle(QGuiApplication::applicationDisplayName());
+    window_.resize(firstSize());
     delegate_->setWindow(&window_);
 }
 
