@@ -14,6 +14,7 @@ FocusScope {
     }
     ViewHost {
         objectName: "contentHost"
+        focus: true
         anchors.fill: parent
         anchors.topMargin: bar.visible ? bar.height : 0
         clip: true
