@@ -68,7 +68,9 @@ void UINavigationController::replaceTop(const std::shared_ptr<UIViewController>&
     in.setZ(isPush ? 1 : 0);
     leaving->view().setZ(isPush ? 0 : 1);
     isMoving_ = true;
-    contentHost_->setEnabled(false);
+    // What comes can be used at once; what leaves takes no second tap.
+    in.setEnabled(true);
+    leaving->view().setEnabled(false);
 
     const std::weak_ptr<UINavigationController> self = weakly(this);
     const auto step = [self, leaving, coming, isPush](qreal progress) {
@@ -85,12 +87,10 @@ void UINavigationController::replaceTop(const std::shared_ptr<UIViewController>&
             return;
         }
         stack->isMoving_ = false;
-        stack->contentHost_->setEnabled(true);
         coming->view().setX(0);
-        if (stack->stack_.back() == coming) {
+        if (stack->stack_.back() != leaving) {
             leaving->view().setVisible(false);
             leaving->view().setParentItem(nullptr);
-            coming->view().forceActiveFocus(Qt::OtherFocusReason);
         }
         leaving->endAppearance(animated);
         coming->endAppearance(animated);
