@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace pellumar {
 namespace {
@@ -16,6 +17,7 @@ std::shared_ptr<MBProgressHUD> MBProgressHUD::showAddedTo(const UIContext& conte
     std::shared_ptr<MBProgressHUD> hud(new MBProgressHUD(context), DeleteLater());
     hud->item_ = context.viewLoader.load(*hud);
     QQuickItem* const item = hud->item_.get();
+    hud->cover(view);
     item->setParentItem(&view);
     const auto fill = [&view, item] { item->setSize(view.size()); };
     connect(&view, &QQuickItem::widthChanged, item, fill);
@@ -37,11 +39,35 @@ void MBProgressHUD::hide(bool animated) {
     // The view has its controls back at once; what fades is a picture.
     item_->setEnabled(false);
     item_->setFocus(false);
+    uncover();
     const std::shared_ptr<MBProgressHUD> self = shared_from_this();
     fade(presence_, 0, animated, [self] {
         self->item_->setVisible(false);
         self->item_->setParentItem(nullptr);
     });
+}
+
+void MBProgressHUD::cover(QQuickItem& view) {
+    if (view.isFocusScope()) {
+        focusBefore_ = view.scopedFocusItem();
+    }
+    for (QQuickItem* each : view.childItems()) {
+        if (each->isEnabled()) {
+            covered_.append(each);
+            each->setEnabled(false);
+        }
+    }
+}
+
+void MBProgressHUD::uncover() {
+    for (const QPointer<QQuickItem>& each : std::exchange(covered_, {})) {
+        if (each) {
+            each->setEnabled(true);
+        }
+    }
+    if (focusBefore_) {
+        focusBefore_->setFocus(true);
+    }
 }
 
 void MBProgressHUD::fade(qreal from, qreal to, bool animated, const Animator::Finished& finished) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QtQml/qqmlregistration.h>
+#include <QList>
 #include <QObject>
 #include <QPointer>
 #include <QString>
@@ -10,8 +11,8 @@
 
 namespace pellumar {
 
-// An overlay that covers one screen's view, and nothing else, while something takes its time. For
-// the main thread.
+// An overlay that covers one screen's view, and nothing else, while something takes its time. What
+// it covers is disabled and has the keyboard back afterwards. For the main thread.
 class MBProgressHUD : public QObject, public std::enable_shared_from_this<MBProgressHUD> {
     Q_OBJECT
     QML_ELEMENT
@@ -55,10 +56,15 @@ class MBProgressHUD : public QObject, public std::enable_shared_from_this<MBProg
   private:
     explicit MBProgressHUD(const UIContext& context) : context_(context) {}
 
+    void cover(QQuickItem& view);
+    void uncover();
     void fade(qreal from, qreal to, bool animated, const Animator::Finished& finished);
 
     const UIContext context_;
     OwnedItem item_;
+    // What was enabled in the view, and what of it had the keyboard.
+    QList<QPointer<QQuickItem>> covered_;
+    QPointer<QQuickItem> focusBefore_;
     Mode mode_ = Mode::kIndeterminate;
     QString label_;
     QString detailsLabel_;
