@@ -1,5 +1,7 @@
 #include "platform/kit/Kit.h"
 
+#include "platform/kit/WindowAccessible.h"
+
 // Made by Qt's build tools, which name it.
 void qml_register_types_Pellumar_Kit();  // NOLINT(readability-identifier-naming)
 
@@ -7,6 +9,7 @@ namespace pellumar {
 
 void registerKit() {
     qml_register_types_Pellumar_Kit();
+    WindowAccessible::install();
 }
 
 }  // namespace pellumar

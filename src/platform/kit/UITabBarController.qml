@@ -51,7 +51,7 @@ FocusScope {
                     Layout.preferredWidth: 1
                     Layout.fillHeight: true
                     text: modelData
-                    Accessible.role: Accessible.PageTab
+                    accessibleRole: Accessible.PageTab
                     Accessible.selected: isSelected
                     Accessible.selectable: true
                     onClicked: root.controller.select(index)

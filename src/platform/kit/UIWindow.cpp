@@ -1,5 +1,6 @@
 #include "platform/kit/UIWindow.h"
 
+#include <QAccessible>
 #include <QKeyEvent>
 #include <QMouseEvent>
 
@@ -71,7 +72,7 @@ void UIWindow::addLayer(QQuickItem& view) {
     view.setParentItem(&host_);
     view.setPosition({0, 0});
     layers_.emplace_back(&view);
-    enableTopLayerOnly();
+    layersChanged();
     view.forceActiveFocus(Qt::OtherFocusReason);
 }
 
@@ -79,15 +80,21 @@ void UIWindow::removeLayer(QQuickItem& view) {
     std::erase_if(layers_,
                   [&view](const QPointer<QQuickItem>& layer) { return !layer || layer == &view; });
     view.setParentItem(nullptr);
-    enableTopLayerOnly();
+    layersChanged();
 }
 
-void UIWindow::enableTopLayerOnly() {
-    for (std::size_t i = 0; i < layers_.size(); ++i) {
-        if (layers_[i]) {
-            layers_[i]->setEnabled(i + 1 == layers_.size());
+QQuickItem* UIWindow::topLayer() const {
+    return layers_.empty() ? nullptr : layers_.back().data();
+}
+
+void UIWindow::layersChanged() {
+    for (const QPointer<QQuickItem>& layer : layers_) {
+        if (layer) {
+            layer->setEnabled(layer == topLayer());
         }
     }
+    QAccessibleEvent reordered(this, QAccessible::ObjectReorder);
+    QAccessible::updateAccessibility(&reordered);
 }
 
 void UIWindow::keyPressEvent(QKeyEvent* event) {

@@ -46,6 +46,8 @@ class UIWindow : public QQuickWindow {
     // keyboard until it is taken away.
     void addLayer(QQuickItem& view);
     void removeLayer(QQuickItem& view);
+    // The one that has pointer and keyboard; null if there is none.
+    [[nodiscard]] QQuickItem* topLayer() const;
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -53,7 +55,7 @@ class UIWindow : public QQuickWindow {
     void resizeEvent(QResizeEvent* event) override;
 
   private:
-    void enableTopLayerOnly();
+    void layersChanged();
 
     ViewHost host_;
     std::shared_ptr<UIViewController> root_;

@@ -6,6 +6,7 @@ AbstractButton {
     id: button
 
     property string description: ""
+    property int accessibleRole: Accessible.Button
 
     implicitHeight: Math.max(Theme.touchTarget, implicitContentHeight + topPadding + bottomPadding)
     implicitWidth: Math.max(Theme.touchTarget, implicitContentWidth + leftPadding + rightPadding)
@@ -13,10 +14,11 @@ AbstractButton {
     activeFocusOnTab: true
     hoverEnabled: true
 
-    Accessible.role: Accessible.Button
+    Accessible.role: accessibleRole
     Accessible.name: text
     Accessible.description: description
-    Accessible.onPressAction: clicked()
+    // Screen readers cannot see in every case that it is disabled.
+    Accessible.onPressAction: if (enabled) clicked()
 
     Keys.onReturnPressed: clicked()
     Keys.onEnterPressed: clicked()
