@@ -3,7 +3,7 @@ import QtQuick.Layouts
 import Pellumar.Screens
 import Pellumar.Look
 
-Item {
+FocusScope {
     id: root
 
     required property FileTableViewCell controller
@@ -42,6 +42,7 @@ Item {
             Layout.fillWidth: true
             spacing: 2
             BodyText {
+                id: title
                 objectName: "titleLabel"
                 Layout.fillWidth: true
                 font.pixelSize: Theme.fontTitle
@@ -59,8 +60,9 @@ Item {
         }
         IconButton {
             objectName: "shareButton"
+            focus: true
             iconName: "share"
-            text: qsTr("Share")
+            text: qsTr("Share %1").arg(title.text)
             onClicked: root.controller.shareTapped()
         }
     }
