@@ -1,0 +1,102 @@
+"""The running application: what is on its screen, and a person's hands on it."""
+
+from accessible import Gone
+from waiting import until
+
+APP_ID = "org.pellumar.Zip"
+
+
+class Application:
+    """Finds controls by role and name, and uses them. What is disabled or hidden, such as all that
+    a popup covers, is not there for it."""
+
+    def __init__(self, desktop, root, pid):
+        self.desktop = desktop
+        self.root = root
+        self.pid = pid
+
+    def is_shown(self):
+        """Whether its window is on the screen and has the keyboard."""
+        try:
+            return any("active" in window.states for window in self.root.children)
+        except Gone:
+            return False
+
+    def controls(self, role=None, name=None):
+        """All usable controls with this role, and this name or one that the function `name` is
+        true for, in the tree's order."""
+        found = []
+        for each in self.root.walk():
+            try:
+                if ((role is None or each.role == role) and _fits(name, each.name)
+                        and each.is_usable):
+                    found.append(each)
+            except Gone:
+                continue
+        return found
+
+    def find(self, role, name=None):
+        """The first such control, as soon as there is one."""
+        return until(lambda: self.controls(role, name),
+                     lambda: f"a {role} {name!r} in\n{self.outline()}")[0]
+
+    def wait_until_gone(self, role, name=None):
+        until(lambda: not self.controls(role, name),
+              lambda: f"the end of a {role} {name!r} in\n{self.outline()}")
+
+    def press(self, role, name=None):
+        """Uses a control through its accessibility action."""
+        self.find(role, name).perform("Press")
+
+    def click(self, role, name=None):
+        """Clicks on the middle of a control, once it stands still."""
+        x, y, width, height = self._resting_extents(self.find(role, name))
+        self.desktop.xdotool("mousemove", x + width // 2, y + height // 2, "click", 1)
+
+    def _resting_extents(self, control):
+        seen = []
+
+        def probe():
+            seen.append(control.extents)
+            last = seen[-4:]
+            return last[0] if len(last) == 4 and len(set(last)) == 1 and last[0].width > 0 else None
+
+        return until(probe, lambda: f"{control.describe()} to stand still, at {seen[-1]}")
+
+    def key(self, *keys):
+        """Presses keys, one after the other; by xdotool's names."""
+        self.desktop.xdotool("key", *keys)
+
+    def type(self, text):
+        """Types a text into what has the keyboard."""
+        self.desktop.xdotool("type", "--delay", 30, text)
+
+    def focused(self):
+        """The control that has the keyboard; none if there is none."""
+        for each in self.root.walk():
+            try:
+                if "focused" in each.states and each.role not in ("frame", "application"):
+                    return each
+            except Gone:
+                continue
+        return None
+
+    def tab_to(self, role, name=None, most=40):
+        """Presses Tab until such a control has the keyboard, as one does without a pointer."""
+        self.find(role, name)
+        for _ in range(most):
+            here = self.focused()
+            if here and here.role == role and _fits(name, here.name):
+                return here
+            self.key("Tab")
+            until(lambda: self.focused() not in (None, here), "the keyboard to move on")
+        raise AssertionError(f"Tab does not lead to {role} {name!r} in\n{self.outline()}")
+
+    def outline(self):
+        return f"{self.root.outline()}\n{self.desktop.log_text()}"
+
+
+def _fits(wanted, name):
+    if wanted is None:
+        return True
+    return wanted(name) if callable(wanted) else wanted == name

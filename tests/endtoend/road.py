@@ -1,0 +1,50 @@
+"""What all end-to-end tests stand on: a desktop for each, and the steps that roads share."""
+
+import sys
+import unittest
+import zipfile
+
+from desktop import Desktop
+from waiting import until
+
+# Every run: PROGRAM SERVICE [unittest arguments].
+PROGRAM, SERVICE = sys.argv[1:3]
+
+
+class RoadTest(unittest.TestCase):
+    def setUp(self):
+        self.desktop = Desktop(PROGRAM, SERVICE)
+        self.addCleanup(self.desktop.close)
+        self.home = self.desktop.home
+
+    def make_archive(self, name, files):
+        """Makes an archive of {name: bytes} in the home folder and returns its path."""
+        path = self.home / name
+        with zipfile.ZipFile(path, "w", zipfile.ZIP_DEFLATED) as archive:
+            for each, data in files.items():
+                archive.writestr(each, data)
+        return path
+
+    def start_at_home(self):
+        """The application at its home screen, after the onboarding of a first start."""
+        application = self.desktop.start()
+        application.press("push button", "OK")
+        application.find("push button", "Unzip")
+        return application
+
+    def save_shared(self, application, place="Downloads"):
+        """From an open share sheet: saves to a place of the picker and waits for the end."""
+        application.press("push button", "Save to…")
+        application.press("push button", place)
+        application.find("label", place)
+        application.press("push button", "Save here")
+        application.wait_until_gone("dialog")
+
+    def until_file(self, path):
+        """The bytes of a file that will be there."""
+        until(path.is_file, f"{path}\n{self.desktop.log_text()}")
+        return path.read_bytes()
+
+
+def main():
+    unittest.main(argv=[sys.argv[0], *sys.argv[3:]], verbosity=2)
