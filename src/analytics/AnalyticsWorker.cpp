@@ -25,6 +25,14 @@ bool isAnswer(const QueueItem& item) {
            std::holds_alternative<InstallationReset>(item.what);
 }
 
+// Or until so much time has passed.
+void waitForEvent(QEventLoop& loop, qint64 milliseconds) {
+    QTimer timer;
+    timer.setSingleShot(true);
+    timer.start(std::chrono::milliseconds(milliseconds));
+    loop.processEvents(QEventLoop::WaitForMoreEvents);
+}
+
 // What is not for the recorder.
 bool isControl(const QueueItem& item) {
     return isAnswer(item) || std::holds_alternative<Fence>(item.what);
@@ -118,10 +126,7 @@ void AnalyticsWorker::sleep(QEventLoop& loop) {
     if (isStuck || consent_.isUnsaved()) {
         wait = std::min(wait, kRetryMilliseconds);
     }
-    QTimer timer;
-    timer.setSingleShot(true);
-    timer.start(std::chrono::milliseconds(wait));
-    loop.processEvents(QEventLoop::WaitForMoreEvents);
+    waitForEvent(loop, wait);
 }
 
 void AnalyticsWorker::sayFarewell(QEventLoop& loop) {
@@ -136,12 +141,9 @@ void AnalyticsWorker::sayFarewell(QEventLoop& loop) {
     if (!uploader_) {
         return;
     }
-    QTimer timer;
-    timer.setSingleShot(true);
-    timer.start(static_cast<int>(deadline.remainingTime()));
     uploader_->hurry(situation());
     while (uploader_->isUnderway() && !deadline.hasExpired()) {
-        loop.processEvents(QEventLoop::WaitForMoreEvents);
+        waitForEvent(loop, deadline.remainingTime());
         uploader_->hurry(situation());
     }
 }

@@ -11,7 +11,7 @@ namespace pellumar {
 struct EventHappened {
     QString event;
     qint64 atLeast = 1;
-    std::optional<int> lastDays;
+    std::optional<int> lastDays = std::nullopt;
 };
 
 // A user property, one of another audience among them, has this value; an empty one: it is not set.

@@ -2,9 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <QMap>
 #include <QStringList>
 #include <atomic>
+#include <chrono>
+#include <functional>
 #include <memory>
+#include <thread>
 #include <vector>
 
 #include "analytics/AnalyticsEngine.h"
@@ -60,11 +64,29 @@ class EngineTest : public testing::Test {
         environment.idle = std::chrono::milliseconds(0);
         return environment;
     }
-    // Sends to `address`.
-    [[nodiscard]] AnalyticsEnvironment sending(const QString& address) const {
+    // Without the events of every start.
+    [[nodiscard]] AnalyticsEnvironment quiet(QMap<QString, QString> parameters = {}) const {
+        parameters.insert("measurement_blocked_events", "pz_first_open,pz_session_start");
+        return configured(parameters);
+    }
+    [[nodiscard]] AnalyticsEnvironment configured(const QMap<QString, QString>& parameters) const {
         AnalyticsEnvironment with = environment();
-        with.transport = HttpTransport::maker({.address = address, .bearerToken = {}});
+        with.parameters = [parameters](const QString& key) { return parameters.value(key); };
         return with;
+    }
+    // Sends to `address`.
+    [[nodiscard]] static AnalyticsEnvironment sending(const QString& address,
+                                                      AnalyticsEnvironment environment) {
+        environment.transport = HttpTransport::maker({.address = address, .bearerToken = {}});
+        return environment;
+    }
+    // Polls; false when the deadline has passed.
+    [[nodiscard]] static bool becomesTrue(const std::function<bool()>& condition) {
+        const auto deadline = std::chrono::steady_clock::now() + kDeadline;
+        while (!condition() && std::chrono::steady_clock::now() < deadline) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(2));
+        }
+        return condition();
     }
 
     TemporaryFolder parent;

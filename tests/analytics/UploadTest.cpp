@@ -1,28 +1,48 @@
-#include <fstream>
+#include <optional>
 
 #include "EngineTest.h"
+#include "analytics/RetryHold.h"
 
 namespace pellumar::test {
 namespace {
+
+using Then = HttpAnswer::Then;
 
 class UploadTest : public EngineTest {
   protected:
     ~UploadTest() override { EXPECT_EQ(collector.faults(), QStringList()); }
 
-    // Logs an event and waits until that many batches have come.
-    void logAndWait(AnalyticsEngine& engine, std::size_t batches) {
-        engine.logEventWithName("tapped", {});
-        ASSERT_TRUE(collector.waitForBatches(batches));
+    // Sends at once, and nothing but what a test logs.
+    [[nodiscard]] AnalyticsEnvironment eager(const QMap<QString, QString>& parameters = {}) const {
+        return sending(collector.address(), quiet(parameters));
     }
-    // Whether the store becomes empty: the answers have been understood as the end of it.
-    void expectNothingLeft() { EXPECT_EQ(namesOf(storedEvents(folder)), QStringList()); }
+    // Waits until it is kept how long the collector is left alone.
+    [[nodiscard]] qint64 waitForHold() const {
+        const std::unique_ptr<AnalyticsStore> store = AnalyticsStore::open(folder);
+        qint64 hold = 0;
+        EXPECT_TRUE(becomesTrue([&] {
+            hold = RetryHold(store->state()).waitAt(clock->now().wall);
+            return hold > 0;
+        }));
+        return hold;
+    }
+    void waitUntilNothingIsLeft() const {
+        const std::unique_ptr<AnalyticsStore> store = AnalyticsStore::open(folder);
+        EXPECT_TRUE(becomesTrue([&] { return store->events().count(1) == 0; }));
+    }
+    // Whether the engine has looked whether there is something to send, and sent nothing.
+    [[nodiscard]] bool isPatient(AnalyticsEngine& engine) const {
+        const std::size_t before = collector.batches().size();
+        return engine.waitUntilStored(kDeadline) && engine.waitUntilStored(kDeadline) &&
+               collector.batches().size() == before;
+    }
 
     Collector collector;
 };
 
 TEST_F(UploadTest, ABatchHoldsEverythingTheEventsCameWith) {
     {
-        AnalyticsEngine engine(sending(collector.address()));
+        AnalyticsEngine engine(sending(collector.address(), environment()));
         engine.setUserPropertyString("|1|7|", "participating_tests");
         engine.setConsent(ConsentKind::kAdUserData, ConsentStatus::kDenied);
         engine.logEventWithName("evaluated",
@@ -30,9 +50,10 @@ TEST_F(UploadTest, ABatchHoldsEverythingTheEventsCameWith) {
                                             {"share", 0.5},
                                             {"first", true},
                                             {"where", "Grüße \"an\" 😀"}});
-        ASSERT_TRUE(collector.waitFor([this](const auto& batches) {
+        ASSERT_TRUE(collector.waitFor([](const auto& batches) {
             return !batches.empty() && batches.back().records.back().name == "evaluated";
         }));
+        waitUntilNothingIsLeft();
     }
     const CollectedBatch batch = collector.batches().back();
     EXPECT_EQ(batch.resource["service.name"], "test");
@@ -49,9 +70,165 @@ TEST_F(UploadTest, ABatchHoldsEverythingTheEventsCameWith) {
     EXPECT_EQ(event.attributes["pz.consent.ad_user_data"], "denied");
     EXPECT_EQ(event.attributes["session.id"].size(), 36);
     EXPECT_EQ(batch.head.find("cookie"), std::string::npos);
-    EXPECT_EQ(collector.names().mid(0, 3),
-              (QStringList{"pz_session_start", "pz_first_open", "evaluated"}));
-    expectNothingLeft();
+    EXPECT_NE(batch.head.find("accept-language: *"), std::string::npos);
+    EXPECT_EQ(collector.names(), (QStringList{"pz_session_start", "pz_first_open", "evaluated"}));
+}
+
+TEST_F(UploadTest, TheseAnswersAreTheEndOfABatch) {
+    const std::map<std::string, std::pair<HttpAnswer, qint64>> cases{
+        {"success", {LoopbackServer::answer(200, "{}"), 0}},
+        {"warning",
+         {LoopbackServer::answer(
+              200, R"({"partialSuccess":{"rejectedLogRecords":0,"errorMessage":"old"}})"),
+          0}},
+        {"partly",
+         {LoopbackServer::answer(
+              200, R"({"partialSuccess":{"rejectedLogRecords":"1","errorMessage":"no"}})"),
+          1}},
+        {"bad request", {LoopbackServer::answer(400, "{}"), 1}},
+        {"too large", {LoopbackServer::answer(413, ""), 1}},
+        {"server's fault", {LoopbackServer::answer(500, ""), 1}},
+    };
+    for (const auto& [name, expected] : cases) {
+        SCOPED_TRACE(name);
+        folder = parent / name;
+        const std::size_t before = collector.batches().size();
+        collector.setAnswers({expected.first});
+        AnalyticsEngine engine(eager());
+        engine.logEventWithName("tapped", {});
+        ASSERT_TRUE(collector.waitForBatches(before + 1));
+        waitUntilNothingIsLeft();
+        EXPECT_TRUE(isPatient(engine));
+        engine.stop();
+        EXPECT_EQ(AnalyticsStore::open(folder)->losses().all()["refused"], expected.second);
+    }
+}
+
+TEST_F(UploadTest, TheseAnswersAreWaitedOutAcrossRestarts) {
+    const std::map<std::string, std::pair<HttpAnswer, std::optional<qint64>>> cases{
+        {"too many", {LoopbackServer::answer(429, "", "Retry-After: 120\r\n"), 2 * kMinute}},
+        {"date",
+         {LoopbackServer::answer(503, "", "Retry-After: Wed, 17 Jan 2024 20:00:30 GMT\r\n"),
+          30'000}},
+        {"bad gateway", {LoopbackServer::answer(502, ""), {}}},
+        {"unavailable", {LoopbackServer::answer(503, ""), {}}},
+        {"timeout", {LoopbackServer::answer(504, ""), {}}},
+        {"dropped", {HttpAnswer{}, {}}},
+        {"cut off", {HttpAnswer{.bytes = "HTTP/1.1 200 OK\r\nContent-Length: 9\r\n\r\n{"}, {}}},
+        {"portal", {LoopbackServer::answer(200, "<html>Sign in</html>"), {}}},
+        {"redirect", {LoopbackServer::answer(302, "", "Location: http://127.0.0.1:1/\r\n"), {}}},
+    };
+    // In the form of the date above.
+    clock->advance(1'705'521'600'000 - kNoon);
+    for (const auto& [name, expected] : cases) {
+        SCOPED_TRACE(name);
+        folder = parent / name;
+        const std::size_t before = collector.batches().size();
+        // Qt asks again by itself, for a few times, when a connection is dropped.
+        collector.setAnswers(std::deque<HttpAnswer>(10, expected.first));
+        qint64 hold = 0;
+        {
+            AnalyticsEngine engine(eager());
+            engine.logEventWithName("tapped", {});
+            ASSERT_TRUE(collector.waitForBatches(before + 1));
+            hold = waitForHold();
+            EXPECT_TRUE(isPatient(engine));
+        }
+        EXPECT_TRUE(expected.second
+                        ? hold == *expected.second
+                        : hold >= RetryHold::kFirstWait / 2 && hold <= RetryHold::kFirstWait)
+            << hold;
+        AnalyticsEngine engine(eager());
+        EXPECT_TRUE(isPatient(engine));
+        const std::size_t sent = collector.batches().size();
+        collector.setAnswers({});
+        clock->advance(hold);
+        engine.logEventWithName("tapped", {});
+        ASSERT_TRUE(collector.waitForBatches(sent + 1));
+        const std::vector<CollectedBatch> batches = collector.batches();
+        EXPECT_EQ(batches.at(before).records[0].attributes["log.record.uid"],
+                  batches.at(sent).records[0].attributes["log.record.uid"]);
+        waitUntilNothingIsLeft();
+        clock->advance(-hold);
+    }
+}
+
+TEST_F(UploadTest, WaitsTwiceAsLongWithEveryFailureUpToABound) {
+    const std::unique_ptr<AnalyticsStore> store = AnalyticsStore::open(folder);
+    RetryHold hold(store->state());
+    for (const qint64 longest : {10'000, 20'000, 40'000, 80'000}) {
+        hold.fail(kNoon, {}, 0);
+        EXPECT_EQ(hold.waitAt(kNoon), longest / 2);
+    }
+    for (int i = 0; i < 100; ++i) {
+        hold.fail(kNoon, {}, 1);
+    }
+    EXPECT_EQ(hold.waitAt(kNoon), RetryHold::kLongestBackoff);
+    // The clock is set back by a year.
+    EXPECT_EQ(hold.waitAt(kNoon - 365 * kDay), RetryHold::kLongestBackoff);
+    hold.succeed();
+    hold.fail(kNoon, {}, 1);
+    EXPECT_EQ(hold.waitAt(kNoon), RetryHold::kFirstWait);
+}
+
+TEST_F(UploadTest, ACollectorThatNeverAnswersDoesNotHoldUpTheEnd) {
+    collector.setAnswers({{.bytes = "", .then = Then::kKeepSilent}});
+    {
+        AnalyticsEngine engine(eager());
+        engine.logEventWithName("tapped", {});
+        ASSERT_TRUE(collector.waitForBatches(1));
+        const auto start = std::chrono::steady_clock::now();
+        engine.stop();
+        // The bound is 200 ms; a busy machine is allowed some more.
+        EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
+    }
+    EXPECT_EQ(ownNames(folder), QStringList{"tapped"});
+    const AnalyticsEngine engine(eager());
+    ASSERT_TRUE(collector.waitForBatches(2));
+    waitUntilNothingIsLeft();
+    EXPECT_EQ(collector.batches()[0].records[0].attributes["log.record.uid"],
+              collector.batches()[1].records[0].attributes["log.record.uid"]);
+}
+
+TEST_F(UploadTest, WaitsForIdlenessButNotAtTheEnd) {
+    AnalyticsEnvironment patient = eager();
+    patient.idle = std::chrono::hours(1);
+    AnalyticsEngine engine(std::move(patient));
+    engine.logEventWithName("tapped", {});
+    EXPECT_TRUE(isPatient(engine));
+    engine.stop();
+    EXPECT_TRUE(collector.waitForBatches(1));
+}
+
+TEST_F(UploadTest, SendsWhenABatchIsFullOrTheIntervalIsOver) {
+    AnalyticsEngine engine(
+        eager({{"measurement_batch_events", "10"}, {"measurement_interval_seconds", "600"}}));
+    engine.logEventWithName("first", {});
+    ASSERT_TRUE(collector.waitForBatches(1));
+    waitUntilNothingIsLeft();
+    for (int i = 0; i < 9; ++i) {
+        engine.logEventWithName("tapped", {});
+    }
+    EXPECT_TRUE(isPatient(engine));
+    engine.logEventWithName("tenth", {});
+    ASSERT_TRUE(collector.waitForBatches(2));
+    waitUntilNothingIsLeft();
+    EXPECT_EQ(collector.batches().back().records.size(), 10U);
+    clock->advance(9 * kMinute);
+    engine.logEventWithName("later", {});
+    EXPECT_TRUE(isPatient(engine));
+    clock->advance(kMinute);
+    engine.logEventWithName("latest", {});
+    ASSERT_TRUE(collector.waitForBatches(3));
+    EXPECT_EQ(collector.batches()[2].records[0].name, "later");
+}
+
+TEST_F(UploadTest, WithoutAUsableAddressThereIsNoTransport) {
+    for (const char* address : {"", "collector", "ftp://host", "http://", "http://[bad"}) {
+        EXPECT_FALSE(HttpTransport::maker({.address = address, .bearerToken = {}})) << address;
+    }
+    const CollectorEndpoint behindPath{.address = "https://host:1/otlp/", .bearerToken = {}};
+    EXPECT_EQ(behindPath.logsUrl()->toString(), "https://host:1/otlp/v1/logs");
 }
 
 }  // namespace

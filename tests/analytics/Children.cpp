@@ -1,0 +1,80 @@
+#include "Children.h"
+
+#include <sys/resource.h>
+
+#include <array>
+#include <cstdlib>
+#include <string_view>
+
+#include "EngineTest.h"
+
+namespace pellumar::test {
+namespace {
+
+AnalyticsEnvironment environmentIn(const char* folder) {
+    AnalyticsEnvironment environment;
+    environment.folder = folder;
+    environment.versions = {.serviceName = "child",
+                            .serviceVersion = "0.9",
+                            .osType = "linux",
+                            .osVersion = "Debian 12"};
+    environment.idle = std::chrono::milliseconds(0);
+    return environment;
+}
+
+int log(const char* folder, const char* address, const char* name, int count) {
+    AnalyticsEnvironment environment = environmentIn(folder);
+    environment.transport = HttpTransport::maker({.address = address, .bearerToken = {}});
+    AnalyticsEngine engine(std::move(environment));
+    for (int i = 0; i < count; ++i) {
+        engine.logEventWithName(name, QVariantMap{{"n", i}});
+        // So that the two of them are at it at the same time.
+        if (i % 10 == 0 && !engine.waitUntilStored(kDeadline)) {
+            return 1;
+        }
+    }
+    return engine.waitUntilStored(kDeadline) ? 0 : 1;
+}
+
+// Calls itself until there is no stack left, which the compiler is not to see.
+int overflow(int depth);
+int (*volatile const again)(int) = overflow;
+
+int overflow(int depth) {
+    std::array<volatile char, 1024> room{};
+    room[static_cast<std::size_t>(depth) % room.size()] = 1;
+    return again(depth + 1) + room[0];
+}
+
+int crash(const char* folder, std::string_view how) {
+    const rlimit noCore{.rlim_cur = 0, .rlim_max = 0};
+    ::setrlimit(RLIMIT_CORE, &noCore);
+    AnalyticsEngine engine(environmentIn(folder), AnalyticsEngine::CrashCatching::kOn);
+    engine.logEventWithName("before", {});
+    static_cast<void>(engine.waitUntilStored(kDeadline));
+    if (how == "null") {
+        volatile int* volatile nothing = nullptr;
+        *nothing = 1;
+    }
+    if (how == "overflow") {
+        return overflow(0);
+    }
+    std::abort();
+}
+
+}  // namespace
+
+bool runAsChild(int argc, char** argv, int& exitCode) {
+    const std::string_view what = argc > 1 ? argv[1] : "";
+    if (what == "--log" && argc == 6) {
+        exitCode = log(argv[2], argv[3], argv[4], std::atoi(argv[5]));
+        return true;
+    }
+    if (what == "--crash" && argc == 4) {
+        exitCode = crash(argv[2], argv[3]);
+        return true;
+    }
+    return false;
+}
+
+}  // namespace pellumar::test

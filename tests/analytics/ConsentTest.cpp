@@ -1,0 +1,163 @@
+#include <array>
+
+#include "EngineTest.h"
+#include "support/FileContents.h"
+
+namespace pellumar::test {
+namespace {
+
+using Kind = ConsentKind;
+using Status = ConsentStatus;
+
+class ConsentTest : public EngineTest {
+  protected:
+    static void log(AnalyticsEngine& engine, const char* name) {
+        engine.logEventWithName(name, {});
+        static_cast<void>(engine.waitUntilStored(kDeadline));
+    }
+    [[nodiscard]] QString installation() const {
+        return AnalyticsStore::open(folder)->installation().current();
+    }
+    [[nodiscard]] bool isAnythingStored() const {
+        return std::filesystem::exists(AnalyticsStore::fileIn(folder));
+    }
+};
+
+TEST_F(ConsentTest, DenialErasesAndNothingIsStoredUntilItIsTakenBack) {
+    {
+        AnalyticsEngine engine(environment());
+        log(engine, "before");
+    }
+    const QString first = installation();
+    {
+        AnalyticsEngine engine(environment());
+        engine.setConsent(Kind::kAnalyticsStorage, Status::kDenied);
+        engine.setUserPropertyString("value", "property");
+        log(engine, "without");
+        EXPECT_FALSE(engine.waitUntilStored(kDeadline));
+        EXPECT_FALSE(isAnythingStored());
+    }
+    {
+        // It outlives the process.
+        AnalyticsEngine engine(environment());
+        log(engine, "without");
+        EXPECT_FALSE(isAnythingStored());
+        engine.setConsent(Kind::kAnalyticsStorage, Status::kGranted);
+        log(engine, "after");
+    }
+    EXPECT_EQ(namesOf(storedEvents(folder)), (QStringList{"pz_session_start", "after"}));
+    EXPECT_NE(installation(), first);
+    EXPECT_TRUE(AnalyticsStore::open(folder)->userProperties().all().empty());
+}
+
+TEST_F(ConsentTest, TakesEffectWithTheNextEvent) {
+    AnalyticsEngine engine(quiet());
+    for (const char* name : {"one", "two", "three"}) {
+        engine.setConsent(Kind::kAnalyticsStorage, Status::kDenied);
+        engine.logEventWithName("forbidden", {});
+        engine.setConsent(Kind::kAnalyticsStorage, Status::kUnset);
+        engine.logEventWithName(name, {});
+    }
+    EXPECT_TRUE(engine.waitUntilStored(kDeadline));
+    engine.stop();
+    EXPECT_EQ(ownNames(folder), QStringList{"three"});
+}
+
+TEST_F(ConsentTest, EveryEventSaysWhatConsentItWasRecordedUnder) {
+    {
+        AnalyticsEngine engine(quiet());
+        engine.logEventWithName("unasked", {});
+        engine.setConsent(Kind::kAdStorage, Status::kDenied);
+        engine.setConsent(Kind::kAdUserData, Status::kGranted);
+        engine.logEventWithName("asked", {});
+        EXPECT_TRUE(engine.waitUntilStored(kDeadline));
+    }
+    const std::vector<StoredEvent> events = storedEvents(folder);
+    ASSERT_EQ(events.size(), 2U);
+    EXPECT_EQ(events[0].consent, Consent());
+    EXPECT_EQ(events[1].consent.status(Kind::kAdStorage), Status::kDenied);
+    EXPECT_EQ(events[1].consent.status(Kind::kAdUserData), Status::kGranted);
+    EXPECT_EQ(events[1].consent.status(Kind::kAdPersonalization), Status::kUnset);
+    const ConsentState kept(folder);
+    EXPECT_EQ(kept.timeOf(Kind::kAdStorage), kNoon);
+    EXPECT_EQ(kept.timeOf(Kind::kAdPersonalization), std::nullopt);
+}
+
+// An audience for advertising needs two consents to come to be, and a third to leave the machine.
+TEST_F(ConsentTest, EveryCombinationAboutAdvertising) {
+    Collector collector;
+    const std::array statuses{Status::kUnset, Status::kGranted, Status::kDenied};
+    for (int combination = 0; combination < 27; ++combination) {
+        SCOPED_TRACE(combination);
+        folder = parent / std::to_string(combination);
+        const Status storage = statuses.at(static_cast<std::size_t>(combination % 3));
+        const Status userData = statuses.at(static_cast<std::size_t>(combination / 3 % 3));
+        const Status personalization = statuses.at(static_cast<std::size_t>(combination / 9));
+        AnalyticsEnvironment with = sending(collector.address(), quiet());
+        with.audiences = {{.name = "ads", .conditions = {}, .forAdvertising = true},
+                          {.name = "all", .conditions = {}}};
+        const std::size_t before = collector.batches().size();
+        AnalyticsEngine engine(std::move(with));
+        engine.setConsent(Kind::kAdStorage, storage);
+        engine.setConsent(Kind::kAdUserData, userData);
+        engine.setConsent(Kind::kAdPersonalization, personalization);
+        engine.logEventWithName("tapped", {});
+        ASSERT_TRUE(collector.waitForBatches(before + 1));
+        engine.stop();
+        const bool kept = storage != Status::kDenied && personalization != Status::kDenied;
+        EXPECT_EQ(AnalyticsStore::open(folder)->userProperties().value("pz_in_ads") == "1", kept);
+        const Attributes resource = collector.batches().back().resource;
+        EXPECT_EQ(resource.contains("pz.user_property.pz_in_ads"),
+                  kept && userData != Status::kDenied);
+        EXPECT_TRUE(resource.contains("pz.user_property.pz_in_all"));
+    }
+}
+
+TEST_F(ConsentTest, AnAnswerThatCannotBeReadIsANo) {
+    for (const char* content : {"", "{", "{}", R"({"analytics_storage":{"status":"perhaps"}})"}) {
+        std::filesystem::create_directories(folder);
+        writeFile(folder / "consent.json", content);
+        AnalyticsEngine engine(environment());
+        log(engine, "tapped");
+        EXPECT_FALSE(isAnythingStored()) << content;
+    }
+}
+
+TEST_F(ConsentTest, WhatOneProcessIsToldTheOtherObeys) {
+    AnalyticsEngine one(quiet());
+    log(one, "before");
+    {
+        AnalyticsEngine other(quiet());
+        other.setConsent(Kind::kAnalyticsStorage, Status::kDenied);
+        EXPECT_FALSE(other.waitUntilStored(kDeadline));
+    }
+    log(one, "forbidden");
+    EXPECT_FALSE(isAnythingStored());
+    {
+        AnalyticsEngine other(quiet());
+        other.setConsent(Kind::kAnalyticsStorage, Status::kGranted);
+        EXPECT_TRUE(other.waitUntilStored(kDeadline));
+    }
+    log(one, "after");
+    one.stop();
+    EXPECT_EQ(ownNames(folder), QStringList{"after"});
+}
+
+TEST_F(ConsentTest, AResetGivesAnotherIdentifierAndErasesWhatWasMeasuredUnderTheOld) {
+    AnalyticsEngine one(quiet());
+    AnalyticsEngine other(quiet());
+    log(one, "before");
+    log(other, "before");
+    const QString first = installation();
+    one.resetInstallation();
+    log(one, "after");
+    // What the other process has open is gone.
+    log(other, "after");
+    one.stop();
+    other.stop();
+    EXPECT_NE(installation(), first);
+    EXPECT_EQ(ownNames(folder), (QStringList{"after", "after"}));
+}
+
+}  // namespace
+}  // namespace pellumar::test

@@ -1,0 +1,147 @@
+#include "EngineTest.h"
+
+namespace pellumar::test {
+namespace {
+
+class SessionTest : public EngineTest {
+  protected:
+    static void log(AnalyticsEngine& engine) {
+        engine.logEventWithName("tapped", {});
+        ASSERT_TRUE(engine.waitUntilStored(kDeadline));
+    }
+    [[nodiscard]] qsizetype sessions() const {
+        return namesOf(storedEvents(folder)).count("pz_session_start");
+    }
+    [[nodiscard]] QList<qint64> engagements() const {
+        QList<qint64> engagements;
+        for (const StoredEvent& event : storedEvents(folder)) {
+            if (event.event.name == "pz_engagement") {
+                engagements.append(std::get<qint64>(parameterOf(event, "pz_engagement_ms")));
+            }
+        }
+        return engagements;
+    }
+};
+
+TEST_F(SessionTest, HalfAnHourOfAbsenceEndsASession) {
+    {
+        AnalyticsEngine engine(environment());
+        log(engine);
+        clock->advance(30 * kMinute - 1);
+        log(engine);
+        clock->advance(30 * kMinute);
+        log(engine);
+    }
+    const std::vector<StoredEvent> events = storedEvents(folder);
+    EXPECT_EQ(namesOf(events),
+              (QStringList{"pz_session_start",
+                           "pz_first_open",
+                           "tapped",
+                           "tapped",
+                           "pz_session_start",
+                           "tapped"}));
+    EXPECT_EQ(events[0].sessionUid, events[3].sessionUid);
+    EXPECT_NE(events[3].sessionUid, events[5].sessionUid);
+    EXPECT_EQ(parameterOf(events[4], "pz_session_number"), ParameterValue(qint64{2}));
+}
+
+TEST_F(SessionTest, WhoLooksAtTheApplicationIsNotAbsent) {
+    {
+        AnalyticsEngine engine(environment());
+        engine.setActive(true);
+        ASSERT_TRUE(engine.waitUntilStored(kDeadline));
+        clock->advance(40 * kMinute);
+        engine.setActive(true);
+        // Whatever is done to the clock that people read.
+        clock->setAhead(3 * kDay);
+        clock->advance(40 * kMinute);
+        log(engine);
+        clock->setAhead(-7 * kDay);
+        engine.setActive(false);
+        log(engine);
+    }
+    EXPECT_EQ(sessions(), 1);
+    EXPECT_EQ(engagements(), QList<qint64>{80 * kMinute});
+}
+
+TEST_F(SessionTest, TheEndOfTheProcessTellsTheEngagement) {
+    {
+        AnalyticsEngine engine(environment());
+        engine.setActive(true);
+        ASSERT_TRUE(engine.waitUntilStored(kDeadline));
+        clock->advance(kMinute);
+    }
+    EXPECT_EQ(engagements(), QList<qint64>{kMinute});
+}
+
+TEST_F(SessionTest, BetweenProcessesTheWallClockDecides) {
+    const std::map<qint64, bool> beginsAnother{
+        {29 * kMinute, false},
+        {30 * kMinute, true},
+        {-29 * kMinute, false},
+        // So far back that nobody knows how long it was.
+        {-2 * kDay, true},
+    };
+    for (const auto& [change, begins] : beginsAnother) {
+        folder = parent / std::to_string(change);
+        {
+            AnalyticsEngine engine(environment());
+            log(engine);
+        }
+        clock->setAhead(change);
+        {
+            AnalyticsEngine engine(environment());
+            log(engine);
+        }
+        EXPECT_EQ(sessions(), begins ? 2 : 1) << change;
+    }
+}
+
+TEST_F(SessionTest, UpdatesAreToldOnceAndTheFirstOpenOnlyOnce) {
+    AnalyticsEnvironment newer = environment();
+    newer.versions.serviceVersion = "1.1";
+    newer.versions.osVersion = "Debian 13";
+    for (const AnalyticsEnvironment& each : {environment(), environment(), newer, newer}) {
+        AnalyticsEngine engine(each);
+        ASSERT_TRUE(engine.waitUntilStored(kDeadline));
+    }
+    const std::vector<StoredEvent> events = storedEvents(folder);
+    ASSERT_EQ(
+        namesOf(events),
+        (QStringList{"pz_session_start", "pz_first_open", "pz_app_update", "pz_system_update"}));
+    EXPECT_EQ(parameterOf(events[2], "pz_previous_version"), ParameterValue(QString("1.0")));
+    EXPECT_EQ(parameterOf(events[3], "pz_previous_version"), ParameterValue(QString("Debian 12")));
+}
+
+TEST_F(SessionTest, DaysAreThoseOfLocalTime) {
+    const auto dayAhead = [](qint64 hours) {
+        struct Ahead : ManualClock {
+            qint64 offset = 0;
+            [[nodiscard]] qint64 utcOffset(qint64 /*wall*/) const override { return offset; }
+        };
+        auto ahead = std::make_shared<Ahead>();
+        ahead->offset = hours * 60 * kMinute;
+        return ahead;
+    };
+    for (const int hours : {0, 2, -10}) {
+        folder = parent / std::to_string(hours);
+        const auto local = dayAhead(hours);
+        clock = local;
+        // To a millisecond before midnight.
+        clock->advance(12 * 60 * kMinute - local->offset - 1);
+        const qint64 today = clock->dayOf(clock->now().wall);
+        AnalyticsEngine engine(environment());
+        log(engine);
+        clock->advance(1);
+        log(engine);
+        log(engine);
+        engine.stop();
+        const std::unique_ptr<AnalyticsStore> store = AnalyticsStore::open(folder);
+        EXPECT_EQ(store->counts().between("tapped", today, today), 1);
+        EXPECT_EQ(store->counts().between("tapped", today + 1, today + 1), 2);
+        EXPECT_EQ(store->counts().total("tapped"), 3);
+    }
+}
+
+}  // namespace
+}  // namespace pellumar::test
