@@ -1,3 +1,13 @@
+#include <linux/filter.h>
+#include <linux/seccomp.h>
+#include <sys/prctl.h>
+#include <sys/syscall.h>
+
+#include <array>
+#include <cerrno>
+#include <cstddef>
+#include <thread>
+
 #include "archive/ExtractionTest.h"
 
 namespace pellumar::archive {
@@ -8,6 +18,20 @@ class SpecialFilesTest : public ExtractionTest {
     // Info-ZIP's extended timestamp: the modification time alone.
     static std::string timeField(std::uint32_t seconds) {
         return test::extraField(0x5455, std::string("\x01", 1) + test::littleEndian(seconds, 4));
+    }
+
+    // Lets the system call fail with EPERM in this thread and those that it starts, as file systems
+    // do that keep no owners.
+    static bool forbid(long systemCall) {
+        std::array<sock_filter, 4> program = {{
+            BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
+            BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, static_cast<std::uint32_t>(systemCall), 0, 1),
+            BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | EPERM),
+            BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW),
+        }};
+        const sock_fprog filter{.len = program.size(), .filter = program.data()};
+        return ::prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0 &&
+               ::prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &filter) == 0;
     }
 };
 
@@ -51,6 +75,24 @@ TEST_F(SpecialFilesTest, PermissionsAreRestoredWhateverTheUmask) {
     EXPECT_EQ(permissions("locked"), 0555U);
     EXPECT_EQ(permissions("locked/deep"), 0500U);
     EXPECT_EQ(text("locked/link"), "x");
+}
+
+TEST_F(SpecialFilesTest, WhatCannotBeRestoredIsAWarning) {
+    const mode_t before = ::umask(022);
+    for (const long systemCall : {SYS_utimensat, SYS_fchmod}) {
+        ZipBuilder zip;
+        zip.add(folder("writable-by-all/", 0777))
+            .add(stored("writable-by-all/file", "data").mode(S_IFREG | 0666U));
+        std::thread([this, &zip, systemCall] {
+            ASSERT_TRUE(forbid(systemCall));
+            const auto report = unzip(zip);
+            ASSERT_TRUE(report) << report.error().describe();
+            EXPECT_EQ(report->warnings.count(), 2U);
+            EXPECT_EQ(countOf(report->warnings, WarningCode::kMetadataNotRestored), 2U);
+        }).join();
+        EXPECT_EQ(text("writable-by-all/file"), "data");
+    }
+    ::umask(before);
 }
 
 TEST_F(SpecialFilesTest, DosAttributesGiveUsualPermissions) {

@@ -43,6 +43,8 @@ INSTANTIATE_TEST_SUITE_P(
         LinkCase{"ThroughTwo",
                  {{"d/here", "."}, {"d/e/up", "../here/.."}, {"l", "d/e/up/.."}},
                  "l"},
+        // Where case does not count, "F" is the link, and above what it leads to is outside.
+        LinkCase{"ThroughWhatCaseMayHide", {{"d/e/f", "../.."}, {"l", "d/e/F/../x"}}, "l"},
         LinkCase{"WalkedLoop", {{"a", "b/../c"}, {"b", "b"}}, "a"},
         // Up to the NUL is what the system would take.
         LinkCase{"BehindANul", {{"l", std::string("..\0/x", 5)}}, "l"},
@@ -105,6 +107,22 @@ TEST_F(SymbolicLinkTest, NothingIsWrittenThroughALinkThatStandsThere) {
     ASSERT_FALSE(onFile);
     EXPECT_EQ(onFile.error().code, ErrorCode::kAlreadyExists);
     EXPECT_TRUE(std::filesystem::is_empty(home() / "elsewhere"));
+}
+
+TEST_F(SymbolicLinkTest, AllAreMadeOrNone) {
+    std::filesystem::create_directory(destination());
+    std::filesystem::create_symlink("elsewhere", out("m"));
+    ZipBuilder()
+        .file("d/x", "data")
+        .add(symbolicLink("d/l", "x"))
+        .add(symbolicLink("m", "d"))
+        .add(symbolicLink("n", "d"))
+        .writeTo(archivePath());
+    const auto report = unzipItem(archivePath(), destination());
+    ASSERT_FALSE(report);
+    EXPECT_EQ(report.error().entry, "m");
+    EXPECT_EQ(listing(), (Paths{"d/", "d/x", "m@"}));
+    EXPECT_EQ(std::filesystem::read_symlink(out("m")), "elsewhere");
 }
 
 // Following each would take the square of their length: the kernel gives up after 40.

@@ -8,6 +8,7 @@
 #include <mutex>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <system_error>
 #include <thread>
 #include <utility>
@@ -94,7 +95,8 @@ class Extraction {
           threads_(options.threads != 0
                        ? options.threads
                        : std::clamp(std::thread::hardware_concurrency(), 1U, kMostThreads)),
-          readers_(threads_) {}
+          readers_(threads_),
+          links_([this](std::string_view path) { return plan_.holdsFolder(path); }) {}
 
     Result<ExtractionResult> run() {
         const DestinationTree::Room room = tree_.room();

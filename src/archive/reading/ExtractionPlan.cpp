@@ -19,19 +19,6 @@ constexpr std::uint64_t kLargeFile = 1024UL * 1024;
 constexpr std::size_t kMostFilesInTask = 64;
 constexpr std::uint64_t kMostBytesInTask = 1024UL * 1024;
 
-// Orders paths so that what is in a folder follows the folder at once: "/" is below every other
-// character ("a", "a/b", "a.b").
-bool pathBefore(std::string_view a, std::string_view b) {
-    const auto [inA, inB] = std::mismatch(a.begin(), a.end(), b.begin(), b.end());
-    if (inA == a.end() || inB == b.end()) {
-        return inA == a.end() && inB != b.end();
-    }
-    if (*inA == '/' || *inB == '/') {
-        return *inA == '/';
-    }
-    return static_cast<unsigned char>(*inA) < static_cast<unsigned char>(*inB);
-}
-
 Failure failureOf(const EntryData& data, ErrorCode code) {
     return Failure(Error{.code = code,
                          .entry = std::string(data.entry.path),
@@ -214,6 +201,25 @@ class Planner {
 };
 
 }  // namespace
+
+bool pathBefore(std::string_view a, std::string_view b) {
+    const auto [inA, inB] = std::mismatch(a.begin(), a.end(), b.begin(), b.end());
+    if (inA == a.end() || inB == b.end()) {
+        return inA == a.end() && inB != b.end();
+    }
+    if (*inA == '/' || *inB == '/') {
+        return *inA == '/';
+    }
+    return static_cast<unsigned char>(*inA) < static_cast<unsigned char>(*inB);
+}
+
+bool ExtractionPlan::holdsFolder(std::string_view path) const {
+    const auto found = std::lower_bound(
+        folders.begin(), folders.end(), path, [](const Folder& folder, std::string_view wanted) {
+            return pathBefore(folder.path, wanted);
+        });
+    return found != folders.end() && found->path == path;
+}
 
 std::uint64_t ExtractionPlan::bytesOnDisk(std::uint64_t blockSize) const {
     std::uint64_t sum = 0;

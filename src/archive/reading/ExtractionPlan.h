@@ -30,7 +30,7 @@ struct ExtractionPlan {
     };
     static constexpr std::size_t kTop = static_cast<std::size_t>(-1);
 
-    std::vector<Folder> folders;  // a folder stands behind the one that holds it
+    std::vector<Folder> folders;  // in pathBefore's order, so one stands behind that which holds it
     std::vector<const EntryData*> files;
     std::vector<Task> tasks;  // the longest first
     std::vector<const EntryData*> links;
@@ -39,10 +39,17 @@ struct ExtractionPlan {
 
     [[nodiscard]] std::size_t nodes() const { return folders.size() + files.size() + links.size(); }
 
+    // Whether one of `folders` has this path.
+    [[nodiscard]] bool holdsFolder(std::string_view path) const;
+
     // What it all takes of a file system: files rounded up to blocks, and a block for each folder.
     // UINT64_MAX if that does not fit into 64 bits.
     [[nodiscard]] std::uint64_t bytesOnDisk(std::uint64_t blockSize) const;
 };
+
+// Orders paths so that what is in a folder follows the folder at once: "/" is below every other
+// character ("a", "a/b", "a.b").
+[[nodiscard]] bool pathBefore(std::string_view a, std::string_view b);
 
 // The limits of the place that the files go to.
 struct PathLimits {

@@ -69,13 +69,23 @@ void FolderMaker::restoreEarly(std::size_t index, const Entry& entry, int descri
 
 Result<> FolderMaker::makeLinks(const std::vector<const EntryData*>& links,
                                 const LinkSafety& targets) {
-    for (const EntryData* link : links) {
-        const Entry& entry = link->entry;
+    for (std::size_t i = 0; i < links.size(); ++i) {
+        const Entry& entry = links[i]->entry;
         if (auto made = makeLink(entry, targets.targetOf(entry.path)); !made) {
+            // A file system that took two of them for one has others lead elsewhere.
+            for (std::size_t earlier = i; earlier-- > 0;) {
+                removeLink(links[earlier]->entry);
+            }
             return Failure(std::move(made.error()).about(entry.path, entry.localHeaderOffset));
         }
     }
     return {};
+}
+
+void FolderMaker::removeLink(const Entry& entry) {
+    if (auto parent = cursor_.enterParentOf(entry.path)) {
+        ::unlinkat(*parent, std::string(lastComponent(entry.path)).c_str(), 0);
+    }
 }
 
 Result<> FolderMaker::makeLink(const Entry& entry, const std::string& target) {

@@ -28,7 +28,7 @@ class FolderMaker {
     // several threads at once for different folders, after makeAll() and before makeLinks().
     void restoreEarly(std::size_t index, const Entry& entry, int descriptor);
 
-    // Makes the links with the targets that `targets` has for them.
+    // Makes the links with the targets that `targets` has for them: all, or after a failure none.
     [[nodiscard]] Result<> makeLinks(const std::vector<const EntryData*>& links,
                                      const LinkSafety& targets);
 
@@ -43,6 +43,7 @@ class FolderMaker {
     // Whether it was made or had been there.
     [[nodiscard]] Result<State> make(const ExtractionPlan::Folder& folder);
     [[nodiscard]] Result<> makeLink(const Entry& entry, const std::string& target);
+    void removeLink(const Entry& entry);
     [[nodiscard]] bool restore(const Entry& entry);
     // Whether mkdir gave it the right permissions, unlike where the umask or the owner's rights
     // differ.

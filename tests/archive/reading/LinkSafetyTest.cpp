@@ -7,8 +7,14 @@
 namespace pellumar::archive {
 namespace {
 
-bool allSafe(const std::map<std::string, std::string>& links) {
-    LinkSafety safety;
+using Links = std::map<std::string, std::string>;
+
+bool isAFolder(std::string_view path) {
+    return path == "d" || path == "d/e";
+}
+
+bool allSafe(const Links& links, bool (*isFolder)(std::string_view) = isAFolder) {
+    LinkSafety safety(isFolder);
     for (const auto& [path, target] : links) {
         EXPECT_TRUE(safety.add(path, target));
     }
@@ -53,7 +59,27 @@ TEST(LinkSafety, TargetsThatClimbAgainDoNotAddUpBeyondAPath) {
     for (int i = 0; i < 1300; ++i) {
         deep += "/x";
     }
-    EXPECT_FALSE(allSafe({{"a", "b/../b" + slow}, {"b", "c" + deep}}));
+    const auto anyFolder = [](std::string_view path) { return path != "a" && path != "b"; };
+    EXPECT_FALSE(allSafe({{"a", "b/../b" + slow}, {"b", "c" + deep}}, anyFolder));
+
+    Links many{{"b", "c" + deep.substr(0, 2000)}};
+    for (int i = 0; i < 3; ++i) {
+        many["d" + std::to_string(i)] = "b/..";
+    }
+    EXPECT_TRUE(allSafe(many, anyFolder));
+    for (int i = 0; i < 3000; ++i) {
+        many["d" + std::to_string(i)] = "b/..";
+    }
+    EXPECT_FALSE(allSafe(many, anyFolder));
+}
+
+// To a file system without regard to case "D/E/..." may go through the link "d/e/f", and so may any
+// name that is neither a folder's nor a link's.
+TEST(LinkSafety, NothingClimbsFromWhereNobodyKnows) {
+    EXPECT_FALSE(allSafe({{"d/e/f", "../.."}, {"g", "d/e/F/../x"}}));
+    EXPECT_FALSE(allSafe({{"g", "nowhere/../x"}}));
+    EXPECT_FALSE(allSafe({{"g", "d/../nowhere/x/../y"}}));
+    EXPECT_TRUE(allSafe({{"g", "d/../nowhere/x"}}));
 }
 
 TEST(LinkSafety, CirclesAreSafeUnlessTheyHaveToBeWalked) {
@@ -62,7 +88,7 @@ TEST(LinkSafety, CirclesAreSafeUnlessTheyHaveToBeWalked) {
 }
 
 TEST(LinkSafety, TargetsTogetherAreBounded) {
-    LinkSafety safety;
+    LinkSafety safety(isAFolder);
     const std::string half(LinkSafety::kMostTargetBytes / 2, 'x');
     EXPECT_TRUE(safety.add("a", half));
     EXPECT_TRUE(safety.add("b", half));
