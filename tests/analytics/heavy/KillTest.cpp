@@ -1,0 +1,175 @@
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <poll.h>
+#include <signal.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+#include <limits>
+#include <random>
+#include <set>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "LoggingChild.h"
+#include "analytics/AnalyticsEngine.h"
+#include "analytics/HttpTransport.h"
+#include "support/TemporaryFolder.h"
+#include "support/collector/Collector.h"
+
+namespace pellumar::test {
+namespace {
+
+constexpr int kKills = 200;
+constexpr int kEventsOfAChild = 60;
+// In every so many, events are logged without consent.
+constexpr int kForbiddenEvery = 10;
+constexpr std::chrono::seconds kDeadline{60};
+
+// This program as the child, with its standard output.
+class Child {
+  public:
+    Child(const std::string& folder, const std::string& address, int first, std::string_view how) {
+        std::array<int, 2> ends{};
+        if (::pipe2(ends.data(), O_CLOEXEC) != 0) {
+            ADD_FAILURE() << "no pipe";
+            return;
+        }
+        posix_spawn_file_actions_t actions;
+        posix_spawn_file_actions_init(&actions);
+        posix_spawn_file_actions_adddup2(&actions, ends[1], STDOUT_FILENO);
+        std::array<std::string, 6> words{"/proc/self/exe",
+                                         std::string(kChildArgument),
+                                         folder,
+                                         address,
+                                         std::to_string(first),
+                                         std::string(how)};
+        std::array<char*, words.size() + 1> arguments{};
+        for (std::size_t i = 0; i < words.size(); ++i) {
+            arguments[i] = words[i].data();
+        }
+        EXPECT_EQ(posix_spawn(&id_, arguments[0], &actions, nullptr, arguments.data(), environ), 0);
+        posix_spawn_file_actions_destroy(&actions);
+        ::close(ends[1]);
+        output_ = ends[0];
+    }
+    ~Child() {
+        kill();
+        ::close(output_);
+    }
+    Child(const Child&) = delete;
+    Child& operator=(const Child&) = delete;
+
+    // Reads until so many lines have come, or everything if the child has ended.
+    void readLines(std::ptrdiff_t count) {
+        std::array<char, 4096> buffer{};
+        ssize_t size = 0;
+        while (std::count(text_.begin(), text_.end(), '\n') < count &&
+               (size = ::read(output_, buffer.data(), buffer.size())) > 0) {
+            text_.append(buffer.data(), static_cast<std::size_t>(size));
+        }
+    }
+    void kill() {
+        if (id_ > 0) {
+            ::kill(id_, SIGKILL);
+            ::waitpid(id_, nullptr, 0);
+            id_ = -1;
+        }
+    }
+    // Of its events, those that it has said are stored.
+    [[nodiscard]] int stored() const {
+        const std::size_t end = text_.rfind('\n');
+        const std::size_t begin = text_.rfind('\n', end - 1);
+        return end == std::string::npos || begin == std::string::npos
+                   ? 0
+                   : std::stoi(text_.substr(begin + 1));
+    }
+
+  private:
+    pid_t id_ = -1;
+    int output_ = -1;
+    std::string text_;
+};
+
+std::set<int> arrivedAt(const Collector& collector) {
+    std::set<int> numbers;
+    for (const CollectedBatch& batch : collector.batches()) {
+        for (const CollectedRecord& record : batch.records) {
+            if (record.name == "counted") {
+                numbers.insert(record.attributes["n"].toInt());
+            }
+        }
+    }
+    return numbers;
+}
+
+// Sends the rest.
+void sendAll(const std::filesystem::path& folder, const Collector& collector) {
+    AnalyticsEnvironment environment;
+    environment.folder = folder;
+    environment.versions = {
+        .serviceName = "last", .serviceVersion = "1", .osType = "linux", .osVersion = "Debian"};
+    environment.idle = std::chrono::milliseconds(0);
+    environment.transport =
+        HttpTransport::maker({.address = collector.address(), .bearerToken = {}});
+    AnalyticsEngine engine(std::move(environment));
+    const auto deadline = std::chrono::steady_clock::now() + kDeadline;
+    const std::unique_ptr<AnalyticsStore> store = AnalyticsStore::open(folder);
+    ASSERT_TRUE(store);
+    while (store->events().count(1) > 0 && std::chrono::steady_clock::now() < deadline) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
+}
+
+// Kills one child, and says how many of its events were stored by then.
+int killOne(const std::filesystem::path& folder,
+            const Collector& collector,
+            int first,
+            std::mt19937& random,
+            bool forbidden) {
+    Child child(folder, collector.address().toStdString(), first, forbidden ? kForbidden : kPlain);
+    // Anywhere between its start and the end of its events.
+    child.readLines(static_cast<std::ptrdiff_t>(random() % (kEventsOfAChild / 5 * 2)));
+    std::this_thread::sleep_for(std::chrono::microseconds(random() % 3000));
+    child.kill();
+    child.readLines(std::numeric_limits<std::ptrdiff_t>::max());
+    return child.stored();
+}
+
+TEST(AnalyticsKill, WhatWasReportedStoredArrivesThoughTheProcessIsKilledAgainAndAgain) {
+    const TemporaryFolder parent;
+    const std::filesystem::path folder = parent / "analytics";
+    const Collector collector;
+    std::mt19937 random(6);
+    std::set<int> stored;
+    for (int round = 0; round < kKills; ++round) {
+        const bool forbidden = round % kForbiddenEvery == 0;
+        if (forbidden) {
+            // Denial would erase what has not left by then.
+            sendAll(folder, collector);
+        }
+        const int first = round * 100'000;
+        const int count = killOne(folder, collector, first, random, forbidden);
+        for (int i = 0; i < count; ++i) {
+            stored.insert(first + i);
+        }
+        ASSERT_FALSE(HasFailure());
+    }
+    sendAll(folder, collector);
+    const std::set<int> arrived = arrivedAt(collector);
+    std::vector<int> missing;
+    std::set_difference(
+        stored.begin(), stored.end(), arrived.begin(), arrived.end(), std::back_inserter(missing));
+    EXPECT_EQ(missing, std::vector<int>());
+    EXPECT_FALSE(collector.names().contains("forbidden"));
+    EXPECT_EQ(collector.faults(), QStringList());
+    EXPECT_GT(stored.size(), 10'000U);
+}
+
+}  // namespace
+}  // namespace pellumar::test
