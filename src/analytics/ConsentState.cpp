@@ -108,6 +108,9 @@ std::optional<qint64> ConsentState::timeOf(ConsentKind kind) const {
 }
 
 void ConsentState::set(ConsentKind kind, ConsentStatus status, qint64 time) {
+    if (consent_.status(kind) == status) {
+        return;
+    }
     consent_.set(kind, status);
     times_.at(indexOf(kind)) = status == ConsentStatus::kUnset ? std::nullopt : std::optional(time);
     unsaved_ = true;

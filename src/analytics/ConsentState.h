@@ -59,7 +59,7 @@ class ConsentState {
     [[nodiscard]] std::optional<qint64> timeOf(ConsentKind kind) const;
 
     // In force at once. If it cannot be written it stays so in this process, and every save() tries
-    // again.
+    // again. The same answer again changes nothing, not even its time.
     void set(ConsentKind kind, ConsentStatus status, qint64 time);
 
     // Takes over what another process has written. True if the consent is another one now.

@@ -5,6 +5,7 @@
 #include <QStandardPaths>
 
 #include "app/App.h"
+#include "app/Measurement.h"
 #include "app/OnboardingViewController.h"
 #include "app/SettingsViewController.h"
 #include "platform/FIRApp.h"
@@ -48,8 +49,10 @@ QStringList layoutModules() {
 
 Composition::Composition()
     : settings_(UserSettings::shared()),
-      engineOfEvents_(std::make_shared<RecordingAnalytics>()),
       remoteConfig_(std::make_shared<RemoteConfigService>(remoteOptions(settings_), console_)),
+      engineOfEvents_(
+          std::make_shared<AnalyticsEngine>(measurementEnvironment(settings_, remoteConfig_),
+                                            AnalyticsEngine::CrashCatching::kOn)),
       analytics_(settings_, *engineOfEvents_),
       fileSystem_(DocumentDirectory(), console_),
       memory_(memoryFile(), QSettings::IniFormat),
@@ -81,7 +84,9 @@ Composition::Composition()
                                    [this] { configureServices(); }})) {
     installIcons(engine_);
     engine_.addImageProvider(QStringLiteral("thumbnail"), new ThumbnailProvider);
+    followUsageSwitch(*engineOfEvents_, settings_);
     followAppearance();
+    followActivity();
     fillStoryboard();
     inbox_.clear();
     window_.setTitle(QGuiApplication::applicationDisplayName());
@@ -94,6 +99,7 @@ Composition::~Composition() {
     remoteConfig_->stop();
     // Screens go with the event loop, which has ended; what they work with goes now.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    engineOfEvents_->stop();
 }
 
 void Composition::configureServices() {
@@ -108,11 +114,24 @@ void Composition::followAppearance() {
     follow();
 }
 
+void Composition::followActivity() {
+    const auto follow = [this](Qt::ApplicationState state) {
+        engineOfEvents_->setActive(state == Qt::ApplicationActive);
+    };
+    QObject::connect(qGuiApp, &QGuiApplication::applicationStateChanged, &engine_, follow);
+    if (QGuiApplication::applicationState() == Qt::ApplicationActive) {
+        follow(Qt::ApplicationActive);
+    }
+}
+
 void Composition::fillStoryboard() {
     storyboard_.addScene(QStringLiteral("ViewController"),
                          [this] { return makeController<ViewController>(screens_, launches_); });
     storyboard_.addScene(QStringLiteral("SettingsViewController"), [this] {
-        return makeController<SettingsViewController>(screens_.ui, settings_, analytics_, opener_);
+        return makeController<SettingsViewController>(
+            screens_.ui, settings_, analytics_, opener_, [this] {
+                followUsageSwitch(*engineOfEvents_, settings_);
+            });
     });
     storyboard_.addScene(QStringLiteral("OnboardingViewController"), [this] {
         return makeController<OnboardingViewController>(screens_.ui, settings_, analytics_);

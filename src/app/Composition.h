@@ -6,10 +6,10 @@
 #include <memory>
 #include <vector>
 
+#include "analytics/AnalyticsEngine.h"
 #include "app/AppDelegate.h"
 #include "platform/GlobalDispatchQueue.h"
 #include "platform/MainDispatchQueue.h"
-#include "platform/RecordingAnalytics.h"
 #include "platform/desktop/Appearance.h"
 #include "platform/desktop/DesktopUrlOpener.h"
 #include "platform/desktop/PortalSleepInhibitor.h"
@@ -39,14 +39,15 @@ class Composition {
   private:
     void fillStoryboard();
     void followAppearance();
+    void followActivity();
     void configureServices();
 
     StreamConsole console_{stdout};
     MainDispatchQueue mainQueue_;
     GlobalDispatchQueue backgroundQueue_;
     const UserSettings& settings_;
-    std::shared_ptr<RecordingAnalytics> engineOfEvents_;
     std::shared_ptr<RemoteConfigService> remoteConfig_;
+    std::shared_ptr<AnalyticsEngine> engineOfEvents_;
     PellumarAnalytics analytics_;
     FileSystem fileSystem_;
     QSettings memory_;

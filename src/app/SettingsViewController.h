@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QPointer>
+#include <functional>
 
 #include "events/PellumarAnalytics.h"
 #include "platform/UrlOpener.h"
@@ -21,11 +22,12 @@ class SettingsViewController : public UIViewController, public StoryboardInstant
     enum Row { kUsageDataRow = 0, kDeveloperRow = 1 };
     Q_ENUM(Row)
 
-    // All must outlive this.
+    // All must outlive this. `usageSwitchChanged` is told after the setting is kept.
     SettingsViewController(const UIContext& context,
                            const UserSettings& settings,
                            const PellumarAnalytics& analytics,
-                           UrlOpener& opener);
+                           UrlOpener& opener,
+                           std::function<void()> usageSwitchChanged);
 
     Q_INVOKABLE void appUsageSwitchChanged();
     Q_INVOKABLE void seeMoreTapped();
@@ -43,6 +45,7 @@ class SettingsViewController : public UIViewController, public StoryboardInstant
     const UserSettings& settings_;
     const PellumarAnalytics& analytics_;
     UrlOpener& opener_;
+    const std::function<void()> usageSwitchChanged_;
     QPointer<QQuickItem> usageSwitch_;
 };
 

@@ -38,7 +38,10 @@ class StartUpTest : public ScreenFixture {
             return makeController<OnboardingViewController>(services.ui, settings, analytics);
         });
         storyboard.addScene("SettingsViewController", [this] {
-            return makeController<SettingsViewController>(services.ui, settings, analytics, opener);
+            return makeController<SettingsViewController>(
+                services.ui, settings, analytics, opener, [this] {
+                    usageAnswers.append(settings.userDefaults().boolForKey("SEND_USAGE_DATA"));
+                });
         });
         storyboard.setInitialScene("ViewController");
         delegate->setWindow(&window);
@@ -50,6 +53,7 @@ class StartUpTest : public ScreenFixture {
     }
 
     RecordingOpener opener;
+    QList<bool> usageAnswers;
     UIStoryboard storyboard;
     bool areServicesConfigured = false;
     std::shared_ptr<AppDelegate> delegate = std::make_shared<AppDelegate>(
@@ -142,6 +146,7 @@ TEST_F(StartUpTest, SettingsSwitchDecidesAboutEvents) {
     settingsScreen->didSelectRow(SettingsViewController::kDeveloperRow);
     settingsScreen->didSelectRow(SettingsViewController::kUsageDataRow);
     EXPECT_EQ(eventNames().size(), 1);
+    EXPECT_EQ(usageAnswers, QList<bool>{false});
     EXPECT_EQ(opener.opened.size(), 2);
 
     usage->setProperty("checked", true);
