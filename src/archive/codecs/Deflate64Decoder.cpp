@@ -1,66 +1,24 @@
 #include "archive/codecs/Deflate64Decoder.h"
 
 #include <algorithm>
-#include <array>
+
+#include "archive/codecs/DeflateFormat.h"
 
 namespace pellumar::archive {
 
 namespace {
 
-constexpr std::uint16_t kEndOfBlock = 256;
-constexpr std::size_t kFirstLength = 257;
-
-// A length or distance is `base` plus the number in the `bits` behind its code.
-struct Range {
-    std::uint32_t base;
-    std::uint8_t bits;
-};
-
-// RFC 1951, 3.2.5.
-constexpr std::array<Range, 29> kLengths{
-    {{3, 0},  {4, 0},  {5, 0},  {6, 0},   {7, 0},   {8, 0},   {9, 0},   {10, 0},  {11, 1}, {13, 1},
-     {15, 1}, {17, 1}, {19, 2}, {23, 2},  {27, 2},  {31, 2},  {35, 3},  {43, 3},  {51, 3}, {59, 3},
-     {67, 4}, {83, 4}, {99, 4}, {115, 4}, {131, 5}, {163, 5}, {195, 5}, {227, 5}, {258, 0}}};
-// What the last of them means in Deflate64.
-constexpr Range kLongLength{3, 16};
-
-// The last two are Deflate64's alone.
-constexpr std::array<Range, 32> kDistances{
-    {{1, 0},      {2, 0},      {3, 0},      {4, 0},     {5, 1},     {7, 1},     {9, 2},
-     {13, 2},     {17, 3},     {25, 3},     {33, 4},    {49, 4},    {65, 5},    {97, 5},
-     {129, 6},    {193, 6},    {257, 7},    {385, 7},   {513, 8},   {769, 8},   {1025, 9},
-     {1537, 9},   {2049, 10},  {3073, 10},  {4097, 11}, {6145, 11}, {8193, 12}, {12289, 12},
-     {16385, 13}, {24577, 13}, {32769, 14}, {49153, 14}}};
-
 constexpr std::size_t distanceCodes(DeflateVariant variant) {
-    return variant == DeflateVariant::kDeflate64 ? 32 : 30;
+    return variant == DeflateVariant::kDeflate64 ? kDeflate64Distances : kDeflateDistances;
 }
 
-// Code lengths of blocks with fixed codes (RFC 1951, 3.2.6). The last literals and, in DEFLATE, the
-// last distances stand for nothing, but take part in the code.
-constexpr std::array<std::uint8_t, HuffmanTable::kMostSymbols> makeFixedLiterals() {
-    std::array<std::uint8_t, HuffmanTable::kMostSymbols> lengths{};
-    for (std::size_t symbol = 0; symbol < lengths.size(); ++symbol) {
-        if (symbol < 144 || symbol >= 280) {
-            lengths[symbol] = 8;
-        } else {
-            lengths[symbol] = symbol < 256 ? 9 : 7;
-        }
-    }
-    return lengths;
-}
-
-constexpr auto kFixedLiterals = makeFixedLiterals();
-constexpr std::size_t kFixedDistances = 32;
-constexpr std::uint8_t kFixedDistanceLength = 5;
-
-InflateProgress progressOf(HuffmanTable::Symbol::Kind kind) {
+InflateProgress progressOf(HuffmanSymbol::Kind kind) {
     switch (kind) {
-        case HuffmanTable::Symbol::Kind::kFound:
+        case HuffmanSymbol::Kind::kFound:
             return InflateProgress::kDone;
-        case HuffmanTable::Symbol::Kind::kNeedsBits:
+        case HuffmanSymbol::Kind::kNeedsBits:
             return InflateProgress::kNeedsInput;
-        case HuffmanTable::Symbol::Kind::kInvalid:
+        case HuffmanSymbol::Kind::kInvalid:
             break;
     }
     return InflateProgress::kDamaged;
@@ -128,14 +86,14 @@ InflateProgress Deflate64Decoder::readBlockHeader() {
     bits_.drop(3);
     lastBlock_ = (header & 1U) != 0;
     switch (header >> 1U) {
-        case 0:
+        case kStoredBlock:
             bits_.align();
             state_ = State::kStoredSize;
             return InflateProgress::kDone;
-        case 1:
+        case kFixedBlock:
             state_ = State::kSymbols;
             return useFixedCodes() ? InflateProgress::kDone : InflateProgress::kDamaged;
-        case 2:
+        case kDynamicBlock:
             header_.begin();
             state_ = State::kDynamicHeader;
             return InflateProgress::kDone;
@@ -178,7 +136,7 @@ InflateProgress Deflate64Decoder::readDynamicHeader() {
     if (progress != InflateProgress::kDone) {
         return progress;
     }
-    constexpr auto kGaps = HuffmanTable::Gaps::kFewerThanTwoSymbols;
+    constexpr auto kGaps = CodeGaps::kFewerThanTwoSymbols;
     state_ = State::kSymbols;
     return literals_.build(header_.literalLengths(), kGaps) &&
                    distances_.build(header_.distanceLengths(), kGaps)
@@ -187,17 +145,15 @@ InflateProgress Deflate64Decoder::readDynamicHeader() {
 }
 
 bool Deflate64Decoder::useFixedCodes() {
-    std::array<std::uint8_t, kFixedDistances> distances{};
-    distances.fill(kFixedDistanceLength);
-    return literals_.build(kFixedLiterals, HuffmanTable::Gaps::kNone) &&
-           distances_.build(distances, HuffmanTable::Gaps::kNone);
+    return literals_.build(kFixedLiteralLengths, CodeGaps::kNone) &&
+           distances_.build(kFixedDistanceLengths, CodeGaps::kNone);
 }
 
 InflateProgress Deflate64Decoder::decodeSymbols() {
     while (true) {
-        static_cast<void>(bits_.fill(HuffmanTable::kLongestCode));
-        const HuffmanTable::Symbol symbol = literals_.find(bits_.peek(), bits_.available());
-        if (symbol.kind != HuffmanTable::Symbol::Kind::kFound) {
+        static_cast<void>(bits_.fill(kLongestCode));
+        const HuffmanSymbol symbol = literals_.find(bits_.peek(), bits_.available());
+        if (symbol.kind != HuffmanSymbol::Kind::kFound) {
             return progressOf(symbol.kind);
         }
         if (symbol.value > kEndOfBlock) {
@@ -216,13 +172,13 @@ InflateProgress Deflate64Decoder::decodeSymbols() {
     }
 }
 
-InflateProgress Deflate64Decoder::decodeLength(const HuffmanTable::Symbol& symbol) {
+InflateProgress Deflate64Decoder::decodeLength(const HuffmanSymbol& symbol) {
     const std::size_t code = symbol.value - kFirstLength;
-    if (code >= kLengths.size()) {
+    if (code >= kLengthRanges.size()) {
         return InflateProgress::kDamaged;
     }
-    const bool isLong = variant_ == DeflateVariant::kDeflate64 && code == kLengths.size() - 1;
-    const Range range = isLong ? kLongLength : kLengths[code];
+    const bool isLong = variant_ == DeflateVariant::kDeflate64 && code == kLengthRanges.size() - 1;
+    const DeflateRange range = isLong ? kDeflate64LongLength : kLengthRanges[code];
     if (!bits_.fill(symbol.length + range.bits)) {
         return InflateProgress::kNeedsInput;
     }
@@ -234,15 +190,15 @@ InflateProgress Deflate64Decoder::decodeLength(const HuffmanTable::Symbol& symbo
 }
 
 InflateProgress Deflate64Decoder::decodeDistance() {
-    static_cast<void>(bits_.fill(HuffmanTable::kLongestCode));
-    const HuffmanTable::Symbol symbol = distances_.find(bits_.peek(), bits_.available());
-    if (symbol.kind != HuffmanTable::Symbol::Kind::kFound) {
+    static_cast<void>(bits_.fill(kLongestCode));
+    const HuffmanSymbol symbol = distances_.find(bits_.peek(), bits_.available());
+    if (symbol.kind != HuffmanSymbol::Kind::kFound) {
         return progressOf(symbol.kind);
     }
     if (symbol.value >= distanceCodes(variant_)) {
         return InflateProgress::kDamaged;
     }
-    const Range range = kDistances[symbol.value];
+    const DeflateRange range = kDistanceRanges[symbol.value];
     if (!bits_.fill(symbol.length + range.bits)) {
         return InflateProgress::kNeedsInput;
     }

@@ -48,7 +48,7 @@ class Deflate64Decoder final : public Decoder {
     [[nodiscard]] InflateProgress copyStored();
     [[nodiscard]] InflateProgress readDynamicHeader();
     [[nodiscard]] InflateProgress decodeSymbols();
-    [[nodiscard]] InflateProgress decodeLength(const HuffmanTable::Symbol& symbol);
+    [[nodiscard]] InflateProgress decodeLength(const HuffmanSymbol& symbol);
     [[nodiscard]] InflateProgress decodeDistance();
     [[nodiscard]] InflateProgress copyMatch();
 

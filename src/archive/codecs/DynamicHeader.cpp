@@ -2,11 +2,11 @@
 
 #include <algorithm>
 
+#include "archive/codecs/DeflateFormat.h"
+
 namespace pellumar::archive {
 
 namespace {
-
-constexpr std::size_t kEndOfBlock = 256;
 
 // The order in which the lengths of the code length code are given.
 constexpr std::array<std::uint8_t, 19>
@@ -65,15 +65,15 @@ InflateProgress DynamicHeader::readCodeLengthCode(BitReader& bits) {
         codeLengthLengths_[kOrder[index_]] = static_cast<std::uint8_t>(bits.peek(3));
         bits.drop(3);
     }
-    return table_.build(codeLengthLengths_, HuffmanTable::Gaps::kNone) ? InflateProgress::kDone
-                                                                       : InflateProgress::kDamaged;
+    return table_.build(codeLengthLengths_, CodeGaps::kNone) ? InflateProgress::kDone
+                                                             : InflateProgress::kDamaged;
 }
 
 InflateProgress DynamicHeader::readLengths(BitReader& bits) {
-    using Kind = HuffmanTable::Symbol::Kind;
+    using Kind = HuffmanSymbol::Kind;
     while (index_ < literals_ + distances_) {
-        static_cast<void>(bits.fill(HuffmanTable::kLongestCode));
-        const HuffmanTable::Symbol symbol = table_.find(bits.peek(), bits.available());
+        static_cast<void>(bits.fill(kLongestCode));
+        const HuffmanSymbol symbol = table_.find(bits.peek(), bits.available());
         if (symbol.kind != Kind::kFound) {
             return symbol.kind == Kind::kNeedsBits ? InflateProgress::kNeedsInput
                                                    : InflateProgress::kDamaged;

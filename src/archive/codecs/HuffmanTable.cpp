@@ -2,88 +2,17 @@
 
 namespace pellumar::archive {
 
-namespace {
-
-// A code is packed from its highest bit on, all else from the lowest.
-std::size_t reverse(std::size_t code, unsigned length) {
-    std::size_t reversed = 0;
-    for (unsigned bit = 0; bit < length; ++bit) {
-        reversed = (reversed << 1U) | ((code >> bit) & 1U);
-    }
-    return reversed;
-}
-
-}  // namespace
-
-bool HuffmanTable::build(std::span<const std::uint8_t> lengths, Gaps gaps) {
-    counts_.fill(0);
-    for (const std::uint8_t length : lengths) {
-        ++counts_[length];
-    }
-    counts_[0] = 0;
-
-    // The codes that are still free at each length double from one to the next.
-    int left = 1;
-    std::size_t total = 0;
-    std::array<std::size_t, kLongestCode + 1> offsets{};
-    for (unsigned length = 1; length <= kLongestCode; ++length) {
-        left = 2 * left - counts_[length];
-        if (left < 0) {
-            return false;
-        }
-        offsets[length] = total;
-        total += counts_[length];
-    }
-    const bool few = total == 0 || (total == 1 && counts_[1] == 1);
-    if (left > 0 && !(few && gaps == Gaps::kFewerThanTwoSymbols)) {
+bool HuffmanTable::build(std::span<const std::uint8_t> lengths, CodeGaps gaps) {
+    if (!code_.build(lengths, gaps)) {
         return false;
     }
-
-    for (std::size_t symbol = 0; symbol < lengths.size(); ++symbol) {
-        if (lengths[symbol] != 0) {
-            symbols_[offsets[lengths[symbol]]++] = static_cast<std::uint16_t>(symbol);
+    fast_.fill({});
+    code_.forEach(kFastBits, [this](std::uint16_t symbol, unsigned length, std::size_t code) {
+        for (std::size_t at = code; at < kFastSize; at += std::size_t{1} << length) {
+            fast_[at] = {.kind = HuffmanSymbol::Kind::kFound, .value = symbol, .length = length};
         }
-    }
-    fillFast();
+    });
     return true;
-}
-
-void HuffmanTable::fillFast() {
-    fast_.fill(Symbol{});
-    std::size_t code = 0;
-    std::size_t index = 0;
-    for (unsigned length = 1; length <= kFastBits; ++length) {
-        for (unsigned i = 0; i < counts_[length]; ++i, ++index, ++code) {
-            const std::size_t step = std::size_t{1} << length;
-            for (std::size_t at = reverse(code, length); at < kFastSize; at += step) {
-                fast_[at] = {
-                    .kind = Symbol::Kind::kFound, .value = symbols_[index], .length = length};
-            }
-        }
-        code <<= 1U;
-    }
-}
-
-HuffmanTable::Symbol HuffmanTable::findSlowly(std::uint64_t bits, unsigned available) const {
-    std::size_t code = 0;
-    std::size_t first = 0;  // the first code of this length
-    std::size_t index = 0;  // and its place in symbols_
-    for (unsigned length = 1; length <= kLongestCode; ++length) {
-        if (length > available) {
-            return {.kind = Symbol::Kind::kNeedsBits};
-        }
-        code |= (bits >> (length - 1)) & 1U;
-        const std::size_t count = counts_[length];
-        if (code - first < count) {
-            return {.kind = Symbol::Kind::kFound,
-                    .value = symbols_[index + (code - first)],
-                    .length = length};
-        }
-        index += count;
-        first = (first + count) << 1U;
-        code <<= 1U;
-    }
-    return {.kind = Symbol::Kind::kInvalid};
 }
 
 }  // namespace pellumar::archive

@@ -4,30 +4,11 @@
 #include <bit>
 #include <cstring>
 
+#include "archive/codecs/BitReader.h"
+
 namespace pellumar::archive {
 
 namespace {
-
-constexpr unsigned kLongestCodeword = 15;
-constexpr std::size_t kMostLiterals = 286;  // 3.2.7: HLIT's range ends here
-constexpr std::size_t kMostDistances = 30;
-constexpr std::uint16_t kEndOfBlock = 256;
-
-// Block types (3.2.3).
-constexpr unsigned kStored = 0;
-constexpr unsigned kFixed = 1;
-constexpr unsigned kDynamic = 2;
-
-// Extra bits of the length symbols 257 to 285 and of the distance symbols (3.2.5).
-constexpr std::array<std::uint8_t, 29> kLengthExtra = {0, 0, 0, 0, 0, 0, 0, 0, 1, 1, 1, 1, 2, 2, 2,
-                                                       2, 3, 3, 3, 3, 4, 4, 4, 4, 5, 5, 5, 5, 0};
-constexpr std::array<std::uint8_t, kMostDistances> kDistanceExtra = {
-    0, 0, 0, 0, 1, 1, 2, 2,  3,  3,  4,  4,  5,  5,  6,
-    6, 7, 7, 8, 8, 9, 9, 10, 10, 11, 11, 12, 12, 13, 13};
-
-// The order in which the code length code's lengths come (3.2.7).
-constexpr std::array<std::uint8_t, 19> kCodeLengthOrder =
-    {16, 17, 18, 0, 8, 7, 9, 6, 10, 5, 11, 4, 12, 3, 13, 2, 14, 1, 15};
 
 // A step is the number of bits to skip, and in the two highest bits what comes then.
 constexpr std::uint8_t kStepBits = 0x3F;
@@ -42,45 +23,19 @@ std::uint8_t stepOf(std::size_t symbol, unsigned length) {
     if (symbol == kEndOfBlock) {
         return static_cast<std::uint8_t>(length | kRare);
     }
-    const std::size_t index = symbol - kEndOfBlock - 1;
-    if (index >= kLengthExtra.size()) {
+    const std::size_t index = symbol - kFirstLength;
+    if (index >= kLengthRanges.size()) {
         return 0;
     }
-    return static_cast<std::uint8_t>((length + kLengthExtra[index]) | kThenDistance);
-}
-
-// Codewords are sent from their highest bit (3.1.1), tables are looked up from the lowest.
-std::uint32_t reversed(std::uint32_t codeword, unsigned length) {
-    std::uint32_t result = 0;
-    for (unsigned i = 0; i < length; ++i) {
-        result = (result << 1U) | ((codeword >> i) & 1U);
-    }
-    return result;
-}
-
-// Calls use(symbol, length, reversed codeword) for every symbol of a canonical code (3.2.2).
-template <typename Use>
-void forEachCodeword(std::span<const std::uint8_t> lengths,
-                     const std::array<std::uint16_t, 16>& count,
-                     Use use) {
-    std::array<std::uint32_t, kLongestCodeword + 1> next{};
-    for (unsigned length = 1; length < kLongestCodeword; ++length) {
-        next[length + 1] = (next[length] + count[length]) << 1U;
-    }
-    for (std::size_t symbol = 0; symbol < lengths.size(); ++symbol) {
-        const unsigned length = lengths[symbol];
-        if (length != 0) {
-            use(symbol, length, reversed(next[length]++, length));
-        }
-    }
+    return static_cast<std::uint8_t>((length + kLengthRanges[index].bits) | kThenDistance);
 }
 
 }  // namespace
 
 // The stream's bits, lowest first. Behind its end come zeros, and then ensure() fails.
-class DeflateBlockWalker::BitReader {
+class DeflateBlockWalker::WordReader {
   public:
-    explicit BitReader(ByteView stream) : stream_(stream) {}
+    explicit WordReader(ByteView stream) : stream_(stream) {}
 
     // Makes at least 56 bits ready; false once bits behind the end were skipped.
     [[nodiscard]] bool ensure() {
@@ -124,6 +79,13 @@ class DeflateBlockWalker::BitReader {
         count_ = 0;
     }
 
+    // Goes on at a bit, at most the stream's last.
+    void moveToBit(std::size_t bit) {
+        moveTo(bit / 8);
+        static_cast<void>(ensure());
+        skip(static_cast<unsigned>(bit % 8));
+    }
+
     // Skips to the next byte boundary and over a stored block's lengths and bytes (3.2.4).
     [[nodiscard]] bool skipStored() {
         const std::size_t start = (position() + 7) / 8;
@@ -156,49 +118,8 @@ class DeflateBlockWalker::BitReader {
     unsigned count_ = 0;
 };
 
-bool DeflateBlockWalker::Code::assign(std::span<const std::uint8_t> lengths) {
-    count.fill(0);
-    for (const std::uint8_t length : lengths) {
-        ++count[length];
-    }
-    count[0] = 0;
-    int left = 1;
-    std::array<std::uint16_t, kLongestCodeword + 2> offsets{};
-    for (unsigned length = 1; length <= kLongestCodeword; ++length) {
-        left = 2 * left - count[length];
-        if (left < 0) {
-            return false;
-        }
-        offsets[length + 1] = static_cast<std::uint16_t>(offsets[length] + count[length]);
-    }
-    for (std::size_t symbol = 0; symbol < lengths.size(); ++symbol) {
-        if (lengths[symbol] != 0) {
-            symbols[offsets[lengths[symbol]]++] = static_cast<std::uint16_t>(symbol);
-        }
-    }
-    return true;
-}
-
-std::uint16_t DeflateBlockWalker::Code::decode(std::uint64_t bits, unsigned& length) const {
-    std::uint32_t codeword = 0;
-    std::uint32_t first = 0;
-    std::uint32_t index = 0;
-    for (length = 1; length <= kLongestCodeword; ++length) {
-        codeword |= static_cast<std::uint32_t>(bits & 1U);
-        bits >>= 1U;
-        if (codeword < first + count[length]) {
-            return symbols[index + codeword - first];
-        }
-        index += count[length];
-        first = (first + count[length]) << 1U;
-        codeword <<= 1U;
-    }
-    length = 0;
-    return 0;
-}
-
 std::optional<DeflateBlockWalker::Layout> DeflateBlockWalker::walk(ByteView stream) {
-    BitReader reader(stream);
+    WordReader reader(stream);
     while (true) {
         const std::size_t start = reader.position();
         if (!reader.ensure()) {
@@ -207,19 +128,12 @@ std::optional<DeflateBlockWalker::Layout> DeflateBlockWalker::walk(ByteView stre
         const bool last = reader.take(1) != 0;
         const unsigned type = reader.take(2);
         bool walked = false;
-        if (type == kStored) {
+        if (type == kStoredBlock) {
             walked = reader.skipStored();
-        } else if (type == kFixed) {
-            std::array<std::uint8_t, 288> literals{};  // 3.2.6
-            std::fill_n(literals.begin(), 144, std::uint8_t{8});
-            std::fill(literals.begin() + 144, literals.begin() + 256, std::uint8_t{9});
-            std::fill(literals.begin() + 256, literals.begin() + 280, std::uint8_t{7});
-            std::fill(literals.begin() + 280, literals.end(), std::uint8_t{8});
-            std::array<std::uint8_t, kMostDistances> distances{};
-            distances.fill(5);
-            walked = setCodes(literals, distances) && walkSymbols(reader);
-        } else if (type == kDynamic) {
-            walked = readDynamicCodes(reader) && walkSymbols(reader);
+        } else if (type == kFixedBlock) {
+            walked = setCodes(kFixedLiteralLengths, kFixedDistanceLengths) && walkSymbols(reader);
+        } else if (type == kDynamicBlock) {
+            walked = readDynamicCodes(stream, reader) && walkSymbols(reader);
         }
         if (!walked || reader.position() > stream.size() * 8) {
             return std::nullopt;
@@ -230,81 +144,49 @@ std::optional<DeflateBlockWalker::Layout> DeflateBlockWalker::walk(ByteView stre
     }
 }
 
-bool DeflateBlockWalker::readDynamicCodes(BitReader& reader) {
-    const std::size_t literals = reader.take(5) + 257;
-    const std::size_t distances = reader.take(5) + 1;
-    const std::size_t codeLengths = reader.take(4) + 4;
-    if (literals > kMostLiterals || distances > kMostDistances) {
+bool DeflateBlockWalker::readDynamicCodes(ByteView stream, WordReader& reader) {
+    const std::size_t start = reader.position();
+    const ByteView rest = stream.subspan(start / 8);
+    BitReader bits;
+    bits.feed(rest);
+    const auto skipped = static_cast<unsigned>(start % 8);
+    if (!bits.fill(skipped)) {
         return false;
     }
-    std::array<std::uint8_t, kCodeLengthOrder.size()> codeLengthLengths{};
-    for (std::size_t i = 0; i < codeLengths; ++i) {
-        if (!reader.ensure()) {
-            return false;
-        }
-        codeLengthLengths[kCodeLengthOrder[i]] = static_cast<std::uint8_t>(reader.take(3));
-    }
-    Code codeLengthCode;
-    if (!codeLengthCode.assign(codeLengthLengths)) {
+    bits.drop(skipped);
+    header_.begin();
+    if (header_.read(bits) != InflateProgress::kDone) {
         return false;
     }
-    std::array<std::uint8_t, kMostLiterals + kMostDistances> lengths{};
-    for (std::size_t i = 0; i < literals + distances;) {
-        unsigned length = 0;
-        if (!reader.ensure()) {
-            return false;
-        }
-        const std::uint16_t symbol = codeLengthCode.decode(reader.bits(), length);
-        reader.skip(length);
-        if (length == 0) {
-            return false;
-        }
-        if (symbol < 16) {
-            lengths[i++] = static_cast<std::uint8_t>(symbol);
-            continue;
-        }
-        if (symbol == 16 && i == 0) {
-            return false;
-        }
-        const std::uint8_t repeated = symbol == 16 ? lengths[i - 1] : std::uint8_t{0};
-        const std::size_t count = symbol == 16   ? reader.take(2) + 3
-                                  : symbol == 17 ? reader.take(3) + 3
-                                                 : reader.take(7) + 11;
-        if (i + count > literals + distances) {
-            return false;
-        }
-        std::fill_n(lengths.begin() + static_cast<std::ptrdiff_t>(i), count, repeated);
-        i += count;
-    }
-    const std::span<const std::uint8_t> all(lengths);
-    return setCodes(all.first(literals), all.subspan(literals, distances));
+    reader.moveToBit((start / 8 + bits.position()) * 8 - bits.available());
+    return setCodes(header_.literalLengths(), header_.distanceLengths());
 }
 
 bool DeflateBlockWalker::setCodes(std::span<const std::uint8_t> literalLengths,
                                   std::span<const std::uint8_t> distanceLengths) {
-    if (!literalCode_.assign(literalLengths) || !distanceCode_.assign(distanceLengths)) {
+    constexpr auto kGaps = CodeGaps::kFewerThanTwoSymbols;
+    if (!literalCode_.build(literalLengths, kGaps) ||
+        !distanceCode_.build(distanceLengths, kGaps)) {
         return false;
     }
-    fillLiteralTable(literalLengths);
-    fillDistanceTable(distanceLengths);
+    fillLiteralTable();
+    fillDistanceTable();
     return true;
 }
 
-void DeflateBlockWalker::fillLiteralTable(std::span<const std::uint8_t> lengths) {
+void DeflateBlockWalker::fillLiteralTable() {
     singles_.fill({});
-    forEachCodeword(lengths,
-                    literalCode_.count,
-                    [this](std::size_t symbol, unsigned length, std::uint32_t codeword) {
-                        const Single single{.length = static_cast<std::uint8_t>(length),
-                                            .step = stepOf(symbol, length)};
-                        if (length > kTableBits || single.step == 0) {
-                            return;
-                        }
-                        for (std::size_t i = codeword; i < singles_.size();
-                             i += std::size_t{1} << length) {
-                            singles_[i] = single;
-                        }
-                    });
+    literalCode_.forEach(
+        kTableBits, [this](std::size_t symbol, unsigned length, std::size_t codeword) {
+            const Single single{.length = static_cast<std::uint8_t>(length),
+                                .step = stepOf(symbol, length)};
+            if (single.step == 0) {
+                return;
+            }
+            for (std::size_t i = codeword; i < singles_.size(); i += std::size_t{1} << length) {
+                singles_[i] = single;
+            }
+        });
     for (std::size_t i = 0; i < kTableSize; ++i) {
         unsigned bits = 0;
         std::uint8_t step = kRare;
@@ -323,25 +205,20 @@ void DeflateBlockWalker::fillLiteralTable(std::span<const std::uint8_t> lengths)
     }
 }
 
-void DeflateBlockWalker::fillDistanceTable(std::span<const std::uint8_t> lengths) {
+void DeflateBlockWalker::fillDistanceTable() {
     const std::span<std::uint8_t> steps = std::span(steps_).subspan(kTableSize);
     std::fill(steps.begin(), steps.end(), kRare);
-    forEachCodeword(
-        lengths,
-        distanceCode_.count,
-        [steps](std::size_t symbol, unsigned length, std::uint32_t codeword) {
-            if (length > kTableBits) {
-                return;
-            }
-            const auto step = static_cast<std::uint8_t>(length + kDistanceExtra[symbol]);
+    distanceCode_.forEach(
+        kTableBits, [steps](std::size_t symbol, unsigned length, std::size_t codeword) {
+            const auto step = static_cast<std::uint8_t>(length + kDistanceRanges[symbol].bits);
             for (std::size_t i = codeword; i < steps.size(); i += std::size_t{1} << length) {
                 steps[i] = step;
             }
         });
 }
 
-bool DeflateBlockWalker::walkSymbols(BitReader& stream) const {
-    BitReader reader = stream;  // so that it can live in registers
+bool DeflateBlockWalker::walkSymbols(WordReader& stream) const {
+    WordReader reader = stream;  // so that it can live in registers
     unsigned step = 0;
     while (true) {
         // Of two steps at most one is a distance's: 15 + 13 bits; the other has up to 15 + 5.
@@ -369,15 +246,15 @@ bool DeflateBlockWalker::walkSymbols(BitReader& stream) const {
 }
 
 unsigned DeflateBlockWalker::stepOfLong(std::uint64_t bits) const {
-    unsigned length = 0;
-    const std::uint16_t symbol = literalCode_.decode(bits, length);
-    return length == 0 ? 0 : stepOf(symbol, length);
+    const HuffmanSymbol symbol = literalCode_.find(bits, kLongestCode);
+    return symbol.kind == HuffmanSymbol::Kind::kFound ? stepOf(symbol.value, symbol.length) : 0;
 }
 
 unsigned DeflateBlockWalker::stepOfLongDistance(std::uint64_t bits) const {
-    unsigned length = 0;
-    const std::uint16_t symbol = distanceCode_.decode(bits, length);
-    return length == 0 ? 0 : length + kDistanceExtra[symbol];
+    const HuffmanSymbol symbol = distanceCode_.find(bits, kLongestCode);
+    return symbol.kind == HuffmanSymbol::Kind::kFound
+               ? symbol.length + kDistanceRanges[symbol.value].bits
+               : 0;
 }
 
 }  // namespace pellumar::archive

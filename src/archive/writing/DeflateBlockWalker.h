@@ -7,6 +7,9 @@
 #include <span>
 
 #include "archive/base/Bytes.h"
+#include "archive/codecs/CanonicalCode.h"
+#include "archive/codecs/DeflateFormat.h"
+#include "archive/codecs/DynamicHeader.h"
 
 namespace pellumar::archive {
 
@@ -27,17 +30,7 @@ class DeflateBlockWalker {
     [[nodiscard]] std::optional<Layout> walk(ByteView stream);
 
   private:
-    class BitReader;
-
-    // A canonical code, for codewords too long for the tables.
-    struct Code {
-        std::array<std::uint16_t, 16> count{};  // codewords of each length
-        std::array<std::uint16_t, 288> symbols{};
-
-        [[nodiscard]] bool assign(std::span<const std::uint8_t> lengths);
-        // The symbol at the front of `bits` and its length in bits, 0 if there is none.
-        [[nodiscard]] std::uint16_t decode(std::uint64_t bits, unsigned& length) const;
-    };
+    class WordReader;
 
     // A symbol of the literal and length code as found by the next bits: its codeword's length, 0
     // for one too long for the table, and its step.
@@ -49,18 +42,20 @@ class DeflateBlockWalker {
     static constexpr unsigned kTableBits = 11;
     static constexpr std::size_t kTableSize = std::size_t{1} << kTableBits;
 
-    [[nodiscard]] bool readDynamicCodes(BitReader& reader);
+    [[nodiscard]] bool readDynamicCodes(ByteView stream, WordReader& reader);
     [[nodiscard]] bool setCodes(std::span<const std::uint8_t> literalLengths,
                                 std::span<const std::uint8_t> distanceLengths);
-    void fillLiteralTable(std::span<const std::uint8_t> lengths);
-    void fillDistanceTable(std::span<const std::uint8_t> lengths);
-    [[nodiscard]] bool walkSymbols(BitReader& stream) const;
+    void fillLiteralTable();
+    void fillDistanceTable();
+    [[nodiscard]] bool walkSymbols(WordReader& stream) const;
     // Of codewords that are not in the tables; 0 if there is no such codeword.
     [[nodiscard]] unsigned stepOfLong(std::uint64_t bits) const;
     [[nodiscard]] unsigned stepOfLongDistance(std::uint64_t bits) const;
 
-    Code literalCode_;
-    Code distanceCode_;
+    DynamicHeader header_{kDeflateDistances};
+    // Fill the tables below, and find codewords that are too long for them.
+    CanonicalCode literalCode_;
+    CanonicalCode distanceCode_;
     std::array<Single, kTableSize> singles_{};
     // How far to go for the next bits. In the lower half over as many literals as lie whole within
     // them, and a length that follows; in the upper half over a distance.
