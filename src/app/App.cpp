@@ -3,6 +3,7 @@
 #include "platform/documents/Documents.h"
 #include "platform/kit/Kit.h"
 #include "platform/look/Look.h"
+#include "platform/photos/Photos.h"
 #include "platform/sharing/Sharing.h"
 #include "screens/Screens.h"
 
@@ -15,6 +16,7 @@ void registerLayouts() {
     registerLook();
     registerKit();
     registerDocuments();
+    registerPhotos();
     registerSharing();
     registerScreens();
     qml_register_types_Pellumar_App();

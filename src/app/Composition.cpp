@@ -9,9 +9,9 @@
 #include "app/OnboardingViewController.h"
 #include "app/SettingsViewController.h"
 #include "platform/FIRApp.h"
+#include "platform/documents/ThumbnailProvider.h"
 #include "platform/look/Look.h"
 #include "platform/sharing/DesktopTargets.h"
-#include "screens/ThumbnailProvider.h"
 #include "screens/ViewController.h"
 
 namespace pellumar {
@@ -41,6 +41,7 @@ QStringList layoutModules() {
     return {QStringLiteral("Pellumar.App"),
             QStringLiteral("Pellumar.Screens"),
             QStringLiteral("Pellumar.Sharing"),
+            QStringLiteral("Pellumar.Photos"),
             QStringLiteral("Pellumar.Documents"),
             QStringLiteral("Pellumar.Kit")};
 }
@@ -57,6 +58,9 @@ Composition::Composition()
       fileSystem_(DocumentDirectory(), console_),
       memory_(memoryFile(), QSettings::IniFormat),
       inbox_(DocumentInbox::standardFolder(), mainQueue_, backgroundQueue_),
+      thumbnails_(ThumbnailStore::standardFolder(), Thumbnailers(Thumbnailers::standardFolders())),
+      photoLibrary_(PHPhotoLibrary::standardFolders()),
+      images_(thumbnails_),
       review_(memory_,
               opener_,
               QDateTime::currentDateTimeUtc,
@@ -71,6 +75,7 @@ Composition::Composition()
                .fileSystem = fileSystem_,
                .jobs = {fileSystem_, analytics_, console_, mainQueue_, backgroundQueue_},
                .documents = {inbox_, mainQueue_, backgroundQueue_, memory_},
+               .photos = {photoLibrary_, images_, mainQueue_, backgroundQueue_},
                .shareTargets = targets_,
                .review = review_,
                .sleep = sleep_,
@@ -85,6 +90,7 @@ Composition::Composition()
     installIcons(engine_);
     engine_.addImageProvider(QStringLiteral("thumbnail"), new ThumbnailProvider);
     followUsageSwitch(*engineOfEvents_, settings_);
+    engine_.addImageProvider(ThumbnailProvider::name(), new ThumbnailProvider(thumbnails_));
     followAppearance();
     followActivity();
     fillStoryboard();
@@ -136,6 +142,12 @@ void Composition::fillStoryboard() {
     storyboard_.addScene(QStringLiteral("OnboardingViewController"), [this] {
         return makeController<OnboardingViewController>(screens_.ui, settings_, analytics_);
     });
+    for (const char* const madeInCode : {"ZipViewController",
+                                         "UnzipViewController",
+                                         "ConfirmationPopupViewController",
+                                         "FeedbackViewController"}) {
+        storyboard_.refuseScene(QString::fromLatin1(madeInCode));
+    }
     storyboard_.setInitialScene(QStringLiteral("ViewController"));
 }
 

@@ -16,6 +16,7 @@
 #include "platform/desktop/SKStoreReviewController.h"
 #include "platform/kit/FrameAnimator.h"
 #include "platform/kit/QmlViewLoader.h"
+#include "platform/photos/FileImageManager.h"
 #include "platform/remoteconfig/RemoteConfigService.h"
 #include "screens/RelevantActionCount.h"
 #include "screens/ScreenServices.h"
@@ -52,6 +53,9 @@ class Composition {
     FileSystem fileSystem_;
     QSettings memory_;
     DocumentInbox inbox_;
+    const ThumbnailStore thumbnails_;
+    const PHPhotoLibrary photoLibrary_;
+    FileImageManager images_;
     DesktopUrlOpener opener_;
     SKStoreReviewController review_;
     PortalSleepInhibitor sleep_;

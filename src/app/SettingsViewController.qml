@@ -32,8 +32,12 @@ ScreenView {
                     spacing: Theme.space2
                     RowLayout {
                         Layout.fillWidth: true
+                        Layout.preferredHeight: Math.max(Theme.touchTarget, label.implicitHeight)
                         BodyText {
+                            id: label
                             Layout.fillWidth: true
+                            Layout.fillHeight: true
+                            verticalAlignment: Text.AlignVCenter
                             text: qsTr("Send usage data")
                             font.pixelSize: Theme.fontTitle
                             Accessible.ignored: true

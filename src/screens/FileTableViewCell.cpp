@@ -1,5 +1,6 @@
 #include "screens/FileTableViewCell.h"
 
+#include "platform/documents/ThumbnailProvider.h"
 #include "platform/documents/UIDocumentInteractionController.h"
 
 namespace pellumar {
@@ -15,11 +16,9 @@ void FileTableViewCell::configure(const QUrl& url, IndexPath indexPath) {
     titleLabel_->setProperty("text", url.fileName());
     const QStringList icons = UIDocumentInteractionController(url).icons();
     iconName_ = icons.isEmpty() ? QString() : icons.last();
-    thumbnail_ =
-        iconName_ == QLatin1String("image")
-            ? "image://thumbnail/" +
-                  QString::fromLatin1(url.toEncoded().toBase64(QByteArray::Base64UrlEncoding))
-            : QString();
+    const bool hasPicture =
+        iconName_ == QLatin1String("image") || iconName_ == QLatin1String("video");
+    thumbnail_ = hasPicture ? ThumbnailProvider::source(url) : QString();
     detail_.clear();
     emit configured();
     question_ = details_.ask(url, [this](const QString& detail) {

@@ -7,6 +7,7 @@
 #include "platform/SleepInhibitor.h"
 #include "platform/StoreReview.h"
 #include "platform/kit/UIViewController.h"
+#include "platform/photos/PhotoServices.h"
 #include "platform/sharing/UIActivityViewController.h"
 #include "settings/UserSettings.h"
 
@@ -20,6 +21,7 @@ struct ScreenServices {
     const FileSystem& fileSystem;
     ZipManager::Environment jobs;
     DocumentServices documents;
+    PhotoServices photos;
     const std::vector<std::shared_ptr<ShareTarget>>& shareTargets;
     StoreReview& review;
     SleepInhibitor& sleep;

@@ -37,6 +37,14 @@ ScreenView {
                 description: qsTr("Anything on this device, many at once")
                 onClicked: root.controller.fromFilesTapped()
             }
+            ActionCard {
+                Layout.fillWidth: true
+                objectName: "fromPhotosButton"
+                iconName: "photos"
+                text: qsTr("Photos and videos")
+                description: qsTr("From your Pictures and Videos folders")
+                onClicked: root.controller.fromPhotosTapped()
+            }
         }
     }
 }

@@ -1,10 +1,11 @@
 #include "gui/ScreenFixture.h"
 
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 
 #include "platform/FileUrl.h"
+#include "platform/documents/ThumbnailProvider.h"
 #include "platform/look/Look.h"
-#include "screens/ThumbnailProvider.h"
 #include "support/ZipBuilder.h"
 
 namespace pellumar::test {
@@ -16,10 +17,14 @@ ScreenFixture::ScreenFixture()
       fileSystem(DocumentDirectory(folder / "Documents"), console),
       memory(QString::fromStdString(folder / "memory.ini"), QSettings::IniFormat),
       inbox(folder / "Inbox", mainQueue, backgroundQueue),
+      thumbnails(folder / "thumbnails", Thumbnailers({})),
+      photoLibrary({folder / "Pictures", folder / "Videos"}),
+      images(thumbnails),
       viewLoader(engine,
                  {"Pellumar.App",
                   "Pellumar.Screens",
                   "Pellumar.Sharing",
+                  "Pellumar.Photos",
                   "Pellumar.Documents",
                   "Pellumar.Kit"}),
       launches(defaults),
@@ -29,12 +34,13 @@ ScreenFixture::ScreenFixture()
                .fileSystem = fileSystem,
                .jobs = {fileSystem, analytics, console, mainQueue, backgroundQueue},
                .documents = {inbox, mainQueue, backgroundQueue, memory},
+               .photos = {photoLibrary, images, mainQueue, backgroundQueue},
                .shareTargets = targets,
                .review = review,
                .sleep = sleep,
                .mainQueue = mainQueue} {
     installIcons(engine);
-    engine.addImageProvider("thumbnail", new ThumbnailProvider);
+    engine.addImageProvider(ThumbnailProvider::name(), new ThumbnailProvider(thumbnails));
     fileSystem.createFolders();
 }
 
@@ -57,6 +63,17 @@ void ScreenFixture::settle() {
         mainQueue.runAll();
         QCoreApplication::processEvents();
     }
+}
+
+bool ScreenFixture::waitUntil(const std::function<bool()>& condition,
+                              std::chrono::milliseconds patience) {
+    const QDeadlineTimer deadline(patience);
+    while (!condition() && !deadline.hasExpired()) {
+        backgroundQueue.runAll();
+        mainQueue.runAll();
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 10);
+    }
+    return condition();
 }
 
 std::shared_ptr<ViewController> ScreenFixture::showHome(QSize size) {

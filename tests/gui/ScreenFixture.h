@@ -4,6 +4,8 @@
 
 #include <QQmlEngine>
 #include <QSettings>
+#include <chrono>
+#include <functional>
 #include <memory>
 
 #include "platform/RecordingAnalytics.h"
@@ -11,6 +13,7 @@
 #include "platform/kit/UINavigationController.h"
 #include "platform/kit/UITabBarController.h"
 #include "platform/kit/UIWindow.h"
+#include "platform/photos/FileImageManager.h"
 #include "screens/RelevantActionCount.h"
 #include "screens/ScreenServices.h"
 #include "screens/ViewController.h"
@@ -58,6 +61,10 @@ class ScreenFixture : public testing::Test {
     // Runs all that waits, until nothing does.
     void settle();
 
+    // Runs all that waits until the condition holds; false if it does not in time.
+    [[nodiscard]] bool waitUntil(const std::function<bool()>& condition,
+                                 std::chrono::milliseconds patience = std::chrono::seconds(20));
+
     // The home screen in tabs, in view, as after a launch.
     [[nodiscard]] std::shared_ptr<ViewController> showHome(QSize size = {360, 640});
     [[nodiscard]] std::shared_ptr<UINavigationController> stack() const { return stack_; }
@@ -82,6 +89,9 @@ class ScreenFixture : public testing::Test {
     FileSystem fileSystem;
     QSettings memory;
     DocumentInbox inbox;
+    ThumbnailStore thumbnails;
+    PHPhotoLibrary photoLibrary;
+    FileImageManager images;
     std::vector<std::shared_ptr<ShareTarget>> targets;
     CountingReview review;
     NoInhibitor sleep;

@@ -8,11 +8,13 @@
 #include <QCryptographicHash>
 #include <QFile>
 #include <QImageReader>
+#include <QMimeDatabase>
 #include <QSaveFile>
 #include <QStandardPaths>
 #include <array>
 #include <cstdint>
 #include <system_error>
+#include <utility>
 
 namespace pellumar {
 namespace {
@@ -52,6 +54,9 @@ QImage fitted(const QImage& image, int side) {
 
 }  // namespace
 
+ThumbnailStore::ThumbnailStore(fs::path folder, Thumbnailers helpers)
+    : folder_(std::move(folder)), helpers_(std::move(helpers)) {}
+
 fs::path ThumbnailStore::standardFolder() {
     const QString cache = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
     return fs::path(cache.toStdString()) / "thumbnails";
@@ -59,8 +64,7 @@ fs::path ThumbnailStore::standardFolder() {
 
 QImage ThumbnailStore::thumbnail(const fs::path& file, int side) const {
     struct stat status {};
-    if (side <= 0 || ::stat(file.c_str(), &status) != 0 || !S_ISREG(status.st_mode) ||
-        status.st_size > kLargestFile) {
+    if (side <= 0 || ::stat(file.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) {
         return {};
     }
     const QByteArray uri = uriOf(file);
@@ -71,7 +75,7 @@ QImage ThumbnailStore::thumbnail(const fs::path& file, int side) const {
     const fs::path place = folder_ / size.folder / (hash.toStdString() + ".png");
     QImage image = read(place, original);
     if (image.isNull()) {
-        image = decode(file, size.side);
+        image = make(file, status.st_size, size.side);
         // Of what is small already, and of thumbnails, none are kept.
         const fs::path inside = file.lexically_relative(folder_);
         const bool isThumbnail = !inside.empty() && *inside.begin() != "..";
@@ -89,6 +93,18 @@ QImage ThumbnailStore::read(const fs::path& place, const Original& original) {
     const bool isValid =
         image.text(kUri) == original.uri && image.text(kChanged) == original.changed;
     return isValid ? image : QImage();
+}
+
+QImage ThumbnailStore::make(const fs::path& file, qint64 length, int side) const {
+    const QString name = QString::fromStdString(file.native());
+    const QString type =
+        QMimeDatabase().mimeTypeForFile(name, QMimeDatabase::MatchExtension).name();
+    const bool isVideo = type.startsWith(QLatin1String("video/"));
+    if (!isVideo && length > kLargestFile) {
+        return {};
+    }
+    const QImage image = isVideo ? QImage() : decode(file, side);
+    return image.isNull() ? fitted(helpers_.picture(file, type, side), side) : image;
 }
 
 QImage ThumbnailStore::decode(const fs::path& file, int side) {

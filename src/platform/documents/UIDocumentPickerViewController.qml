@@ -19,31 +19,16 @@ Sheet {
     ColumnLayout {
         anchors.fill: parent
         spacing: 0
-        RowLayout {
+        SheetHeader {
             Layout.fillWidth: true
             Layout.margins: Theme.space1
-            QuietButton {
-                text: qsTr("Cancel")
-                color: Theme.text
-                onClicked: root.controller.cancelTapped()
-            }
-            BodyText {
-                Layout.fillWidth: true
-                text: root.controller.heading
-                font.pixelSize: Theme.fontTitle
-                font.weight: Theme.weightStrong
-                horizontalAlignment: Text.AlignHCenter
-                elide: Text.ElideRight
-                wrapMode: Text.NoWrap
-                Accessible.role: Accessible.Heading
-            }
-            QuietButton {
-                text: root.controller.model.selectedCount > 1
-                      ? root.controller.confirmTitle + " (" + root.controller.model.selectedCount + ")"
-                      : root.controller.confirmTitle
-                enabled: root.controller.canConfirm
-                onClicked: root.controller.confirmTapped()
-            }
+            title: root.controller.heading
+            confirmText: root.controller.model.selectedCount > 1
+                         ? root.controller.confirmTitle + " (" + root.controller.model.selectedCount + ")"
+                         : root.controller.confirmTitle
+            canConfirm: root.controller.canConfirm
+            onCancelled: root.controller.cancelTapped()
+            onConfirmed: root.controller.confirmTapped()
         }
         ListView {
             Layout.fillWidth: true
@@ -54,8 +39,14 @@ Sheet {
             spacing: Theme.space2
             clip: true
             model: root.controller.placeNames
-            delegate: PlaceChip {
-                controller: root.controller
+            delegate: Chip {
+                required property int index
+                required property string modelData
+
+                text: modelData
+                iconName: root.controller.placeIcons[index]
+                isCurrent: index === root.controller.currentPlace
+                onClicked: root.controller.placeTapped(index)
             }
         }
         RowLayout {

@@ -4,6 +4,8 @@ import QtQuick
 PlainButton {
     id: button
 
+    property real cornerRadius: Theme.controlRadius
+
     leftPadding: Theme.space5
     rightPadding: Theme.space5
     topPadding: Theme.space3
@@ -11,7 +13,7 @@ PlainButton {
     opacity: enabled ? 1 : 0.5
 
     background: Rectangle {
-        radius: Theme.controlRadius
+        radius: button.cornerRadius
         gradient: Gradient {
             GradientStop { position: 0; color: Theme.accentTop }
             GradientStop { position: 1; color: Theme.accentBottom }

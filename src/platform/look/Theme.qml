@@ -12,6 +12,8 @@ QtObject {
     readonly property color accentTop: "#ffa438"
     readonly property color accentBottom: "#ff652b"
     readonly property color onAccent: "#2a1206"
+    // Marks on photos, and the knob of a switch.
+    readonly property color onPicture: "#ffffff"
     // The accent as text and in small icons: over 4.5 to 1 against the background.
     readonly property color accentText: dark ? "#ffa438" : "#c2410c"
     readonly property color accentTint: dark ? "#33241a" : "#fff0e4"

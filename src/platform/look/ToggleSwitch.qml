@@ -31,7 +31,7 @@ AbstractButton {
             width: 28
             height: 28
             radius: 14
-            color: "#ffffff"
+            color: Theme.onPicture
             Behavior on x { NumberAnimation { duration: Theme.quick } }
         }
         FocusRing { control: toggle; radius: 18 }

@@ -36,7 +36,7 @@ class ThumbnailStoreTest : public testing::Test {
     }
 
     TemporaryFolder folder;
-    ThumbnailStore store{folder / "cache"};
+    ThumbnailStore store{folder / "cache", Thumbnailers({})};
 };
 
 TEST_F(ThumbnailStoreTest, KeepsAndRenewsAPictureOfAnyName) {
@@ -79,6 +79,32 @@ TEST_F(ThumbnailStoreTest, IsFoundByTheNameThatOthersWouldLookFor) {
     EXPECT_EQ(image.text("Thumb::URI"), uri);
     EXPECT_EQ(kept("normal").front().stem().string(),
               QCryptographicHash::hash(uri, QCryptographicHash::Md5).toHex().toStdString());
+}
+
+TEST_F(ThumbnailStoreTest, ProgramsOfTheDesktopMakeWhatWeCannotRead) {
+    paint("poster", {300, 150}, Qt::green);
+    writeFile(
+        folder / "make",
+        "#!/bin/sh\n[ \"$1\" = 256 ] && cp \"" + (folder / "poster").string() + "\" \"$3\"\n");
+    fs::permissions(folder / "make", fs::perms::owner_all);
+    fs::create_directory(folder / "thumbnailers");
+    const auto describe = [this](const std::string& name, const std::string& command) {
+        writeFile(folder / "thumbnailers" / name,
+                  "[Thumbnailer Entry]\nExec=" + command + "\nMimeType=video/mp4;image/heif;\n");
+    };
+    describe("a.thumbnailer", "does-not-exist %i %o");
+    describe("b.thumbnailer", (folder / "make").string() + " %s %i %o");
+    describe("c.thumbnailer", "false");
+    const ThumbnailStore aided(folder / "cache", Thumbnailers({folder / "thumbnailers"}));
+    for (const char* const name : {"100% \"film\".mp4", "photo.heic"}) {
+        writeFile(folder / name, "not to be read by us");
+        const QImage picture = aided.thumbnail(folder / name, 256);
+        EXPECT_EQ(picture.size(), QSize(256, 128)) << name;
+        EXPECT_TRUE(aided.thumbnail(folder / "other.webm", 256).isNull());
+    }
+    EXPECT_EQ(kept("large").size(), 2U);
+    fs::remove(folder / "make");
+    EXPECT_FALSE(aided.thumbnail(folder / "photo.heic", 200).isNull());
 }
 
 }  // namespace

@@ -1,21 +1,17 @@
 import QtQuick
-import Pellumar.Documents
-import Pellumar.Look
 
-// A folder that people start from.
+// One of several things of which one is chosen.
 PlainButton {
     id: chip
 
-    required property int index
-    required property string modelData
-    required property UIDocumentPickerViewController controller
-    readonly property bool isCurrent: index === controller.currentPlace
+    property string iconName: ""
+    property bool isCurrent: false
 
     height: Theme.touchTarget
-    text: modelData
-    leftPadding: Theme.space3
+    leftPadding: iconName === "" ? Theme.space4 : Theme.space3
     rightPadding: Theme.space4
-    onClicked: controller.placeTapped(index)
+    Accessible.checkable: true
+    Accessible.checked: isCurrent
 
     background: Rectangle {
         anchors.fill: parent
@@ -33,8 +29,9 @@ PlainButton {
             anchors.verticalCenter: parent.verticalCenter
             width: 18
             height: 18
-            name: chip.controller.placeIcons[chip.index]
+            name: chip.iconName
             color: label.color
+            visible: chip.iconName !== ""
         }
         BodyText {
             id: label

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/documents/ThumbnailStore.h"
+#include "platform/photos/PHImageManager.h"
+
+namespace pellumar {
+
+// Assets are files. One whose file lies on a network's file system is stored elsewhere. Everything
+// is done in the calling thread, which must be one that may block.
+class FileImageManager : public PHImageManager {
+  public:
+    // `posters` must outlive this.
+    explicit FileImageManager(const ThumbnailStore& posters) : posters_(posters) {}
+
+    void requestContentEditingInput(const PHAsset& photo,
+                                    PHRequestOptions options,
+                                    const FileAnswer& answer) override;
+    void requestVideo(const PHAsset& video,
+                      PHRequestOptions options,
+                      const FileAnswer& answer) override;
+    // One answer. Formats that Qt cannot read come as large as the desktop's thumbnailers make
+    // them.
+    void requestImage(const PHAsset& asset,
+                      PHRequestOptions options,
+                      const ImageAnswer& answer) override;
+
+  private:
+    const ThumbnailStore& posters_;
+};
+
+}  // namespace pellumar

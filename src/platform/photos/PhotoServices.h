@@ -1,0 +1,17 @@
+#pragma once
+
+#include "platform/DispatchQueue.h"
+#include "platform/photos/PHImageManager.h"
+#include "platform/photos/PHPhotoLibrary.h"
+
+namespace pellumar {
+
+// What the photo source works with. All of it must outlive it.
+struct PhotoServices {
+    const PHPhotoLibrary& library;
+    PHImageManager& images;
+    DispatchQueue& mainQueue;
+    DispatchQueue& backgroundQueue;
+};
+
+}  // namespace pellumar
