@@ -5,6 +5,7 @@
 #include <QElapsedTimer>
 #include <QTemporaryDir>
 
+#include "app/FeedbackViewController.h"
 #include "app/MainInterface.h"
 #include "platform/kit/MBProgressHUD.h"
 #include "platform/kit/UIAlertController.h"
@@ -65,16 +66,25 @@ std::shared_ptr<UINavigationController> ScreenGallery::showHome() {
     return std::dynamic_pointer_cast<UINavigationController>(tabs->selectedViewController());
 }
 
+void ScreenGallery::push(const std::shared_ptr<UIViewController>& screen) {
+    screen->setHidesBottomBarWhenPushed(true);
+    showHome()->pushViewController(screen, false);
+}
+
+void ScreenGallery::present(const std::shared_ptr<UIViewController>& screen) {
+    showHome()->topViewController()->present(screen, false);
+}
+
 std::vector<ScreenGallery::Scene> ScreenGallery::scenes() {
+    std::vector<Scene> all = shellScenes();
+    for (const auto& some : {archiveScenes(), composerScenes()}) {
+        all.insert(all.end(), some.begin(), some.end());
+    }
+    return all;
+}
+
+std::vector<ScreenGallery::Scene> ScreenGallery::shellScenes() {
     const ScreenServices& services = composition_.screens();
-    const auto push = [this](const std::shared_ptr<UIViewController>& screen) {
-        screen->setHidesBottomBarWhenPushed(true);
-        showHome()->pushViewController(screen, false);
-    };
-    const auto present = [this](const std::shared_ptr<UIViewController>& screen) {
-        showHome()->topViewController()->present(screen, false);
-    };
-    const UIContext& ui = services.ui;
     return {
         {"onboarding",
          [this] {
@@ -89,44 +99,81 @@ std::vector<ScreenGallery::Scene> ScreenGallery::scenes() {
              const auto root = composition_.window().rootViewController();
              std::dynamic_pointer_cast<UITabBarController>(root)->select(1);
          }},
+        {"feedback",
+         [this, &services] {
+             const auto feedback = makeController<FeedbackViewController>(
+                 services.ui, services.settings, services.analytics, services.review);
+             present(feedback);
+             QObject fourthStar;
+             fourthStar.setProperty("tag", 3);
+             outlet<StarEvaluationView>(feedback->view(), QStringLiteral("starEvaluationView"))
+                 ->starSelected(&fourthStar);
+         }},
+    };
+}
+
+std::vector<ScreenGallery::Scene> ScreenGallery::archiveScenes() {
+    const ScreenServices& services = composition_.screens();
+    return {
         {"results",
-         [=, &services] { push(makeController<UnzipViewController>(services, sampleFiles())); }},
+         [this, &services] { push(makeController<UnzipViewController>(services, sampleFiles())); }},
         {"results-empty",
-         [=, &services] { push(makeController<UnzipViewController>(services, QList<QUrl>())); }},
-        {"composer", [=, &services] { push(makeController<ZipViewController>(services)); }},
+         [this, &services] { push(makeController<UnzipViewController>(services, QList<QUrl>())); }},
         {"popup",
-         [=] {
+         [this, &services] {
              present(makeController<ConfirmationPopupViewController>(
-                 ui, QUrl::fromLocalFile("/Holiday photos from Zürich.zip")));
+                 services.ui, QUrl::fromLocalFile("/Holiday photos from Zürich.zip")));
          }},
         {"picker",
-         [=, &services] {
+         [this, &services] {
              present(makeController<UIDocumentPickerViewController>(
-                 ui, services.documents, QStringList{"public.item"}, true));
+                 services.ui, services.documents, QStringList{"public.item"}, true));
          }},
         {"share",
-         [=, &services] {
+         [this, &services] {
              present(makeController<UIActivityViewController>(
-                 ui,
+                 services.ui,
                  SharingServices{services.documents, services.shareTargets},
                  sampleFiles().mid(6, 1)));
          }},
+    };
+}
+
+std::vector<ScreenGallery::Scene> ScreenGallery::composerScenes() {
+    const ScreenServices& services = composition_.screens();
+    return {
+        {"composer", [this, &services] { push(makeController<ZipViewController>(services)); }},
+        {"photos",
+         [this, &services] {
+             const auto picker = makeController<PHPickerViewController>(
+                 services.ui,
+                 samplePhotos_.services(),
+                 PHPickerConfiguration{
+                     .isBoundToLibrary = true,
+                     .selectionLimit = 100,
+                     .filter = {PHAssetMediaType::kImage, PHAssetMediaType::kVideo}});
+             present(picker);
+             settle();
+             for (const int row : {1, 3, 4}) {
+                 picker->assetTapped(row);
+             }
+         }},
         {"title-alert",
-         [=, &services] {
+         [this, &services] {
              const auto composer = makeController<ZipViewController>(services);
              push(composer);
              composer->askTitleForFiles(sampleFiles());
          }},
         {"overlay",
-         [this, ui] {
-             const auto stack = showHome();
-             const auto hud =
-                 MBProgressHUD::showAddedTo(ui, stack->topViewController()->view(), false);
+         [this, &services] {
+             const auto composer = makeController<ZipViewController>(services);
+             push(composer);
+             const auto hud = MBProgressHUD::showAddedTo(services.ui, composer->view(), false);
              hud->setMode(MBProgressHUD::Mode::kAnnularDeterminate);
              hud->setLabel(QStringLiteral("Compressing files"));
              hud->setProgress(0.5F);
              // It lives as long as what it covers.
-             QObject::connect(stack.get(), &QObject::destroyed, [hud] {});
+             QObject::connect(composer.get(), &QObject::destroyed, [hud] {});
          }},
     };
 }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "app/Composition.h"
+#include "app/SamplePhotos.h"
 
 namespace pellumar {
 
@@ -13,7 +14,8 @@ namespace pellumar {
 // to take pictures of them.
 class ScreenGallery {
   public:
-    explicit ScreenGallery(Composition& composition) : composition_(composition) {}
+    explicit ScreenGallery(Composition& composition)
+        : composition_(composition), samplePhotos_(composition.screens().photos) {}
 
     // Loads every screen; false if the layouts said anything against it, which is written to
     // standard error.
@@ -31,11 +33,17 @@ class ScreenGallery {
     };
 
     [[nodiscard]] std::vector<Scene> scenes();
+    [[nodiscard]] std::vector<Scene> shellScenes();
+    [[nodiscard]] std::vector<Scene> archiveScenes();
+    [[nodiscard]] std::vector<Scene> composerScenes();
     [[nodiscard]] std::shared_ptr<UINavigationController> showHome();
+    void push(const std::shared_ptr<UIViewController>& screen);
+    void present(const std::shared_ptr<UIViewController>& screen);
     // Lets animations and the background finish, up to a limit.
     static void settle();
 
     Composition& composition_;
+    const SamplePhotos samplePhotos_;
 };
 
 }  // namespace pellumar

@@ -6,11 +6,28 @@
 #include "platform/kit/ClassName.h"
 
 namespace pellumar {
+namespace {
+
+// Views that are made by layouts, and have one of their own, have nothing else to hold on to.
+constexpr const char* kLoaderProperty = "pellumarViewLoader";
+
+}  // namespace
 
 QmlViewLoader::QmlViewLoader(QQmlEngine& engine, const QStringList& modules) : engine_(engine) {
     for (QString module : modules) {
         folders_.append(":/qt-project.org/imports/" + module.replace('.', '/') + '/');
     }
+    engine.setProperty(kLoaderProperty, QVariant::fromValue(this));
+}
+
+ViewLoader& QmlViewLoader::ofEngineOf(const QQuickItem& item) {
+    const QQmlEngine* const engine = qmlEngine(&item);
+    auto* const loader =
+        engine == nullptr ? nullptr : engine->property(kLoaderProperty).value<QmlViewLoader*>();
+    if (loader == nullptr) {
+        qFatal("%s was not made by a layout.", item.metaObject()->className());
+    }
+    return *loader;
 }
 
 QString QmlViewLoader::layoutFile(const QMetaObject* type) const {

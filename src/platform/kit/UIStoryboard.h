@@ -18,6 +18,13 @@ class UIStoryboard {
     void addScene(const QString& identifier, const SceneMaker& maker) {
         scenes_.insert(identifier, maker);
     }
+    // A screen that is made in code only: to ask for it as a scene is a programming error and stops
+    // the process.
+    void refuseScene(const QString& identifier) {
+        scenes_.insert(identifier, []() -> std::shared_ptr<UIViewController> {
+            qFatal("init(coder:) has not been implemented");
+        });
+    }
     void setInitialScene(const QString& identifier) { initial_ = identifier; }
 
     // Null if there is no such scene.

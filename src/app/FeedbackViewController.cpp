@@ -1,0 +1,52 @@
+#include "app/FeedbackViewController.h"
+
+namespace pellumar {
+namespace {
+
+constexpr qreal kCornerRadius = 16;
+constexpr qreal kDisabledAlpha = 0.5;
+// More stars than these, and the user is satisfied.
+constexpr int kThreshold = 3;
+
+}  // namespace
+
+FeedbackViewController::FeedbackViewController(const UIContext& context,
+                                               const UserSettings& settings,
+                                               const PellumarAnalytics& analytics,
+                                               StoreReview& review)
+    : UIViewController(context), settings_(settings), analytics_(analytics), review_(review) {}
+
+void FeedbackViewController::viewDidLoad() {
+    UIViewController::viewDidLoad();
+    sendButton_ = outlet<QQuickItem>(view(), QStringLiteral("sendButton"));
+    starEvaluationView_ = outlet<StarEvaluationView>(view(), QStringLiteral("starEvaluationView"));
+    starEvaluationView_->setDelegate(weakly(this));
+    sendButton_->setProperty("cornerRadius", kCornerRadius);
+    sendButton_->setOpacity(kDisabledAlpha);
+    sendButton_->setEnabled(false);
+}
+
+void FeedbackViewController::starEvaluationViewDidSelectRating(int rating) {
+    evaluation_ = rating;
+    sendButton_->setOpacity(1);
+    sendButton_->setEnabled(true);
+}
+
+void FeedbackViewController::sendTapped() {
+    analytics_.logEvaluatedApp(evaluation_);
+    if (evaluation_ <= kThreshold) {
+        dismiss(true);
+        return;
+    }
+    dismiss(true, [&settings = settings_, &review = review_] {
+        settings.userDefaults().setBool(true, settings.achievedSuccessKey());
+        review.requestReview();
+    });
+}
+
+bool FeedbackViewController::goBack() {
+    closeTapped();
+    return true;
+}
+
+}  // namespace pellumar
