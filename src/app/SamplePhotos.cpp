@@ -32,16 +32,16 @@ SamplePhotos::SamplePhotos(const PhotoServices& real)
 // A sun over hills, of a colour and at an hour of its own.
 void SamplePhotos::paint(int number) const {
     QRandomGenerator random(static_cast<quint32>(number));
-    const qreal hue = random.generateDouble();
+    const auto hue = static_cast<float>(random.generateDouble());
     QImage image(kSide, kSide, QImage::Format_RGB32);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     QLinearGradient sky(0, 0, 0, kSide);
-    sky.setColorAt(0, QColor::fromHsvF(hue, 0.5, 0.95));
-    sky.setColorAt(1, QColor::fromHsvF(hue, 0.15, 1));
+    sky.setColorAt(0, QColor::fromHsvF(hue, 0.5F, 0.95F));
+    sky.setColorAt(1, QColor::fromHsvF(hue, 0.15F, 1));
     painter.fillRect(image.rect(), sky);
-    painter.setBrush(QColor::fromHsvF(0.11, 0.35, 1));
+    painter.setBrush(QColor::fromHsvF(0.11F, 0.35F, 1));
     painter.drawEllipse(random.bounded(30, 170), random.bounded(20, 90), 44, 44);
     for (int layer = 0; layer < 3; ++layer) {
         QPainterPath hills(QPointF(0, kSide));
@@ -49,7 +49,7 @@ void SamplePhotos::paint(int number) const {
             hills.lineTo(x, 120 + 35 * layer + random.bounded(-25, 25));
         }
         hills.lineTo(kSide, kSide);
-        painter.setBrush(QColor::fromHsvF(hue, 0.45, 0.65 - 0.17 * layer));
+        painter.setBrush(QColor::fromHsvF(hue, 0.45F, 0.65F - 0.17F * static_cast<float>(layer)));
         painter.drawPath(hills);
     }
     painter.end();

@@ -51,9 +51,13 @@ class NoInhibitor : public SleepInhibitor {
 // A screen in a window of its own, over a workspace, preferences and queues of the test's. Both
 // queues run on the main thread, when told.
 class ScreenFixture : public testing::Test {
+    Q_DISABLE_COPY_MOVE(ScreenFixture)
+
+  public:
+    ~ScreenFixture() override;
+
   protected:
     ScreenFixture();
-    ~ScreenFixture() override;
 
     // Lets go of screens that nobody holds any more, as the event loop does.
     static void releaseScreens();

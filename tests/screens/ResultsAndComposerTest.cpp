@@ -15,7 +15,7 @@ class ArchiveScreensTest : public ScreenFixture {
     template <typename Screen, typename... Arguments>
     std::shared_ptr<Screen> push(Arguments&&... arguments) {
         home_ = showHome();
-        const auto screen = makeController<Screen>(services, std::forward<Arguments>(arguments)...);
+        auto screen = makeController<Screen>(services, std::forward<Arguments>(arguments)...);
         stack()->pushViewController(screen, true);
         settle();
         return screen;
@@ -28,7 +28,7 @@ class ArchiveScreensTest : public ScreenFixture {
 
     // Answers the title alert.
     std::shared_ptr<ZipViewController> compose(const QString& title, const QList<QUrl>& urls) {
-        const auto composer = push<ZipViewController>();
+        auto composer = push<ZipViewController>();
         composer->documentPickerDidPickDocuments(urls);
         const auto alert = presented<UIAlertController>();
         EXPECT_TRUE(alert);

@@ -20,7 +20,7 @@ class PhotoLibraryTest : public testing::Test {
   protected:
     // A file that was changed some hours ago.
     fs::path add(const std::string& name, int hoursAgo) {
-        const fs::path file = folder / name;
+        fs::path file = folder / name;
         fs::create_directories(file.parent_path());
         writeFile(file, "content");
         fs::last_write_time(file, fs::file_time_type::clock::now() - std::chrono::hours(hoursAgo));
