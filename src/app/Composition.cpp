@@ -88,7 +88,6 @@ Composition::Composition()
                                    console_,
                                    [this] { configureServices(); }})) {
     installIcons(engine_);
-    engine_.addImageProvider(QStringLiteral("thumbnail"), new ThumbnailProvider);
     followUsageSwitch(*engineOfEvents_, settings_);
     engine_.addImageProvider(ThumbnailProvider::name(), new ThumbnailProvider(thumbnails_));
     followAppearance();
