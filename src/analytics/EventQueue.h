@@ -55,7 +55,7 @@ struct QueueItem {
 class EventQueue {
   public:
     // More than these are not waited for: a worker that is so far behind is not going to catch up.
-    static constexpr std::size_t kCapacity = 4096;
+    static constexpr std::size_t kCapacity = 1024;
 
     EventQueue();
 

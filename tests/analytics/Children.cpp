@@ -1,5 +1,6 @@
 #include "Children.h"
 
+#include <sys/mman.h>
 #include <sys/resource.h>
 
 #include <array>
@@ -52,9 +53,10 @@ int crash(const char* folder, std::string_view how) {
     AnalyticsEngine engine(environmentIn(folder), AnalyticsEngine::CrashCatching::kOn);
     engine.logEventWithName("before", {});
     static_cast<void>(engine.waitUntilStored(kDeadline));
-    if (how == "null") {
-        volatile int* volatile nothing = nullptr;
-        *nothing = 1;
+    if (how == "fault") {
+        // A page that nobody may touch: a null pointer would be found out before it faults.
+        *static_cast<volatile char*>(
+            ::mmap(nullptr, 4096, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0)) = 1;
     }
     if (how == "overflow") {
         return overflow(0);

@@ -34,7 +34,7 @@ class CrashMarkerTest : public EngineTest {
 
 TEST_F(CrashMarkerTest, TheNextStartTellsTheCrash) {
     const std::map<const char*, std::pair<int, const char*>> cases{
-        {"null", {SIGSEGV, "SIGSEGV"}},
+        {"fault", {SIGSEGV, "SIGSEGV"}},
         {"abort", {SIGABRT, "SIGABRT"}},
         {"overflow", {SIGSEGV, "SIGSEGV"}},
     };

@@ -151,7 +151,7 @@ TEST_F(MeasurementTest, AFullQueueDropsEventsButNoAnswersOfTheUser) {
 
 TEST_F(MeasurementTest, ManyThreadsAtOnce) {
     constexpr int kThreads = 4;
-    constexpr int kEvents = 200;
+    constexpr int kEvents = 100;
     AnalyticsEngine engine(quiet());
     {
         std::vector<std::jthread> threads;
