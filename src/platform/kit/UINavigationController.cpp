@@ -24,6 +24,7 @@ void UINavigationController::viewDidLoad() {
         each->setParent(shared_from_this());
     }
     stack_.back()->view().setParentItem(contentHost_);
+    stack_.back()->view().setFocus(true);
 }
 
 QList<UIViewController*> UINavigationController::visibleChildren() const {
@@ -40,7 +41,7 @@ void UINavigationController::pushViewController(const std::shared_ptr<UIViewCont
 }
 
 void UINavigationController::popViewController(bool animated) {
-    if (!canPop() || isMoving_) {
+    if (!canPop() || isPopping_) {
         return;
     }
     const std::shared_ptr<UIViewController> leaving = stack_.back();
@@ -67,27 +68,32 @@ void UINavigationController::replaceTop(const std::shared_ptr<UIViewController>&
     in.setVisible(true);
     in.setZ(isPush ? 1 : 0);
     leaving->view().setZ(isPush ? 0 : 1);
-    isMoving_ = true;
+    isPopping_ = !isPush;
+    const int move = ++moves_;
     // What comes can be used at once; what leaves takes no second tap.
     in.setEnabled(true);
+    in.setFocus(true);
     leaving->view().setEnabled(false);
 
     const std::weak_ptr<UINavigationController> self = weakly(this);
-    const auto step = [self, leaving, coming, isPush](qreal progress) {
-        if (const auto stack = self.lock()) {
+    const auto step = [self, leaving, coming, isPush, move](qreal progress) {
+        const auto stack = self.lock();
+        if (stack && stack->moves_ == move) {
             const qreal width = stack->contentHost_->width();
             const qreal covered = isPush ? progress : 1 - progress;
             (isPush ? coming : leaving)->view().setX(width * (1 - covered));
             (isPush ? leaving : coming)->view().setX(-width * kParallax * covered);
         }
     };
-    const auto finished = [self, leaving, coming, animated] {
+    const auto finished = [self, leaving, coming, animated, move] {
         const auto stack = self.lock();
         if (!stack) {
             return;
         }
-        stack->isMoving_ = false;
-        coming->view().setX(0);
+        if (stack->moves_ == move) {
+            stack->isPopping_ = false;
+            coming->view().setX(0);
+        }
         if (stack->stack_.back() != leaving) {
             leaving->view().setVisible(false);
             leaving->view().setParentItem(nullptr);

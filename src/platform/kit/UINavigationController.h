@@ -38,7 +38,8 @@ class UINavigationController : public UIViewController {
     [[nodiscard]] bool canPop() const { return stack_.size() > 1; }
 
     void pushViewController(const std::shared_ptr<UIViewController>& pushed, bool animated);
-    // Lets go of the topmost screen; the root stays.
+    // Lets go of the topmost screen, even while it still comes; the root stays. While a screen leaves,
+    // no other does.
     void popViewController(bool animated);
     Q_INVOKABLE void backTapped() { popViewController(true); }
 
@@ -75,7 +76,9 @@ class UINavigationController : public UIViewController {
     BarAppearance standard_;
     BarAppearance scrollEdge_;
     bool isBarHidden_ = false;
-    bool isMoving_ = false;
+    // How often the top was replaced: a move that goes on while the next has begun is over.
+    int moves_ = 0;
+    bool isPopping_ = false;
 };
 
 }  // namespace pellumar

@@ -33,6 +33,7 @@ void UITabBarController::viewDidLoad() {
 void UITabBarController::showSelected() {
     selectedViewController()->view().setParentItem(contentHost_);
     selectedViewController()->view().setVisible(true);
+    selectedViewController()->view().setFocus(true);
 }
 
 QList<UIViewController*> UITabBarController::visibleChildren() const {

@@ -38,6 +38,7 @@ void UITableView::show(int row, QQuickItem* host) {
     std::shared_ptr<UITableViewCell> cell = source->cellForRow(*this, IndexPath{0, row});
     cell->view().setParentItem(host);
     cell->view().setVisible(true);
+    cell->view().setFocus(true);
     shown_[host] = std::move(cell);
 }
 

@@ -12,7 +12,6 @@ void ViewHost::geometryChange(const QRectF& newGeometry, const QRectF& oldGeomet
 void ViewHost::itemChange(ItemChange change, const ItemChangeData& data) {
     if (change == ItemChildAddedChange) {
         data.item->setSize(size());
-        data.item->setFocus(true);
     }
     QQuickItem::itemChange(change, data);
 }

@@ -5,9 +5,8 @@
 
 namespace pellumar {
 
-// A place in a layout for whole views: every child that is put into it gets its size, and the
-// keyboard whenever the place has it. Where a child stands is its owner's matter, so that it can be
-// moved while it comes or goes.
+// A place in a layout for whole views: every child that is put into it gets its size. Where a child
+// stands, and which of several has the keyboard while the place has it, is their owner's matter.
 class ViewHost : public QQuickItem {
     Q_OBJECT
     QML_ELEMENT
