@@ -13,10 +13,16 @@ AbstractButton {
     Accessible.name: toggle.text
     Accessible.checkable: true
     Accessible.checked: toggle.checked
-    Accessible.onToggleAction: toggle.click()
-    Accessible.onPressAction: toggle.click()
-    Keys.onReturnPressed: toggle.click()
-    Keys.onEnterPressed: toggle.click()
+    Accessible.onToggleAction: if (enabled) flip()
+    Accessible.onPressAction: if (enabled) flip()
+    Keys.onReturnPressed: flip()
+    Keys.onEnterPressed: flip()
+
+    // As a click does: the program's own change of the state emits no signal.
+    function flip() {
+        toggle.toggle();
+        toggle.toggled();
+    }
 
     indicator: Rectangle {
         x: (toggle.width - width) / 2
