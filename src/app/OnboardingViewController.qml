@@ -9,6 +9,9 @@ ScreenView {
 
     required property OnboardingViewController controller
 
+    Accessible.role: Accessible.Pane
+    Accessible.name: Qt.application.displayName
+
     NSLayoutConstraint {
         id: topConstraint
         objectName: "topConstraint"

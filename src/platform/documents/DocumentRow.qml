@@ -21,8 +21,10 @@ PlainButton {
     rightPadding: Theme.space4
     topPadding: Theme.space2
     bottomPadding: Theme.space2
-    Accessible.checkable: !isFolder && controller.allowsMultipleSelection
-    Accessible.checked: isSelected
+    // A check box then, for screen readers.
+    checkable: !isFolder && controller.allowsMultipleSelection
+    checked: isSelected
+    Accessible.onToggleAction: if (enabled) clicked()
     onClicked: controller.rowTapped(index)
 
     background: Rectangle {

@@ -83,7 +83,7 @@ Sheet {
             reuseItems: true
             focus: true
             model: root.controller.model
-            ScrollBar.vertical: ScrollBar {}
+            ScrollBar.vertical: ScrollBar { Accessible.ignored: true }
             Accessible.role: Accessible.List
             Accessible.name: root.controller.folderName
             delegate: DocumentRow {

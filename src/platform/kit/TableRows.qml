@@ -16,7 +16,7 @@ ListView {
     boundsBehavior: Flickable.DragOverBounds
     keyNavigationEnabled: true
     Accessible.role: Accessible.List
-    ScrollBar.vertical: ScrollBar {}
+    ScrollBar.vertical: ScrollBar { Accessible.ignored: true }
 
     delegate: ViewHost {
         id: host

@@ -8,6 +8,9 @@ FocusScope {
 
     required property UINavigationController controller
 
+    Accessible.role: Accessible.Pane
+    Accessible.name: controller.topItem.title
+
     Rectangle {
         anchors.fill: parent
         color: Theme.background

@@ -8,6 +8,9 @@ FocusScope {
 
     required property UITabBarController controller
 
+    Accessible.role: Accessible.Pane
+    Accessible.name: Qt.application.displayName
+
     Rectangle {
         anchors.fill: parent
         color: Theme.background
@@ -40,7 +43,7 @@ FocusScope {
             spacing: 0
             Repeater {
                 model: root.controller.titles
-                PlainButton {
+                TabChoice {
                     id: tab
 
                     required property int index
@@ -51,7 +54,6 @@ FocusScope {
                     Layout.preferredWidth: 1
                     Layout.fillHeight: true
                     text: modelData
-                    accessibleRole: Accessible.PageTab
                     Accessible.selected: isSelected
                     Accessible.selectable: true
                     onClicked: root.controller.select(index)

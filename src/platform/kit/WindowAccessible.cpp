@@ -10,18 +10,6 @@ QAccessibleInterface* makeFor(const QString& /*className*/, QObject* object) {
     return window == nullptr ? nullptr : new WindowAccessible(*window);
 }
 
-// The items of this part of the scene that have an interface of their own, without what these hold.
-void collect(const QQuickItem& item, QList<QAccessibleInterface*>& found) {
-    for (QQuickItem* each : item.childItems()) {
-        QAccessibleInterface* const interface = QAccessible::queryAccessibleInterface(each);
-        if (interface != nullptr) {
-            found.append(interface);
-        } else {
-            collect(*each, found);
-        }
-    }
-}
-
 }  // namespace
 
 void WindowAccessible::install() {
@@ -32,36 +20,21 @@ QAccessibleInterface* WindowAccessible::parent() const {
     return QAccessible::queryAccessibleInterface(qApp);
 }
 
-QList<QAccessibleInterface*> WindowAccessible::children() const {
-    QQuickItem* const top = window_.topLayer();
-    QList<QAccessibleInterface*> found;
-    if (top == nullptr) {
-        return found;
-    }
-    if (QAccessibleInterface* const whole = QAccessible::queryAccessibleInterface(top)) {
-        found.append(whole);
-    } else {
-        collect(*top, found);
-    }
-    return found;
+QAccessibleInterface* WindowAccessible::top() const {
+    QQuickItem* const layer = window_.topLayer();
+    return layer == nullptr ? nullptr : QAccessible::queryAccessibleInterface(layer);
 }
 
 int WindowAccessible::childCount() const {
-    return static_cast<int>(children().size());
+    return top() == nullptr ? 0 : 1;
 }
 
 QAccessibleInterface* WindowAccessible::child(int index) const {
-    return children().value(index);
+    return index == 0 ? top() : nullptr;
 }
 
 int WindowAccessible::indexOfChild(const QAccessibleInterface* child) const {
-    const QList<QAccessibleInterface*> all = children();
-    for (int i = 0; i < all.size(); ++i) {
-        if (child != nullptr && all[i]->object() == child->object()) {
-            return i;
-        }
-    }
-    return -1;
+    return child != nullptr && child->object() == window_.topLayer() ? 0 : -1;
 }
 
 QAccessibleInterface* WindowAccessible::focusChild() const {

@@ -7,7 +7,8 @@
 namespace pellumar {
 
 // The window for screen readers: of its layers, they find the topmost and nothing of what it
-// covers, as those do who use the pointer or the keyboard.
+// covers, as those do who use the pointer or the keyboard. The root of every layout that can be a
+// layer has an accessible role.
 class WindowAccessible : public QAccessibleObject {
   public:
     // Makes windows answer with it. Once, before the first window.
@@ -27,7 +28,7 @@ class WindowAccessible : public QAccessibleObject {
     [[nodiscard]] QWindow* window() const override { return &window_; }
 
   private:
-    [[nodiscard]] QList<QAccessibleInterface*> children() const;
+    [[nodiscard]] QAccessibleInterface* top() const;
 
     UIWindow& window_;
 };

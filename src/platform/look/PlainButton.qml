@@ -6,7 +6,6 @@ AbstractButton {
     id: button
 
     property string description: ""
-    property int accessibleRole: Accessible.Button
 
     implicitHeight: Math.max(Theme.touchTarget, implicitContentHeight + topPadding + bottomPadding)
     implicitWidth: Math.max(Theme.touchTarget, implicitContentWidth + leftPadding + rightPadding)
@@ -14,7 +13,7 @@ AbstractButton {
     activeFocusOnTab: true
     hoverEnabled: true
 
-    Accessible.role: accessibleRole
+    Accessible.role: Accessible.Button
     Accessible.name: text
     Accessible.description: description
     // Screen readers cannot see in every case that it is disabled.
