@@ -8,6 +8,8 @@ import collections
 
 from gi.repository import Gio, GLib
 
+from waiting import Gone
+
 ROOT = "/org/a11y/atspi/accessible/root"
 REGISTRY = "org.a11y.atspi.Registry"
 ACCESSIBLE = "org.a11y.atspi.Accessible"
@@ -25,10 +27,6 @@ STATES = {1: "active", 4: "checked", 7: "editable", 8: "enabled", 11: "focusable
 Extents = collections.namedtuple("Extents", "x y width height")
 
 
-class Gone(Exception):
-    """The object, or the application, is there no more."""
-
-
 class Accessible:
     """One object of an application."""
 
@@ -38,7 +36,8 @@ class Accessible:
         self.path = path
 
     def __eq__(self, other):
-        return (self.owner, self.path) == (other.owner, other.path)
+        return (isinstance(other, Accessible)
+                and (self.owner, self.path) == (other.owner, other.path))
 
     def __hash__(self):
         return hash((self.owner, self.path))

@@ -1,7 +1,6 @@
 """The running application: what is on its screen, and a person's hands on it."""
 
-from accessible import Gone
-from waiting import until
+from waiting import Gone, until
 
 APP_ID = "org.pellumar.Zip"
 
@@ -46,22 +45,26 @@ class Application:
 
     def press(self, role, name=None):
         """Uses a control through its accessibility action."""
-        self.find(role, name).perform("Press")
+        def probe():
+            found = self.controls(role, name)
+            if found:
+                found[0].perform("Press")
+            return found
+
+        until(probe, lambda: f"a {role} {name!r} to press in\n{self.outline()}")
 
     def click(self, role, name=None):
         """Clicks on the middle of a control, once it stands still."""
-        x, y, width, height = self._resting_extents(self.find(role, name))
-        self.desktop.xdotool("mousemove", x + width // 2, y + height // 2, "click", 1)
-
-    def _resting_extents(self, control):
         seen = []
 
         def probe():
-            seen.append(control.extents)
+            seen.extend(each.extents for each in self.controls(role, name)[:1])
             last = seen[-4:]
-            return last[0] if len(last) == 4 and len(set(last)) == 1 and last[0].width > 0 else None
+            return len(last) == 4 and len(set(last)) == 1 and last[0]
 
-        return until(probe, lambda: f"{control.describe()} to stand still, at {seen[-1]}")
+        x, y, width, height = until(
+            probe, lambda: f"a {role} {name!r} to stand still, was at {seen}, in\n{self.outline()}")
+        self.desktop.xdotool("mousemove", x + width // 2, y + height // 2, "click", 1)
 
     def key(self, *keys):
         """Presses keys, one after the other; by xdotool's names."""
@@ -72,14 +75,16 @@ class Application:
         self.desktop.xdotool("type", "--delay", 30, text)
 
     def focused(self):
-        """The control that has the keyboard; none if there is none."""
+        """The control that has the keyboard, the innermost of those that say so; none if there is
+        none."""
+        found = None
         for each in self.root.walk():
             try:
-                if "focused" in each.states and each.role not in ("frame", "application"):
-                    return each
+                if "focused" in each.states:
+                    found = each
             except Gone:
                 continue
-        return None
+        return found
 
     def tab_to(self, role, name=None, most=40):
         """Presses Tab until such a control has the keyboard, as one does without a pointer."""

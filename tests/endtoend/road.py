@@ -15,7 +15,13 @@ class RoadTest(unittest.TestCase):
     def setUp(self):
         self.desktop = Desktop(PROGRAM, SERVICE)
         self.addCleanup(self.desktop.close)
+        self.addCleanup(self.check_log)
         self.home = self.desktop.home
+
+    def check_log(self):
+        """The layouts have complained of nothing on the way."""
+        complaints = [line for line in self.desktop.log_text().splitlines() if "qrc:" in line]
+        self.assertEqual(complaints, [])
 
     def make_archive(self, name, files):
         """Makes an archive of {name: bytes} in the home folder and returns its path."""
@@ -31,6 +37,11 @@ class RoadTest(unittest.TestCase):
         application.press("push button", "OK")
         application.find("push button", "Unzip")
         return application
+
+    def make_files(self, files):
+        """Makes files of {name: bytes} in the user's documents."""
+        for name, data in files.items():
+            (self.home / "Documents" / name).write_bytes(data)
 
     def save_shared(self, application, place="Downloads"):
         """From an open share sheet: saves to a place of the picker and waits for the end."""

@@ -6,6 +6,10 @@ PATIENCE = 60.0
 PAUSE = 0.02
 
 
+class Gone(Exception):
+    """What was looked at is there no more; another may have come in its place."""
+
+
 class Overdue(AssertionError):
     """What was waited for has not come."""
 
@@ -13,13 +17,16 @@ class Overdue(AssertionError):
 def until(probe, what, patience=PATIENCE):
     """Returns the first true value of `probe`, asked again and again; Overdue if none comes.
 
-    `what` says what is waited for: a text, or a function that makes one when it is needed.
+    A probe whose object goes is asked once more like one that finds nothing. `what` says what is
+    waited for: a text, or a function that makes one when it is needed.
     """
     deadline = time.monotonic() + patience
     while True:
-        found = probe()
-        if found:
-            return found
+        try:
+            if found := probe():
+                return found
+        except Gone:
+            pass
         if time.monotonic() > deadline:
             text = what() if callable(what) else what
             raise Overdue(f"waited {patience:.0f} s for {text}")
