@@ -38,8 +38,8 @@ class UINavigationController : public UIViewController {
     [[nodiscard]] bool canPop() const { return stack_.size() > 1; }
 
     void pushViewController(const std::shared_ptr<UIViewController>& pushed, bool animated);
-    // Lets go of the topmost screen, even while it still comes; the root stays. While a screen leaves,
-    // no other does.
+    // Lets go of the topmost screen, even while it still comes; the root stays. While a screen
+    // leaves, no other does.
     void popViewController(bool animated);
     Q_INVOKABLE void backTapped() { popViewController(true); }
 
