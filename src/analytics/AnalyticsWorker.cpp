@@ -97,10 +97,10 @@ bool AnalyticsWorker::work() {
     if (store_ && store_->isMoved()) {
         closeStore();
     }
+    workOff();
     if (consent_.current().allowsStorage() && openStore()) {
         upkeep();
     }
-    workOff();
     upload();
     return isNew;
 }
@@ -273,7 +273,7 @@ void AnalyticsWorker::control(const QueueItem& item) {
         static_cast<void>(record({}));
     } else if (const auto* const fence = std::get_if<Fence>(&item.what)) {
         const bool complete = !std::exchange(isIncomplete_, false);
-        fence->stored->set_value(complete && consent_.current().allowsStorage());
+        fence->stored->set_value(consent_.current().allowsStorage() && openStore() && complete);
     } else {
         erase();
     }

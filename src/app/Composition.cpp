@@ -88,7 +88,6 @@ Composition::Composition()
                                    console_,
                                    [this] { configureServices(); }})) {
     installIcons(engine_);
-    followUsageSwitch(*engineOfEvents_, settings_);
     engine_.addImageProvider(ThumbnailProvider::name(), new ThumbnailProvider(thumbnails_));
     followAppearance();
     followActivity();

@@ -8,6 +8,15 @@
 
 namespace pellumar {
 
+namespace {
+
+ConsentStatus answerOf(const UserSettings& settings) {
+    return settings.userDefaults().boolForKey(settings.sendUsageDataKey()) ? ConsentStatus::kGranted
+                                                                           : ConsentStatus::kDenied;
+}
+
+}  // namespace
+
 AnalyticsEnvironment measurementEnvironment(
     const UserSettings& settings,
     const std::shared_ptr<const FIRRemoteConfig>& remoteConfig) {
@@ -21,6 +30,7 @@ AnalyticsEnvironment measurementEnvironment(
                                                          QCoreApplication::applicationVersion());
     environment.transport =
         HttpTransport::maker(CollectorEndpoint::configured(settings.userDefaults()));
+    environment.storageConsent = answerOf(settings);
     environment.parameters = [remoteConfig](const QString& key) {
         return remoteConfig->objectForKeyedSubscript(key).stringValue.value_or(QString());
     };
@@ -28,9 +38,7 @@ AnalyticsEnvironment measurementEnvironment(
 }
 
 void followUsageSwitch(AnalyticsEngine& engine, const UserSettings& settings) {
-    const bool allowed = settings.userDefaults().boolForKey(settings.sendUsageDataKey());
-    engine.setConsent(ConsentKind::kAnalyticsStorage,
-                      allowed ? ConsentStatus::kGranted : ConsentStatus::kDenied);
+    engine.setConsent(ConsentKind::kAnalyticsStorage, answerOf(settings));
 }
 
 }  // namespace pellumar
