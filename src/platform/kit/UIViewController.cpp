@@ -87,6 +87,15 @@ void UIViewController::present(const std::shared_ptr<UIViewController>& presente
     }
     // The whole window is covered, so the topmost of its screens presents, whichever asked for it.
     const std::shared_ptr<UIViewController> top = where->topViewController();
+    if (top && top->isDismissing_) {
+        top->afterDismissal_.push_back([self = weak_from_this(), presented, animated, completion] {
+            const auto presenter = self.lock();
+            if (presenter && presenter->window() != nullptr) {
+                presenter->present(presented, animated, completion);
+            }
+        });
+        return;
+    }
     if (top && top.get() != this) {
         top->present(presented, animated, completion);
         return;
@@ -183,8 +192,12 @@ void UIViewController::finishDismissal(const std::shared_ptr<UIViewController>& 
     if (gone->focusBefore_) {
         gone->focusBefore_->forceActiveFocus(Qt::OtherFocusReason);
     }
+    const std::vector<Completion> waiting = std::exchange(gone->afterDismissal_, {});
     if (completion) {
         completion();
+    }
+    for (const Completion& next : waiting) {
+        next();
     }
 }
 

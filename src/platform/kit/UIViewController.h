@@ -6,6 +6,7 @@
 #include <QQuickItem>
 #include <functional>
 #include <memory>
+#include <vector>
 
 #include "platform/kit/Animator.h"
 #include "platform/kit/UIDevice.h"
@@ -71,7 +72,9 @@ class UIViewController : public QObject, public std::enable_shared_from_this<UIV
     [[nodiscard]] std::shared_ptr<UIViewController> parent() const { return parent_.lock(); }
 
     // Shows `presented` over the whole window, above whatever is presented already, and holds it
-    // until it is dismissed. This must be in a window. `completion` follows its viewDidAppear.
+    // until it is dismissed. This must be in a window. While the topmost screen leaves, it waits
+    // for that; if this has left the window by then, it is let go. `completion` follows its
+    // viewDidAppear.
     void present(const std::shared_ptr<UIViewController>& presented,
                  bool animated,
                  const Completion& completion = {});
@@ -152,6 +155,8 @@ class UIViewController : public QObject, public std::enable_shared_from_this<UIV
     std::weak_ptr<UIViewController> presenting_;
     // What had the keyboard when this was presented.
     QPointer<QQuickItem> focusBefore_;
+    // What was to be presented while this leaves.
+    std::vector<Completion> afterDismissal_;
     Appearance appearance_ = Appearance::kDisappeared;
     UIModalPresentationStyle presentationStyle_ = UIModalPresentationStyle::kPageSheet;
     UIModalTransitionStyle transitionStyle_ = UIModalTransitionStyle::kCoverVertical;
