@@ -106,6 +106,18 @@ TEST_F(ArchiveScreensTest, SavedFilesAreEqualAndNothingIsOverwritten) {
     EXPECT_EQ(readText(folder / "target" / "a (2).txt"), "content of a.txt");
 }
 
+TEST_F(ArchiveScreensTest, WhatIsNoFileIsNotSaidToBeSaved) {
+    const auto results = push<UnzipViewController>(QList<QUrl>{QUrl("https://host.example/a.txt")});
+    results->shareFile({0, 0});
+    const auto sheet = presented<UIActivityViewController>();
+    ASSERT_TRUE(sheet);
+    sheet->documentPickerDidPickDocuments({fileUrl(folder.path())});
+    settle();
+    EXPECT_EQ(presented<UIActivityViewController>(), sheet);
+    EXPECT_TRUE(sheet->failure().startsWith("a.txt could not be saved:"))
+        << qPrintable(sheet->failure());
+}
+
 TEST_F(ArchiveScreensTest, TitleLosesEveryZipAndTheArchiveIsShared) {
     const auto composer = compose("my.zipper.zip", {file("a.txt")});
     EXPECT_TRUE(composer->hud()->isDeterminate());

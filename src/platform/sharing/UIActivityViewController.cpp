@@ -11,6 +11,31 @@
 #include "platform/sharing/ActivityType.h"
 
 namespace pellumar {
+namespace {
+
+// Copies one after the other; the first failure ends it. Only what lies in files of this machine
+// can be saved.
+std::optional<FileCopyError> saveAll(const QList<QUrl>& items,
+                                     const QUrl& folder,
+                                     const DocumentInbox::Import& saving) {
+    const auto isGoingOn = [&saving](std::uint64_t) { return !saving.isCancelled(); };
+    const auto to = localPath(folder);
+    for (const QUrl& item : items) {
+        const auto from = localPath(item);
+        if (!from || !to) {
+            const QUrl& foreign = from ? folder : item;
+            return FileCopyError{foreign.toString().toStdString(),
+                                 std::make_error_code(std::errc::not_supported)};
+        }
+        const auto copied = copyTree(*from, freePath(*to, from->filename()), isGoingOn);
+        if (!copied) {
+            return copied.error();
+        }
+    }
+    return std::nullopt;
+}
+
+}  // namespace
 
 // Saving is listed like the other ways; choosing the folder is the sheet's.
 class UIActivityViewController::SaveTarget : public ShareTarget {
@@ -117,24 +142,11 @@ void UIActivityViewController::save(const QUrl& folder) {
         }
     };
     services_.documents.backgroundQueue.async([items = items_,
-                                               folder = localPath(folder),
+                                               folder,
                                                saving = saving_,
                                                finished,
                                                &mainQueue = services_.documents.mainQueue] {
-        std::optional<FileCopyError> error;
-        for (const QUrl& item : items) {
-            const auto from = localPath(item);
-            if (!from || !folder || error) {
-                break;
-            }
-            const auto copied =
-                copyTree(*from, freePath(*folder, from->filename()), [&saving](std::uint64_t) {
-                    return !saving->isCancelled();
-                });
-            if (!copied) {
-                error = copied.error();
-            }
-        }
+        const std::optional<FileCopyError> error = saveAll(items, folder, *saving);
         mainQueue.async([finished, error] { finished(error); });
     });
 }
