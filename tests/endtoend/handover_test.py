@@ -54,6 +54,16 @@ class HandOverTest(road.RoadTest):
         self.assertEqual(self.desktop.run(archive.name), 0)
         self.take_through(application, archive, "second.bin", data)
 
+    def test_a_name_that_is_no_text(self):
+        self.desktop.end(self.start_at_home())
+        archive, _ = self.make_holiday("latin.zip", "photo.bin")
+        other = os.fsencode(self.home) + b"/caf\xe9.zip"
+        os.rename(archive, other)
+        application = self.desktop.start(other)
+        application.find("label", lambda name: name.startswith("Do you want to unzip caf"))
+        application.press("push button", "Unzip")
+        application.find("push button", "Share photo.bin")
+
     def test_waits_for_the_end_of_the_onboarding(self):
         archive, data = self.make_holiday(NAME, "photo.bin")
         application = self.desktop.hand_over(archive)

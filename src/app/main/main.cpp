@@ -3,6 +3,7 @@
 #include <QGuiApplication>
 #include <QQuickStyle>
 #include <cstdio>
+#include <filesystem>
 
 #include "app/App.h"
 #include "app/Composition.h"
@@ -20,7 +21,20 @@ struct Start {
     bool isSelfTest = false;
 };
 
-Start readCommandLine(const QGuiApplication& application) {
+// The arguments as text. A path that is none becomes the URL of its file, which keeps every byte.
+QStringList textOf(int argc, char** argv) {
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i) {
+        const QByteArrayView bytes(argv[i]);
+        arguments.append(
+            bytes.isValidUtf8()
+                ? QString::fromUtf8(bytes)
+                : QString::fromLatin1(fileUrl(std::filesystem::absolute(argv[i])).toEncoded()));
+    }
+    return arguments;
+}
+
+Start readCommandLine(const QStringList& arguments) {
     QCommandLineParser parser;
     parser.setApplicationDescription("Opens and makes ZIP archives.");
     parser.addHelpOption();
@@ -28,7 +42,7 @@ Start readCommandLine(const QGuiApplication& application) {
     parser.addOption({"self-test", "Load every screen; fails if one has a fault."});
     parser.addOption({"screenshots", "Save a picture of every screen in DIR.", "DIR"});
     parser.addPositionalArgument("archive", "An archive to open", "[ARCHIVE...]");
-    parser.process(application);
+    parser.process(arguments);
     Start start;
     start.isSelfTest = parser.isSet("self-test");
     start.screenshots = parser.value("screenshots");
@@ -71,7 +85,7 @@ int main(int argc, char** argv) {
     QQuickStyle::setStyle("Basic");
     QGuiApplication application(argc, argv);
     registerLayouts();
-    const Start start = readCommandLine(application);
+    const Start start = readCommandLine(textOf(argc, argv));
     if (start.isSelfTest || !start.screenshots.isEmpty()) {
         Composition composition;
         ScreenGallery gallery(composition);
