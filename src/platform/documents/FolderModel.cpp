@@ -2,8 +2,10 @@
 
 #include <QCollator>
 #include <QLocale>
+#include <QMimeDatabase>
 #include <algorithm>
 #include <chrono>
+#include <fstream>
 #include <system_error>
 #include <utility>
 
@@ -15,13 +17,31 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Whether a document picker for these types offers a file of this name.
-bool matches(const QStringList& types, const QString& name) {
-    if (types.contains(QStringLiteral("public.item"))) {
+// Enough for the system's database of types to judge a file.
+constexpr qsizetype kSniffedBytes = 4096;
+
+// Whether it is an archive: by its name, or, where the name tells nothing, by how it begins. Other
+// formats that are ZIP files inside have names of their own.
+bool isZipArchive(const fs::path& file, const QString& name) {
+    if (name.endsWith(QStringLiteral(".zip"), Qt::CaseInsensitive)) {
         return true;
     }
-    return types.contains(QStringLiteral("public.zip-archive")) &&
-           name.endsWith(QStringLiteral(".zip"), Qt::CaseInsensitive);
+    const QMimeDatabase types;
+    if (!types.mimeTypesForFileName(name).isEmpty()) {
+        return false;
+    }
+    // By its bytes: what Qt makes of a name loses those that are not UTF-8.
+    std::ifstream stream(file, std::ios::binary);
+    QByteArray start(kSniffedBytes, '\0');
+    stream.read(start.data(), start.size());
+    start.truncate(static_cast<qsizetype>(stream.gcount()));
+    return types.mimeTypeForData(start).name() == QStringLiteral("application/zip");
+}
+
+// Whether a document picker for these types offers a regular file.
+bool matches(const QStringList& types, const fs::path& file, const QString& name) {
+    return types.contains(QStringLiteral("public.item")) ||
+           (types.contains(QStringLiteral("public.zip-archive")) && isZipArchive(file, name));
 }
 
 // Orders names as people do, "2" before "10". The locale "C" would compare bytes.
@@ -112,7 +132,7 @@ FolderModel::Listing FolderModel::read(const fs::path& folder, const QStringList
         row.isFolder = each->is_directory(unknown);
         const bool isFile = !row.isFolder && each->is_regular_file(unknown);
         if (row.name.starts_with('.') ||
-            (!row.isFolder && !(isFile && matches(types, row.shownName)))) {
+            (!row.isFolder && !(isFile && matches(types, each->path(), row.shownName)))) {
             continue;
         }
         row.size = isFile ? each->file_size(unknown) : 0;

@@ -10,6 +10,7 @@
 #include "support/FileContents.h"
 #include "support/ManualDispatchQueue.h"
 #include "support/TemporaryFolder.h"
+#include "support/ZipBuilder.h"
 
 namespace pellumar::test {
 namespace {
@@ -57,6 +58,20 @@ TEST_F(FolderModelTest, ListsWhatCanBePickedAsPeopleOrderIt) {
     folders.setFolder(folder.path());
     runAll();
     EXPECT_EQ(names(folders), QStringList{"z folder"});
+}
+
+TEST_F(FolderModelTest, KnowsArchivesByTheirContentsWhereTheNameTellsNothing) {
+    for (const char* name : {"backup", "caf\xe9 2026-11", "letter.docx", "program.jar"}) {
+        ZipBuilder().file("a.txt", "a").writeTo(folder / name);
+    }
+    writeFile(folder / "plain", "no archive");
+    writeFile(folder / "nothing", "");
+    FolderModel model({"public.zip-archive"}, mainQueue, backgroundQueue);
+    model.setFolder(folder.path());
+    runAll();
+    ASSERT_EQ(model.rowCount(), 2);
+    EXPECT_EQ(model.path(0), folder / "backup");
+    EXPECT_EQ(model.path(1), folder / "caf\xe9 2026-11");
 }
 
 TEST_F(FolderModelTest, SelectsFilesByTheirExactNames) {
