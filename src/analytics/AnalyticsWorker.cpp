@@ -62,6 +62,8 @@ void AnalyticsWorker::run(const std::stop_token& stop) {
             transport_ = environment_.transport();
         }
         obeyConsent();
+        // A start is not a time to send either.
+        lastActivity_ = environment_.clock->now().elapsed;
         while (!stop.stop_requested()) {
             if (work()) {
                 loop.processEvents();

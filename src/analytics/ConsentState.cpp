@@ -12,7 +12,7 @@
 namespace pellumar {
 namespace {
 
-constexpr qint64 kMostBytes = 64 * 1024;
+constexpr qint64 kMostBytes = 64 << 10;
 
 std::size_t indexOf(ConsentKind kind) {
     return static_cast<std::size_t>(kind);

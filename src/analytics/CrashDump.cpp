@@ -19,7 +19,7 @@ namespace {
 
 constexpr std::size_t kMostModules = 512;
 constexpr std::size_t kMostFrames = 48;
-constexpr std::size_t kMostStackBytes = 64 * 1024;
+constexpr std::size_t kMostStackBytes = 64 << 10;
 
 // A range of memory with code.
 struct Module {
@@ -33,6 +33,7 @@ struct Module {
 struct Memory {
     std::array<Module, kMostModules> modules;
     std::size_t moduleCount;
+    std::uintptr_t stackBegin;
     std::uintptr_t stackEnd;
 };
 Memory memory;
@@ -56,19 +57,28 @@ Registers registersOf([[maybe_unused]] const void* context) {
 #endif
 }
 
+// What stands at an address, which the kernel tells as a number. In no library's function: a
+// sanitizer would look at where it reads.
+template <typename Value>
+PELLUMAR_UNCHECKED Value valueAt(std::uintptr_t address) {
+    // NOLINTNEXTLINE(performance-no-int-to-ptr)
+    return *reinterpret_cast<const Value*>(address);
+}
+
 // Whether execution can come back to `address`: a call stands in front of it.
 PELLUMAR_UNCHECKED bool followsCall([[maybe_unused]] std::uintptr_t address) {
 #if defined(__x86_64__)
-    const auto* const code = reinterpret_cast<const std::uint8_t*>(address);
+    const auto before = [address](std::uintptr_t bytes)
+                            PELLUMAR_UNCHECKED { return valueAt<std::uint8_t>(address - bytes); };
     // CALL rel32, or CALL r/m64 in its lengths.
-    return code[-5] == 0xe8 || (code[-2] == 0xff && (code[-1] & 0x38) == 0x10) ||
-           (code[-3] == 0xff && (code[-2] & 0x38) == 0x10) ||
-           (code[-6] == 0xff && (code[-5] & 0x38) == 0x10);
+    return before(5) == 0xe8 || (before(2) == 0xff && (before(1) & 0x38) == 0x10) ||
+           (before(3) == 0xff && (before(2) & 0x38) == 0x10) ||
+           (before(6) == 0xff && (before(5) & 0x38) == 0x10);
 #elif defined(__aarch64__)
     if (address % 4 != 0) {
         return false;
     }
-    const auto instruction = *reinterpret_cast<const std::uint32_t*>(address - 4);
+    const auto instruction = valueAt<std::uint32_t>(address - 4);
     // BL, BLR.
     return (instruction & 0xfc000000U) == 0x94000000U || (instruction & 0xfffffc1fU) == 0xd63f0000U;
 #else
@@ -126,9 +136,10 @@ void takeMapping(std::string_view line, std::uintptr_t stack) {
     const std::uintptr_t begin = takeHex(line);
     const std::uintptr_t end = takeHex(line);
     // An overflow stands just below its stack.
-    constexpr std::uintptr_t kGuardBytes = 64 * 1024;
+    constexpr std::uintptr_t kGuardBytes = 64 << 10;
     if (stack + kGuardBytes >= begin && stack < end && line.substr(0, 2) == "rw" &&
         memory.stackEnd == 0) {
+        memory.stackBegin = begin;
         memory.stackEnd = end;
     }
     if (line.size() < 5 || line[0] != 'r' || line[2] != 'x' ||
@@ -188,11 +199,12 @@ void writeFrame(int file, const Module& module, std::uintptr_t address) {
 }
 
 PELLUMAR_UNCHECKED void writeStack(int file, const Registers& registers) {
-    const std::uintptr_t first = (registers.stack + sizeof(void*) - 1) & ~(sizeof(void*) - 1);
+    const std::uintptr_t lowest = std::max(registers.stack, memory.stackBegin);
+    const std::uintptr_t first = (lowest + sizeof(void*) - 1) & ~(sizeof(void*) - 1);
     const std::uintptr_t end = std::min(memory.stackEnd, first + kMostStackBytes);
     std::size_t frames = 0;
     for (std::uintptr_t at = first; at < end && frames < kMostFrames; at += sizeof(void*)) {
-        const std::uintptr_t address = *reinterpret_cast<const std::uintptr_t*>(at);
+        const auto address = valueAt<std::uintptr_t>(at);
         const Module* const module = moduleAt(address);
         if (module != nullptr && followsCall(address)) {
             writeFrame(file, *module, address);

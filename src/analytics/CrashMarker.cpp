@@ -38,7 +38,7 @@ struct Handling {
     std::array<char, 4096> path{};
     std::array<char, 64> version{};
     std::array<struct sigaction, kSignals.size()> before{};
-    std::array<std::byte, 64 * 1024> stack{};
+    std::array<std::byte, 64 << 10> stack{};
     stack_t stackBefore{};
 };
 Handling handling;

@@ -6,7 +6,7 @@
 namespace pellumar {
 namespace {
 
-constexpr qint64 kMostBytes = 16 * 1024;
+constexpr qint64 kMostBytes = 16 << 10;
 constexpr qsizetype kMostStackLength = 4000;
 
 }  // namespace

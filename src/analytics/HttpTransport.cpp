@@ -9,7 +9,7 @@ namespace {
 
 constexpr int kTimeoutMilliseconds = 30'000;
 // An answer is a few words. What is longer is not read.
-constexpr qsizetype kMostAnswerBytes = 64 * 1024;
+constexpr qsizetype kMostAnswerBytes = 64 << 10;
 
 }  // namespace
 
@@ -17,7 +17,7 @@ HttpTransport::HttpTransport(QUrl logsUrl, QString bearerToken)
     : url_(std::move(logsUrl)), bearerToken_(std::move(bearerToken)) {}
 
 HttpTransport::~HttpTransport() {
-    cancel();
+    HttpTransport::cancel();
 }
 
 std::function<std::unique_ptr<LogTransport>()> HttpTransport::maker(

@@ -24,7 +24,7 @@ namespace pellumar {
 class Uploader {
   public:
     // How much of texts and numbers a batch holds at most, far below the 20 MiB of a collector.
-    static constexpr qsizetype kMostBatchBytes = 256 * 1024;
+    static constexpr qsizetype kMostBatchBytes = 256 << 10;
 
     // What it has to know whenever it looks.
     struct Situation {

@@ -122,7 +122,7 @@ TEST_F(StoreTest, DamageThatComesLaterIsMended) {
 }
 
 TEST_F(StoreTest, StaysWithinItsBoundAndTheOldestGo) {
-    constexpr qint64 kBound = 512 * 1024;
+    constexpr qint64 kBound = 512 << 10;
     AnalyticsEnvironment with = quiet();
     with.mostBytes = kBound;
     AnalyticsEngine engine(std::move(with));

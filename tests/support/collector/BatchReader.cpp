@@ -10,7 +10,7 @@
 namespace pellumar::test {
 namespace {
 
-constexpr std::size_t kMostBytes = 20 * 1024 * 1024;
+constexpr std::size_t kMostBytes = 20 << 20;
 
 class Reader {
   public:
