@@ -8,7 +8,7 @@ namespace pellumar::archive {
 namespace {
 
 // libbz2 counts with 32 bits; a step may do less than it is given.
-constexpr std::size_t kMostAtOnce = 1UL << 30U;
+constexpr std::size_t kMostForBzip2 = 1UL << 30U;
 
 }  // namespace
 
@@ -21,8 +21,8 @@ Result<Decoder::Step> Bzip2Decoder::decode(ByteView input, MutableBytes output) 
     if (finished_) {
         return Step{.finished = true};
     }
-    const std::size_t inputSize = std::min(input.size(), kMostAtOnce);
-    const std::size_t outputSize = std::min(output.size(), kMostAtOnce);
+    const std::size_t inputSize = std::min(input.size(), kMostForBzip2);
+    const std::size_t outputSize = std::min(output.size(), kMostForBzip2);
     // libbz2 takes its input as not const and as char, but does not write to it.
     stream_.next_in = reinterpret_cast<char*>(const_cast<std::uint8_t*>(input.data()));
     stream_.avail_in = static_cast<unsigned>(inputSize);

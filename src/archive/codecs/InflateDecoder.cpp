@@ -7,7 +7,7 @@ namespace pellumar::archive {
 namespace {
 
 // ISA-L counts with 32 bits; a step may do less than it is given.
-constexpr std::size_t kMostAtOnce = 1UL << 30U;
+constexpr std::size_t kMostForIsal = 1UL << 30U;
 
 }  // namespace
 
@@ -20,8 +20,8 @@ Result<Decoder::Step> InflateDecoder::decode(ByteView input, MutableBytes output
     if (state_.block_state == ISAL_BLOCK_FINISH) {
         return Step{.finished = true};
     }
-    const std::size_t inputSize = std::min(input.size(), kMostAtOnce);
-    const std::size_t outputSize = std::min(output.size(), kMostAtOnce);
+    const std::size_t inputSize = std::min(input.size(), kMostForIsal);
+    const std::size_t outputSize = std::min(output.size(), kMostForIsal);
     // ISA-L takes its input as not const, but does not write to it.
     state_.next_in = const_cast<std::uint8_t*>(input.data());
     state_.avail_in = static_cast<std::uint32_t>(inputSize);

@@ -23,7 +23,7 @@ namespace {
 using namespace format;
 
 // Holds the largest header there can be: fixed part and three fields of 65,535 bytes.
-constexpr std::size_t kWindowSize = 256UL * 1024;
+constexpr std::size_t kDirectoryWindow = 256UL * 1024;
 
 constexpr std::uint32_t kDefaultFilePermissions = 0644;
 constexpr std::uint32_t kDefaultFolderPermissions = 0755;
@@ -242,7 +242,8 @@ Result<> assignSlots(EntryTable& table, std::uint64_t directoryOffset) {
 Result<EntryTable> readCentralDirectory(const File& file,
                                         const DirectoryLocation& location,
                                         Warnings& warnings) {
-    const auto size = static_cast<std::size_t>(std::min<std::uint64_t>(kWindowSize, location.size));
+    const auto size =
+        static_cast<std::size_t>(std::min<std::uint64_t>(kDirectoryWindow, location.size));
     const auto storage = std::make_unique_for_overwrite<std::uint8_t[]>(size);
     const MutableBytes window(storage.get(), size);
     NameDecoder names;

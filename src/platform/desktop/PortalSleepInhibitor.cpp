@@ -12,13 +12,13 @@
 namespace pellumar {
 namespace {
 
-const QString kService = QStringLiteral("org.freedesktop.portal.Desktop");
+const QString kPortal = QStringLiteral("org.freedesktop.portal.Desktop");
 // org.freedesktop.portal.Inhibit: 4 is suspend, 8 is idle.
 constexpr uint kSuspendAndIdle = 4 | 8;
 
 void closeRequest(const QString& path) {
     QDBusConnection::sessionBus().asyncCall(QDBusMessage::createMethodCall(
-        kService, path, QStringLiteral("org.freedesktop.portal.Request"), QStringLiteral("Close")));
+        kPortal, path, QStringLiteral("org.freedesktop.portal.Request"), QStringLiteral("Close")));
 }
 
 // What holds the machine awake, once somebody has answered; that may be after the work is done.
@@ -73,7 +73,7 @@ void takeAnswer(const QDBusPendingReply<QDBusObjectPath>& reply,
 std::shared_ptr<void> PortalSleepInhibitor::keepAwake(const QString& reason) {
     auto wish = std::make_shared<Wish>();
     QDBusMessage call =
-        QDBusMessage::createMethodCall(kService,
+        QDBusMessage::createMethodCall(kPortal,
                                        QStringLiteral("/org/freedesktop/portal/desktop"),
                                        QStringLiteral("org.freedesktop.portal.Inhibit"),
                                        QStringLiteral("Inhibit"));

@@ -12,8 +12,8 @@ namespace pellumar {
 namespace {
 
 const QString kName = QStringLiteral("org.pellumar.Zip");
-const QString kPath = QStringLiteral("/org/pellumar/Zip");
-const QString kInterface = QStringLiteral("org.freedesktop.Application");
+const QString kApplicationPath = QStringLiteral("/org/pellumar/Zip");
+const QString kApplicationInterface = QStringLiteral("org.freedesktop.Application");
 
 // What a start passes on so that the window of another process may come to the front.
 QVariantMap platformData() {
@@ -31,7 +31,8 @@ QVariantMap platformData() {
 
 QDBusMessage callFor(const QList<QUrl>& urls) {
     const QString member = urls.isEmpty() ? QStringLiteral("Activate") : QStringLiteral("Open");
-    QDBusMessage call = QDBusMessage::createMethodCall(kName, kPath, kInterface, member);
+    QDBusMessage call =
+        QDBusMessage::createMethodCall(kName, kApplicationPath, kApplicationInterface, member);
     // The owner is meant, not one that the bus would start in its place.
     call.setAutoStartService(false);
     if (!urls.isEmpty()) {
@@ -57,7 +58,7 @@ bool mayBeGone(const QDBusMessage& answer) {
 bool SingleInstance::takeName() {
     QDBusConnection bus = QDBusConnection::sessionBus();
     // The object first: who sees the name may call at once.
-    bus.registerObject(kPath, this, QDBusConnection::ExportAllSlots);
+    bus.registerObject(kApplicationPath, this, QDBusConnection::ExportAllSlots);
     const QDBusReply<QDBusConnectionInterface::RegisterServiceReply> reply =
         bus.interface()->registerService(kName,
                                          QDBusConnectionInterface::DontQueueService,
@@ -65,7 +66,7 @@ bool SingleInstance::takeName() {
     const bool isTaken =
         !reply.isValid() || reply.value() == QDBusConnectionInterface::ServiceRegistered;
     if (!isTaken) {
-        bus.unregisterObject(kPath);
+        bus.unregisterObject(kApplicationPath);
     }
     return isTaken;
 }

@@ -8,7 +8,7 @@
 namespace pellumar::test {
 namespace {
 
-constexpr std::chrono::seconds kDeadline{30};
+constexpr std::chrono::seconds kStoreDeadline{30};
 
 AnalyticsEnvironment environmentOf(const char* folder, const char* address) {
     AnalyticsEnvironment environment;
@@ -37,15 +37,15 @@ void logForEver(const char* folder, const char* address, int first, std::string_
         for (int i = 0; i < 20; ++i) {
             engine.logEventWithName("forbidden", {});
         }
-        static_cast<void>(engine.waitUntilStored(kDeadline));
+        static_cast<void>(engine.waitUntilStored(kStoreDeadline));
     }
     engine.setConsent(ConsentKind::kAnalyticsStorage, ConsentStatus::kGranted);
-    if (engine.waitUntilStored(kDeadline)) {
+    if (engine.waitUntilStored(kStoreDeadline)) {
         say(0);
     }
     for (int i = 0;; ++i) {
         engine.logEventWithName("counted", QVariantMap{{"n", first + i}});
-        if (i % 5 == 4 && engine.waitUntilStored(kDeadline)) {
+        if (i % 5 == 4 && engine.waitUntilStored(kStoreDeadline)) {
             say(i + 1);
         }
     }

@@ -114,8 +114,6 @@ std::array<std::uint8_t, kSize> lengthsOf(
 
 constexpr std::size_t kEnd = 256;
 
-}  // namespace
-
 TEST_F(Inflate, AllAgreeOnWhatEncodersWrite) {
     for (unsigned round = 0; round < 40; ++round) {
         const std::size_t size = random_() % (std::size_t{1} << (random_() % 20));
@@ -304,5 +302,7 @@ TEST(Deflate64, ReadsItsLongestMatchFromFarthestAway) {
         ASSERT_TRUE(decoder.reset());
     }
 }
+
+}  // namespace
 
 }  // namespace pellumar::archive::test

@@ -10,17 +10,14 @@ namespace pellumar::archive {
 namespace {
 
 namespace fs = std::filesystem;
-using test::SampleKind;
-
-constexpr std::size_t kReadSize = 16UL * 1024;
-constexpr std::size_t kChunk = DeflateCompressor::kChunkSize;
+using pellumar::test::SampleKind;
 
 TEST_F(ArchiveWriterTest, OthersExtractWhatWasAdded) {
     put("empty", "");
-    put("folder/text.txt", test::sampleContent(SampleKind::kText, 100'000));
-    put("folder/exact", test::sampleContent(SampleKind::kBinary, 2 * kChunk));
-    put("folder/more", test::sampleContent(SampleKind::kMixed, 3 * kChunk + 1));
-    put("große Wörter/日本.bin", test::sampleContent(SampleKind::kNoise, 70'000));
+    put("folder/text.txt", pellumar::test::sampleContent(SampleKind::kText, 100'000));
+    put("folder/exact", pellumar::test::sampleContent(SampleKind::kBinary, 2 * kChunk));
+    put("folder/more", pellumar::test::sampleContent(SampleKind::kMixed, 3 * kChunk + 1));
+    put("große Wörter/日本.bin", pellumar::test::sampleContent(SampleKind::kNoise, 70'000));
     fs::create_symlink("folder/text.txt", sources_ / "link");
     fs::permissions(sources_ / "folder/exact", fs::perms{0750});
     const timespec times[] = {{.tv_sec = 1'000'000'000, .tv_nsec = 0},
@@ -59,10 +56,11 @@ TEST_F(ArchiveWriterTest, BytesDependOnTheSourcesAlone) {
     std::vector<Source> all;
     for (std::uint32_t i = 0; i < 120; ++i) {
         const std::string path = "small/" + std::to_string(i);
-        put(path, test::sampleContent(test::kSampleKinds[i % 5], std::size_t{i} * 997, i));
+        put(path,
+            pellumar::test::sampleContent(test::kSampleKinds[i % 5], std::size_t{i} * 997, i));
         all.push_back(source(path));
     }
-    put("large", test::sampleContent(SampleKind::kMixed, 9 * kChunk + 77));
+    put("large", pellumar::test::sampleContent(SampleKind::kMixed, 9 * kChunk + 77));
     all.insert(all.begin() + 3, source("large"));
     all.push_back(source("large"));
     all.push_back(source("small"));
@@ -93,7 +91,7 @@ TEST_F(ArchiveWriterTest, ABrokenPromiseCostsNothingButTheWork) {
     for (const char* path : {"a", "b", "c", "d"}) {
         put(path, std::string(path) + " content");
     }
-    put("large", test::sampleContent(SampleKind::kNoise, 20 * kChunk));
+    put("large", pellumar::test::sampleContent(SampleKind::kNoise, 20 * kChunk));
     auto writer = create();
     writer->compressAhead({source("large"), source("a"), source("missing"), source("b")},
                           kReadSize);

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "archive/writing/ArchiveWriter.h"
+#include "archive/writing/DeflateCompressor.h"
 #include "support/FileContents.h"
 #include "support/Process.h"
 #include "support/TemporaryFolder.h"
@@ -17,6 +18,9 @@ namespace pellumar::archive {
 // Sources in one folder, archives in another.
 class ArchiveWriterTest : public testing::Test {
   protected:
+    static constexpr std::size_t kReadSize = 16UL * 1024;
+    static constexpr std::size_t kChunk = DeflateCompressor::kChunkSize;
+
     using Source = ArchiveWriter::Source;
 
     [[nodiscard]] Source source(std::string path) const {

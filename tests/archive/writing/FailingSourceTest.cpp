@@ -19,10 +19,7 @@ namespace pellumar::archive {
 namespace {
 
 namespace fs = std::filesystem;
-using test::SampleKind;
-
-constexpr std::size_t kReadSize = 16UL * 1024;
-constexpr std::size_t kChunk = DeflateCompressor::kChunkSize;
+using pellumar::test::SampleKind;
 
 class FailingSourceTest : public ArchiveWriterTest {
   protected:
@@ -108,7 +105,7 @@ TEST_F(FailingSourceTest, NamesThatAreRefusedOnReadingAreNotWritten) {
 
 // The first chunks of this file are in the archive when it is cut off.
 TEST_F(FailingSourceTest, AFileCutOffInTheMiddleIsTakenBack) {
-    put("large", test::sampleContent(SampleKind::kNoise, 4 * kChunk));
+    put("large", pellumar::test::sampleContent(SampleKind::kNoise, 4 * kChunk));
     fs::resize_file(sources_ / "large", 3ULL << 30U);
     auto writer = create();
     ASSERT_TRUE(writer->addEntry(source("first"), kReadSize));
@@ -157,8 +154,8 @@ class FileSizeLimit {
 };
 
 TEST_F(FailingSourceTest, AfterAFailedWriteTheEarlierEntriesStay) {
-    put("small", test::sampleContent(SampleKind::kNoise, 200'000));
-    put("large", test::sampleContent(SampleKind::kNoise, 5 * kChunk));
+    put("small", pellumar::test::sampleContent(SampleKind::kNoise, 200'000));
+    put("large", pellumar::test::sampleContent(SampleKind::kNoise, 5 * kChunk));
     auto writer = create();
     ASSERT_TRUE(writer->addEntry(source("first"), kReadSize));
     {
@@ -195,7 +192,7 @@ TEST_F(FailingSourceTest, NothingOfAFailedWriteStandsBehindTheEnd) {
 }
 
 TEST_F(FailingSourceTest, AFailedWriteOfTheDirectoryIsToldByClosing) {
-    put("small", test::sampleContent(SampleKind::kNoise, 200'000));
+    put("small", pellumar::test::sampleContent(SampleKind::kNoise, 200'000));
     auto writer = create();
     ASSERT_TRUE(writer->addEntry(source("small"), kReadSize));
     const FileSizeLimit limit(100'000);
