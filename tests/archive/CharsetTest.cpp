@@ -16,15 +16,6 @@ TEST_F(CharsetTest, LegacyNamesComeOutInTheirLetters) {
     EXPECT_EQ(countOf(report->warnings, WarningCode::kLegacyCharset), 3U);
 }
 
-TEST_F(CharsetTest, CyrillicAndWesternNamesToo) {
-    expectTaken(ZipBuilder().file("\x8E\xE2\xE7\xA5\xE2.doc", ""), {"Отчет.doc"});
-    expectTaken(ZipBuilder().file("\xCE\xF2\xF7\xE5\xF2.doc", ""), {"Отчет.doc"});
-    expectTaken(ZipBuilder().file("Gr\x94\xE1"
-                                  "e.txt",
-                                  ""),
-                {"Größe.txt"});
-}
-
 TEST_F(CharsetTest, Utf8NeedsNoVote) {
     const auto report = unzip(ZipBuilder()
                                   .add(stored("flagged/Größe", "").with(&ZipHeader::flags, 0x800))

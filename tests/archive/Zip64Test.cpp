@@ -72,18 +72,5 @@ TEST_F(Zip64Test, AMaskedValueWithoutItsFieldIsNotMadeUp) {
     expectRefused(ZipBuilder().add(offset), ErrorCode::kDamagedDirectory, "entry");
 }
 
-TEST_F(Zip64Test, MoreEntriesThanSixteenBitsCount) {
-    constexpr int kCount = 70000;
-    ZipBuilder zip;
-    zip.zip64 = true;
-    for (int i = 0; i < kCount; ++i) {
-        zip.file("folder" + std::to_string(i % 100) + "/" + std::to_string(i), "");
-    }
-    const auto report = unzip(zip);
-    ASSERT_TRUE(report) << report.error().describe();
-    EXPECT_EQ(report->entries, kCount + 100U);
-    EXPECT_EQ(listing().size(), kCount + 100U);
-}
-
 }  // namespace
 }  // namespace pellumar::archive
