@@ -1,6 +1,7 @@
 #include "archive/reading/ExtractionPlan.h"
 
 #include <algorithm>
+#include <cstring>
 #include <limits>
 #include <string>
 #include <utility>
@@ -108,11 +109,8 @@ class Planner {
             plan_.links.push_back(&data);
             return {};
         }
-        if (isLarge) {
-            large_.push_back({.data = &data, .folder = folder});
-        } else {
-            small_.push_back({.data = &data, .folder = folder});
-        }
+        (isLarge ? large_ : small_)
+            .push_back({.data = &data, .folder = folder, .offset = data.entry.localHeaderOffset});
         if (__builtin_add_overflow(plan_.bytes, data.entry.uncompressedSize, &plan_.bytes)) {
             return failureOf(data, ErrorCode::kTooLarge);
         }
@@ -163,8 +161,7 @@ class Planner {
             plan_.files.push_back(file.data);
         }
         std::sort(small_.begin(), small_.end(), [](const File& a, const File& b) {
-            return std::pair(a.folder, a.data->entry.localHeaderOffset) <
-                   std::pair(b.folder, b.data->entry.localHeaderOffset);
+            return std::pair(a.folder, a.offset) < std::pair(b.folder, b.offset);
         });
         std::uint64_t bytes = 0;
         for (std::size_t i = 0; i < small_.size(); ++i) {
@@ -189,6 +186,7 @@ class Planner {
     struct File {
         const EntryData* data = nullptr;
         std::size_t folder = 0;
+        std::uint64_t offset = 0;
     };
 
     const PathLimits limits_;
@@ -203,14 +201,23 @@ class Planner {
 }  // namespace
 
 bool pathBefore(std::string_view a, std::string_view b) {
-    const auto [inA, inB] = std::mismatch(a.begin(), a.end(), b.begin(), b.end());
-    if (inA == a.end() || inB == b.end()) {
-        return inA == a.end() && inB != b.end();
+    const std::size_t shorter = std::min(a.size(), b.size());
+    std::size_t at = 0;
+    // Neighbours have long beginnings in common.
+    while (at + sizeof(std::uint64_t) <= shorter &&
+           std::memcmp(a.data() + at, b.data() + at, sizeof(std::uint64_t)) == 0) {
+        at += sizeof(std::uint64_t);
     }
-    if (*inA == '/' || *inB == '/') {
-        return *inA == '/';
+    while (at < shorter && a[at] == b[at]) {
+        ++at;
     }
-    return static_cast<unsigned char>(*inA) < static_cast<unsigned char>(*inB);
+    if (at == shorter) {
+        return a.size() < b.size();
+    }
+    if (a[at] == '/' || b[at] == '/') {
+        return a[at] == '/';
+    }
+    return static_cast<unsigned char>(a[at]) < static_cast<unsigned char>(b[at]);
 }
 
 bool ExtractionPlan::holdsFolder(std::string_view path) const {
