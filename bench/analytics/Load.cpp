@@ -88,5 +88,10 @@ int main(int argc, char** argv) {
     const bool smallFile = isWithin("store", file, AnalyticsStore::kMostBytes);
     const bool smallFolder =
         isWithin("with its log", diskOf(path), AnalyticsStore::kMostBytes + (2L << 20));
+    const auto end = std::chrono::steady_clock::now();
+    engine.stop();
+    const std::chrono::duration<double, std::milli> farewell =
+        std::chrono::steady_clock::now() - end;
+    std::printf("%-28s %7.0f ms\n", "end of the engine", farewell.count());
     return smallMemory && smallFile && smallFolder ? 0 : 1;
 }

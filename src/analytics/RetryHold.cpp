@@ -18,7 +18,8 @@ qint64 backoff(qint64 failures, double chance) {
     const qint64 doublings = std::min(failures - 1, kMostDoublings);
     const qint64 longest = std::min(RetryHold::kFirstWait << doublings, RetryHold::kLongestBackoff);
     // At least half of it, so that the collector is spared in any case.
-    return longest / 2 + static_cast<qint64>(chance * static_cast<double>(longest / 2));
+    const qint64 half = longest / 2;
+    return half + static_cast<qint64>(chance * static_cast<double>(half));
 }
 
 }  // namespace
