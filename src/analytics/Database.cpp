@@ -41,6 +41,9 @@ Database::Database(const std::filesystem::path& path) {
     note(sqlite3_open_v2(path.c_str(), &connection_, flags, nullptr));
     if (connection_ != nullptr) {
         sqlite3_busy_timeout(connection_, kBusyMilliseconds);
+        // The end of a process is not the time to wait for the disk: the next one goes on with the
+        // log as it is.
+        sqlite3_db_config(connection_, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
     }
 }
 
