@@ -62,13 +62,15 @@ int JobRunner::run() {
     QList<QUrl> urls;
     const std::optional<fs::path> target =
         localPath(fileSystem_.archive(QString::fromStdString(commandLine_.title)));
+    std::error_code missing;
+    const bool replaces = zipping && target && fs::exists(*target, missing);
     for (const fs::path& argument : arguments) {
         const tl::expected<QUrl, std::error_code> url = urlOf(argument);
         if (!url) {
             return fail(argument.native() + ": " + url.error().message());
         }
         std::error_code different;
-        if (zipping && target && fs::equivalent(*target, argument, different)) {
+        if (replaces && fs::equivalent(*target, argument, different)) {
             return fail(argument.native() + ": is the archive that would be replaced");
         }
         urls.append(*url);
