@@ -20,7 +20,7 @@ namespace pellumar::test {
 
 inline constexpr std::chrono::seconds kDeadline{30};
 inline constexpr qint64 kMinute = 60'000;
-inline constexpr qint64 kDay = 24 * 60 * kMinute;
+inline constexpr qint64 kDay = 24LL * 60 * kMinute;
 // A Wednesday in 2024, at noon in UTC.
 inline constexpr qint64 kNoon = 1'705'492'800'000;
 

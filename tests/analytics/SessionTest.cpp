@@ -128,7 +128,7 @@ TEST_F(SessionTest, DaysAreThoseOfLocalTime) {
         const auto local = dayAhead(hours);
         clock = local;
         // To a millisecond before midnight.
-        clock->advance(12 * 60 * kMinute - local->offset - 1);
+        clock->advance(kDay / 2 - local->offset - 1);
         const qint64 today = clock->dayOf(clock->now().wall);
         AnalyticsEngine engine(environment());
         log(engine);

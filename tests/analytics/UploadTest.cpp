@@ -10,7 +10,7 @@ using Then = HttpAnswer::Then;
 
 class UploadTest : public EngineTest {
   protected:
-    ~UploadTest() override { EXPECT_EQ(collector.faults(), QStringList()); }
+    void TearDown() override { EXPECT_EQ(collector.faults(), QStringList()); }
 
     // Sends at once, and nothing but what a test logs.
     [[nodiscard]] AnalyticsEnvironment eager(const QMap<QString, QString>& parameters = {}) const {

@@ -15,7 +15,7 @@ namespace {
 // that records what leaves.
 class UsageDataTest : public testing::Test {
   protected:
-    ~UsageDataTest() override { EXPECT_EQ(collector.faults(), QStringList()); }
+    void TearDown() override { EXPECT_EQ(collector.faults(), QStringList()); }
 
     void prefer(const std::string& lines) const {
         std::filesystem::create_directories(home / "config/pellumar-zip");

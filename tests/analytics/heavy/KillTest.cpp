@@ -26,7 +26,8 @@ namespace pellumar::test {
 namespace {
 
 constexpr int kKills = 200;
-constexpr int kEventsOfAChild = 60;
+// One for five events.
+constexpr std::size_t kMostLinesOfAChild = 24;
 // In every so many, events are logged without consent.
 constexpr int kForbiddenEvery = 10;
 constexpr std::chrono::seconds kDeadline{60};
@@ -134,7 +135,7 @@ int killOne(const std::filesystem::path& folder,
             bool forbidden) {
     Child child(folder, collector.address().toStdString(), first, forbidden ? kForbidden : kPlain);
     // Anywhere between its start and the end of its events.
-    child.readLines(static_cast<std::ptrdiff_t>(random() % (kEventsOfAChild / 5 * 2)));
+    child.readLines(static_cast<std::ptrdiff_t>(random() % kMostLinesOfAChild));
     std::this_thread::sleep_for(std::chrono::microseconds(random() % 3000));
     child.kill();
     child.readLines(std::numeric_limits<std::ptrdiff_t>::max());
