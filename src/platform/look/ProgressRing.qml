@@ -1,5 +1,5 @@
 import QtQuick
-import QtQuick.Shapes
+import Pellumar.Look
 
 // A ring that fills, or turns while nobody knows how long it takes.
 Item {
@@ -18,43 +18,21 @@ Item {
         SmoothedAnimation { duration: Theme.calm; velocity: -1 }
     }
 
-    Shape {
-        id: shape
+    RingArc {
+        id: arc
         anchors.fill: parent
-        layer.enabled: true
-        layer.samples: 4
-        layer.smooth: true
-
-        ShapePath {
-            strokeWidth: 5
-            strokeColor: Theme.hairline
-            fillColor: "transparent"
-            PathAngleArc {
-                centerX: ring.width / 2; centerY: ring.height / 2
-                radiusX: ring.width / 2 - 4; radiusY: radiusX
-                startAngle: 0; sweepAngle: 360
-            }
-        }
-        ShapePath {
-            strokeWidth: 5
-            strokeColor: Theme.accentBottom
-            fillColor: "transparent"
-            capStyle: ShapePath.RoundCap
-            PathAngleArc {
-                centerX: ring.width / 2; centerY: ring.height / 2
-                radiusX: ring.width / 2 - 4; radiusY: radiusX
-                startAngle: -90
-                sweepAngle: ring.determinate ? 360 * ring.shown : 90
-            }
-        }
+        thickness: 5
+        trackColor: Theme.hairline
+        color: Theme.accentBottom
+        part: ring.determinate ? ring.shown : 0.25
     }
 
     RotationAnimator {
-        target: shape
+        target: arc
         from: 0; to: 360
         duration: 900
         loops: Animation.Infinite
         running: !ring.determinate && ring.visible && !Theme.still
-        onStopped: shape.rotation = 0
+        onStopped: arc.rotation = 0
     }
 }
