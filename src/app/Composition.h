@@ -38,6 +38,8 @@ class Composition {
     [[nodiscard]] const UIStoryboard& storyboard() const { return storyboard_; }
 
   private:
+    static constexpr int kWorkNiceness = 5;
+
     void fillStoryboard();
     void followAppearance();
     void followActivity();
@@ -45,7 +47,8 @@ class Composition {
 
     StreamConsole console_{stdout};
     MainDispatchQueue mainQueue_;
-    GlobalDispatchQueue backgroundQueue_;
+    // Behind the window, whose frames must not wait for archive work.
+    GlobalDispatchQueue backgroundQueue_{kWorkNiceness};
     const UserSettings& settings_;
     std::shared_ptr<RemoteConfigService> remoteConfig_;
     std::shared_ptr<AnalyticsEngine> engineOfEvents_;

@@ -9,9 +9,12 @@ namespace pellumar {
 // A concurrent queue for work that the user waits for: as many pieces at once as there are
 // processors, and never fewer than two, so that one long job does not hold up the next. Going
 // away, it waits for all that it was given.
+//
+// `niceness`, 0 to 19, is how far its threads, and those that they start, stand back where there
+// are more threads than processors, as nice(1) counts: what draws a window must not wait for work.
 class GlobalDispatchQueue : public DispatchQueue {
   public:
-    GlobalDispatchQueue();
+    explicit GlobalDispatchQueue(int niceness = 0);
     ~GlobalDispatchQueue() override;
     GlobalDispatchQueue(const GlobalDispatchQueue&) = delete;
     GlobalDispatchQueue& operator=(const GlobalDispatchQueue&) = delete;
@@ -19,6 +22,7 @@ class GlobalDispatchQueue : public DispatchQueue {
     void async(std::function<void()> work) override;
 
   private:
+    const int niceness_;
     QThreadPool threads_;
 };
 
