@@ -14,6 +14,7 @@ ScreenView {
         anchors.fill: parent
 
         TableRows {
+            objectName: "rows"
             anchors.fill: parent
             table: tableView
             focus: true
