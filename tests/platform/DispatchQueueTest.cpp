@@ -1,4 +1,6 @@
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <unistd.h>
 
 #include <QCoreApplication>
 #include <QEventLoop>
@@ -7,6 +9,7 @@
 #include <atomic>
 #include <latch>
 #include <memory>
+#include <thread>
 #include <vector>
 
 #include "platform/GlobalDispatchQueue.h"
@@ -62,6 +65,23 @@ TEST(GlobalDispatchQueue, RunsTwoJobsAtOnceAndWaitsForThem) {
         }
     }
     EXPECT_EQ(finished, 2);
+}
+
+TEST(GlobalDispatchQueue, StandsBackWithAllThatItsWorkStarts) {
+    const auto niceness = [] { return getpriority(PRIO_PROCESS, static_cast<id_t>(gettid())); };
+    const int ours = niceness();
+    int first = 0;
+    int started = 0;
+    {
+        GlobalDispatchQueue queue(1);
+        queue.async([&] {
+            first = niceness();
+            std::thread([&] { started = niceness(); }).join();
+        });
+    }
+    EXPECT_EQ(first, std::min(ours + 1, 19));
+    EXPECT_EQ(started, first);
+    EXPECT_EQ(niceness(), ours);
 }
 
 }  // namespace
