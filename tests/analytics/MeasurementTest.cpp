@@ -155,6 +155,7 @@ TEST_F(MeasurementTest, ManyThreadsAtOnce) {
     AnalyticsEngine engine(quiet());
     {
         std::vector<std::jthread> threads;
+        threads.reserve(kThreads);
         for (int i = 0; i < kThreads; ++i) {
             threads.emplace_back([&] {
                 for (int event = 0; event < kEvents; ++event) {
