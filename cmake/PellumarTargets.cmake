@@ -68,6 +68,11 @@ function(pellumar_qml_folder name uri)
             set_source_files_properties(${layout} PROPERTIES QT_QML_SKIP_QMLDIR_ENTRY TRUE)
         endif()
     endforeach()
+    # For qmllint, which looks for the bases of types in these.
+    set(modules QtQuick)
+    if(NOT uri MATCHES "^Pellumar[.](Look|Kit)$")
+        list(APPEND modules Pellumar.Kit)
+    endif()
     string(REPLACE "." "/" folder ${uri})
     qt_add_library(${name} STATIC ${sources})
     # Code made ahead of time from the few expressions in our layouts costs more to build than it
@@ -75,6 +80,7 @@ function(pellumar_qml_folder name uri)
     set_target_properties(${name} PROPERTIES AUTOMOC ON
         QT_QMLCACHEGEN_ARGUMENTS --only-bytecode)
     qt_add_qml_module(${name} URI ${uri} VERSION 1.0 NO_PLUGIN
+        DEPENDENCIES ${modules}
         RESOURCE_PREFIX "/qt-project.org/imports"
         OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/qml/${folder}"
         QML_FILES ${layouts}

@@ -1,6 +1,5 @@
 import QtQuick
 import QtQuick.Layouts
-import Pellumar.App
 import Pellumar.Look
 
 // One thing that the application does.

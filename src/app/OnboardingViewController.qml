@@ -10,7 +10,7 @@ ScreenView {
     required property OnboardingViewController controller
 
     Accessible.role: Accessible.Pane
-    Accessible.name: Qt.application.displayName
+    Accessible.name: "Pellumar Zip"
 
     NSLayoutConstraint {
         id: topConstraint

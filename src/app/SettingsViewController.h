@@ -16,11 +16,11 @@ class SettingsViewController : public UIViewController, public StoryboardInstant
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Made in C++")
+    Q_PROPERTY(int developerRow READ developerRow CONSTANT)
 
   public:
     // The rows of the layout, by their position.
     enum Row { kUsageDataRow = 0, kDeveloperRow = 1 };
-    Q_ENUM(Row)
 
     // All must outlive this. `usageSwitchChanged` is told after the setting is kept.
     SettingsViewController(const UIContext& context,
@@ -32,6 +32,8 @@ class SettingsViewController : public UIViewController, public StoryboardInstant
     Q_INVOKABLE void appUsageSwitchChanged();
     Q_INVOKABLE void seeMoreTapped();
     Q_INVOKABLE void didSelectRow(int row);
+
+    [[nodiscard]] int developerRow() const { return kDeveloperRow; }
 
     [[nodiscard]] UIStatusBarStyle preferredStatusBarStyle() const override {
         return UIStatusBarStyle::kLightContent;

@@ -67,7 +67,7 @@ ScreenView {
                 iconName: "application"
                 text: qsTr("More from us")
                 description: qsTr("Our other applications")
-                onClicked: root.controller.didSelectRow(SettingsViewController.kDeveloperRow)
+                onClicked: root.controller.didSelectRow(root.controller.developerRow)
             }
         }
     }

@@ -15,7 +15,7 @@ PlainButton {
     background: Item {
         FocusRing { control: button; radius: width / 2 }
     }
-    contentItem: Item {
+    contentItem: Item {  // qmllint disable deferred-property-id
         id: star
 
         objectName: "starImageViews"

@@ -13,7 +13,7 @@ namespace pellumar {
 // A row of stars of which the user taps one. The layout has as many as the scale goes; its outlets
 // are the stars, "starImageViews", in the order of the rating. What is tapped tells its position,
 // from 0, as its property "tag".
-class StarEvaluationView : public InstantiatiableXib {
+class StarEvaluationView : public pellumar::InstantiatiableXib {
     Q_OBJECT
     QML_ELEMENT
 

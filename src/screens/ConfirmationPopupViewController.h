@@ -11,7 +11,7 @@ namespace pellumar {
 
 // Asks whether an archive that another application handed over is to be extracted. Layout outlet:
 // "titleLabel".
-class ConfirmationPopupViewController : public UIViewController {
+class ConfirmationPopupViewController : public pellumar::UIViewController {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Made in C++")

@@ -33,7 +33,8 @@ FocusScope {
                 id: picture
                 anchors.fill: parent
                 source: root.controller.thumbnail
-                sourceSize: Qt.size(88, 88)
+                sourceSize.width: 88
+                sourceSize.height: 88
                 fillMode: Image.PreserveAspectCrop
                 asynchronous: true
             }

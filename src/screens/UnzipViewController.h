@@ -15,7 +15,7 @@ namespace pellumar {
 
 // Lists what an extraction brought, to be shared one by one or all together. Layout outlet:
 // "tableView".
-class UnzipViewController : public UIViewController,
+class UnzipViewController : public pellumar::UIViewController,
                             public UITableViewDataSource,
                             public FileCellDelegate,
                             public CanShareFiles,

@@ -34,7 +34,7 @@ struct DocumentServices {
 // Lets the user pick files, of which the application gets copies (import mode), or a folder to put
 // something into. Types: "public.zip-archive" for archives, "public.item" for any file,
 // "public.folder" for a folder, which is handed out itself. Starts where the last pick was made.
-class UIDocumentPickerViewController : public UIViewController {
+class UIDocumentPickerViewController : public pellumar::UIViewController {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(UIDocumentPickerViewController)
     QML_ELEMENT

@@ -44,9 +44,11 @@ Sheet {
                 required property string modelData
 
                 text: modelData
+                // qmllint disable unqualified
                 iconName: root.controller.placeIcons[index]
                 isCurrent: index === root.controller.currentPlace
                 onClicked: root.controller.placeTapped(index)
+                // qmllint enable unqualified
             }
         }
         RowLayout {
@@ -87,8 +89,10 @@ Sheet {
             Accessible.role: Accessible.List
             Accessible.name: root.controller.folderName
             delegate: DocumentRow {
+                // qmllint disable unqualified
                 width: list.width
                 controller: root.controller
+                // qmllint enable unqualified
             }
             EmptyState {
                 anchors.centerIn: parent

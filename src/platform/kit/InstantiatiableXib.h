@@ -9,7 +9,7 @@ namespace pellumar {
 
 // The base of views that sit in another layout and have one of their own, which is named after
 // their class. The content is there when the layout around them is complete.
-class InstantiatiableXib : public ViewHost, public InstantiatiableXibProtocol {
+class InstantiatiableXib : public pellumar::ViewHost, public InstantiatiableXibProtocol {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Only what derives from it has a layout")

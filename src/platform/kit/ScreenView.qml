@@ -1,5 +1,4 @@
 import QtQuick
-import Pellumar.Kit
 import Pellumar.Look
 
 // The root of a screen's layout.

@@ -23,6 +23,7 @@ ListView {
 
         required property int index
 
+        // qmllint disable unqualified
         x: (list.width - width) / 2
         width: list.readableWidth
         height: list.rowHeight
@@ -30,5 +31,6 @@ ListView {
         Component.onDestruction: list.table.hide(host)
         ListView.onPooled: list.table.hide(host)
         ListView.onReused: list.table.show(index, host)
+        // qmllint enable unqualified
     }
 }

@@ -21,7 +21,7 @@ struct UIAlertAction {
 // A dialog with a title, a message, at most one text field, and buttons that all close it. A
 // button's handler is called when the dialog has gone. Escape chooses the cancelling button, or the
 // only one.
-class UIAlertController : public UIViewController {
+class UIAlertController : public pellumar::UIViewController {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Made in C++")

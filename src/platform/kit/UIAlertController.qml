@@ -22,7 +22,9 @@ FocusScope {
     Surface {
         id: card
 
-        readonly property real spare: root.height - height - Qt.inputMethod.keyboardRectangle.height
+        // The tools know nothing of its type.
+        readonly property var keyboard: Qt.inputMethod
+        readonly property real spare: root.height - height - keyboard.keyboardRectangle.height
 
         anchors.horizontalCenter: parent.horizontalCenter
         y: Math.max(Theme.space4, spare / 2)
@@ -73,9 +75,11 @@ FocusScope {
 
                         Layout.fillWidth: true
                         text: modelData
+                        // qmllint disable unqualified
                         focus: index === 0 && !root.controller.hasTextField
                         color: index === root.controller.cancelIndex ? Theme.text : Theme.accentText
                         onClicked: root.controller.choose(index)
+                        // qmllint enable unqualified
                     }
                 }
             }

@@ -9,7 +9,7 @@ FocusScope {
     required property UITabBarController controller
 
     Accessible.role: Accessible.Pane
-    Accessible.name: Qt.application.displayName
+    Accessible.name: "Pellumar Zip"
 
     Rectangle {
         anchors.fill: parent
@@ -48,7 +48,9 @@ FocusScope {
 
                     required property int index
                     required property string modelData
+                    // qmllint disable unqualified
                     readonly property bool isSelected: index === root.controller.selectedIndex
+                    // qmllint enable unqualified
 
                     Layout.fillWidth: true
                     Layout.preferredWidth: 1
@@ -56,17 +58,17 @@ FocusScope {
                     text: modelData
                     Accessible.selected: isSelected
                     Accessible.selectable: true
-                    onClicked: root.controller.select(index)
+                    onClicked: root.controller.select(index)  // qmllint disable unqualified
                     background: FocusRing {
                         control: tab
                         anchors.margins: Theme.space1
                     }
-                    contentItem: Column {
+                    contentItem: Column {  // qmllint disable deferred-property-id
                         topPadding: Theme.space2
                         spacing: Theme.space1
                         Icon {
                             anchors.horizontalCenter: parent.horizontalCenter
-                            name: root.controller.images[tab.index]
+                            name: root.controller.images[tab.index]  // qmllint disable unqualified
                             color: label.color
                         }
                         BodyText {

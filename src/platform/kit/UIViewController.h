@@ -39,7 +39,8 @@ template <typename Controller, typename... Arguments>
 }
 
 // A screen, or a part of one: owns the view that its layout describes, and is told when that comes
-// and goes. For the main thread; owned by shared pointers, see makeController.
+// and goes. For the main thread; owned by shared pointers, see makeController. A class whose layout
+// uses what stands here names this base with its namespace, or qmllint does not find it.
 class UIViewController : public QObject, public std::enable_shared_from_this<UIViewController> {
     Q_OBJECT
     QML_ELEMENT

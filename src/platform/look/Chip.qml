@@ -23,7 +23,7 @@ PlainButton {
         border.color: chip.isCurrent ? Theme.accentText : Theme.hairline
         FocusRing { control: chip; radius: height / 2 }
     }
-    contentItem: Row {
+    contentItem: Row {  // qmllint disable deferred-property-id
         spacing: Theme.space2
         Icon {
             anchors.verticalCenter: parent.verticalCenter

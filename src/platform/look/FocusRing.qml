@@ -3,6 +3,8 @@ import QtQuick
 // Shows where the keyboard is, and only to those who use it.
 Rectangle {
     required property Item control
+    // A Control or a TextField, which have this in common without a base that says so.
+    readonly property var focused: control
 
     anchors.fill: parent
     anchors.margins: -2
@@ -10,7 +12,7 @@ Rectangle {
     color: "transparent"
     border.width: 2
     border.color: Theme.accentText
-    visible: control.activeFocus && (control.focusReason === Qt.TabFocusReason
-                                     || control.focusReason === Qt.BacktabFocusReason
-                                     || control.focusReason === Qt.ShortcutFocusReason)
+    visible: control.activeFocus && (focused.focusReason === Qt.TabFocusReason
+                                     || focused.focusReason === Qt.BacktabFocusReason
+                                     || focused.focusReason === Qt.ShortcutFocusReason)
 }

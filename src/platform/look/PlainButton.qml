@@ -19,6 +19,7 @@ AbstractButton {
     // Screen readers cannot see in every case that it is disabled.
     Accessible.onPressAction: if (enabled) clicked()
 
-    Keys.onReturnPressed: clicked()
-    Keys.onEnterPressed: clicked()
+    // A key that is held down is one click.
+    Keys.onReturnPressed: event => { if (!event.isAutoRepeat) clicked() }
+    Keys.onEnterPressed: event => { if (!event.isAutoRepeat) clicked() }
 }

@@ -15,8 +15,8 @@ AbstractButton {
     Accessible.checked: toggle.checked
     Accessible.onToggleAction: if (enabled) flip()
     Accessible.onPressAction: if (enabled) flip()
-    Keys.onReturnPressed: flip()
-    Keys.onEnterPressed: flip()
+    Keys.onReturnPressed: event => { if (!event.isAutoRepeat) flip() }
+    Keys.onEnterPressed: event => { if (!event.isAutoRepeat) flip() }
 
     // As a click does: the program's own change of the state emits no signal.
     function flip() {

@@ -14,7 +14,7 @@ namespace pellumar {
 
 // A grid of the library's assets, of which the user selects some. What becomes of these is told by
 // the pickers that derive from this.
-class AssetPickerController : public UIViewController {
+class AssetPickerController : public pellumar::UIViewController {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(AssetPickerController)
     QML_ELEMENT

@@ -45,8 +45,10 @@ Sheet {
                 required property string modelData
 
                 text: modelData
+                // qmllint disable unqualified
                 isCurrent: index === root.controller.album
                 onClicked: root.controller.albumTapped(index)
+                // qmllint enable unqualified
             }
         }
         GridView {
@@ -69,10 +71,12 @@ Sheet {
             Accessible.role: Accessible.List
             Accessible.name: header.title
             delegate: AssetTile {
+                // qmllint disable unqualified
                 width: grid.cellWidth
                 height: grid.cellHeight
                 isFull: root.controller.isFull
                 onClicked: root.controller.assetTapped(index)
+                // qmllint enable unqualified
             }
             EmptyState {
                 anchors.centerIn: parent

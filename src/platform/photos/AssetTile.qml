@@ -36,13 +36,14 @@ PlainButton {
             visible: picture.status !== Image.Ready || picture.implicitWidth <= 1
         }
     }
-    contentItem: Item {
+    contentItem: Item {  // qmllint disable deferred-property-id
         Image {
             id: picture
             anchors.fill: parent
             source: tile.thumbnail
             // One of the cache's own sizes, so that none is made twice.
-            sourceSize: Qt.size(256, 256)
+            sourceSize.width: 256
+            sourceSize.height: 256
             fillMode: Image.PreserveAspectCrop
             asynchronous: true
             cache: false

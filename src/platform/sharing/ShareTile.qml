@@ -1,5 +1,4 @@
 import QtQuick
-import Pellumar.Sharing
 import Pellumar.Look
 
 // One way to share.

@@ -99,8 +99,10 @@ Sheet {
                         Layout.alignment: Qt.AlignTop
                         focus: index === 0
                         text: modelData
+                        // qmllint disable unqualified
                         iconName: root.controller.icons[index]
                         onClicked: root.controller.targetTapped(index)
+                        // qmllint enable unqualified
                     }
                 }
             }
