@@ -13,7 +13,8 @@ namespace pellumar {
 // Asks how many stars the application is worth. More than three are remembered, and lead to the
 // store's own prompt. Presented over any screen. Layout outlets: "sendButton",
 // "starEvaluationView".
-class FeedbackViewController : public pellumar::UIViewController, public StarEvaluationViewDelegate {
+class FeedbackViewController : public pellumar::UIViewController,
+                               public StarEvaluationViewDelegate {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Made in C++")

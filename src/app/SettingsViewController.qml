@@ -64,6 +64,7 @@ ScreenView {
             ActionCard {
                 Layout.fillWidth: true
                 compact: true
+                objectName: "developerRow"
                 iconName: "application"
                 text: qsTr("More from us")
                 description: qsTr("Our other applications")

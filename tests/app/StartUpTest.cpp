@@ -138,7 +138,8 @@ TEST_F(StartUpTest, SettingsSwitchDecidesAboutEvents) {
     ASSERT_TRUE(settingsScreen);
     auto* const usage = outlet<QQuickItem>(settingsScreen->view(), "usageSwitch");
     EXPECT_TRUE(usage->property("checked").toBool());
-    settingsScreen->didSelectRow(SettingsViewController::kDeveloperRow);
+    QMetaObject::invokeMethod(outlet<QQuickItem>(settingsScreen->view(), "developerRow"),
+                              "clicked");
     EXPECT_EQ(eventNames(), QStringList{"developer_tapped"});
 
     usage->setProperty("checked", false);

@@ -24,7 +24,8 @@ struct SharingServices {
 
 // The share sheet: shows files and the ways that they can leave. Saving them into a folder of the
 // user's is its own; the other ways come from the services.
-class UIActivityViewController : public pellumar::UIViewController, public UIDocumentPickerDelegate {
+class UIActivityViewController : public pellumar::UIViewController,
+                                 public UIDocumentPickerDelegate {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(UIActivityViewController)
     QML_ELEMENT
