@@ -36,7 +36,7 @@ class Reader {
 
     Attributes attributes(const QJsonValue& list) {
         Attributes attributes;
-        for (const QJsonValue& each : list.toArray()) {
+        for (const QJsonValue each : list.toArray()) {
             const QString key = each["key"].toString();
             require(!key.isEmpty() && !attributes.contains(key),
                     "an attribute has no key of its own");
@@ -101,18 +101,18 @@ CollectedBatch readBatch(const HttpRequest& request, QStringList& faults) {
     const QJsonObject root = QJsonDocument::fromJson(batch.body).object();
     const QJsonArray resourceLogs = root["resourceLogs"].toArray();
     reader.require(root.size() == 1 && !resourceLogs.isEmpty(), "an empty envelope");
-    for (const QJsonValue& each : resourceLogs) {
+    for (const QJsonValue each : resourceLogs) {
         batch.resource = reader.attributes(each["resource"]["attributes"]);
         for (const char* key : {"service.name", "service.version", "os.type", "os.version"}) {
             reader.require(!batch.resource[key].isEmpty(), key);
         }
         const QJsonArray scopeLogs = each["scopeLogs"].toArray();
         reader.require(!scopeLogs.isEmpty(), "an empty envelope");
-        for (const QJsonValue& scope : scopeLogs) {
+        for (const QJsonValue scope : scopeLogs) {
             reader.require(!scope["scope"]["name"].toString().isEmpty(), "a scope without a name");
             const QJsonArray records = scope["logRecords"].toArray();
             reader.require(!records.isEmpty(), "an empty envelope");
-            for (const QJsonValue& record : records) {
+            for (const QJsonValue record : records) {
                 batch.records.push_back(reader.record(record.toObject()));
             }
         }
