@@ -8,7 +8,7 @@ namespace pellumar {
 namespace {
 
 // Another process holds the file for one transaction at a time.
-constexpr int kBusyMilliseconds = 100;
+constexpr int kBusyMilliseconds = 500;
 
 DatabaseOutcome outcomeOf(int result) {
     switch (result & 0xff) {

@@ -26,6 +26,7 @@ class StoreTest : public EngineTest {
     void execute(const std::string& sql) const {
         sqlite3* database = nullptr;
         ASSERT_EQ(sqlite3_open(AnalyticsStore::fileIn(folder).c_str(), &database), SQLITE_OK);
+        sqlite3_busy_timeout(database, 30'000);
         EXPECT_EQ(sqlite3_exec(database, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK)
             << sqlite3_errmsg(database);
         sqlite3_close(database);

@@ -16,9 +16,20 @@ class UploadTest : public EngineTest {
     [[nodiscard]] AnalyticsEnvironment eager(const QMap<QString, QString>& parameters = {}) const {
         return sending(collector.address(), quiet(parameters));
     }
+    // Tries again while the engine is at it.
+    [[nodiscard]] std::unique_ptr<AnalyticsStore> openBesideAnEngine() const {
+        std::unique_ptr<AnalyticsStore> store;
+        EXPECT_TRUE(becomesTrue([&] {
+            if (!store) {
+                store = AnalyticsStore::open(folder);
+            }
+            return store != nullptr;
+        }));
+        return store;
+    }
     // Waits until it is kept how long the collector is left alone.
     [[nodiscard]] qint64 waitForHold() const {
-        const std::unique_ptr<AnalyticsStore> store = AnalyticsStore::open(folder);
+        const std::unique_ptr<AnalyticsStore> store = openBesideAnEngine();
         qint64 hold = 0;
         EXPECT_TRUE(becomesTrue([&] {
             hold = RetryHold(store->state()).waitAt(clock->now().wall);
@@ -27,7 +38,7 @@ class UploadTest : public EngineTest {
         return hold;
     }
     void waitUntilNothingIsLeft() const {
-        const std::unique_ptr<AnalyticsStore> store = AnalyticsStore::open(folder);
+        const std::unique_ptr<AnalyticsStore> store = openBesideAnEngine();
         EXPECT_TRUE(becomesTrue([&] { return store->events().count(1) == 0; }));
     }
     // Whether the engine has looked whether there is something to send, and sent nothing.

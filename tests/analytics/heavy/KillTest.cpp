@@ -118,10 +118,10 @@ void sendAll(const std::filesystem::path& folder, const Collector& collector) {
     environment.idle = std::chrono::milliseconds(0);
     environment.transport =
         HttpTransport::maker({.address = collector.address(), .bearerToken = {}});
-    AnalyticsEngine engine(std::move(environment));
-    const auto deadline = std::chrono::steady_clock::now() + kDeadline;
     const std::unique_ptr<AnalyticsStore> store = AnalyticsStore::open(folder);
     ASSERT_TRUE(store);
+    const AnalyticsEngine engine(std::move(environment));
+    const auto deadline = std::chrono::steady_clock::now() + kDeadline;
     while (store->events().count(1) > 0 && std::chrono::steady_clock::now() < deadline) {
         std::this_thread::sleep_for(std::chrono::milliseconds(5));
     }
