@@ -20,6 +20,17 @@ class ComposerTest(road.RoadTest):
         for name, data in files.items():
             self.assertEqual((folder / name).read_bytes(), data, name)
 
+    def save_under(self, title, application):
+        """Answers the question for the title, saves what is shared, and returns where it is."""
+        field = application.find("text", "Filename")
+        application.type(title)
+        road.until(lambda: field.text == title, lambda: f"the title, is {field.text!r}")
+        application.press("push button", "Save")
+        self.save_shared(application)
+        archive = self.home / "Downloads" / f"{title}.zip"
+        self.until_file(archive)
+        return archive
+
     def test_three_files(self):
         self.make_files(FILES | {"not wanted.txt": b"stays"})
         application = self.start_at_home()
@@ -29,14 +40,24 @@ class ComposerTest(road.RoadTest):
         for name in FILES:
             application.click("check box", name)
         application.press("push button", "Add (3)")
-        field = application.find("text", "Filename")
-        application.type("Two words 7")
-        road.until(lambda: field.text == "Two words 7", lambda: f"the title, is {field.text!r}")
-        application.press("push button", "Save")
-        self.save_shared(application)
-        archive = self.home / "Downloads" / "Two words 7.zip"
-        self.until_file(archive)
-        self.check_with_info_zip(archive, FILES)
+        self.check_with_info_zip(self.save_under("Two words 7", application), FILES)
+
+    def test_photos_and_a_video(self):
+        photos = {"Pictures/Camera/two.png": road.picture(40, 30),
+                  "Pictures/é 1.png": road.picture(300, 500), "Videos/clip.mp4": b"no real video"}
+        for name, data in photos.items():
+            (self.home / name).parent.mkdir(parents=True, exist_ok=True)
+            (self.home / name).write_bytes(data)
+        (self.home / "Pictures" / "not wanted.png").write_bytes(road.picture(9, 9))
+        application = self.start_at_home()
+        application.click("push button", "Zip")
+        application.click("push button", "Photos and videos")
+        names = {name.rsplit("/", 1)[-1]: data for name, data in photos.items()}
+        for name in names:
+            application.click("check box", name)
+        application.find("heading", "3 of 100")
+        application.press("push button", "Add")
+        self.check_with_info_zip(self.save_under("Trip", application), names)
 
 
 if __name__ == "__main__":

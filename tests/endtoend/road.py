@@ -1,14 +1,28 @@
 """What all end-to-end tests stand on: a desktop for each, and the steps that roads share."""
 
+import struct
 import sys
 import unittest
 import zipfile
+import zlib
 
 from desktop import Desktop
 from waiting import until
 
 # Every run: PROGRAM SERVICE [unittest arguments].
 PROGRAM, SERVICE = sys.argv[1:3]
+
+
+def picture(width, height):
+    """A PNG file, all of one colour."""
+    def chunk(kind, data):
+        return (struct.pack(">I", len(data)) + kind + data
+                + struct.pack(">I", zlib.crc32(kind + data)))
+
+    row = b"\0" + b"\xff\x80\x20" * width
+    header = struct.pack(">IIBBBBB", width, height, 8, 2, 0, 0, 0)
+    return (b"\x89PNG\r\n\x1a\n" + chunk(b"IHDR", header)
+            + chunk(b"IDAT", zlib.compress(row * height)) + chunk(b"IEND", b""))
 
 
 class RoadTest(unittest.TestCase):

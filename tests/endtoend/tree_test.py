@@ -32,6 +32,8 @@ class TreeTest(road.RoadTest):
     def test_every_screen(self):
         archive = self.make_archive("trip.zip", {"photo.bin": b"photo", "b.txt": b"b"})
         self.make_files({"one.txt": b"1", "two.txt": b"2"})
+        (self.home / "Pictures").mkdir()
+        (self.home / "Pictures/a.png").write_bytes(road.picture(8, 8))
         application = self.desktop.start()
         self.check(application, "onboarding", ("push button", "OK"))
         application.press("push button", "OK")
@@ -47,6 +49,9 @@ class TreeTest(road.RoadTest):
         application.press("check box", "one.txt")
         application.press("push button", "Add")
         self.check(application, "title", ("text", "Filename"), ("push button", "Save"))
+        application.press("push button", "Cancel")
+        application.press("push button", "Photos and videos")
+        self.check(application, "photos", ("check box", "a.png"), ("push button", "All"))
         application.press("push button", "Cancel")
         application.press("push button", "Back")
         application.find("push button", "Unzip")

@@ -67,7 +67,7 @@ Sheet {
             cacheBuffer: 2 * cellHeight
             keyNavigationEnabled: true
             model: root.controller.model
-            ScrollBar.vertical: ScrollBar {}
+            ScrollBar.vertical: ScrollBar { Accessible.ignored: true }
             Accessible.role: Accessible.List
             Accessible.name: header.title
             delegate: AssetTile {

@@ -17,11 +17,12 @@ PlainButton {
     text: name
     description: isVideo ? qsTr("Video") : qsTr("Photo")
     padding: 1
-    opacity: isFull && !isSelected ? 0.4 : 1
-    Accessible.role: Accessible.CheckBox
-    Accessible.checkable: true
-    Accessible.checked: isSelected
-    Accessible.onToggleAction: clicked()
+    enabled: !isFull || isSelected
+    opacity: enabled ? 1 : 0.4
+    // A check box then, for screen readers.
+    checkable: true
+    checked: isSelected
+    Accessible.onToggleAction: if (enabled) clicked()
 
     background: Rectangle {
         anchors.fill: parent
