@@ -3,14 +3,12 @@
 #include <QCoreApplication>
 #include <algorithm>
 
+#include "app/Figure.h"
+
 namespace pellumar::bench {
 namespace {
 
 constexpr int kTurnMs = 2;
-
-double milliseconds(const QElapsedTimer& clock) {
-    return static_cast<double>(clock.nsecsElapsed()) / 1e6;
-}
 
 }  // namespace
 

@@ -100,8 +100,10 @@ void ViewController::compress(const QList<QUrl>& urls) {
     hud_->setLabel(QStringLiteral("Compressing files"));
     const auto self = weakly(this);
     const auto awake = services_.sleep.keepAwake(tr("Making an archive"));
+    // That of this run: another may have been shown since.
+    const std::weak_ptr<MBProgressHUD> hud = hud_;
     zipManager_->zip(
-        urls, QStringLiteral("Test"), [self, awake](const std::optional<QUrl>& archive) {
+        urls, QStringLiteral("Test"), [self, hud, awake](const std::optional<QUrl>& archive) {
             const auto screen = self.lock();
             if (!screen) {
                 return;
@@ -123,7 +125,9 @@ void ViewController::compress(const QList<QUrl>& urls) {
                                                 sharer->services_.mainQueue);
                            }
                        });
-            screen->hud_->hide(true);
+            if (const auto shown = hud.lock()) {
+                shown->hide(true);
+            }
         });
 }
 
@@ -132,7 +136,11 @@ void ViewController::extract(const QUrl& url) {
     hud_->setLabel(QStringLiteral("Unzipping"));
     const auto self = weakly(this);
     const auto awake = services_.sleep.keepAwake(tr("Extracting an archive"));
-    zipManager_->unzip(url, [self, awake](const std::optional<QList<QUrl>>& urls) {
+    const std::weak_ptr<MBProgressHUD> hud = hud_;
+    zipManager_->unzip(url, [self, hud, awake](const std::optional<QList<QUrl>>& urls) {
+        if (const auto shown = hud.lock()) {
+            shown->hide(true);
+        }
         if (const auto screen = self.lock()) {
             screen->showResults(urls);
         }
@@ -140,7 +148,6 @@ void ViewController::extract(const QUrl& url) {
 }
 
 void ViewController::showResults(const std::optional<QList<QUrl>>& urls) {
-    hud_->hide(true);
     if (!urls) {
         showFailureAlert(*this, context());
         return;

@@ -117,6 +117,30 @@ TEST_F(HomeScreenTest, HandedOverArchiveIsConfirmedFirst) {
     EXPECT_EQ(eventNames().count("used_share_extension"), 2);
 }
 
+// The second overlay used to free the first, which alone knew what it had disabled: the screen
+// stayed dead.
+TEST_F(HomeScreenTest, TwoExtractionsAtATimeLeaveAScreenThatWorks) {
+    const auto home = showHome();
+    home->didConfirmUnzip(makeArchive("one.zip"));
+    const std::weak_ptr<MBProgressHUD> first = home->hud();
+    home->didConfirmUnzip(makeArchive("two.zip"));
+    ASSERT_FALSE(first.expired());
+    EXPECT_NE(first.lock(), home->hud());
+    const qsizetype withOverlays = home->view().childItems().size();
+    settle();
+    EXPECT_TRUE(home->hud()->isHidden());
+    stack()->popViewController(true);
+    stack()->popViewController(true);
+    settle();
+    ASSERT_EQ(stack()->topViewController(), home);
+    for (const QQuickItem* const each : home->view().childItems()) {
+        EXPECT_TRUE(each->isEnabled());
+    }
+    EXPECT_EQ(home->view().childItems().size(), withOverlays - 2);
+    releaseScreens();
+    EXPECT_TRUE(first.expired());
+}
+
 TEST_F(HomeScreenTest, NothingHappensOnceTheScreenIsGone) {
     std::weak_ptr<ViewController> home = showHome();
     home.lock()->didConfirmUnzip(makeArchive("late.zip"));

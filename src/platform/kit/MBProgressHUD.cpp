@@ -8,6 +8,9 @@ namespace pellumar {
 namespace {
 
 constexpr std::chrono::milliseconds kFadeTime{180};
+// How many overlays lie over an item. Whether it can be used just now says nothing of that: a popup
+// may be in front of all.
+constexpr const char* kCovers = "pellumarCovers";
 
 }  // namespace
 
@@ -27,6 +30,8 @@ std::shared_ptr<MBProgressHUD> MBProgressHUD::showAddedTo(const UIContext& conte
     if (view.window() != nullptr && view.isEnabled()) {
         item->forceActiveFocus(Qt::OtherFocusReason);
     }
+    hud->shown_ = hud;
+    connect(&view, &QObject::destroyed, hud.get(), [self = hud.get()] { self->shown_.reset(); });
     hud->fade(0, 1, animated, [] {});
     return hud;
 }
@@ -41,6 +46,7 @@ void MBProgressHUD::hide(bool animated) {
     item_->setFocus(false);
     uncover();
     const std::shared_ptr<MBProgressHUD> self = shared_from_this();
+    shown_.reset();
     fade(presence_, 0, animated, [self] {
         self->item_->setVisible(false);
         self->item_->setParentItem(nullptr);
@@ -52,17 +58,18 @@ void MBProgressHUD::cover(QQuickItem& view) {
         focusBefore_ = view.scopedFocusItem();
     }
     for (QQuickItem* each : view.childItems()) {
-        if (each->isEnabled()) {
-            covered_.append(each);
-            each->setEnabled(false);
-        }
+        each->setProperty(kCovers, each->property(kCovers).toInt() + 1);
+        each->setEnabled(false);
+        covered_.append(each);
     }
 }
 
 void MBProgressHUD::uncover() {
     for (const QPointer<QQuickItem>& each : std::exchange(covered_, {})) {
         if (each) {
-            each->setEnabled(true);
+            const int others = each->property(kCovers).toInt() - 1;
+            each->setProperty(kCovers, others);
+            each->setEnabled(others == 0);
         }
     }
     if (focusBefore_) {

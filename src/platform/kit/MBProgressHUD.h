@@ -12,7 +12,8 @@
 namespace pellumar {
 
 // An overlay that covers one screen's view, and nothing else, while something takes its time. What
-// it covers is disabled and has the keyboard back afterwards. For the main thread.
+// it covers is disabled, whatever it was, and has the keyboard back afterwards. For the main
+// thread.
 class MBProgressHUD : public QObject, public std::enable_shared_from_this<MBProgressHUD> {
     Q_OBJECT
     QML_ELEMENT
@@ -28,7 +29,8 @@ class MBProgressHUD : public QObject, public std::enable_shared_from_this<MBProg
   public:
     enum class Mode { kIndeterminate, kAnnularDeterminate };
 
-    // Lays a new overlay over the view. It goes with the view, or when it is hidden.
+    // Lays a new overlay over the view, and over those that lie there already. It stays, also if
+    // nobody holds it, until it is hidden or the view goes.
     [[nodiscard]] static std::shared_ptr<MBProgressHUD> showAddedTo(const UIContext& context,
                                                                     QQuickItem& view,
                                                                     bool animated);
@@ -62,7 +64,9 @@ class MBProgressHUD : public QObject, public std::enable_shared_from_this<MBProg
 
     const UIContext context_;
     OwnedItem item_;
-    // What was enabled in the view, and what of it had the keyboard.
+    // Itself, while it is to be seen.
+    std::shared_ptr<MBProgressHUD> shown_;
+    // What it has disabled, and what of that had the keyboard.
     QList<QPointer<QQuickItem>> covered_;
     QPointer<QQuickItem> focusBefore_;
     Mode mode_ = Mode::kIndeterminate;

@@ -30,7 +30,7 @@ FocusScope {
     }
     Surface {
         anchors.centerIn: parent
-        width: Math.min(root.width - 2 * Theme.space6, Math.max(176, content.implicitWidth + 2 * Theme.space5))
+        width: Math.min(root.width - 2 * Theme.space6, Math.round(176 * Theme.textScale))
         height: content.implicitHeight + 2 * Theme.space5
 
         Column {

@@ -28,7 +28,7 @@ FocusScope {
 
         anchors.horizontalCenter: parent.horizontalCenter
         y: Math.max(Theme.space4, spare / 2)
-        width: Math.min(parent.width - 2 * Theme.space6, 320)
+        width: Math.min(parent.width - 2 * Theme.space4, Math.round(320 * Math.min(1.5, Theme.textScale)))
         height: content.implicitHeight + 2 * Theme.space5
         opacity: root.controller.presentation
         scale: 0.94 + 0.06 * root.controller.presentation
@@ -74,6 +74,8 @@ FocusScope {
                         required property string modelData
 
                         Layout.fillWidth: true
+                        leftPadding: Theme.space1
+                        rightPadding: Theme.space1
                         text: modelData
                         // qmllint disable unqualified
                         focus: index === 0 && !root.controller.hasTextField

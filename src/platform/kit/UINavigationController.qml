@@ -48,6 +48,10 @@ FocusScope {
                 font.weight: Theme.weightStrong
                 wrapMode: Text.NoWrap
                 elide: Text.ElideRight
+                // Large text must not cost the words.
+                verticalAlignment: Text.AlignVCenter
+                fontSizeMode: Text.HorizontalFit
+                minimumPixelSize: 14
                 Accessible.role: Accessible.Heading
             }
             QuietButton {

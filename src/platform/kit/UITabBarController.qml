@@ -25,7 +25,7 @@ FocusScope {
         id: bar
         anchors.bottom: parent.bottom
         width: parent.width
-        height: Math.max(56, 36 + Theme.fontCaption + 2 * Theme.space1)
+        height: Math.max(56, 38 + Math.ceil(1.4 * Theme.fontCaption) + Theme.space1)
         visible: !root.controller.isBarHidden
         color: root.controller.hasOpaqueBar ? Theme.surface : Theme.background
         Accessible.role: Accessible.PageTabList

@@ -146,12 +146,16 @@ void UIViewController::dismiss(bool animated, const Completion& completion) {
         return;
     }
     if (gone->isDismissing_) {
+        if (completion) {
+            gone->afterDismissal_.push_back(completion);
+        }
         return;
     }
+    // Already now: what waits for the inner one to go must not be presented on one that goes too.
+    gone->isDismissing_ = true;
     if (gone->presented_) {
         gone->dismiss(false);
     }
-    gone->isDismissing_ = true;
     gone->beginAppearance(false, animated);
     if (!animated) {
         finishDismissal(gone, completion);

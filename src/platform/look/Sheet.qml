@@ -52,10 +52,21 @@ FocusScope {
             radius: 2
             color: Theme.hairline
         }
-        Item {
-            id: body
+        // Scrolls what is too high for the window.
+        Flickable {
+            id: scroll
             anchors.fill: parent
             anchors.topMargin: sheet.centered ? Theme.space2 : Theme.space4
+            contentHeight: body.height
+            interactive: contentHeight > height
+            boundsBehavior: Flickable.StopAtBounds
+            clip: interactive
+            Item {
+                id: body
+                width: scroll.width
+                height: sheet.fullHeight ? scroll.height
+                                         : Math.max(scroll.height, sheet.preferredHeight - scroll.y)
+            }
         }
     }
 }

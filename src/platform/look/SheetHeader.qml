@@ -24,6 +24,10 @@ RowLayout {
         horizontalAlignment: Text.AlignHCenter
         elide: Text.ElideRight
         wrapMode: Text.NoWrap
+        // Large text must not cost the words.
+        verticalAlignment: Text.AlignVCenter
+        fontSizeMode: Text.HorizontalFit
+        minimumPixelSize: 12
         Accessible.role: Accessible.Heading
     }
     QuietButton {
