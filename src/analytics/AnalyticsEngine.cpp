@@ -12,9 +12,6 @@ AnalyticsEngine::AnalyticsEngine(AnalyticsEnvironment environment, CrashCatching
         marker_.emplace(AnalyticsWorker::markerIn(environment.folder),
                         environment.versions.serviceVersion.toStdString());
     }
-    if (environment.storageConsent) {
-        setConsent(ConsentKind::kAnalyticsStorage, *environment.storageConsent);
-    }
     CrashMarker* const marker = marker_ ? &*marker_ : nullptr;
     // The worker reads the disk while it is made, so the thread makes it.
     thread_ = std::thread([this, marker, given = std::move(environment)]() mutable {

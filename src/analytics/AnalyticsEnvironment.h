@@ -5,13 +5,11 @@
 #include <filesystem>
 #include <functional>
 #include <memory>
-#include <optional>
 #include <vector>
 
 #include "analytics/AnalyticsClock.h"
 #include "analytics/AnalyticsStore.h"
 #include "analytics/Audience.h"
-#include "analytics/ConsentState.h"
 #include "analytics/LogTransport.h"
 #include "analytics/MeasurementConfig.h"
 #include "analytics/ProductVersions.h"
@@ -27,8 +25,6 @@ struct AnalyticsEnvironment {
     std::function<std::unique_ptr<LogTransport>()> transport;
     // Asked for before a piece of work; empty: everything is as it is by default.
     MeasurementParameters parameters;
-    // The user's answer on "analytics_storage" at the start; nothing: the one that was kept.
-    std::optional<ConsentStatus> storageConsent = std::nullopt;
     std::vector<Audience> audiences;
     // The user came into an audience or left it, and that is kept.
     std::function<void(const QString& audience, bool member)> audienceChanged;

@@ -30,7 +30,7 @@ struct Consent {
     [[nodiscard]] ConsentStatus status(ConsentKind kind) const;
     void set(ConsentKind kind, ConsentStatus status);
 
-    // What is not denied is allowed: the application asks by a switch of its own.
+    // What is not denied is allowed, so what nobody has been asked about is.
     [[nodiscard]] bool allowsStorage() const;
     // Whether somebody may be put into an audience that advertising is made for.
     [[nodiscard]] bool allowsAdvertisingAudiences() const;

@@ -132,10 +132,7 @@ void Composition::fillStoryboard() {
     storyboard_.addScene(QStringLiteral("ViewController"),
                          [this] { return makeController<ViewController>(screens_, launches_); });
     storyboard_.addScene(QStringLiteral("SettingsViewController"), [this] {
-        return makeController<SettingsViewController>(
-            screens_.ui, settings_, analytics_, opener_, [this] {
-                followUsageSwitch(*engineOfEvents_, settings_);
-            });
+        return makeController<SettingsViewController>(screens_.ui, settings_, analytics_, opener_);
     });
     storyboard_.addScene(QStringLiteral("OnboardingViewController"), [this] {
         return makeController<OnboardingViewController>(screens_.ui, settings_, analytics_);

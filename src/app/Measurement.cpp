@@ -8,15 +8,6 @@
 
 namespace pellumar {
 
-namespace {
-
-ConsentStatus answerOf(const UserSettings& settings) {
-    return settings.userDefaults().boolForKey(settings.sendUsageDataKey()) ? ConsentStatus::kGranted
-                                                                           : ConsentStatus::kDenied;
-}
-
-}  // namespace
-
 AnalyticsEnvironment measurementEnvironment(
     const UserSettings& settings,
     const std::shared_ptr<const FIRRemoteConfig>& remoteConfig) {
@@ -30,15 +21,10 @@ AnalyticsEnvironment measurementEnvironment(
                                                          QCoreApplication::applicationVersion());
     environment.transport =
         HttpTransport::maker(CollectorEndpoint::configured(settings.userDefaults()));
-    environment.storageConsent = answerOf(settings);
     environment.parameters = [remoteConfig](const QString& key) {
         return remoteConfig->objectForKeyedSubscript(key).stringValue.value_or(QString());
     };
     return environment;
-}
-
-void followUsageSwitch(AnalyticsEngine& engine, const UserSettings& settings) {
-    engine.setConsent(ConsentKind::kAnalyticsStorage, answerOf(settings));
 }
 
 }  // namespace pellumar

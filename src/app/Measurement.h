@@ -2,7 +2,6 @@
 
 #include <memory>
 
-#include "analytics/AnalyticsEngine.h"
 #include "analytics/AnalyticsEnvironment.h"
 #include "platform/FIRRemoteConfig.h"
 #include "settings/UserSettings.h"
@@ -10,15 +9,12 @@
 namespace pellumar {
 
 // What this application's measurement engine works with: a place in the data folder, the collector
-// that is configured, if there is one, the remote parameters that are active, and the switch as it
-// is now. Stops the process if there is no data folder.
+// that is configured, if there is one, and the remote parameters that are active. No consent is
+// given or denied: the switch about usage data holds back the application's own events before they
+// come here, and what the engine measures by itself is not its matter. Stops the process if there
+// is no data folder.
 [[nodiscard]] AnalyticsEnvironment measurementEnvironment(
     const UserSettings& settings,
     const std::shared_ptr<const FIRRemoteConfig>& remoteConfig);
-
-// Has the engine follow the switch, which has changed. The switch about usage data is taken for the
-// user's answer on "analytics_storage": without it, nothing is measured at all, not even what no
-// event of the catalogue tells.
-void followUsageSwitch(AnalyticsEngine& engine, const UserSettings& settings);
 
 }  // namespace pellumar

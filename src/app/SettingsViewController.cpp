@@ -14,13 +14,8 @@ const QString kDeveloperPage = QStringLiteral("appstream://org.pellumar");
 SettingsViewController::SettingsViewController(const UIContext& context,
                                                const UserSettings& settings,
                                                const PellumarAnalytics& analytics,
-                                               UrlOpener& opener,
-                                               std::function<void()> usageSwitchChanged)
-    : UIViewController(context),
-      settings_(settings),
-      analytics_(analytics),
-      opener_(opener),
-      usageSwitchChanged_(std::move(usageSwitchChanged)) {}
+                                               UrlOpener& opener)
+    : UIViewController(context), settings_(settings), analytics_(analytics), opener_(opener) {}
 
 void SettingsViewController::viewDidLoad() {
     UIViewController::viewDidLoad();
@@ -40,7 +35,6 @@ void SettingsViewController::viewWillAppear(bool animated) {
 void SettingsViewController::appUsageSwitchChanged() {
     settings_.userDefaults().setBool(usageSwitch_->property("checked").toBool(),
                                      settings_.sendUsageDataKey());
-    usageSwitchChanged_();
 }
 
 void SettingsViewController::seeMoreTapped() {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QPointer>
-#include <functional>
 
 #include "events/PellumarAnalytics.h"
 #include "platform/UrlOpener.h"
@@ -22,13 +21,13 @@ class SettingsViewController : public UIViewController, public StoryboardInstant
     // The rows of the layout, by their position.
     enum Row { kUsageDataRow = 0, kDeveloperRow = 1 };
 
-    // All must outlive this. `usageSwitchChanged` is told after the setting is kept.
+    // All must outlive this.
     SettingsViewController(const UIContext& context,
                            const UserSettings& settings,
                            const PellumarAnalytics& analytics,
-                           UrlOpener& opener,
-                           std::function<void()> usageSwitchChanged);
+                           UrlOpener& opener);
 
+    // Keeps the setting, which is read at every event.
     Q_INVOKABLE void appUsageSwitchChanged();
     Q_INVOKABLE void seeMoreTapped();
     Q_INVOKABLE void didSelectRow(int row);
@@ -47,7 +46,6 @@ class SettingsViewController : public UIViewController, public StoryboardInstant
     const UserSettings& settings_;
     const PellumarAnalytics& analytics_;
     UrlOpener& opener_;
-    const std::function<void()> usageSwitchChanged_;
     QPointer<QQuickItem> usageSwitch_;
 };
 

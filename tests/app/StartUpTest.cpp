@@ -38,10 +38,7 @@ class StartUpTest : public ScreenFixture {
             return makeController<OnboardingViewController>(services.ui, settings, analytics);
         });
         storyboard.addScene("SettingsViewController", [this] {
-            return makeController<SettingsViewController>(
-                services.ui, settings, analytics, opener, [this] {
-                    usageAnswers.append(settings.userDefaults().boolForKey("SEND_USAGE_DATA"));
-                });
+            return makeController<SettingsViewController>(services.ui, settings, analytics, opener);
         });
         storyboard.setInitialScene("ViewController");
         delegate->setWindow(&window);
@@ -53,7 +50,6 @@ class StartUpTest : public ScreenFixture {
     }
 
     RecordingOpener opener;
-    QList<bool> usageAnswers;
     UIStoryboard storyboard;
     bool areServicesConfigured = false;
     std::shared_ptr<AppDelegate> delegate = std::make_shared<AppDelegate>(
@@ -147,7 +143,7 @@ TEST_F(StartUpTest, SettingsSwitchDecidesAboutEvents) {
     settingsScreen->didSelectRow(SettingsViewController::kDeveloperRow);
     settingsScreen->didSelectRow(SettingsViewController::kUsageDataRow);
     EXPECT_EQ(eventNames().size(), 1);
-    EXPECT_EQ(usageAnswers, QList<bool>{false});
+    EXPECT_FALSE(flag("SEND_USAGE_DATA"));
     EXPECT_EQ(opener.opened.size(), 2);
 
     usage->setProperty("checked", true);

@@ -1,8 +1,14 @@
 #include <gtest/gtest.h>
 
+#include <QDateTime>
+#include <QProcess>
 #include <algorithm>
 #include <cctype>
+#include <chrono>
+#include <functional>
+#include <thread>
 
+#include "analytics/AnalyticsStore.h"
 #include "support/FileContents.h"
 #include "support/Process.h"
 #include "support/TemporaryFolder.h"
@@ -11,8 +17,7 @@
 namespace pellumar::test {
 namespace {
 
-// The program itself, which shows all its screens and ends, with folders of its own and a collector
-// that records what leaves.
+// The program itself, with folders of its own and a collector that records what leaves.
 class UsageDataTest : public testing::Test {
   protected:
     void TearDown() override { EXPECT_EQ(collector.faults(), QStringList()); }
@@ -21,24 +26,63 @@ class UsageDataTest : public testing::Test {
         std::filesystem::create_directories(home / "config/pellumar-zip");
         writeFile(home / "config/pellumar-zip/pellumar-zip.conf", "[General]\n" + lines);
     }
+    // Shows all its screens and ends.
     void run(const std::string& variable = {}) const {
-        std::vector<std::string> command{"env", "HOME=" + home.path().string()};
+        std::vector<std::string> command = program();
+        if (!variable.empty()) {
+            command.insert(command.begin() + 1, variable);
+        }
+        command.emplace_back("--self-test");
+        const ProcessResult result = runProcess(command);
+        EXPECT_EQ(result.exitCode, 0) << result.output;
+    }
+    // Launches as for a user, and goes on until the condition holds; false if it does not in time.
+    [[nodiscard]] bool runUntil(const std::function<bool()>& condition) const {
+        QStringList command;
+        for (const std::string& word : program()) {
+            command.append(QString::fromStdString(word));
+        }
+        QProcess process;
+        process.start(command.takeFirst(), command);
+        const auto deadline = std::chrono::steady_clock::now() + kProcessDeadline;
+        bool holds = false;
+        while (!holds && std::chrono::steady_clock::now() < deadline) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(20));
+            holds = condition();
+        }
+        process.kill();
+        process.waitForFinished();
+        return holds;
+    }
+    // What is kept under the name, empty without a store.
+    [[nodiscard]] QString userProperty(const QString& name) const {
+        if (!std::filesystem::exists(AnalyticsStore::fileIn(measured()))) {
+            return {};
+        }
+        const auto store = AnalyticsStore::open(measured());
+        return store ? store->userProperties().value(name) : QString();
+    }
+    [[nodiscard]] std::filesystem::path measured() const {
+        return home / "data/pellumar-zip/Analytics";
+    }
+
+    TemporaryFolder home;
+    Collector collector;
+
+  private:
+    [[nodiscard]] std::vector<std::string> program() const {
+        // Without a bus every start is the first.
+        std::vector<std::string> command{
+            "env", "HOME=" + home.path().string(), "DBUS_SESSION_BUS_ADDRESS=unix:path=/nowhere"};
         for (const char* each : {"data", "config", "cache", "state"}) {
             std::string name(each);
             std::transform(name.begin(), name.end(), name.begin(), ::toupper);
             command.push_back("XDG_" + name + "_HOME=" + (home / each).string());
         }
-        command.insert(command.end(), {"QT_QPA_PLATFORM=offscreen", "QT_QUICK_BACKEND=software"});
-        if (!variable.empty()) {
-            command.push_back(variable);
-        }
-        command.insert(command.end(), {PELLUMAR_ZIP, "--self-test"});
-        const ProcessResult result = runProcess(command);
-        EXPECT_EQ(result.exitCode, 0) << result.output;
+        command.insert(command.end(),
+                       {"QT_QPA_PLATFORM=offscreen", "QT_QUICK_BACKEND=software", PELLUMAR_ZIP});
+        return command;
     }
-
-    TemporaryFolder home;
-    Collector collector;
 };
 
 TEST_F(UsageDataTest, EventsLeaveForTheCollectorThatIsConfigured) {
@@ -53,11 +97,26 @@ TEST_F(UsageDataTest, EventsLeaveForTheCollectorThatIsConfigured) {
     EXPECT_EQ(collector.batches()[0].resource["service.name"], "pellumar-zip");
 }
 
-TEST_F(UsageDataTest, WithTheSwitchOffNothingLeavesAndNothingIsKept) {
-    prefer("SEND_USAGE_DATA=false\n");
-    run("PELLUMAR_ANALYTICS_URL=" + collector.address().toStdString());
-    EXPECT_EQ(collector.names(), QStringList());
-    EXPECT_FALSE(std::filesystem::exists(home / "data/pellumar-zip/Analytics/events.db"));
+// Both launches show the onboarding, which is an event of the application's own. Those leave with
+// the oldest first, so what the first launch may have held back would be there at the end.
+TEST_F(UsageDataTest, TheSwitchDecidesAboutTheApplicationsOwnEventsAndNothingElse) {
+    const std::string url = "ANALYTICS_URL=" + collector.address().toStdString() + "\n";
+    prefer(url + "SEND_USAGE_DATA=false\n");
+    ASSERT_TRUE(runUntil([this] {
+        return collector.names().contains("pz_first_open") &&
+               userProperty("participating_tests") == "|";
+    }));
+    const qint64 switchedOn = QDateTime::currentMSecsSinceEpoch();
+    prefer(url + "SEND_USAGE_DATA=true\n");
+    EXPECT_TRUE(runUntil([this] { return collector.names().contains("started_tutorial"); }));
+
+    for (const CollectedBatch& batch : collector.batches()) {
+        for (const CollectedRecord& record : batch.records) {
+            EXPECT_TRUE(record.name.startsWith("pz_") || record.milliseconds >= switchedOn)
+                << record.name.toStdString();
+            EXPECT_FALSE(record.attributes.contains("pz.consent.analytics_storage"));
+        }
+    }
 }
 
 TEST_F(UsageDataTest, WithoutAnAddressEventsAreOnlyKept) {
@@ -65,7 +124,7 @@ TEST_F(UsageDataTest, WithoutAnAddressEventsAreOnlyKept) {
     // The environment comes first.
     run("PELLUMAR_ANALYTICS_URL=");
     EXPECT_EQ(collector.names(), QStringList());
-    EXPECT_TRUE(std::filesystem::exists(home / "data/pellumar-zip/Analytics/events.db"));
+    EXPECT_TRUE(std::filesystem::exists(AnalyticsStore::fileIn(measured())));
 }
 
 }  // namespace
