@@ -61,13 +61,16 @@ QImage decode(const fs::path& path) {
     if (!file.isOpen()) {
         return {};
     }
-    QImageReader::setAllocationLimit(kLargestImageMb);
     QImageReader reader(&file);
     reader.setAutoTransform(true);
     return reader.read();
 }
 
 }  // namespace
+
+FileImageManager::FileImageManager(const ThumbnailStore& posters) : posters_(posters) {
+    QImageReader::setAllocationLimit(kLargestImageMb);
+}
 
 void FileImageManager::requestContentEditingInput(const PHAsset& photo,
                                                   PHRequestOptions options,

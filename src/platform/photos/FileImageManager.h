@@ -9,8 +9,9 @@ namespace pellumar {
 // is done in the calling thread, which must be one that may block.
 class FileImageManager : public PHImageManager {
   public:
-    // `posters` must outlive this.
-    explicit FileImageManager(const ThumbnailStore& posters) : posters_(posters) {}
+    // `posters` must outlive this. Sets the largest image that Qt decodes in this process, so it
+    // is to be made before other threads decode any.
+    explicit FileImageManager(const ThumbnailStore& posters);
 
     void requestContentEditingInput(const PHAsset& photo,
                                     PHRequestOptions options,
