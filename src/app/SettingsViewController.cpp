@@ -6,8 +6,8 @@
 namespace pellumar {
 namespace {
 
-const QString kWebPage = QStringLiteral("https://pellumar.example/zip");
-const QString kDeveloperPage = QStringLiteral("appstream://org.pellumar");
+const QString kWebPage = QStringLiteral(WEB_PAGE);
+const QString kDeveloperPage = QStringLiteral(DEVELOPER_PAGE);
 
 }  // namespace
 
