@@ -1,5 +1,6 @@
 #include "app/Composition.h"
 
+#include <QDeadlineTimer>
 #include <QGuiApplication>
 #include <QScreen>
 #include <QStandardPaths>
@@ -9,7 +10,6 @@
 #include "app/OnboardingViewController.h"
 #include "app/SettingsViewController.h"
 #include "platform/FIRApp.h"
-#include "platform/documents/ThumbnailProvider.h"
 #include "platform/look/Look.h"
 #include "platform/sharing/DesktopTargets.h"
 #include "screens/ViewController.h"
@@ -37,6 +37,13 @@ QSize firstSize() {
     return screen == nullptr ? kSize : kSize.boundedTo(screen->availableSize());
 }
 
+// It is the engine's.
+ThumbnailProvider& addThumbnailProvider(QQmlEngine& engine, const ThumbnailStore& store) {
+    auto* const provider = new ThumbnailProvider(store);
+    engine.addImageProvider(ThumbnailProvider::name(), provider);
+    return *provider;
+}
+
 QStringList layoutModules() {
     return {QStringLiteral("Pellumar.App"),
             QStringLiteral("Pellumar.Screens"),
@@ -57,15 +64,16 @@ Composition::Composition()
       analytics_(settings_, *engineOfEvents_),
       fileSystem_(DocumentDirectory(), console_),
       memory_(memoryFile(), QSettings::IniFormat),
-      inbox_(DocumentInbox::standardFolder(), mainQueue_, backgroundQueue_),
       thumbnails_(ThumbnailStore::standardFolder(), Thumbnailers(Thumbnailers::standardFolders())),
       photoLibrary_(PHPhotoLibrary::standardFolders()),
       images_(thumbnails_),
+      inbox_(DocumentInbox::standardFolder(), mainQueue_, backgroundQueue_),
       review_(memory_,
               opener_,
               QDateTime::currentDateTimeUtc,
               SKStoreReviewController::desktopHasStore),
       targets_(desktopTargets()),
+      thumbnailProvider_(addThumbnailProvider(engine_, thumbnails_)),
       viewLoader_(engine_, layoutModules()),
       animator_([this] { return appearance_.isStill(); }),
       launches_(settings_.userDefaults()),
@@ -88,7 +96,6 @@ Composition::Composition()
                                    console_,
                                    [this] { configureServices(); }})) {
     installIcons(engine_);
-    engine_.addImageProvider(ThumbnailProvider::name(), new ThumbnailProvider(thumbnails_));
     followAppearance();
     followActivity();
     fillStoryboard();
@@ -99,11 +106,20 @@ Composition::Composition()
 }
 
 Composition::~Composition() {
+    static_cast<void>(stop());
+}
+
+bool Composition::stop() {
+    constexpr std::chrono::milliseconds kWait(100);
     window_.setRootViewController(nullptr);
     remoteConfig_->stop();
     // Screens go with the event loop, which has ended; what they work with goes now.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     engineOfEvents_->stop();
+    memory_.sync();
+    const QDeadlineTimer deadline(kWait);
+    return backgroundQueue_.waitForDone(kWait) &&
+           thumbnailProvider_.waitForDone(std::chrono::milliseconds(deadline.remainingTime()));
 }
 
 void Composition::configureServices() {

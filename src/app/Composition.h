@@ -14,6 +14,7 @@
 #include "platform/desktop/DesktopUrlOpener.h"
 #include "platform/desktop/PortalSleepInhibitor.h"
 #include "platform/desktop/SKStoreReviewController.h"
+#include "platform/documents/ThumbnailProvider.h"
 #include "platform/kit/FrameAnimator.h"
 #include "platform/kit/QmlViewLoader.h"
 #include "platform/photos/FileImageManager.h"
@@ -31,6 +32,11 @@ class Composition {
     Composition(const Composition&) = delete;
     Composition& operator=(const Composition&) = delete;
 
+    // For when the event loop has ended: removes the screens and stops the services; true if no
+    // work in the background is left after a short wait. Otherwise that still uses this, which can
+    // only go after it: the destructor waits as long as it takes.
+    [[nodiscard]] bool stop();
+
     [[nodiscard]] AppDelegate& delegate() { return *delegate_; }
     [[nodiscard]] UIWindow& window() { return window_; }
     [[nodiscard]] QQmlEngine& engine() { return engine_; }
@@ -47,24 +53,26 @@ class Composition {
 
     StreamConsole console_{stdout};
     MainDispatchQueue mainQueue_;
-    // Behind the window, whose frames must not wait for archive work.
-    GlobalDispatchQueue backgroundQueue_{kWorkNiceness};
     const UserSettings& settings_;
     std::shared_ptr<RemoteConfigService> remoteConfig_;
     std::shared_ptr<AnalyticsEngine> engineOfEvents_;
     PellumarAnalytics analytics_;
     FileSystem fileSystem_;
     QSettings memory_;
-    DocumentInbox inbox_;
     const ThumbnailStore thumbnails_;
     const PHPhotoLibrary photoLibrary_;
     FileImageManager images_;
+    // Behind the window, whose frames must not wait for archive work. It goes, with its work,
+    // before what stands above, which that works with.
+    GlobalDispatchQueue backgroundQueue_{kWorkNiceness};
+    DocumentInbox inbox_;
     DesktopUrlOpener opener_;
     SKStoreReviewController review_;
     PortalSleepInhibitor sleep_;
     std::vector<std::shared_ptr<ShareTarget>> targets_;
     Appearance appearance_;
     QQmlEngine engine_;
+    ThumbnailProvider& thumbnailProvider_;
     QmlViewLoader viewLoader_;
     FrameAnimator animator_;
     RelevantActionCount launches_;

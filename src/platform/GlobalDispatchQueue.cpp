@@ -52,6 +52,12 @@ GlobalDispatchQueue::~GlobalDispatchQueue() {
     Handover::take();
 }
 
+bool GlobalDispatchQueue::waitForDone(std::chrono::milliseconds timeout) {
+    const bool isDone = threads_.waitForDone(static_cast<int>(timeout.count()));
+    Handover::take();
+    return isDone;
+}
+
 void GlobalDispatchQueue::async(std::function<void()> work) {
     auto runnable = std::make_unique<WorkRunnable>(std::move(work), niceness_);
     Handover::give();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QThreadPool>
+#include <chrono>
 
 #include "platform/DispatchQueue.h"
 
@@ -20,6 +21,10 @@ class GlobalDispatchQueue : public DispatchQueue {
     GlobalDispatchQueue& operator=(const GlobalDispatchQueue&) = delete;
 
     void async(std::function<void()> work) override;
+
+    // Waits until there is no work, from any thread but the queue's; false if it does not come to
+    // that in time.
+    [[nodiscard]] bool waitForDone(std::chrono::milliseconds timeout);
 
   private:
     const int niceness_;

@@ -7,6 +7,7 @@
 #include <QThread>
 #include <algorithm>
 #include <atomic>
+#include <chrono>
 #include <latch>
 #include <memory>
 #include <thread>
@@ -65,6 +66,16 @@ TEST(GlobalDispatchQueue, RunsTwoJobsAtOnceAndWaitsForThem) {
         }
     }
     EXPECT_EQ(finished, 2);
+}
+
+TEST(GlobalDispatchQueue, TellsWhetherItsWorkIsDone) {
+    std::latch mayEnd(1);
+    GlobalDispatchQueue queue;
+    EXPECT_TRUE(queue.waitForDone(std::chrono::milliseconds(0)));
+    queue.async([&mayEnd] { mayEnd.wait(); });
+    EXPECT_FALSE(queue.waitForDone(std::chrono::milliseconds(1)));
+    mayEnd.count_down();
+    EXPECT_TRUE(queue.waitForDone(std::chrono::minutes(1)));
 }
 
 TEST(GlobalDispatchQueue, StandsBackWithAllThatItsWorkStarts) {

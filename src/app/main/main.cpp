@@ -3,6 +3,7 @@
 #include <QGuiApplication>
 #include <QQuickStyle>
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 
 #include "app/App.h"
@@ -10,6 +11,7 @@
 #include "app/ScreenGallery.h"
 #include "platform/FileUrl.h"
 #include "platform/desktop/SingleInstance.h"
+#include "platform/desktop/TerminationSignals.h"
 
 using namespace pellumar;
 
@@ -55,6 +57,7 @@ Start readCommandLine(const QStringList& arguments) {
 }
 
 int serve(QGuiApplication& application, SingleInstance& instance, const Start& start) {
+    const TerminationSignals termination;
     Composition composition;
     AppDelegate& delegate = composition.delegate();
     const auto open = [&delegate](const QList<QUrl>& urls) {
@@ -72,7 +75,15 @@ int serve(QGuiApplication& application, SingleInstance& instance, const Start& s
     QObject::connect(&instance, &SingleInstance::activated, &window, raise);
     delegate.applicationDidFinishLaunching();
     open(start.urls);
-    return application.exec();
+    const int code = application.exec();
+    SingleInstance::release();
+    if (!composition.stop()) {
+        // Nobody waits for what is still being made; the next launch clears it away.
+        std::fflush(stdout);
+        std::fflush(stderr);
+        std::_Exit(code);
+    }
+    return code;
 }
 
 }  // namespace

@@ -46,11 +46,12 @@ QDBusMessage callFor(const QList<QUrl>& urls) {
     return call;
 }
 
-// Whether an error is that of an owner who ended before the call or during it. One who is silent
-// gives the same as one who ends during the call, but late.
+// Whether an error is that of an owner who ended before the call or during it, or was about to. One
+// who is silent gives the same as one who ends during the call, but late.
 bool mayBeGone(const QDBusMessage& answer) {
     const QDBusError::ErrorType type = QDBusError(answer).type();
-    return type == QDBusError::ServiceUnknown || type == QDBusError::NoReply;
+    return type == QDBusError::ServiceUnknown || type == QDBusError::NoReply ||
+           type == QDBusError::UnknownObject;
 }
 
 }  // namespace
@@ -91,6 +92,14 @@ SingleInstance::Role SingleInstance::claim(const QList<QUrl>& urls) {
         }
     } while (!deadline.hasExpired());
     return Role::kNoAnswer;
+}
+
+void SingleInstance::release() {
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (bus.isConnected()) {
+        bus.interface()->unregisterService(kName);
+        bus.unregisterObject(kApplicationPath);
+    }
 }
 
 void SingleInstance::Activate(const QVariantMap& platformData) {

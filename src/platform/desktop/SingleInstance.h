@@ -37,6 +37,10 @@ class SingleInstance : public QObject {
     // instead of answering, this one takes its place.
     [[nodiscard]] Role claim(const QList<QUrl>& urls);
 
+    // Gives the name back, so that the next start is the first. For a process that is about to end:
+    // calls that have come and are not answered yet never are, by which their callers notice.
+    static void release();
+
   public slots:
     // The calls of org.freedesktop.Application, by the names they have on the bus.
     // NOLINTBEGIN(readability-identifier-naming)

@@ -51,6 +51,10 @@ ThumbnailProvider::~ThumbnailProvider() {
     threads_.waitForDone();
 }
 
+bool ThumbnailProvider::waitForDone(std::chrono::milliseconds timeout) {
+    return threads_.waitForDone(static_cast<int>(timeout.count()));
+}
+
 QString ThumbnailProvider::source(const QUrl& file) {
     return "image://" + name() + '/' + QString::fromLatin1(file.toEncoded().toBase64(kEncoding));
 }

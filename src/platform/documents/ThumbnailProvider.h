@@ -5,6 +5,7 @@
 #include <QThreadPool>
 #include <QUrl>
 #include <atomic>
+#include <chrono>
 
 #include "platform/documents/ThumbnailStore.h"
 
@@ -28,6 +29,10 @@ class ThumbnailProvider : public QQuickAsyncImageProvider {
 
     QQuickImageResponse* requestImageResponse(const QString& id,
                                               const QSize& requestedSize) override;
+
+    // Waits until no picture is being made; false if it does not come to that in time. The
+    // destructor waits as long as it takes.
+    [[nodiscard]] bool waitForDone(std::chrono::milliseconds timeout);
 
   private:
     const ThumbnailStore& store_;

@@ -1,5 +1,8 @@
 #include "platform/documents/Thumbnailers.h"
 
+#include <sys/prctl.h>
+#include <csignal>
+
 #include <QFile>
 #include <QProcess>
 #include <QStandardPaths>
@@ -105,6 +108,8 @@ QImage Thumbnailers::picture(const fs::path& file, const QString& mimeType, int 
     }
     QProcess program;
     program.setProcessChannelMode(QProcess::MergedChannels);
+    // One that hangs must not outlive the application, which does not wait for it when it ends.
+    program.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
     program.start(words.first(), arguments, QIODevice::ReadOnly);
     if (!program.waitForFinished(kPatienceMs) || program.exitCode() != 0) {
         return {};

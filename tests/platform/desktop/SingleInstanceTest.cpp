@@ -110,5 +110,20 @@ TEST(SingleInstanceTest, TakesThePlaceOfAnOwnerWhoEndsMeanwhile) {
     owner->waitForFinished();
 }
 
+TEST(SingleInstanceTest, OwnerThatIsAboutToEndGivesTheNameBack) {
+    SingleInstance owner;
+    ASSERT_EQ(owner.claim({}), Role::kFirst);
+    SingleInstance::release();
+    const auto next = startChild({kClaimArgument, "file:///tmp/a.zip"});
+    QByteArray said;
+    EXPECT_TRUE(waitUntil([&next, &said] {
+        said += next->readAllStandardOutput();
+        return said.contains('\n') || hasEnded(*next);
+    }));
+    EXPECT_EQ(said, "first\n");
+    next->kill();
+    next->waitForFinished();
+}
+
 }  // namespace
 }  // namespace pellumar::test
