@@ -1,7 +1,9 @@
 #include <QCommandLineParser>
 #include <QDir>
+#include <QFile>
 #include <QGuiApplication>
 #include <QQuickStyle>
+#include <QTemporaryDir>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -56,6 +58,29 @@ Start readCommandLine(const QStringList& arguments) {
     return start;
 }
 
+// In folders of their own: a running application keeps its workspace, the user's preferences stay
+// as they are, and no picture shows what is the user's.
+int showAllScreens(const Start& start) {
+    const QTemporaryDir home;
+    if (!home.isValid()) {
+        std::fputs("pellumar-zip: no folder for temporary files\n", stderr);
+        return 1;
+    }
+    qputenv("HOME", QFile::encodeName(home.path()));
+    for (const char* const kind : {"DATA", "CONFIG", "CACHE", "STATE"}) {
+        qputenv(QByteArray("XDG_") + kind + "_HOME", QFile::encodeName(home.filePath(kind)));
+    }
+    // Nobody is using the application: nothing is measured for anybody, nor asked.
+    for (const char* const address : {"PELLUMAR_ANALYTICS_URL", "PELLUMAR_REMOTE_CONFIG_URL"}) {
+        qputenv(address, "");
+    }
+    Composition composition;
+    ScreenGallery gallery(composition);
+    const bool isFine =
+        start.isSelfTest ? gallery.selfTest() : gallery.saveScreenshots(start.screenshots);
+    return isFine ? 0 : 1;
+}
+
 int serve(QGuiApplication& application, SingleInstance& instance, const Start& start) {
     const TerminationSignals termination;
     Composition composition;
@@ -98,11 +123,7 @@ int main(int argc, char** argv) {
     registerLayouts();
     const Start start = readCommandLine(textOf(argc, argv));
     if (start.isSelfTest || !start.screenshots.isEmpty()) {
-        Composition composition;
-        ScreenGallery gallery(composition);
-        const bool isFine =
-            start.isSelfTest ? gallery.selfTest() : gallery.saveScreenshots(start.screenshots);
-        return isFine ? 0 : 1;
+        return showAllScreens(start);
     }
     SingleInstance instance;
     switch (instance.claim(start.urls)) {
