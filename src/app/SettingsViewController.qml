@@ -55,7 +55,7 @@ ScreenView {
                         color: Theme.textSecondary
                     }
                     QuietButton {
-                        leftPadding: 0
+                        Layout.leftMargin: -leftPadding
                         text: qsTr("See more")
                         onClicked: root.controller.seeMoreTapped()
                     }

@@ -99,7 +99,8 @@ fs::path DocumentInbox::standardFolder() {
 void DocumentInbox::clear() {
     std::error_code failure;
     fs::path aside = folder_;
-    aside += "." + newName();
+    aside += '.';
+    aside += newName();
     fs::rename(folder_, aside, failure);
     // With it goes what an earlier run had no time to delete.
     backgroundQueue_.async(

@@ -188,7 +188,10 @@ QString UIDocumentPickerViewController::heading() const {
 }
 
 QString UIDocumentPickerViewController::confirmTitle() const {
-    return picksFolder() ? tr("Save here") : tr("Add");
+    if (picksFolder()) {
+        return tr("Save here");
+    }
+    return several_ ? tr("Add") : tr("Open");
 }
 
 QString UIDocumentPickerViewController::folderName() const {

@@ -64,7 +64,7 @@ FocusScope {
                         anchors.margins: Theme.space1
                     }
                     contentItem: Column {  // qmllint disable deferred-property-id
-                        topPadding: Theme.space2
+                        topPadding: Theme.space1
                         spacing: Theme.space1
                         Icon {
                             anchors.horizontalCenter: parent.horizontalCenter

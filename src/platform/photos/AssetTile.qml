@@ -52,19 +52,25 @@ PlainButton {
         }
         Rectangle {
             anchors.left: parent.left
+            anchors.right: parent.right
             anchors.bottom: parent.bottom
             anchors.margins: Theme.space1
-            width: 28
-            height: 22
-            radius: height / 2
+            height: fileName.implicitHeight + Theme.space1
+            radius: Theme.space2
             color: Theme.scrim
             visible: tile.isVideo
-            Icon {
-                anchors.centerIn: parent
-                width: 16
-                height: 16
-                name: "video"
+            BodyText {
+                id: fileName
+                anchors.fill: parent
+                anchors.leftMargin: Theme.space2
+                anchors.rightMargin: Theme.space2
+                text: tile.name
                 color: Theme.onPicture
+                font.pixelSize: Theme.fontCaption
+                verticalAlignment: Text.AlignVCenter
+                wrapMode: Text.NoWrap
+                elide: Text.ElideMiddle
+                Accessible.ignored: true
             }
         }
         Rectangle {

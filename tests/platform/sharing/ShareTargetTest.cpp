@@ -58,6 +58,11 @@ class AskingPortal : public BusService {
 };
 
 class ShareTargetTest : public testing::Test {
+    Q_DISABLE_COPY_MOVE(ShareTargetTest)
+
+  public:
+    ~ShareTargetTest() override { qputenv("PATH", path); }
+
   protected:
     ShareTargetTest() {
         fs::create_directories(folder / "bin");
@@ -67,7 +72,6 @@ class ShareTargetTest : public testing::Test {
         writeFile(folder / "caf\xe9.zip", "third");
         qputenv("PATH", (folder / "bin").c_str());
     }
-    ~ShareTargetTest() override { qputenv("PATH", path); }
 
     // Puts a program in the PATH that writes its arguments, one a line, and moves them to NAME.out
     // when it is done.
