@@ -91,11 +91,15 @@ void ZipViewController::pickerDidFinishPicking(
         }
         const std::vector<PHAsset> assets = screen->photos_.assets(identifiers);
         // What goes has time to be gone.
-        QTimer::singleShot(std::chrono::milliseconds(250), screen.get(), [self, assets] {
+        auto* const pause = new QTimer(screen.get());
+        pause->setSingleShot(true);
+        connect(pause, &QTimer::timeout, screen.get(), [self, assets, pause] {
+            pause->deleteLater();
             if (const auto composer = self.lock()) {
                 composer->fetchMedia(assets);
             }
         });
+        pause->start(std::chrono::milliseconds(250));
     });
 }
 

@@ -78,7 +78,7 @@ bool ScreenFixture::waitUntil(const std::function<bool()>& condition,
 
 std::shared_ptr<ViewController> ScreenFixture::showHome(QSize size) {
     window.resize(size);
-    const auto home = makeController<ViewController>(services, launches);
+    auto home = makeController<ViewController>(services, launches);
     stack_ = makeController<UINavigationController>(services.ui, home);
     const auto tabs = makeController<UITabBarController>(services.ui);
     tabs->setTabs({{{"Zip/Unzip", "zipIcon"}, stack_}});
