@@ -145,10 +145,15 @@ void ComposerBench::measureFiles() {
     lasted.restart();
     alert->setText("Notes");
     alert->choose(0);
-    static_cast<void>(waitFor<UIActivityViewController>());
+    const auto sheet = waitFor<UIActivityViewController>();
     print("and compressed after", milliseconds(lasted), "ms", 0);
     print("longest wait for a frame meanwhile", watch_.longestFrame(), "ms", 100);
     print("longest turn of the main thread", watch_.longestTurn(), "ms", 100);
+    sheet->cancelTapped();
+    while (composition_.window().topViewController() == sheet) {
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 2);
+    }
+    stack_.popViewController(false);
 }
 
 }  // namespace pellumar::bench

@@ -59,10 +59,9 @@ void HttpTransport::send(const QByteArray& gzippedBody) {
 }
 
 void HttpTransport::receive() {
-    body_ += reply_->read(kMostAnswerBytes + 1 - body_.size());
-    if (body_.size() > kMostAnswerBytes) {
-        reply_->abort();
-    }
+    body_ += reply_->read(kMostAnswerBytes - body_.size());
+    // To break off would lose the status, and a final answer would pass for a lost connection.
+    reply_->skip(reply_->bytesAvailable());
 }
 
 std::optional<LogTransport::Answer> HttpTransport::takeAnswer() {
@@ -79,8 +78,11 @@ std::optional<LogTransport::Answer> HttpTransport::takeAnswer() {
         .retryAfter = reply_->rawHeader("Retry-After"),
     };
     reply_.reset();
-    // Below them are the errors of the network, which can also come after the first line.
-    if (error != QNetworkReply::NoError && error < QNetworkReply::ContentAccessDenied) {
+    // Below them are the errors of the network, which can also come after the first line. A refusal
+    // is one however it ends.
+    const bool isRefused = answer.status >= 400;
+    if (error != QNetworkReply::NoError && error < QNetworkReply::ContentAccessDenied &&
+        !isRefused) {
         answer = {};
     }
     hasAnswered_ = answer.status != 0;

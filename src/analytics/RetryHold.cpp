@@ -53,6 +53,9 @@ void RetryHold::save(StateTable& state) const {
 }
 
 qint64 RetryHold::waitAt(qint64 now) const {
+    if (now < from_) {
+        return 0;
+    }
     const qint64 whole = std::clamp<qint64>(until_ - from_, 0, kLongestHold);
     return std::clamp<qint64>(until_ - now, 0, whole);
 }

@@ -26,8 +26,8 @@ class RetryHold {
     // Within a transaction.
     void save(StateTable& state) const;
 
-    // Milliseconds to wait from `now` on; 0: none. A clock that was set back does not make it
-    // longer than it has been at the longest.
+    // Milliseconds to wait from `now` on; 0: none. A clock that was set back to before the failure
+    // ends it: one try too early is better than none as long as the clock was ahead.
     [[nodiscard]] qint64 waitAt(qint64 now) const;
 
   private:

@@ -98,6 +98,9 @@ TEST_F(UploadTest, TheseAnswersAreTheEndOfABatch) {
           1}},
         {"bad request", {LoopbackServer::answer(400, "{}"), 1}},
         {"too large", {LoopbackServer::answer(413, ""), 1}},
+        {"too large, at length", {LoopbackServer::answer(413, std::string(200'000, 'x')), 1}},
+        {"too large, cut off",
+         {HttpAnswer{.bytes = "HTTP/1.1 413 Too Large\r\nContent-Length: 9\r\n\r\n{"}, 1}},
         {"server's fault", {LoopbackServer::answer(500, ""), 1}},
     };
     for (const auto& [name, expected] : cases) {
@@ -176,7 +179,7 @@ TEST_F(UploadTest, WaitsTwiceAsLongWithEveryFailureUpToABound) {
     }
     EXPECT_EQ(hold.waitAt(kNoon), RetryHold::kLongestBackoff);
     // The clock is set back by a year.
-    EXPECT_EQ(hold.waitAt(kNoon - 365 * kDay), RetryHold::kLongestBackoff);
+    EXPECT_EQ(hold.waitAt(kNoon - 365 * kDay), 0);
     hold.succeed();
     hold.fail(kNoon, {}, 1);
     EXPECT_EQ(hold.waitAt(kNoon), RetryHold::kFirstWait);
