@@ -10,6 +10,10 @@ namespace {
 // What a job costs beside its results.
 constexpr std::size_t kJobBytes = 1024;
 
+// Of small files the writer is given so many at a time: woken for each, it would take a processor
+// from a thread that compresses, for a moment's work.
+constexpr unsigned kReportsPerWake = 16;
+
 }  // namespace
 
 // One source on its way. `source`, `readSize` and `sequence` never change, `file` does not while
@@ -91,6 +95,7 @@ std::optional<CompressionQueue::Task> CompressionQueue::takeTask() {
     std::unique_lock lock(mutex_);
     while (!stopping_ && !canTakeTask()) {
         ++idleWorkers_;
+        wakeWriter();
         workAvailable_.wait(lock);
         --idleWorkers_;
     }
@@ -129,6 +134,7 @@ bool CompressionQueue::reportOpened(Task& task, Result<SourceFile> file) {
     }
     if (!file || file->isFolder() || job.dropped) {
         bytesAhead_ -= taskBytes_;
+        ++reportsUnseen_;
         wakeWriter();
         return false;
     }
@@ -157,6 +163,7 @@ void CompressionQueue::reportChunk(const Task& task, Result<CompressedChunk> chu
     if (!job.dropped) {
         bytesAhead_ += chunk ? chunk->bytesHeld() : 0;
         job.results[static_cast<std::size_t>(task.chunk - job.nextToTake)] = std::move(chunk);
+        ++reportsUnseen_;
         wakeWriter();
     }
 }
@@ -200,13 +207,18 @@ void CompressionQueue::wakeWorkers() {
 }
 
 void CompressionQueue::wakeWriter() {
-    if (writerWaits_ && !jobs_.empty() && jobs_.front()->isReady()) {
+    // An idle worker may be waiting for what the writer would free, and reports nothing more.
+    const bool pays =
+        idleWorkers_ > 0 || reportsUnseen_ >= kReportsPerWake || 2 * bytesAhead_ > mostBytesAhead_;
+    if (writerWaits_ && pays && !jobs_.empty() && jobs_.front()->isReady()) {
+        writerWaits_ = false;
         headReady_.notify_one();
     }
 }
 
 void CompressionQueue::waitForHead(std::unique_lock<std::mutex>& lock) {
     writerWaits_ = true;
+    reportsUnseen_ = 0;
     headReady_.wait(lock, [this] { return !jobs_.empty() && jobs_.front()->isReady(); });
     writerWaits_ = false;
 }

@@ -107,6 +107,7 @@ class CompressionQueue {
     [[nodiscard]] static bool beginChunk(Job& job);
     [[nodiscard]] bool canTakeTask() const;
     void wakeWorkers();
+    // If it waits, its head is ready and it pays: at the latest when a worker finds nothing to do.
     void wakeWriter();
     void waitForHead(std::unique_lock<std::mutex>& lock);
     void dropJob(Job& job);
@@ -122,6 +123,7 @@ class CompressionQueue {
     // What the mutex guards:
     bool stopping_ = false;
     bool writerWaits_ = false;
+    unsigned reportsUnseen_ = 0;  // since the writer began to wait
     unsigned idleWorkers_ = 0;
     std::vector<Source> announced_;  // from nextAnnounced_ on: not yet made into jobs
     std::size_t nextAnnounced_ = 0;

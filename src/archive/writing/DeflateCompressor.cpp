@@ -22,7 +22,7 @@ static_assert(DeflateCompressor::kMostOutput >= storedDeflateSize(DeflateCompres
 // to look back on, it saves less than one per cent.
 constexpr int kLongTextLevel = 6;
 constexpr int kUsualLevel = 5;
-constexpr std::size_t kLongText = 32UL * 1024;
+constexpr std::size_t kLongText = 64UL * 1024;
 constexpr std::size_t kSampleStride = 61;
 constexpr std::size_t kFewZeros = 200;  // text has less than one in so many
 
