@@ -3,12 +3,14 @@
 #include <unistd.h>
 
 #include <QEventLoop>
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
-#include <map>
+#include <iterator>
 #include <string>
 #include <system_error>
+#include <unordered_map>
 #include <utility>
 
 #include "cli/PrintableText.h"
@@ -20,17 +22,16 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// The URL of what was named on the command line. "." and ".." are no names for an entry, so they
-// become the folder that they stand for.
-tl::expected<QUrl, std::error_code> urlOf(const fs::path& argument) {
+// What was named on the command line, seen from the folder `here`, which is empty if there is none
+// any more. "." and ".." are no names for an entry, so they become the folder that they stand for.
+tl::expected<fs::path, std::error_code> pathOf(const fs::path& argument, const fs::path& here) {
     std::error_code error;
     const fs::path name = argument.filename();
-    const fs::path path = name == "." || name == ".." ? fs::canonical(argument, error)
-                                                      : fs::absolute(argument, error);
-    if (error) {
-        return tl::unexpected(error);
+    fs::path path = name == "." || name == ".." ? fs::canonical(argument, error) : here / argument;
+    if (!error && path.is_relative()) {
+        error = std::make_error_code(std::errc::no_such_file_or_directory);
     }
-    return fileUrl(path);
+    return error ? tl::expected<fs::path, std::error_code>(tl::unexpect, error) : std::move(path);
 }
 
 // Why what was named cannot be an archive, whatever is in it.
@@ -59,28 +60,32 @@ int JobRunner::run() {
     const bool zipping = commandLine_.operation == OperationType::kZip;
     const std::vector<fs::path> arguments =
         zipping ? commandLine_.files : std::vector{commandLine_.archive};
-    QList<QUrl> urls;
+    std::error_code nowhere;
+    const fs::path here = fs::current_path(nowhere);
+    std::vector<fs::path> paths;
     const std::optional<fs::path> target =
         localPath(fileSystem_.archive(QString::fromStdString(commandLine_.title)));
     std::error_code missing;
     const bool replaces = zipping && target && fs::exists(*target, missing);
     for (const fs::path& argument : arguments) {
-        const tl::expected<QUrl, std::error_code> url = urlOf(argument);
-        if (!url) {
-            return fail(argument.native() + ": " + url.error().message());
+        tl::expected<fs::path, std::error_code> path = pathOf(argument, here);
+        if (!path) {
+            return fail(argument.native() + ": " + path.error().message());
         }
         std::error_code different;
         if (replaces && fs::equivalent(*target, argument, different)) {
             return fail(argument.native() + ": is the archive that would be replaced");
         }
-        urls.append(*url);
+        paths.push_back(*std::move(path));
     }
     if (zipping) {
-        warnOfSameNames(urls);
+        warnOfSameNames(paths);
     } else if (const auto reason = whyNoArchive(commandLine_.archive)) {
         return fail(commandLine_.archive.native() + ": " + *reason);
     }
     fileSystem_.createFolders();
+    QList<QUrl> urls;
+    std::transform(paths.begin(), paths.end(), std::back_inserter(urls), fileUrl);
     const std::optional<QList<QUrl>> files = zipping ? zip(urls) : unzip(urls.first());
     // A compression whose archive could not be created calls itself a success.
     const std::optional<std::string> failure = diagnostics_.failure();
@@ -137,19 +142,15 @@ bool JobRunner::print(const QList<QUrl>& urls) const {
     return std::fflush(stdout) == 0;
 }
 
-void JobRunner::warnOfSameNames(const QList<QUrl>& files) const {
+void JobRunner::warnOfSameNames(const std::vector<fs::path>& files) const {
     if (commandLine_.quiet) {
         return;
     }
-    std::map<std::string, int> counts;
-    for (const QUrl& file : files) {
-        const std::optional<fs::path> path = localPath(file);
-        if (!path) {
-            continue;
-        }
+    std::unordered_map<std::string, int> counts;
+    for (const fs::path& file : files) {
         // A folder may end with a slash.
         const std::string name =
-            (path->has_filename() ? *path : path->parent_path()).filename().native();
+            (file.has_filename() ? file : file.parent_path()).filename().native();
         if (++counts[name] == 2) {
             const std::string text = name + ": is there twice; extracting leaves the last";
             static_cast<void>(

@@ -32,7 +32,7 @@ class JobRunner {
     [[nodiscard]] std::optional<QList<QUrl>> zip(const QList<QUrl>& files);
     [[nodiscard]] std::optional<QList<QUrl>> unzip(const QUrl& archive);
     [[nodiscard]] bool print(const QList<QUrl>& urls) const;
-    void warnOfSameNames(const QList<QUrl>& files) const;
+    void warnOfSameNames(const std::vector<std::filesystem::path>& files) const;
     [[nodiscard]] static int fail(const std::string& reason);
 
     const CommandLine& commandLine_;
