@@ -62,7 +62,7 @@ Composition::Composition()
           std::make_shared<AnalyticsEngine>(measurementEnvironment(settings_, remoteConfig_),
                                             AnalyticsEngine::CrashCatching::kOn)),
       analytics_(settings_, *engineOfEvents_),
-      fileSystem_(DocumentDirectory(), console_),
+      fileSystem_(DocumentDirectory(), console_, &backgroundQueue_),
       memory_(memoryFile(), QSettings::IniFormat),
       thumbnails_(ThumbnailStore::standardFolder(), Thumbnailers(Thumbnailers::standardFolders())),
       photoLibrary_(PHPhotoLibrary::standardFolders()),

@@ -5,6 +5,7 @@
 #include <QUuid>
 #include <cerrno>
 #include <memory>
+#include <string>
 #include <string_view>
 #include <system_error>
 #include <utility>
@@ -19,26 +20,41 @@ constexpr const char* kOutputs = "outputs";
 constexpr const char* kZipOutputs = "outputs/zipOutputs";
 constexpr const char* kDownloads = "downloads";
 constexpr const char* kTempImages = "outputs/tempImages";
+constexpr const char* kDiscarded = ".discarded";
 
-void empty(const std::filesystem::path& folder, Console* console) {
-    const std::optional<QList<QUrl>> children = FileSystem::contents(folder);
-    if (!children) {
-        return;
-    }
-    for (const QUrl& child : *children) {
-        if (console != nullptr) {
-            console->writeLine(QStringLiteral("Deleting: ") + child.toString(QUrl::FullyEncoded));
-        }
-        if (const std::optional<std::filesystem::path> path = localPath(child)) {
-            static_cast<void>(removeTree(*path));
-        }
-    }
+// One that is never given again.
+std::string newName() {
+    return QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper().toStdString();
 }
+
+// Moves things into a folder of their own, which is made for the first.
+class Discard {
+  public:
+    explicit Discard(std::filesystem::path folder) : folder_(std::move(folder)) {}
+
+    [[nodiscard]] bool take(const std::filesystem::path& item) {
+        std::error_code error;
+        if (taken_ == 0) {
+            std::filesystem::create_directories(folder_, error);
+        }
+        // Their names could be equal, as they come from several folders.
+        std::filesystem::rename(item, folder_ / std::to_string(taken_), error);
+        taken_ += error ? 0 : 1;
+        return !error;
+    }
+
+    [[nodiscard]] bool isEmpty() const { return taken_ == 0; }
+    [[nodiscard]] const std::filesystem::path& folder() const { return folder_; }
+
+  private:
+    const std::filesystem::path folder_;
+    int taken_ = 0;
+};
 
 }  // namespace
 
-FileSystem::FileSystem(DocumentDirectory documents, Console& console)
-    : documents_(std::move(documents)), console_(console) {}
+FileSystem::FileSystem(DocumentDirectory documents, Console& console, DispatchQueue* background)
+    : documents_(std::move(documents)), console_(console), background_(background) {}
 
 void FileSystem::createFolders() const {
     for (const char* folder : {kOutputs, kZipOutputs, kDownloads, kTempImages}) {
@@ -48,17 +64,53 @@ void FileSystem::createFolders() const {
 }
 
 void FileSystem::clearWorkspace() const {
+    const std::filesystem::path root = documents_.path();
+    if (const std::optional<QList<QUrl>> left = contents(root / kDiscarded)) {
+        for (const QUrl& folder : *left) {
+            deleteLater(*localPath(folder));
+        }
+    }
     for (const char* folder : {kOutputs, kDownloads, kZipOutputs, kTempImages}) {
-        empty(documents_.path() / folder, &console_);
+        empty(root / folder, Telling::kEachItem);
     }
 }
 
 void FileSystem::clearZipOutputs() const {
-    empty(documents_.path() / kZipOutputs, nullptr);
+    empty(documents_.path() / kZipOutputs, Telling::kSilent);
 }
 
 void FileSystem::clearTempImages() const {
-    empty(documents_.path() / kTempImages, nullptr);
+    empty(documents_.path() / kTempImages, Telling::kSilent);
+}
+
+void FileSystem::empty(const std::filesystem::path& folder, Telling telling) const {
+    const std::optional<QList<QUrl>> children = contents(folder);
+    if (!children) {
+        return;
+    }
+    Discard discard(documents_.path() / kDiscarded / newName());
+    for (const QUrl& child : *children) {
+        if (telling == Telling::kEachItem) {
+            console_.writeLine(QStringLiteral("Deleting: ") + child.toString(QUrl::FullyEncoded));
+        }
+        const std::optional<std::filesystem::path> path = localPath(child);
+        // What cannot be moved, into another file system or for want of permission, goes at once.
+        if (path && (background_ == nullptr || !discard.take(*path))) {
+            static_cast<void>(removeTree(*path));
+        }
+    }
+    if (!discard.isEmpty()) {
+        deleteLater(discard.folder());
+    }
+}
+
+void FileSystem::deleteLater(const std::filesystem::path& folder) const {
+    const auto work = [folder] { static_cast<void>(removeTree(folder)); };
+    if (background_ == nullptr) {
+        work();
+    } else {
+        background_->async(work);
+    }
 }
 
 void FileSystem::removeItem(const QUrl& at) const {
@@ -74,8 +126,7 @@ QUrl FileSystem::archive(const QString& title) const {
 }
 
 QUrl FileSystem::newExtraction() const {
-    const QString name = QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper();
-    return fileUrl(documents_.path() / kZipOutputs / name.toStdString());
+    return fileUrl(documents_.path() / kZipOutputs / newName());
 }
 
 QUrl FileSystem::tempImages() const {

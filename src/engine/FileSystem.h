@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "platform/Console.h"
+#include "platform/DispatchQueue.h"
 #include "platform/DocumentDirectory.h"
 
 namespace pellumar {
@@ -20,8 +21,10 @@ namespace pellumar {
 // job is writing may take that job's files.
 class FileSystem {
   public:
-    // `console` must outlive this.
-    FileSystem(DocumentDirectory documents, Console& console);
+    // `console` must outlive this. With a queue, which is used by the three clearing operations
+    // only, those just move things out of sight, into the hidden folder ".discarded" beside the
+    // others, and the queue deletes them; without one they return when all is deleted.
+    FileSystem(DocumentDirectory documents, Console& console, DispatchQueue* background = nullptr);
 
     // Creates the four folders, with those above them.
     void createFolders() const;
@@ -29,7 +32,7 @@ class FileSystem {
     // Empties the four folders, and writes "Deleting: " and the URL to the console for each thing
     // that is deleted. "outputs" comes first and takes the two folders in it along, so afterwards
     // only "outputs" and "downloads" are left. What is hidden (a name that starts with a dot)
-    // survives here and below.
+    // survives here and below. Takes along what an earlier run had no time to delete.
     void clearWorkspace() const;
 
     void clearZipOutputs() const;
@@ -50,8 +53,13 @@ class FileSystem {
     [[nodiscard]] static std::optional<QList<QUrl>> contents(const std::filesystem::path& folder);
 
   private:
+    enum class Telling { kSilent, kEachItem };
+    void empty(const std::filesystem::path& folder, Telling telling) const;
+    void deleteLater(const std::filesystem::path& folder) const;
+
     DocumentDirectory documents_;
     Console& console_;
+    DispatchQueue* background_;
 };
 
 }  // namespace pellumar

@@ -12,6 +12,7 @@
 #include "engine/TreeRemoval.h"
 #include "platform/FileUrl.h"
 #include "support/FileContents.h"
+#include "support/ManualDispatchQueue.h"
 #include "support/RecordingConsole.h"
 #include "support/TemporaryFolder.h"
 
@@ -103,6 +104,34 @@ TEST_F(FileSystemTest, EmptyingSparesHiddenThingsAndDoesNotFollowLinks) {
     EXPECT_EQ(std::distance(fs::directory_iterator(folder_ / "docs/outputs/tempImages"), {}), 1);
     EXPECT_TRUE(fs::exists(folder_ / "outside"));
     EXPECT_TRUE(console_.lines().isEmpty());
+}
+
+TEST_F(FileSystemTest, WithAQueueThingsGoOutOfSightAtOnceAndAreDeletedByIt) {
+    test::ManualDispatchQueue interrupted;
+    test::ManualDispatchQueue queue;
+    fill("outputs/zipOutputs/A/deep/file");
+    fill("outputs/zipOutputs/.hidden");
+    FileSystem(DocumentDirectory(folder_ / "docs"), console_, &interrupted).clearZipOutputs();
+    EXPECT_FALSE(stands("outputs/zipOutputs/A"));
+    EXPECT_TRUE(stands("outputs/zipOutputs/.hidden"));
+    EXPECT_FALSE(fs::is_empty(folder_ / "docs/.discarded"));
+
+    // The next launch takes that along.
+    fill("outputs/zipOutputs/A/new");
+    fill("downloads/A");
+    const FileSystem next(DocumentDirectory(folder_ / "docs"), console_, &queue);
+    next.clearWorkspace();
+    EXPECT_TRUE(fs::is_empty(folder_ / "docs/outputs"));
+    EXPECT_TRUE(fs::is_empty(folder_ / "docs/downloads"));
+    queue.runAll();
+    EXPECT_TRUE(fs::is_empty(folder_ / "docs/.discarded"));
+
+    // What cannot be moved is deleted all the same.
+    fs::remove(folder_ / "docs/.discarded");
+    fill(".discarded");
+    fill("downloads/A");
+    next.clearWorkspace();
+    EXPECT_TRUE(fs::is_empty(folder_ / "docs/downloads"));
 }
 
 TEST_F(FileSystemTest, ListsLinksButNothingHiddenInTheFoldersOwnOrder) {

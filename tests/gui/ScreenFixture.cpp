@@ -14,7 +14,7 @@ ScreenFixture::ScreenFixture()
     : defaults(QString::fromStdString(folder / "preferences.ini")),
       settings(defaults),
       analytics(settings, events),
-      fileSystem(DocumentDirectory(folder / "Documents"), console),
+      fileSystem(DocumentDirectory(folder / "Documents"), console, &backgroundQueue),
       memory(QString::fromStdString(folder / "memory.ini"), QSettings::IniFormat),
       inbox(folder / "Inbox", mainQueue, backgroundQueue),
       thumbnails(folder / "thumbnails", Thumbnailers({})),
