@@ -68,6 +68,7 @@ Composition::Composition()
       photoLibrary_(PHPhotoLibrary::standardFolders()),
       images_(thumbnails_),
       inbox_(DocumentInbox::standardFolder(), mainQueue_, backgroundQueue_),
+      sharedItems_(SharedItems::standardFolder()),
       review_(memory_,
               opener_,
               QDateTime::currentDateTimeUtc,
@@ -84,7 +85,7 @@ Composition::Composition()
                .jobs = {fileSystem_, analytics_, console_, mainQueue_, backgroundQueue_},
                .documents = {inbox_, mainQueue_, backgroundQueue_, memory_},
                .photos = {photoLibrary_, images_, mainQueue_, backgroundQueue_},
-               .shareTargets = targets_,
+               .sharing = {screens_.documents, targets_, sharedItems_},
                .review = review_,
                .sleep = sleep_,
                .mainQueue = mainQueue_},
@@ -100,6 +101,7 @@ Composition::Composition()
     followActivity();
     fillStoryboard();
     inbox_.clear();
+    backgroundQueue_.async([this] { sharedItems_.forgetEarlier(); });
     window_.setTitle(QGuiApplication::applicationDisplayName());
     window_.resize(firstSize());
     delegate_->setWindow(&window_);

@@ -66,6 +66,7 @@ class Composition {
     // before what stands above, which that works with.
     GlobalDispatchQueue backgroundQueue_{kWorkNiceness};
     DocumentInbox inbox_;
+    const SharedItems sharedItems_;
     DesktopUrlOpener opener_;
     SKStoreReviewController review_;
     PortalSleepInhibitor sleep_;

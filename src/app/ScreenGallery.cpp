@@ -132,9 +132,7 @@ std::vector<ScreenGallery::Scene> ScreenGallery::archiveScenes() {
         {"share",
          [this, &services] {
              present(makeController<UIActivityViewController>(
-                 services.ui,
-                 SharingServices{services.documents, services.shareTargets},
-                 sampleFiles().mid(6, 1)));
+                 services.ui, services.sharing, sampleFiles().mid(6, 1)));
          }},
     };
 }

@@ -22,7 +22,7 @@ struct ScreenServices {
     ZipManager::Environment jobs;
     DocumentServices documents;
     PhotoServices photos;
-    const std::vector<std::shared_ptr<ShareTarget>>& shareTargets;
+    SharingServices sharing;
     StoreReview& review;
     SleepInhibitor& sleep;
     DispatchQueue& mainQueue;

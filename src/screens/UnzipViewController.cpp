@@ -62,26 +62,18 @@ const QUrl& UnzipViewController::urlAt(IndexPath indexPath) const {
 }
 
 void UnzipViewController::shareFile(IndexPath at) {
-    shareFiles(*this,
-               context(),
-               {services_.documents, services_.shareTargets},
-               {urlAt(at)},
-               [](const auto&...) {});
+    shareFiles(*this, context(), services_.sharing, {urlAt(at)}, [](const auto&...) {});
 }
 
 void UnzipViewController::shareAll() {
-    shareFiles(*this,
-               context(),
-               {services_.documents, services_.shareTargets},
-               urls_,
-               [self = weakly(this)](const auto&...) {
-                   if (const auto screen = self.lock()) {
-                       askForReviewOnce(self,
-                                        screen->services_.settings,
-                                        screen->services_.review,
-                                        screen->services_.mainQueue);
-                   }
-               });
+    shareFiles(*this, context(), services_.sharing, urls_, [self = weakly(this)](const auto&...) {
+        if (const auto screen = self.lock()) {
+            askForReviewOnce(self,
+                             screen->services_.settings,
+                             screen->services_.review,
+                             screen->services_.mainQueue);
+        }
+    });
 }
 
 }  // namespace pellumar

@@ -115,7 +115,7 @@ void ViewController::compress(const QList<QUrl>& urls) {
             }
             shareFiles(*screen,
                        screen->context(),
-                       {screen->services_.documents, screen->services_.shareTargets},
+                       screen->services_.sharing,
                        {*archive},
                        [self](const auto&...) {
                            if (const auto sharer = self.lock()) {

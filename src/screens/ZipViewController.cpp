@@ -185,18 +185,15 @@ void ZipViewController::finish(const std::optional<QUrl>& archive) {
         showFailureAlert(*this, context());
         return;
     }
-    shareFiles(*this,
-               context(),
-               {services_.documents, services_.shareTargets},
-               {*archive},
-               [self = weakly(this)](const auto&...) {
-                   if (const auto screen = self.lock()) {
-                       askForReviewOnce(self,
-                                        screen->services_.settings,
-                                        screen->services_.review,
-                                        screen->services_.mainQueue);
-                   }
-               });
+    shareFiles(
+        *this, context(), services_.sharing, {*archive}, [self = weakly(this)](const auto&...) {
+            if (const auto screen = self.lock()) {
+                askForReviewOnce(self,
+                                 screen->services_.settings,
+                                 screen->services_.review,
+                                 screen->services_.mainQueue);
+            }
+        });
     hud_->hide(true);
 }
 

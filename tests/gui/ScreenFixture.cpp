@@ -20,6 +20,7 @@ ScreenFixture::ScreenFixture()
       thumbnails(folder / "thumbnails", Thumbnailers({})),
       photoLibrary({folder / "Pictures", folder / "Videos"}),
       images(thumbnails),
+      sharedItems(folder / "Shared"),
       viewLoader(engine,
                  {"Pellumar.App",
                   "Pellumar.Screens",
@@ -35,7 +36,7 @@ ScreenFixture::ScreenFixture()
                .jobs = {fileSystem, analytics, console, mainQueue, backgroundQueue},
                .documents = {inbox, mainQueue, backgroundQueue, memory},
                .photos = {photoLibrary, images, mainQueue, backgroundQueue},
-               .shareTargets = targets,
+               .sharing = {services.documents, targets, sharedItems},
                .review = review,
                .sleep = sleep,
                .mainQueue = mainQueue} {

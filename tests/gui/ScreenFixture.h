@@ -97,6 +97,7 @@ class ScreenFixture : public testing::Test {
     PHPhotoLibrary photoLibrary;
     FileImageManager images;
     std::vector<std::shared_ptr<ShareTarget>> targets;
+    SharedItems sharedItems;
     CountingReview review;
     NoInhibitor sleep;
     QQmlEngine engine;

@@ -106,6 +106,39 @@ TEST_F(ArchiveScreensTest, SavedFilesAreEqualAndNothingIsOverwritten) {
     EXPECT_EQ(readText(folder / "target" / "a (2).txt"), "content of a.txt");
 }
 
+// Another application that will look at what it is given some time.
+class PatientTarget : public ShareTarget {
+  public:
+    [[nodiscard]] QString activityType() const override { return "org.pellumar.test.patient"; }
+    [[nodiscard]] QString title() const override { return "Later"; }
+    [[nodiscard]] QString iconName() const override { return "open"; }
+    [[nodiscard]] bool canPerform(const QList<QUrl>& /*urls*/) const override { return true; }
+    void perform(const QList<QUrl>& urls, const Done& done) override {
+        given = urls;
+        done({.isCompleted = true, .error = {}});
+    }
+    QList<QUrl> given;
+};
+
+TEST_F(ArchiveScreensTest, WhatWasSharedOutlivesTheReturnHome) {
+    const auto target = std::make_shared<PatientTarget>();
+    targets.push_back(target);
+    fileSystem.createFolders();
+    const QUrl extracted = file("Documents/outputs/zipOutputs/a.txt");
+    const auto results = push<UnzipViewController>(QList<QUrl>{extracted});
+    file("Documents/outputs/zipOutputs/a.txt");  // again: the home screen was in view before
+    results->shareFile({0, 0});
+    presented<UIActivityViewController>()->targetTapped(1);
+    settle();
+    EXPECT_FALSE(presented<UIActivityViewController>());
+    stack()->popViewController(true);
+    settle();
+    EXPECT_FALSE(std::filesystem::exists(*localPath(extracted)));
+    ASSERT_EQ(target->given.size(), 1);
+    EXPECT_EQ(readText(*localPath(target->given.first())),
+              "content of Documents/outputs/zipOutputs/a.txt");
+}
+
 TEST_F(ArchiveScreensTest, WhatIsNoFileIsNotSaidToBeSaved) {
     const auto results = push<UnzipViewController>(QList<QUrl>{QUrl("https://host.example/a.txt")});
     results->shareFile({0, 0});

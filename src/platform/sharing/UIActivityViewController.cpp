@@ -93,8 +93,24 @@ void UIActivityViewController::targetTapped(int index) {
         return;
     }
     isBusy_ = true;
+    // A folder with many files takes a moment.
+    services_.documents.backgroundQueue.async([self = weakly(this),
+                                               target,
+                                               items = items_,
+                                               &shared = services_.sharedItems,
+                                               &mainQueue = services_.documents.mainQueue] {
+        mainQueue.async([self, target, kept = shared.keep(items)] {
+            if (const auto sheet = self.lock()) {
+                sheet->perform(target, kept);
+            }
+        });
+    });
+}
+
+void UIActivityViewController::perform(const std::shared_ptr<ShareTarget>& target,
+                                       const QList<QUrl>& kept) {
     const auto self = weakly(this);
-    target->perform(items_, [self, target](const ShareTarget::Result& result) {
+    target->perform(kept, [self, target](const ShareTarget::Result& result) {
         const auto sheet = self.lock();
         if (!sheet) {
             return;

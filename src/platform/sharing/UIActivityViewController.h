@@ -13,6 +13,7 @@
 #include "platform/kit/MBProgressHUD.h"
 #include "platform/kit/UIViewController.h"
 #include "platform/sharing/ShareTarget.h"
+#include "platform/sharing/SharedItems.h"
 
 namespace pellumar {
 
@@ -20,6 +21,7 @@ namespace pellumar {
 struct SharingServices {
     const DocumentServices& documents;
     const std::vector<std::shared_ptr<ShareTarget>>& targets;
+    const SharedItems& sharedItems;
 };
 
 // The share sheet: shows files and the ways that they can leave. Saving them into a folder of the
@@ -84,6 +86,7 @@ class UIActivityViewController : public pellumar::UIViewController,
   private:
     class SaveTarget;
 
+    void perform(const std::shared_ptr<ShareTarget>& target, const QList<QUrl>& kept);
     void chooseFolder();
     void save(const QUrl& folder);
     void finish(const std::optional<QString>& activityType, bool completed);

@@ -22,6 +22,7 @@
 #include "platform/bus/WaitUntil.h"
 #include "platform/sharing/ActivityType.h"
 #include "platform/sharing/DesktopTargets.h"
+#include "platform/sharing/SharedItems.h"
 #include "support/FileContents.h"
 #include "support/TemporaryFolder.h"
 
@@ -236,6 +237,28 @@ TEST_F(ShareTargetTest, ClipboardServesFileManagersAndTerminals) {
     EXPECT_EQ(content->data("x-special/gnome-copied-files"),
               "copy\n" + urls[0].toEncoded() + '\n' + urls[1].toEncoded());
     EXPECT_TRUE(content->text().startsWith(QString::fromStdString(folder / "a b.zip") + '\n'));
+}
+
+TEST_F(ShareTargetTest, WhatIsHandedOnOutlivesWhereItWas) {
+    fs::create_directories(folder / "tree/deep");
+    writeFile(folder / "tree/deep/file", "leaf");
+    fs::create_symlink("deep/file", folder / "tree/link");
+    const QUrl foreign("https://host.example/a.txt");
+    const QList<QUrl> items{fileUrl(folder / "caf\xe9.zip"), fileUrl(folder / "tree/"), foreign};
+    const SharedItems earlier(folder / "Shared");
+    const SharedItems shared(folder / "Shared");
+    const QUrl old = earlier.keep(items.first(1)).first();
+    const QList<QUrl> kept = shared.keep(items);
+    ASSERT_EQ(kept.size(), 3);
+    EXPECT_EQ(kept[2], foreign);
+    fs::remove(folder / "caf\xe9.zip");
+    fs::remove_all(folder / "tree");
+    shared.forgetEarlier();
+    EXPECT_FALSE(fs::exists(*localPath(old)));
+    EXPECT_EQ(readText(*localPath(kept[0])), "third");
+    EXPECT_EQ(localPath(kept[0])->filename(), "caf\xe9.zip");
+    EXPECT_EQ(readText(*localPath(kept[1]) / "link"), "leaf");
+    EXPECT_EQ(localPath(kept[1])->filename(), "tree");
 }
 
 }  // namespace
