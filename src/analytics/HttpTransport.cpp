@@ -2,6 +2,7 @@
 
 #include <QHostAddress>
 #include <QNetworkRequest>
+#include <chrono>
 #include <utility>
 
 namespace pellumar {
@@ -10,6 +11,8 @@ namespace {
 constexpr int kTimeoutMilliseconds = 30'000;
 // An answer is a few words. What is longer is not read.
 constexpr qsizetype kMostAnswerBytes = 64 << 10;
+// Qt looks up an address again after a minute (QHostInfo's cache).
+constexpr std::chrono::seconds kWayKnown(50);
 
 }  // namespace
 
@@ -75,6 +78,7 @@ std::optional<LogTransport::Answer> HttpTransport::takeAnswer() {
     Answer answer{
         .status = reply_->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt(),
         .body = std::exchange(body_, {}),
+        .contentType = reply_->rawHeader("Content-Type"),
         .retryAfter = reply_->rawHeader("Retry-After"),
     };
     reply_.reset();
@@ -85,7 +89,9 @@ std::optional<LogTransport::Answer> HttpTransport::takeAnswer() {
         !isRefused) {
         answer = {};
     }
-    hasAnswered_ = answer.status != 0;
+    if (answer.status != 0) {
+        wayKnown_.setRemainingTime(kWayKnown);
+    }
     return answer;
 }
 
@@ -99,7 +105,7 @@ void HttpTransport::cancel() {
 
 bool HttpTransport::knowsTheWay() const {
     QHostAddress literal;
-    return hasAnswered_ || literal.setAddress(url_.host());
+    return !wayKnown_.hasExpired() || literal.setAddress(url_.host());
 }
 
 }  // namespace pellumar

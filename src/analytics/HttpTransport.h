@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDeadlineTimer>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QUrl>
@@ -34,7 +35,8 @@ class HttpTransport : public LogTransport {
 
     const QUrl url_;
     const QString bearerToken_;
-    bool hasAnswered_ = false;
+    // For so long after an answer, no server has to be looked for.
+    QDeadlineTimer wayKnown_{0};
     // Made for the first batch: most of the engine's memory is behind it.
     std::unique_ptr<QNetworkAccessManager> manager_;
     std::unique_ptr<QNetworkReply> reply_;

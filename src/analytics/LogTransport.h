@@ -13,6 +13,7 @@ class LogTransport {
         // Of HTTP; 0: there was no answer, or none of the collector.
         int status = 0;
         QByteArray body;
+        QByteArray contentType;
         // The header, as it stands.
         QByteArray retryAfter;
     };

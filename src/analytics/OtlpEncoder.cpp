@@ -90,18 +90,13 @@ QByteArray encode(const BatchSource& source, const std::vector<StoredEvent>& eve
         .toJson(QJsonDocument::Compact);
 }
 
-std::optional<OtlpResult> decode(const QByteArray& body) {
-    if (body.trimmed().isEmpty()) {
-        return OtlpResult{};
-    }
-    const QJsonDocument document = QJsonDocument::fromJson(body);
-    if (!document.isObject()) {
-        return std::nullopt;
-    }
-    const QJsonValue rejected =
-        document.object().value(u"partialSuccess").toObject().value(u"rejectedLogRecords");
-    return OtlpResult{.rejected = rejected.isString() ? rejected.toString().toLongLong()
-                                                      : rejected.toInteger()};
+qint64 rejectedRecords(const QByteArray& body) {
+    const QJsonValue rejected = QJsonDocument::fromJson(body)
+                                    .object()
+                                    .value(u"partialSuccess")
+                                    .toObject()
+                                    .value(u"rejectedLogRecords");
+    return rejected.isString() ? rejected.toString().toLongLong() : rejected.toInteger();
 }
 
 }  // namespace pellumar::otlp

@@ -22,11 +22,6 @@ struct BatchSource {
     Consent consent;
 };
 
-// What a collector said of a batch that it took.
-struct OtlpResult {
-    qint64 rejected = 0;
-};
-
 // The logs of OTLP/HTTP in JSON (OpenTelemetry protocol 1.x, "JSON Protobuf Encoding"): names in
 // lowerCamelCase, 64-bit integers as decimal texts, enumerations as numbers.
 namespace otlp {
@@ -35,9 +30,9 @@ namespace otlp {
 // without a letter is not sent.
 [[nodiscard]] QByteArray encode(const BatchSource& source, const std::vector<StoredEvent>& events);
 
-// Reads the body of a 200, an ExportLogsServiceResponse. Nothing if it is not one, so that who
-// answered was no collector but something on the way to it.
-[[nodiscard]] std::optional<OtlpResult> decode(const QByteArray& body);
+// How many records of a batch a collector has rejected that took the others, by the body of its
+// answer, an ExportLogsServiceResponse. None if it is something else.
+[[nodiscard]] qint64 rejectedRecords(const QByteArray& body);
 
 }  // namespace otlp
 }  // namespace pellumar

@@ -10,8 +10,6 @@
 namespace pellumar {
 namespace {
 
-constexpr int kOk = 200;
-
 // After the lock was another's, or the store could not be read.
 constexpr qint64 kLaterMilliseconds = 1000;
 
@@ -20,6 +18,15 @@ bool isWorthAnotherTry(int status) {
     // A redirect is not from a collector.
     return status == 0 || (status >= 300 && status < 400) || status == 429 || status == 502 ||
            status == 503 || status == 504;
+}
+
+bool isSuccess(int status) {
+    return status >= 200 && status < 300;
+}
+
+// What answers with a page for people is on the way to a collector, and has not passed anything on.
+bool isPage(const LogTransport::Answer& answer) {
+    return answer.contentType.toLower().contains("html") || answer.body.trimmed().startsWith('<');
 }
 
 }  // namespace
@@ -95,10 +102,8 @@ DatabaseOutcome Uploader::takeAnswer(const Situation& situation) {
 
 DatabaseOutcome Uploader::judge(const LogTransport::Answer& answer, qint64 now) {
     const std::vector<qint64> rows = std::exchange(underway_, {});
-    const std::optional<OtlpResult> result =
-        answer.status == kOk ? otlp::decode(answer.body) : std::nullopt;
-    const bool fromCollector = answer.status != kOk || result;
-    if (!fromCollector || isWorthAnotherTry(answer.status)) {
+    const bool accepted = isSuccess(answer.status);
+    if ((accepted && isPage(answer)) || isWorthAnotherTry(answer.status)) {
         hold_.fail(now, answer.retryAfter, QRandomGenerator::global()->generateDouble());
         store_.database().begin();
         hold_.save(store_.state());
@@ -107,7 +112,8 @@ DatabaseOutcome Uploader::judge(const LogTransport::Answer& answer, qint64 now) 
     }
     hold_.succeed();
     const auto all = static_cast<qint64>(rows.size());
-    return remove(rows, result ? std::clamp<qint64>(result->rejected, 0, all) : all);
+    return remove(rows,
+                  accepted ? std::clamp<qint64>(otlp::rejectedRecords(answer.body), 0, all) : all);
 }
 
 DatabaseOutcome Uploader::remove(const std::vector<qint64>& rows, qint64 refused) {

@@ -2,6 +2,7 @@
 
 #include "EngineTest.h"
 #include "analytics/RetryHold.h"
+#include "analytics/UploadLock.h"
 
 namespace pellumar::test {
 namespace {
@@ -41,11 +42,14 @@ class UploadTest : public EngineTest {
         const std::unique_ptr<AnalyticsStore> store = openBesideAnEngine();
         EXPECT_TRUE(becomesTrue([&] { return store->events().count(1) == 0; }));
     }
-    // Whether the engine has looked whether there is something to send, and sent nothing.
+    // Whether the engine has looked whether there is something to send, and sent nothing: what is
+    // still on its way holds the lock.
     [[nodiscard]] bool isPatient(AnalyticsEngine& engine) const {
         const std::size_t before = collector.batches().size();
-        return engine.waitUntilStored(kDeadline) && engine.waitUntilStored(kDeadline) &&
-               collector.batches().size() == before;
+        const bool hasLooked =
+            engine.waitUntilStored(kDeadline) && engine.waitUntilStored(kDeadline);
+        const bool isSending = !UploadLock(folder).take();
+        return hasLooked && !isSending && collector.batches().size() == before;
     }
 
     Collector collector;
@@ -96,6 +100,9 @@ TEST_F(UploadTest, TheseAnswersAreTheEndOfABatch) {
          {LoopbackServer::answer(
               200, R"({"partialSuccess":{"rejectedLogRecords":"1","errorMessage":"no"}})"),
           1}},
+        {"other words", {LoopbackServer::answer(200, "OK"), 0}},
+        {"success, at length", {LoopbackServer::answer(200, std::string(200'000, ' ')), 0}},
+        {"accepted", {LoopbackServer::answer(202, ""), 0}},
         {"bad request", {LoopbackServer::answer(400, "{}"), 1}},
         {"too large", {LoopbackServer::answer(413, ""), 1}},
         {"too large, at length", {LoopbackServer::answer(413, std::string(200'000, 'x')), 1}},
@@ -202,6 +209,21 @@ TEST_F(UploadTest, ACollectorThatNeverAnswersDoesNotHoldUpTheEnd) {
     waitUntilNothingIsLeft();
     EXPECT_EQ(collector.batches()[0].records[0].attributes["log.record.uid"],
               collector.batches()[1].records[0].attributes["log.record.uid"]);
+}
+
+TEST_F(UploadTest, AnotherProcessAtTheStoreDoesNotHoldUpTheEnd) {
+    AnalyticsEngine engine(eager());
+    engine.setActive(true);
+    ASSERT_TRUE(engine.waitUntilStored(kDeadline));
+    const std::unique_ptr<AnalyticsStore> another = openBesideAnEngine();
+    another->database().begin();
+    ASSERT_FALSE(another->database().failed());
+    engine.logEventWithName("tapped", {});
+    const auto start = std::chrono::steady_clock::now();
+    engine.stop();
+    // The bound is 200 ms; a busy machine is allowed some more.
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
+    static_cast<void>(another->database().commit());
 }
 
 TEST_F(UploadTest, WaitsForIdlenessButNotAtTheEnd) {
