@@ -58,9 +58,13 @@ std::vector<Audiences::Change> Audiences::evaluate(AnalyticsStore& store,
         const bool wasMember = left.erase(audience.name) > 0;
         const bool allowed = !audience.forAdvertising || consent.allowsAdvertisingAudiences();
         const bool member = allowed && isMember(audience, Holds{store, today});
+        const Change change{.audience = audience.name, .member = member};
         if (member != wasMember) {
-            changes.push_back({.audience = audience.name, .member = member});
-            keep(store, changes.back(), audience.forAdvertising, time);
+            changes.push_back(change);
+        }
+        // Of a member, what the audience is for may have become another thing.
+        if (member || wasMember) {
+            keep(store, change, audience.forAdvertising, time);
         }
     }
     for (const QString& audience : left) {

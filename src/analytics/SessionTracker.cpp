@@ -24,6 +24,10 @@ void SessionTracker::begin(const Moment& now, qint64 number) {
     touch(now);
 }
 
+void SessionTracker::join(Session session) {
+    session_ = std::move(session);
+}
+
 void SessionTracker::activate(const Moment& now) {
     touch(now);
     active_ = true;
@@ -35,14 +39,12 @@ void SessionTracker::deactivate(const Moment& now) {
 }
 
 qint64 SessionTracker::takeEngagement() {
-    return std::exchange(session_.unreportedEngagement, 0);
+    return std::exchange(engagement_, 0);
 }
 
 void SessionTracker::touch(const Moment& now) {
     if (active_ && seen_) {
-        const qint64 engagement = std::max<qint64>(0, now.elapsed - *seen_);
-        session_.engagement += engagement;
-        session_.unreportedEngagement += engagement;
+        engagement_ += std::max<qint64>(0, now.elapsed - *seen_);
     }
     // Callers on several threads may be told of out of order.
     seen_ = std::max(now.elapsed, seen_.value_or(now.elapsed));

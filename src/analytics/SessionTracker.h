@@ -15,10 +15,6 @@ struct Session {
     QString uid;
     qint64 started = 0;
     qint64 lastSeen = 0;
-    // In front of the user, since the session began.
-    qint64 engagement = 0;
-    // The part of it that no event has told yet.
-    qint64 unreportedEngagement = 0;
 
     friend bool operator==(const Session&, const Session&) = default;
 };
@@ -43,6 +39,8 @@ class SessionTracker {
     // Whether a session has to begin before anything else is told.
     [[nodiscard]] bool isAbsence(const Moment& now) const;
     void begin(const Moment& now, qint64 number);
+    // Goes on with one that another process has begun.
+    void join(Session session);
     // Something happened within the session.
     void touch(const Moment& now);
 
@@ -50,11 +48,12 @@ class SessionTracker {
     void activate(const Moment& now);
     void deactivate(const Moment& now);
 
-    // What an event has to tell, which it is then considered to have done.
+    // How long the user has had this process in front since the last call, within the session.
     [[nodiscard]] qint64 takeEngagement();
 
   private:
     Session session_;
+    qint64 engagement_ = 0;
     bool active_ = false;
     // When this process last saw something, by the clock that nobody sets.
     std::optional<qint64> seen_;

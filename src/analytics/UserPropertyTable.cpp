@@ -11,6 +11,13 @@ bool UserPropertyTable::set(const UserProperty& property) {
     }
     const QString before = value(property.name);
     if (before == property.value) {
+        database_
+            .statement(
+                "UPDATE user_properties SET advertising = ? WHERE name = ? AND advertising <> ?")
+            .bind(qint64{property.advertising})
+            .bind(property.name)
+            .bind(qint64{property.advertising})
+            .run();
         return true;
     }
     // Those of audiences are not the application's, and are as many as there are audiences.

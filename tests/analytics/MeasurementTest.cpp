@@ -68,6 +68,27 @@ TEST_F(MeasurementTest, WhatIsTooOldIsForgotten) {
     EXPECT_EQ(AnalyticsStore::open(folder)->losses().all()["expired"], 1);
 }
 
+TEST_F(MeasurementTest, AClockThatIsSetExpiresNothing) {
+    const auto start = [this](const QString& name) {
+        AnalyticsEngine engine(quiet());
+        log(engine, name);
+    };
+    start("first");
+    for (const qint64 years : {14, -14, -30, 30}) {
+        clock->setAhead(years * 365 * kDay);
+        start("start");
+        clock->advance(kDay / 2);
+        start("start");
+    }
+    EXPECT_EQ(ownNames(folder).count("first"), 1);
+    // With a clock that goes on as clocks do, it is too old one day.
+    for (int i = 0; i < 2; ++i) {
+        clock->advance(20 * kDay);
+        start("later");
+    }
+    EXPECT_EQ(ownNames(folder).count("first"), 0);
+}
+
 TEST_F(MeasurementTest, AudiencesFollowEventsPropertiesAndDays) {
     QStringList changes;
     AnalyticsEnvironment with = quiet();
@@ -112,6 +133,14 @@ TEST_F(MeasurementTest, AudiencesFollowEventsPropertiesAndDays) {
     const std::unique_ptr<AnalyticsStore> store = AnalyticsStore::open(folder);
     EXPECT_EQ(store->userProperties().value("pz_in_everybody"), "1");
     EXPECT_EQ(store->userProperties().all().size(), 1U);
+    EXPECT_FALSE(store->userProperties().all()[0].advertising);
+    // Of those who are in it already too.
+    with.audiences[0].forAdvertising = true;
+    {
+        AnalyticsEngine engine(with);
+        log(engine, "other");
+    }
+    EXPECT_TRUE(store->userProperties().all()[0].advertising);
 }
 
 TEST_F(MeasurementTest, PropertiesKeepTheTimeOfTheirValueAndAreNoMoreThan25) {

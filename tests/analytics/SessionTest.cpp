@@ -1,3 +1,5 @@
+#include <numeric>
+
 #include "EngineTest.h"
 
 namespace pellumar::test {
@@ -72,6 +74,33 @@ TEST_F(SessionTest, TheEndOfTheProcessTellsTheEngagement) {
         clock->advance(kMinute);
     }
     EXPECT_EQ(engagements(), QList<qint64>{kMinute});
+}
+
+TEST_F(SessionTest, ProcessesShareSessionsAndTellEachMinuteOnce) {
+    AnalyticsEngine one(environment());
+    one.setActive(true);
+    log(one);
+    clock->advance(10 * kMinute);
+    log(one);
+    {
+        AnalyticsEngine another(environment());
+        another.setActive(true);
+        ASSERT_TRUE(another.waitUntilStored(kDeadline));
+        clock->advance(3 * kMinute);
+        another.setActive(false);
+        log(another);
+        clock->advance(2 * kMinute);
+        one.setActive(false);
+        log(one);
+        EXPECT_EQ(sessions(), 1);
+        const QList<qint64> told = engagements();
+        EXPECT_EQ(std::accumulate(told.begin(), told.end(), qint64{0}), (10 + 3 + 5) * kMinute);
+        clock->advance(40 * kMinute);
+        log(another);
+    }
+    clock->advance(kMinute);
+    log(one);
+    EXPECT_EQ(sessions(), 2);
 }
 
 TEST_F(SessionTest, BetweenProcessesTheWallClockDecides) {
