@@ -9,7 +9,7 @@ namespace pellumar {
 AnalyticsEngine::AnalyticsEngine(AnalyticsEnvironment environment, CrashCatching crashes)
     : clock_(environment.clock) {
     if (crashes == CrashCatching::kOn) {
-        marker_.emplace(AnalyticsWorker::markerIn(environment.folder),
+        marker_.emplace(CrashReport::markerIn(environment.folder),
                         environment.versions.serviceVersion.toStdString());
     }
     CrashMarker* const marker = marker_ ? &*marker_ : nullptr;

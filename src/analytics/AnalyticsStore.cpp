@@ -40,14 +40,16 @@ bool AnalyticsStore::remove(const std::filesystem::path& folder) {
 
 std::unique_ptr<AnalyticsStore> AnalyticsStore::open(const std::filesystem::path& folder,
                                                      qint64 mostBytes,
-                                                     Reason reason) {
+                                                     Reason reason,
+                                                     const std::stop_token& ending) {
     std::error_code error;
     if (std::filesystem::create_directories(folder, error)) {
         std::filesystem::permissions(folder, std::filesystem::perms::owner_all, error);
     }
     const std::array reasons = {reason, Reason::kReplaced};
     for (const Reason each : reasons) {
-        auto store = std::unique_ptr<AnalyticsStore>(new AnalyticsStore(fileIn(folder), mostBytes));
+        auto store =
+            std::unique_ptr<AnalyticsStore>(new AnalyticsStore(fileIn(folder), mostBytes, ending));
         const DatabaseOutcome outcome = store->prepare(each);
         if (outcome == DatabaseOutcome::kDone) {
             return store;
@@ -60,8 +62,10 @@ std::unique_ptr<AnalyticsStore> AnalyticsStore::open(const std::filesystem::path
     return nullptr;
 }
 
-AnalyticsStore::AnalyticsStore(const std::filesystem::path& file, qint64 mostBytes)
-    : database_(file),
+AnalyticsStore::AnalyticsStore(const std::filesystem::path& file,
+                               qint64 mostBytes,
+                               const std::stop_token& ending)
+    : database_(file, ending),
       mostBytes_(mostBytes),
       events_(database_),
       counts_(database_),

@@ -34,9 +34,11 @@ class AnalyticsStore {
     // Opens the store of a folder, or makes it. One that is damaged, or of a version that this
     // program does not know, is removed and made anew. Nothing if it can be neither opened nor
     // made. The file never grows beyond `mostBytes`, nor the log beside it much beyond half a MiB.
+    // `ending` is the database's.
     [[nodiscard]] static std::unique_ptr<AnalyticsStore> open(const std::filesystem::path& folder,
                                                               qint64 mostBytes = kMostBytes,
-                                                              Reason reason = Reason::kOpened);
+                                                              Reason reason = Reason::kOpened,
+                                                              const std::stop_token& ending = {});
 
     // Removes the store of a folder with all that belongs to it. False if something is left.
     static bool remove(const std::filesystem::path& folder);
@@ -70,7 +72,9 @@ class AnalyticsStore {
     void forget(qint64 eventsBefore, qint64 today);
 
   private:
-    AnalyticsStore(const std::filesystem::path& file, qint64 mostBytes);
+    AnalyticsStore(const std::filesystem::path& file,
+                   qint64 mostBytes,
+                   const std::stop_token& ending);
 
     [[nodiscard]] DatabaseOutcome prepare(Reason reason);
     [[nodiscard]] bool isSound();

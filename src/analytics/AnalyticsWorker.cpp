@@ -40,10 +40,6 @@ bool isControl(const QueueItem& item) {
 
 }  // namespace
 
-std::filesystem::path AnalyticsWorker::markerIn(const std::filesystem::path& folder) {
-    return folder / "crash";
-}
-
 AnalyticsWorker::AnalyticsWorker(AnalyticsEnvironment environment,
                                  EventQueue& queue,
                                  CrashMarker* marker)
@@ -56,6 +52,7 @@ AnalyticsWorker::AnalyticsWorker(AnalyticsEnvironment environment,
 void AnalyticsWorker::run(const std::stop_token& stop) {
     QEventLoop loop;
     queue_.setWaker([&loop] { loop.wakeUp(); });
+    ending_ = stop;
     {
         const std::stop_callback wake(stop, [&loop] { loop.wakeUp(); });
         if (environment_.transport) {
@@ -100,10 +97,13 @@ bool AnalyticsWorker::work() {
         closeStore();
     }
     workOff();
-    if (consent_.current().allowsStorage() && openStore()) {
+    const bool isOpen = consent_.current().allowsStorage() && openStore();
+    if (isOpen && !ending_.stop_requested()) {
         upkeep();
     }
-    upload();
+    if (!ending_.stop_requested()) {
+        upload();
+    }
     return isNew;
 }
 
@@ -294,23 +294,22 @@ bool AnalyticsWorker::openStore() {
     if (store_) {
         return true;
     }
-    store_ = AnalyticsStore::open(environment_.folder, environment_.mostBytes, nextStore_);
+    store_ = AnalyticsStore::open(environment_.folder, environment_.mostBytes, nextStore_, ending_);
     if (!store_) {
         return false;
     }
     recorder_ = std::make_unique<Recorder>(*store_, *environment_.clock, audiences_);
-    const std::filesystem::path marker = markerIn(environment_.folder);
-    const Recorder::Result started = recorder_->start({.versions = environment_.versions,
-                                                       .crash = CrashReport::read(marker),
-                                                       .inFront = inFront_},
-                                                      consent_.current(),
-                                                      config_);
+    const Recorder::Result started =
+        recorder_->start({.versions = environment_.versions,
+                          .crash = CrashReport::claim(environment_.folder),
+                          .inFront = inFront_},
+                         consent_.current(),
+                         config_);
     if (started.outcome != DatabaseOutcome::kDone) {
         closeStore();
         return false;
     }
-    std::error_code error;
-    std::filesystem::remove(marker, error);
+    CrashReport::forget(environment_.folder);
     nextStore_ = AnalyticsStore::Reason::kOpened;
     tell(started.audiences);
     if (transport_) {
@@ -330,8 +329,9 @@ void AnalyticsWorker::erase() {
     closeStore();
     nextStore_ = AnalyticsStore::Reason::kReplaced;
     AnalyticsStore::remove(environment_.folder);
-    std::error_code error;
-    std::filesystem::remove(markerIn(environment_.folder), error);
+    // Nor is a crash told of which nothing shall be known any more.
+    CrashReport::erase(environment_.folder);
+    dropped_ = 0;
 }
 
 void AnalyticsWorker::obeyConsent() {

@@ -31,8 +31,6 @@ class AnalyticsWorker {
     // Works until `stop` is requested; what was said before that is recorded first.
     void run(const std::stop_token& stop);
 
-    [[nodiscard]] static std::filesystem::path markerIn(const std::filesystem::path& folder);
-
   private:
     // True if something new was said.
     bool work();
@@ -66,6 +64,8 @@ class AnalyticsWorker {
     const AnalyticsEnvironment environment_;
     const Audiences audiences_;
     EventQueue& queue_;
+    // Of run().
+    std::stop_token ending_;
     CrashMarker* const marker_;
 
     ConsentState consent_;

@@ -232,6 +232,8 @@ void dump(const char* path,
         .add(signalName)
         .add("\ntime ")
         .addNumber(static_cast<std::uintptr_t>(now.tv_sec), 10)
+        .add("\nprocess ")
+        .addNumber(static_cast<std::uintptr_t>(::getpid()), 10)
         .add("\nversion ")
         .add(version)
         .add("\n")

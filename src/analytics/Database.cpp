@@ -7,8 +7,7 @@
 namespace pellumar {
 namespace {
 
-// Another process holds the file for one transaction at a time.
-constexpr int kBusyMilliseconds = 500;
+constexpr int kBusyStepMilliseconds = 2;
 
 DatabaseOutcome outcomeOf(int result) {
     switch (result & 0xff) {
@@ -35,12 +34,13 @@ DatabaseOutcome outcomeOf(int result) {
 
 }  // namespace
 
-Database::Database(const std::filesystem::path& path) {
+Database::Database(const std::filesystem::path& path, std::stop_token ending)
+    : ending_(std::move(ending)) {
     const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX |
                       SQLITE_OPEN_NOFOLLOW | SQLITE_OPEN_EXRESCODE;
     note(sqlite3_open_v2(path.c_str(), &connection_, flags, nullptr));
     if (connection_ != nullptr) {
-        sqlite3_busy_timeout(connection_, kBusyMilliseconds);
+        sqlite3_busy_handler(connection_, waitForOthers, this);
         // The end of a process is not the time to wait for the disk: the next one goes on with the
         // log as it is.
         sqlite3_db_config(connection_, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
@@ -59,7 +59,23 @@ void Database::finalizeAll() {
     statements_.clear();
 }
 
+int Database::waitForOthers(void* self, int times) {
+    const auto& database = *static_cast<const Database*>(self);
+    const std::chrono::milliseconds patience =
+        database.ending_.stop_requested() ? kLastPatience : kPatience;
+    if (times * kBusyStepMilliseconds >= patience.count()) {
+        return 0;
+    }
+    sqlite3_sleep(kBusyStepMilliseconds);
+    return 1;
+}
+
 void Database::begin() {
+    if (isCheckpointing_ && ending_.stop_requested()) {
+        // A checkpoint waits for the disk.
+        sqlite3_wal_autocheckpoint(connection_, 0);
+        isCheckpointing_ = false;
+    }
     run("BEGIN IMMEDIATE");
 }
 

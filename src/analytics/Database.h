@@ -1,10 +1,12 @@
 #pragma once
 
 #include <QString>
+#include <chrono>
 #include <filesystem>
 #include <map>
 #include <memory>
 #include <optional>
+#include <stop_token>
 #include <string_view>
 
 #include "analytics/Statement.h"
@@ -29,8 +31,14 @@ enum class DatabaseOutcome {
 // thread at a time.
 class Database {
   public:
-    // `path` is made if there is nothing. Nothing is looked at yet.
-    explicit Database(const std::filesystem::path& path);
+    // While another process writes, so long is waited for it: the second is for when the process
+    // is about to end.
+    static constexpr std::chrono::milliseconds kPatience{500};
+    static constexpr std::chrono::milliseconds kLastPatience{20};
+
+    // `path` is made if there is nothing. Nothing is looked at yet. When `ending` is requested,
+    // nothing waits for the disk any more.
+    explicit Database(const std::filesystem::path& path, std::stop_token ending = {});
     ~Database();
     Database(const Database&) = delete;
     Database& operator=(const Database&) = delete;
@@ -62,10 +70,14 @@ class Database {
   private:
     friend class Statement;
 
+    // For SQLite: whether to try again after so many times.
+    static int waitForOthers(void* self, int times);
     void note(int result);
     void finalizeAll();
 
+    const std::stop_token ending_;
     sqlite3* connection_ = nullptr;
+    bool isCheckpointing_ = true;
     DatabaseOutcome outcome_ = DatabaseOutcome::kDone;
     std::map<std::string_view, sqlite3_stmt*> statements_;
 };

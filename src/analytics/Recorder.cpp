@@ -1,14 +1,19 @@
 #include "analytics/Recorder.h"
 
 #include <QRandomGenerator>
+#include <cstdlib>
 #include <utility>
 
 #include "analytics/AutomaticEvents.h"
+#include "analytics/ClockWitness.h"
 #include "analytics/EventNaming.h"
 #include "analytics/EventValidator.h"
 
 namespace pellumar {
 namespace {
+
+// In the state: the fingerprint of the last crash that was told.
+const QString kCrashTold = QStringLiteral("crash_told");
 
 bool isChosen(const QString& name, const MeasurementConfig& config) {
     const int permille = config.samplingOf(name);
@@ -30,8 +35,7 @@ Recorder::Result Recorder::start(const Start& start,
     store_.database().begin();
     // These two belong to the session that the last process was in.
     if (start.crash) {
-        const qint64 time = start.crash->time > 0 ? start.crash->time : now.wall;
-        add(AutomaticEvents::crash(*start.crash), time, rules);
+        takeCrash(*start.crash, now, rules);
     }
     tellEngagement(tracker_.session().lastSeen, rules);
     for (Event& event : AutomaticEvents::atStart(store_.state(), start.versions)) {
@@ -68,9 +72,7 @@ Recorder::Result Recorder::commit(const SessionTracker& before, const Rules& rul
     const qint64 now = clock_.now().wall;
     std::vector<Audiences::Change> changes =
         audiences_.evaluate(store_, rules.consent, now, clock_.dayOf(now));
-    if (tracker_.session().number > 0 && tracker_.session() != before.session()) {
-        store_.sessions().save(tracker_.session());
-    }
+    keepEngagement(before.session());
     store_.keepBound();
     const DatabaseOutcome outcome = store_.database().commit();
     if (outcome != DatabaseOutcome::kDone) {
@@ -118,16 +120,39 @@ void Recorder::touch(const Moment& moment, const Rules& rules) {
         return;
     }
     tellEngagement(tracker_.session().lastSeen, rules);
-    if (tracker_.session().number > 0) {
-        store_.sessions().save(tracker_.session());
+    const Session last = store_.sessions().last();
+    const bool isAnothers = last.number > tracker_.session().number;
+    if (isAnothers && std::abs(moment.wall - last.lastSeen) < SessionTracker::kAbsence) {
+        tracker_.join(last);
+        tracker_.touch(moment);
+        return;
     }
-    // Another process may have begun one meanwhile.
-    tracker_.begin(moment, store_.sessions().last().number + 1);
+    tracker_.begin(moment, last.number + 1);
+    store_.sessions().add(tracker_.session());
     add(AutomaticEvents::sessionStart(tracker_.session().number), moment.wall, rules);
 }
 
+void Recorder::keepEngagement(const Session& before) {
+    const qint64 engagement = tracker_.takeEngagement();
+    if (engagement > 0 || tracker_.session() != before) {
+        store_.sessions().extend(tracker_.session(), engagement);
+    }
+}
+
+void Recorder::takeCrash(const CrashReport& crash, const Moment& now, const Rules& rules) {
+    // A process that was killed before it could remove the marker has told it already.
+    if (store_.state().text(kCrashTold) == crash.fingerprint) {
+        return;
+    }
+    store_.state().set(kCrashTold, crash.fingerprint);
+    const bool isTimeKnown = crash.time > 0 && crash.time <= now.wall;
+    add(AutomaticEvents::crash(crash), isTimeKnown ? crash.time : now.wall, rules);
+}
+
 void Recorder::tellEngagement(qint64 wall, const Rules& rules) {
-    if (const qint64 engagement = tracker_.takeEngagement(); engagement > 0) {
+    keepEngagement(tracker_.session());
+    const qint64 engagement = store_.sessions().takeUnreported(tracker_.session().number);
+    if (engagement > 0) {
         add(AutomaticEvents::engagement(engagement), wall, rules);
     }
 }
@@ -156,7 +181,9 @@ void Recorder::forgetOld(const MeasurementConfig& config) {
     const qint64 now = clock_.now().wall;
     const std::chrono::milliseconds retention = config.retention;
     store_.database().begin();
-    store_.forget(now - retention.count(), clock_.dayOf(now));
+    if (ClockWitness(store_.state()).confirms(now)) {
+        store_.forget(now - retention.count(), clock_.dayOf(now));
+    }
     // Tomorrow is another day.
     static_cast<void>(store_.database().commit());
 }

@@ -53,7 +53,8 @@ class Recorder {
                                 const Consent& consent,
                                 const MeasurementConfig& config);
 
-    // Forgets what is too old.
+    // Forgets what is too old, by a clock that can be believed. To be called once a day and at
+    // every start.
     void forgetOld(const MeasurementConfig& config);
 
   private:
@@ -69,6 +70,9 @@ class Recorder {
     void take(const ActivityChange& change, const Moment& moment, const Rules& rules);
     // Goes on with the session, or begins one.
     void touch(const Moment& moment, const Rules& rules);
+    void takeCrash(const CrashReport& crash, const Moment& now, const Rules& rules);
+    // Writes down how long the user has looked, and when something was last seen.
+    void keepEngagement(const Session& before);
     void tellEngagement(qint64 wall, const Rules& rules);
     // Counts the event and keeps it, unless the configuration is against it.
     void add(Event event, qint64 wall, const Rules& rules);

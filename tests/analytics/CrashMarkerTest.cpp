@@ -2,10 +2,11 @@
 
 #include <signal.h>
 
+#include <algorithm>
 #include <cstdlib>
 
 #include "EngineTest.h"
-#include "analytics/AnalyticsWorker.h"
+#include "analytics/CrashReport.h"
 #include "support/FileContents.h"
 #include "support/Process.h"
 
@@ -28,7 +29,7 @@ class CrashMarkerTest : public EngineTest {
         return runProcess({"/proc/self/exe", "--crash", folder.string(), how});
     }
     [[nodiscard]] bool isMarked() const {
-        return std::filesystem::exists(AnalyticsWorker::markerIn(folder));
+        return std::filesystem::exists(CrashReport::markerIn(folder));
     }
 };
 
@@ -71,14 +72,36 @@ TEST_F(CrashMarkerTest, WithoutConsentThereIsNoMarker) {
     EXPECT_FALSE(isMarked());
 }
 
-TEST_F(CrashMarkerTest, AMarkerThatWasNotFinishedTellsWhatThereIs) {
+TEST_F(CrashMarkerTest, AMarkerThatIsUnfinishedOrNonsenseTellsWhatThereIs) {
     std::filesystem::create_directories(folder);
-    writeFile(AnalyticsWorker::markerIn(folder), "signal SIGBUS\ntime 17054");
-    {
+    for (const char* time : {"17054", "99999999999", "9223372036854775807", "-5", "soon"}) {
+        writeFile(CrashReport::markerIn(folder), std::string("signal SIGBUS\ntime ") + time);
         AnalyticsEngine engine(environment());
         EXPECT_TRUE(engine.waitUntilStored(kDeadline));
+        EXPECT_FALSE(isMarked());
     }
-    EXPECT_EQ(namesOf(storedEvents(folder)).count("pz_crash"), 1);
+    const std::vector<StoredEvent> events = storedEvents(folder);
+    EXPECT_EQ(namesOf(events).count("pz_crash"), 5);
+    EXPECT_TRUE(std::all_of(
+        events.begin(), events.end(), [](const StoredEvent& each) { return each.time == kNoon; }));
+}
+
+TEST_F(CrashMarkerTest, ACrashIsToldOnceWheneverTheProcessThatTellsItIsKilled) {
+    std::filesystem::create_directories(folder);
+    const std::string crash = "signal SIGBUS\ntime 1705492000\nprocess 7\n";
+    // Before it could be told; before the marker could be removed, and there was another crash.
+    writeFile(CrashReport::claimedIn(folder), crash);
+    for (int start = 0; start < 3; ++start) {
+        {
+            AnalyticsEngine engine(environment());
+            EXPECT_TRUE(engine.waitUntilStored(kDeadline));
+        }
+        EXPECT_EQ(namesOf(storedEvents(folder)).count("pz_crash"), start < 2 ? 1 : 2);
+        if (start == 0) {
+            writeFile(CrashReport::claimedIn(folder), crash);
+            writeFile(CrashReport::markerIn(folder), crash + "again");
+        }
+    }
     EXPECT_FALSE(isMarked());
 }
 
