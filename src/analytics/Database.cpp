@@ -7,7 +7,7 @@
 namespace pellumar {
 namespace {
 
-constexpr int kBusyStepMilliseconds = 2;
+constexpr std::chrono::milliseconds kBusyStep(2);
 
 DatabaseOutcome outcomeOf(int result) {
     switch (result & 0xff) {
@@ -63,10 +63,10 @@ int Database::waitForOthers(void* self, int times) {
     const auto& database = *static_cast<const Database*>(self);
     const std::chrono::milliseconds patience =
         database.ending_.stop_requested() ? kLastPatience : kPatience;
-    if (times * kBusyStepMilliseconds >= patience.count()) {
+    if (times * kBusyStep >= patience) {
         return 0;
     }
-    sqlite3_sleep(kBusyStepMilliseconds);
+    sqlite3_sleep(static_cast<int>(kBusyStep.count()));
     return 1;
 }
 

@@ -14,6 +14,11 @@ class MeasurementTest : public EngineTest {
         }
         ASSERT_TRUE(engine.waitUntilStored(kDeadline));
     }
+    // The second answer comes when the upkeep behind the first one is done.
+    static void logAndSettle(AnalyticsEngine& engine, const QString& name) {
+        log(engine, name);
+        ASSERT_TRUE(engine.waitUntilStored(kDeadline));
+    }
 };
 
 TEST_F(MeasurementTest, WhatIsSampledOutCountsAndWhatIsBlockedDoesNot) {
@@ -56,22 +61,21 @@ TEST_F(MeasurementTest, ParametersOutOfRangeAreAtItsEndAndNonsenseIsIgnored) {
 TEST_F(MeasurementTest, WhatIsTooOldIsForgotten) {
     {
         AnalyticsEngine engine(quiet());
-        log(engine, "old");
+        logAndSettle(engine, "old");
         clock->advance(20 * kDay);
-        log(engine, "young");
+        logAndSettle(engine, "young");
         clock->advance(10 * kDay + 1);
-        log(engine, "new");
         // What comes before it is still there for it to look back at.
-        log(engine, "newer");
+        logAndSettle(engine, "new");
     }
-    EXPECT_EQ(ownNames(folder), (QStringList{"young", "new", "newer"}));
+    EXPECT_EQ(ownNames(folder), (QStringList{"young", "new"}));
     EXPECT_EQ(AnalyticsStore::open(folder)->losses().all()["expired"], 1);
 }
 
 TEST_F(MeasurementTest, AClockThatIsSetExpiresNothing) {
     const auto start = [this](const QString& name) {
         AnalyticsEngine engine(quiet());
-        log(engine, name);
+        logAndSettle(engine, name);
     };
     start("first");
     for (const qint64 years : {14, -14, -30, 30}) {
