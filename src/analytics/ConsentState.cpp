@@ -2,17 +2,21 @@
 
 #include <sys/stat.h>
 
-#include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QSaveFile>
+#include <algorithm>
+
+#include "analytics/FileLock.h"
+#include "analytics/PrivateFolder.h"
 
 namespace pellumar {
 namespace {
 
 constexpr qint64 kMostBytes = 64 << 10;
+// Another process holds the lock for as long as it takes to write a small file.
+constexpr std::chrono::milliseconds kLockPatience(20);
 
 std::size_t indexOf(ConsentKind kind) {
     return static_cast<std::size_t>(kind);
@@ -99,52 +103,87 @@ Consent Consent::unpacked(qint64 bits) {
     return consent;
 }
 
-ConsentState::ConsentState(const std::filesystem::path& folder) : path_(fileIn(folder)) {
-    read();
+ConsentState::ConsentState(const std::filesystem::path& folder)
+    : folder_(folder), path_(fileIn(folder)) {
+    version_ = versionOnDisk();
+    current_ = kept_ = read();
 }
 
 std::optional<qint64> ConsentState::timeOf(ConsentKind kind) const {
-    return times_.at(indexOf(kind));
+    return current_.times.at(indexOf(kind));
 }
 
 void ConsentState::set(ConsentKind kind, ConsentStatus status, qint64 time) {
-    if (consent_.status(kind) == status) {
+    if (current().status(kind) == status) {
         return;
     }
-    consent_.set(kind, status);
-    times_.at(indexOf(kind)) = status == ConsentStatus::kUnset ? std::nullopt : std::optional(time);
-    unsaved_ = true;
+    current_.consent.set(kind, status);
+    current_.times.at(indexOf(kind)) =
+        status == ConsentStatus::kUnset ? std::nullopt : std::optional(time);
+    unsaved_.at(indexOf(kind)) = true;
     save();
 }
 
+bool ConsentState::isUnsaved() const {
+    return std::find(unsaved_.begin(), unsaved_.end(), true) != unsaved_.end();
+}
+
 bool ConsentState::refresh() {
-    if (unsaved_ || versionOnDisk() == version_) {
+    if (versionOnDisk() == version_) {
         return false;
     }
-    const Consent before = consent_;
-    read();
-    return before != consent_;
+    const Consent before = current();
+    const Version version = versionOnDisk();
+    merge(read());
+    version_ = version;
+    return before != current();
+}
+
+void ConsentState::merge(const Answers& disk) {
+    for (const ConsentKind kind : kConsentKinds) {
+        const std::size_t i = indexOf(kind);
+        const bool isAnswered = disk.consent.status(kind) != kept_.consent.status(kind);
+        const bool isDenied = disk.consent.status(kind) == ConsentStatus::kDenied;
+        // Of two answers that cross, a no counts.
+        if (!unsaved_.at(i) || (isAnswered && isDenied)) {
+            current_.consent.set(kind, disk.consent.status(kind));
+            current_.times.at(i) = disk.times.at(i);
+            unsaved_.at(i) = false;
+        }
+    }
+    kept_ = disk;
 }
 
 void ConsentState::save() {
-    if (!unsaved_) {
+    if (!isUnsaved() || !makePrivateFolder(folder_)) {
         return;
     }
+    // Between reading and writing no other process may write.
+    FileLock lock(folder_ / "consent.lock");
+    if (!lock.take(kLockPatience)) {
+        return;
+    }
+    merge(read());
+    if (isUnsaved() && !write()) {
+        return;
+    }
+    unsaved_ = {};
+    kept_ = current_;
+    version_ = versionOnDisk();
+}
+
+bool ConsentState::write() const {
     QJsonObject content;
     for (const ConsentKind kind : kConsentKinds) {
-        QJsonObject answer{{"status", toText(consent_.status(kind))}};
+        QJsonObject answer{{"status", toText(current().status(kind))}};
         if (const std::optional<qint64> time = timeOf(kind)) {
             answer.insert("time", QString::number(*time));
         }
         content.insert(toText(kind), answer);
     }
-    QDir().mkpath(QFileInfo(path_).path());
     QSaveFile file(path_);
-    if (file.open(QIODevice::WriteOnly) && file.write(QJsonDocument(content).toJson()) > 0 &&
-        file.commit()) {
-        unsaved_ = false;
-        version_ = versionOnDisk();
-    }
+    return file.open(QIODevice::WriteOnly) && file.write(QJsonDocument(content).toJson()) > 0 &&
+           file.setPermissions(QFile::ReadOwner | QFile::WriteOwner) && file.commit();
 }
 
 ConsentState::Version ConsentState::versionOnDisk() const {
@@ -155,13 +194,11 @@ ConsentState::Version ConsentState::versionOnDisk() const {
     return {status.st_ino, status.st_mtim.tv_sec * 1'000'000'000LL + status.st_mtim.tv_nsec};
 }
 
-void ConsentState::read() {
-    version_ = versionOnDisk();
-    consent_ = {};
-    times_ = {};
+ConsentState::Answers ConsentState::read() const {
+    Answers answers;
     QFile file(path_);
     if (!file.exists()) {
-        return;
+        return answers;
     }
     QByteArray bytes;
     if (file.open(QIODevice::ReadOnly)) {
@@ -170,12 +207,13 @@ void ConsentState::read() {
     const QJsonObject content = QJsonDocument::fromJson(bytes).object();
     for (const ConsentKind kind : kConsentKinds) {
         const QJsonObject answer = content.value(toText(kind)).toObject();
-        consent_.set(kind,
-                     statusOf(answer.value(u"status").toString()).value_or(ConsentStatus::kDenied));
+        answers.consent.set(
+            kind, statusOf(answer.value(u"status").toString()).value_or(ConsentStatus::kDenied));
         bool hasTime = false;
         const qint64 time = answer.value(u"time").toString().toLongLong(&hasTime);
-        times_.at(indexOf(kind)) = hasTime ? std::optional(time) : std::nullopt;
+        answers.times.at(indexOf(kind)) = hasTime ? std::optional(time) : std::nullopt;
     }
+    return answers;
 }
 
 }  // namespace pellumar

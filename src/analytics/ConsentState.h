@@ -54,7 +54,7 @@ class ConsentState {
     // Reads what is kept. `folder` need not exist.
     explicit ConsentState(const std::filesystem::path& folder);
 
-    [[nodiscard]] const Consent& current() const { return consent_; }
+    [[nodiscard]] const Consent& current() const { return current_.consent; }
     // Milliseconds since 1970 in UTC; nothing if it is unset.
     [[nodiscard]] std::optional<qint64> timeOf(ConsentKind kind) const;
 
@@ -62,24 +62,36 @@ class ConsentState {
     // again. The same answer again changes nothing, not even its time.
     void set(ConsentKind kind, ConsentStatus status, qint64 time);
 
-    // Takes over what another process has written. True if the consent is another one now.
+    // Takes over what another process has written; against an answer of this one that could not be
+    // written yet, only a no counts. True if the consent is another one now.
     bool refresh();
-    // Writes what could not be written before.
+    // Writes what could not be written before, and nothing but that: the other answers are those of
+    // the file as it is now.
     void save();
-    [[nodiscard]] bool isUnsaved() const { return unsaved_; }
+    [[nodiscard]] bool isUnsaved() const;
 
   private:
     // What tells one file of this name from the next.
     using Version = std::pair<quint64, qint64>;
 
-    [[nodiscard]] Version versionOnDisk() const;
-    void read();
+    struct Answers {
+        Consent consent;
+        std::array<std::optional<qint64>, kConsentKinds.size()> times;
+    };
 
-    QString path_;
+    [[nodiscard]] Version versionOnDisk() const;
+    [[nodiscard]] Answers read() const;
+    [[nodiscard]] bool write() const;
+    void merge(const Answers& disk);
+
+    const std::filesystem::path folder_;
+    const QString path_;
     Version version_;
-    bool unsaved_ = false;
-    Consent consent_;
-    std::array<std::optional<qint64>, kConsentKinds.size()> times_;
+    Answers current_;
+    // As they were when this process last read or wrote them.
+    Answers kept_;
+    // Answers that have been given to this process and are not in the file.
+    std::array<bool, kConsentKinds.size()> unsaved_{};
 };
 
 }  // namespace pellumar

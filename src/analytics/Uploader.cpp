@@ -31,6 +31,10 @@ bool isPage(const LogTransport::Answer& answer) {
 
 }  // namespace
 
+std::filesystem::path Uploader::lockIn(const std::filesystem::path& folder) {
+    return folder / "upload.lock";
+}
+
 Uploader::Uploader(AnalyticsStore& store,
                    LogTransport& transport,
                    ProductVersions versions,
@@ -38,7 +42,7 @@ Uploader::Uploader(AnalyticsStore& store,
     : store_(store),
       transport_(transport),
       versions_(std::move(versions)),
-      lock_(folder),
+      lock_(lockIn(folder)),
       hold_(store.state()) {}
 
 Uploader::~Uploader() {

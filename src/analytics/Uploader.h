@@ -7,11 +7,11 @@
 #include "analytics/AnalyticsClock.h"
 #include "analytics/AnalyticsStore.h"
 #include "analytics/ConsentState.h"
+#include "analytics/FileLock.h"
 #include "analytics/LogTransport.h"
 #include "analytics/MeasurementConfig.h"
 #include "analytics/ProductVersions.h"
 #include "analytics/RetryHold.h"
-#include "analytics/UploadLock.h"
 
 namespace pellumar {
 
@@ -36,6 +36,9 @@ class Uploader {
         const MeasurementConfig& config;
         const Consent& consent;
     };
+
+    // The lock that one who sends holds: two would send everything twice.
+    [[nodiscard]] static std::filesystem::path lockIn(const std::filesystem::path& folder);
 
     // All must outlive this. The lock stands in `folder`.
     Uploader(AnalyticsStore& store,
@@ -68,7 +71,7 @@ class Uploader {
     AnalyticsStore& store_;
     LogTransport& transport_;
     const ProductVersions versions_;
-    UploadLock lock_;
+    FileLock lock_;
     RetryHold hold_;
     // The rows that are on their way.
     std::vector<qint64> underway_;

@@ -1,8 +1,9 @@
 #include <optional>
 
 #include "EngineTest.h"
+#include "analytics/FileLock.h"
 #include "analytics/RetryHold.h"
-#include "analytics/UploadLock.h"
+#include "analytics/Uploader.h"
 
 namespace pellumar::test {
 namespace {
@@ -48,7 +49,7 @@ class UploadTest : public EngineTest {
         const std::size_t before = collector.batches().size();
         const bool hasLooked =
             engine.waitUntilStored(kDeadline) && engine.waitUntilStored(kDeadline);
-        const bool isSending = !UploadLock(folder).take();
+        const bool isSending = !FileLock(Uploader::lockIn(folder)).take();
         return hasLooked && !isSending && collector.batches().size() == before;
     }
 
