@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "analytics/AnalyticsWorker.h"
+#include "analytics/EventValidator.h"
 
 namespace pellumar {
 
@@ -25,11 +26,17 @@ AnalyticsEngine::~AnalyticsEngine() {
 
 void AnalyticsEngine::logEventWithName(const QString& name,
                                        const std::optional<QVariantMap>& parameters) {
-    say(LoggedEvent{.name = name, .parameters = parameters.value_or(QVariantMap())});
+    LoggedEvent event{.name = validation::bounded(name), .parameters = {}};
+    if (parameters) {
+        event.parameters = validation::bounded(*parameters);
+    }
+    const std::size_t bytes = validation::bytesOf(event.parameters);
+    say(std::move(event), bytes);
 }
 
 void AnalyticsEngine::setUserPropertyString(const QString& value, const QString& forName) {
-    say(UserPropertyChange{.name = forName, .value = value});
+    say(UserPropertyChange{.name = validation::bounded(forName),
+                           .value = validation::bounded(value)});
 }
 
 void AnalyticsEngine::setConsent(ConsentKind kind, ConsentStatus status) {
@@ -58,8 +65,8 @@ void AnalyticsEngine::stop() {
     }
 }
 
-void AnalyticsEngine::say(decltype(QueueItem::what) what) {
-    queue_.add({.moment = clock_->now(), .what = std::move(what)});
+void AnalyticsEngine::say(decltype(QueueItem::what) what, std::size_t bytes) {
+    queue_.add({.moment = clock_->now(), .bytes = bytes, .what = std::move(what)});
 }
 
 }  // namespace pellumar

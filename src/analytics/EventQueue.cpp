@@ -18,10 +18,12 @@ EventQueue::EventQueue() {
 
 bool EventQueue::add(QueueItem item) {
     const std::lock_guard lock(mutex_);
-    if (items_.size() >= kCapacity && canBeDropped(item)) {
+    const bool isFull = items_.size() >= kCapacity || bytes_ + item.bytes > kMostBytes;
+    if (isFull && canBeDropped(item)) {
         ++dropped_;
         return false;
     }
+    bytes_ += item.bytes;
     items_.push_back(std::move(item));
     if (std::exchange(workerWaits_, false) && waker_) {
         waker_();
@@ -33,6 +35,7 @@ void EventQueue::take(std::vector<QueueItem>& items) {
     items.reserve(kCapacity);
     const std::lock_guard lock(mutex_);
     items.swap(items_);
+    bytes_ = 0;
     workerWaits_ = items.empty();
 }
 

@@ -40,6 +40,8 @@ struct Fence {
 
 struct QueueItem {
     Moment moment;
+    // About what it takes beside itself.
+    std::size_t bytes = 0;
     std::variant<LoggedEvent,
                  UserPropertyChange,
                  ActivityChange,
@@ -56,6 +58,8 @@ class EventQueue {
   public:
     // More than these are not waited for: a worker that is so far behind is not going to catch up.
     static constexpr std::size_t kCapacity = 1024;
+    // Nor for more than this together.
+    static constexpr std::size_t kMostBytes = 1UL << 20;
 
     EventQueue();
 
@@ -79,6 +83,7 @@ class EventQueue {
     std::vector<QueueItem> items_;
     std::function<void()> waker_;
     bool workerWaits_ = false;
+    std::size_t bytes_ = 0;
     qint64 dropped_ = 0;
 };
 

@@ -27,6 +27,11 @@ QString cut(const QString& text, qsizetype mostLength) {
     return text.left(halvesPair ? mostLength - 1 : mostLength);
 }
 
+// Longer than every limit, so that a text of this length is seen to be too long.
+constexpr qsizetype kLongestSeen = kMostTextLength + 1;
+// Wrong ones do not count, so that there may be more of them than of those that are kept.
+constexpr qsizetype kMostSeen = 4 * qsizetype{kMostParameters};
+
 std::optional<ParameterValue> valueOf(const QVariant& value) {
     switch (value.typeId()) {
         case QMetaType::Bool:
@@ -60,6 +65,11 @@ std::optional<ParameterValue> valueOf(const QVariant& value) {
     }
 }
 
+bool isSmall(const QVariant& value) {
+    return value.typeId() == QMetaType::QString ? value.toString().size() <= kLongestSeen
+                                                : !value.isValid() || valueOf(value).has_value();
+}
+
 struct CheckedParameter {
     std::optional<ParameterValue> value;
     MeasurementError error = MeasurementError::kNone;
@@ -84,6 +94,43 @@ CheckedParameter checkParameter(const QString& name, const QVariant& given) {
 }
 
 }  // namespace
+
+QString bounded(const QString& text) {
+    return text.size() <= kLongestSeen ? text : text.left(kLongestSeen);
+}
+
+QVariantMap bounded(const QVariantMap& parameters) {
+    const bool isBounded =
+        parameters.size() <= kMostSeen &&
+        std::all_of(parameters.keyValueBegin(), parameters.keyValueEnd(), [](const auto& each) {
+            return each.first.size() <= kLongestSeen && isSmall(each.second);
+        });
+    if (isBounded) {
+        return parameters;
+    }
+    QVariantMap small;
+    for (auto each = parameters.begin(); each != parameters.end() && small.size() < kMostSeen;
+         ++each) {
+        const bool isText = each.value().typeId() == QMetaType::QString;
+        small.insert(bounded(each.key()),
+                     isText                  ? QVariant(bounded(each.value().toString()))
+                     : isSmall(each.value()) ? each.value()
+                                             : QVariant());
+    }
+    return small;
+}
+
+std::size_t bytesOf(const QVariantMap& parameters) {
+    // Of a node of the map with its two headers of text.
+    constexpr qsizetype kEach = 120;
+    qsizetype bytes = 0;
+    for (auto each = parameters.begin(); each != parameters.end(); ++each) {
+        const bool isText = each.value().typeId() == QMetaType::QString;
+        const qsizetype units = each.key().size() + (isText ? each.value().toString().size() : 0);
+        bytes += kEach + units * qsizetype{sizeof(QChar)};
+    }
+    return static_cast<std::size_t>(bytes);
+}
 
 CheckedEvent checkEvent(const QString& name, const QVariantMap& parameters) {
     if (!isName(name, kMostNameLength)) {

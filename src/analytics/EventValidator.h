@@ -21,8 +21,6 @@ enum class MeasurementError {
     kPropertyName = 8,
     kReservedPropertyName = 9,
     kPropertyValueCut = 10,
-    kTooManyProperties = 11,
-    kTooManyEventNames = 12,
 };
 
 // Holds what the application says to the limits. A name is a letter of ASCII, then letters, digits
@@ -34,6 +32,15 @@ inline constexpr std::size_t kMostParameters = 25;
 inline constexpr qsizetype kMostTextLength = 100;
 inline constexpr qsizetype kMostPropertyNameLength = 24;
 inline constexpr qsizetype kMostPropertyValueLength = 36;
+
+// What is kept in memory of a text that may be of any length: no more than shows that it is too
+// long. So for the parameters of an event, of which the first hundred are kept; values that cannot
+// be parameters lose what they hold. The checks below find in it what they would find in the whole,
+// if fewer of what they drop.
+[[nodiscard]] QString bounded(const QString& text);
+[[nodiscard]] QVariantMap bounded(const QVariantMap& parameters);
+// About how much memory they take.
+[[nodiscard]] std::size_t bytesOf(const QVariantMap& parameters);
 
 struct CheckedEvent {
     // Nothing if the name is not allowed.

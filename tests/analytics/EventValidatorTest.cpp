@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <tuple>
 
 namespace pellumar {
 namespace {
@@ -85,6 +86,29 @@ TEST(EventValidator, NoMoreThan25Parameters) {
     EXPECT_EQ(checked.event->parameters[24].name, "p24");
     EXPECT_EQ(checked.event->parameters[26], (EventParameter{"pz_error_name", QString("p25")}));
     EXPECT_EQ(checked.event->droppedParameters, 5);
+}
+
+TEST(EventValidator, WhatIsKeptInMemoryIsBoundedAndJudgedAsTheWhole) {
+    QVariantMap wild{{"a", QString(1 << 20, 'x')},
+                     {"b", QByteArray(1 << 20, 'x')},
+                     {"c", 1.5F},
+                     {QString(1000, 'd'), 1},
+                     {"e", QStringLiteral("x").repeated(99) + "😀"},
+                     {"f", QVariantList(1000)}};
+    for (int i = 0; i < 40; ++i) {
+        wild.insert(QStringLiteral("p%1").arg(i), i);
+    }
+    const auto judge = [](const QVariantMap& parameters) {
+        const validation::CheckedEvent checked = checkEvent("e", parameters);
+        return std::tuple(
+            checked.event->parameters, checked.error, checked.event->droppedParameters);
+    };
+    EXPECT_EQ(judge(validation::bounded(wild)), judge(wild));
+    for (int i = 0; i < 1000; ++i) {
+        wild.insert(QString(50, 'q') + QString::number(i), QString(1000, 'x'));
+    }
+    EXPECT_LE(validation::bytesOf(validation::bounded(wild)), 64U << 10);
+    EXPECT_EQ(checkEvent(validation::bounded(QString(1 << 20, 'n')), {}).error, Error::kEventName);
 }
 
 TEST(EventValidator, UserProperties) {
