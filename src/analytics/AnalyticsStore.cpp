@@ -1,10 +1,15 @@
 #include "analytics/AnalyticsStore.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <array>
 #include <string>
 #include <system_error>
 
 #include "analytics/AutomaticEvents.h"
+#include "analytics/PrivateFolder.h"
 #include "analytics/StoreSchema.h"
 
 namespace pellumar {
@@ -18,6 +23,16 @@ constexpr qint64 kRoomyPercent = 80;
 
 // 2020 in milliseconds since 1970. No clock that was set says less.
 constexpr qint64 kEarliestTime = 1'577'836'800'000;
+
+// What SQLite makes beside it gets its permissions. One that is there is left alone: to close it
+// here would drop the locks that this process holds on it.
+void createPrivately(const std::filesystem::path& file) {
+    const int created =
+        ::open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR);
+    if (created >= 0) {
+        ::close(created);
+    }
+}
 
 }  // namespace
 
@@ -42,12 +57,12 @@ std::unique_ptr<AnalyticsStore> AnalyticsStore::open(const std::filesystem::path
                                                      qint64 mostBytes,
                                                      Reason reason,
                                                      const std::stop_token& ending) {
-    std::error_code error;
-    if (std::filesystem::create_directories(folder, error)) {
-        std::filesystem::permissions(folder, std::filesystem::perms::owner_all, error);
+    if (!makePrivateFolder(folder)) {
+        return nullptr;
     }
     const std::array reasons = {reason, Reason::kReplaced};
     for (const Reason each : reasons) {
+        createPrivately(fileIn(folder));
         auto store =
             std::unique_ptr<AnalyticsStore>(new AnalyticsStore(fileIn(folder), mostBytes, ending));
         const DatabaseOutcome outcome = store->prepare(each);
@@ -144,6 +159,26 @@ void AnalyticsStore::makeRoom() {
     losses_.add(loss::kNoRoom, events_.removeOldest());
     // If there is no room even for that, the caller's next commit says so.
     static_cast<void>(database_.commit());
+}
+
+bool AnalyticsStore::wipe() {
+    database_.begin();
+    for (const char* table : {"events",
+                              "parameters",
+                              "sessions",
+                              "user_properties",
+                              "counts",
+                              "day_counts",
+                              "memberships",
+                              "losses",
+                              "state"}) {
+        database_.run((std::string("DELETE FROM ") + table).c_str());
+    }
+    const bool isWiped = database_.commit() == DatabaseOutcome::kDone;
+    // The log still holds what was.
+    database_.run("PRAGMA wal_checkpoint(TRUNCATE)");
+    static_cast<void>(database_.takeOutcome());
+    return isWiped;
 }
 
 void AnalyticsStore::forget(qint64 eventsBefore, qint64 today) {

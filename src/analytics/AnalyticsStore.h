@@ -66,6 +66,10 @@ class AnalyticsStore {
     // Without one: removes the oldest events, for a commit that found no room.
     void makeRoom();
 
+    // Without a transaction: forgets everything, the installation's identifier first of all. The
+    // store is not to be used any more. False if it could not be written.
+    [[nodiscard]] bool wipe();
+
     // Within a transaction: forgets events that were recorded before `eventsBefore`, and the days
     // and sessions that nothing asks for any more. Moments of a clock that had not been set yet, in
     // the first years after 1970, are not old but unknown: such events stay.

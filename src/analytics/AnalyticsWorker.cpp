@@ -1,14 +1,13 @@
 #include "analytics/AnalyticsWorker.h"
 
 #include <QDeadlineTimer>
+#include <QFile>
 #include <QTimer>
 #include <algorithm>
 #include <array>
 #include <iterator>
 #include <system_error>
 #include <utility>
-
-#include "analytics/CrashReport.h"
 
 namespace pellumar {
 namespace {
@@ -73,6 +72,7 @@ void AnalyticsWorker::run(const std::stop_token& stop) {
     sayFarewell(loop);
     closeStore();
     transport_.reset();
+    watcher_.reset();
 }
 
 bool AnalyticsWorker::work() {
@@ -124,11 +124,24 @@ void AnalyticsWorker::sleep(QEventLoop& loop) {
     if (uploader_) {
         wait = uploader_->nextPoll(now).value_or(wait);
     }
-    const bool isStuck = !backlog_.empty() || (consent_.current().allowsStorage() && !store_);
+    const bool isStuck =
+        !backlog_.empty() || erasureOwed_ || (consent_.current().allowsStorage() && !store_);
+    watchFolder();
     if (isStuck || consent_.isUnsaved()) {
         wait = std::min(wait, kRetryMilliseconds);
     }
     waitForEvent(loop, wait);
+}
+
+void AnalyticsWorker::watchFolder() {
+    const QString folder = QFile::decodeName(environment_.folder.c_str());
+    if (!watcher_) {
+        watcher_ = std::make_unique<QFileSystemWatcher>();
+    }
+    if (watcher_->directories().isEmpty()) {
+        // Fails while there is no folder, and so no answer in it.
+        static_cast<void>(watcher_->addPath(folder));
+    }
 }
 
 void AnalyticsWorker::sayFarewell(QEventLoop& loop) {
@@ -201,11 +214,18 @@ void AnalyticsWorker::failFences() {
 }
 
 void AnalyticsWorker::boundBacklog() {
-    if (backlog_.size() > EventQueue::kCapacity) {
-        const std::size_t surplus = backlog_.size() - EventQueue::kCapacity;
-        giveUp(std::span(backlog_).first(surplus));
-        backlog_.erase(backlog_.begin(), backlog_.begin() + static_cast<std::ptrdiff_t>(surplus));
+    // The latest stay.
+    std::size_t bytes = 0;
+    std::size_t kept = 0;
+    while (kept < std::min(backlog_.size(), EventQueue::kCapacity) &&
+           (bytes += backlog_[backlog_.size() - 1 - kept].bytes) <= EventQueue::kMostBytes) {
+        ++kept;
     }
+    const std::size_t surplus = backlog_.size() - kept;
+    if (surplus > 0) {
+        giveUp(std::span(backlog_).first(surplus));
+    }
+    backlog_.erase(backlog_.begin(), backlog_.begin() + static_cast<std::ptrdiff_t>(surplus));
 }
 
 void AnalyticsWorker::giveUp(std::span<const QueueItem> items) {
@@ -271,6 +291,8 @@ void AnalyticsWorker::control(const QueueItem& item) {
     if (const auto* const change = std::get_if<ConsentChange>(&item.what)) {
         consent_.set(change->kind, change->status, item.moment.wall);
         obeyConsent();
+        // On a full disk there is room for the answer now.
+        consent_.save();
         // Audiences depend on it.
         static_cast<void>(record({}));
     } else if (const auto* const fence = std::get_if<Fence>(&item.what)) {
@@ -294,17 +316,19 @@ bool AnalyticsWorker::openStore() {
     if (store_) {
         return true;
     }
+    erasureOwed_ = erasureOwed_ && !AnalyticsStore::remove(environment_.folder);
+    if (erasureOwed_) {
+        return false;
+    }
     store_ = AnalyticsStore::open(environment_.folder, environment_.mostBytes, nextStore_, ending_);
     if (!store_) {
         return false;
     }
     recorder_ = std::make_unique<Recorder>(*store_, *environment_.clock, audiences_);
-    const Recorder::Result started =
-        recorder_->start({.versions = environment_.versions,
-                          .crash = CrashReport::claim(environment_.folder),
-                          .inFront = inFront_},
-                         consent_.current(),
-                         config_);
+    const Recorder::Result started = recorder_->start(
+        {.versions = environment_.versions, .crash = crashToTell(), .inFront = inFront_},
+        consent_.current(),
+        config_);
     if (started.outcome != DatabaseOutcome::kDone) {
         closeStore();
         return false;
@@ -319,6 +343,16 @@ bool AnalyticsWorker::openStore() {
     return true;
 }
 
+std::optional<CrashReport> AnalyticsWorker::crashToTell() const {
+    std::optional<CrashReport> crash = CrashReport::claim(environment_.folder);
+    const std::optional<qint64> answered = consent_.timeOf(ConsentKind::kAnalyticsStorage);
+    // It may have come to be while nothing was to be known.
+    if (crash && answered && crash->time < *answered) {
+        crash.reset();
+    }
+    return crash;
+}
+
 void AnalyticsWorker::closeStore() {
     uploader_.reset();
     recorder_.reset();
@@ -326,9 +360,11 @@ void AnalyticsWorker::closeStore() {
 }
 
 void AnalyticsWorker::erase() {
+    // Where one way is barred the other may be open.
+    const bool isWiped = store_ && store_->wipe();
     closeStore();
     nextStore_ = AnalyticsStore::Reason::kReplaced;
-    AnalyticsStore::remove(environment_.folder);
+    erasureOwed_ = !AnalyticsStore::remove(environment_.folder) && !isWiped;
     // Nor is a crash told of which nothing shall be known any more.
     CrashReport::erase(environment_.folder);
     dropped_ = 0;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QEventLoop>
+#include <QFileSystemWatcher>
 #include <memory>
 #include <optional>
 #include <span>
@@ -12,6 +13,7 @@
 #include "analytics/Audiences.h"
 #include "analytics/ConsentState.h"
 #include "analytics/CrashMarker.h"
+#include "analytics/CrashReport.h"
 #include "analytics/EventQueue.h"
 #include "analytics/Recorder.h"
 #include "analytics/Uploader.h"
@@ -54,7 +56,11 @@ class AnalyticsWorker {
     void control(const QueueItem& item);
     void tell(const std::vector<Audiences::Change>& changes) const;
 
+    // False if there is none, as long as something has to be erased.
     [[nodiscard]] bool openStore();
+    [[nodiscard]] std::optional<CrashReport> crashToTell() const;
+    // Wakes up when another process has written down an answer.
+    void watchFolder();
     void closeStore();
     void erase();
     void obeyConsent();
@@ -77,10 +83,13 @@ class AnalyticsWorker {
     // Something has been dropped since the last fence.
     bool isIncomplete_ = false;
     bool inFront_ = false;
+    // What was to be erased is still there.
+    bool erasureOwed_ = false;
     qint64 lastActivity_ = 0;
     std::optional<qint64> lastUpkeep_;
     AnalyticsStore::Reason nextStore_ = AnalyticsStore::Reason::kOpened;
 
+    std::unique_ptr<QFileSystemWatcher> watcher_;
     std::unique_ptr<LogTransport> transport_;
     std::unique_ptr<AnalyticsStore> store_;
     std::unique_ptr<Recorder> recorder_;

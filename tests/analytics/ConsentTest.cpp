@@ -1,6 +1,9 @@
+#include <unistd.h>
+
 #include <array>
 
 #include "EngineTest.h"
+#include "analytics/CrashReport.h"
 #include "support/FileContents.h"
 
 namespace pellumar::test {
@@ -139,8 +142,87 @@ TEST_F(ConsentTest, WhatOneProcessIsToldTheOtherObeys) {
         EXPECT_TRUE(other.waitUntilStored(kDeadline));
     }
     log(one, "after");
+    // Without another event too.
+    ConsentState(folder).set(Kind::kAnalyticsStorage, Status::kDenied, kNoon);
+    EXPECT_TRUE(becomesTrue([&] { return !isAnythingStored(); }));
+    ConsentState(folder).set(Kind::kAnalyticsStorage, Status::kUnset, kNoon);
+    log(one, "later");
     one.stop();
+    EXPECT_EQ(ownNames(folder), QStringList{"later"});
+}
+
+TEST_F(ConsentTest, NoAnswerIsLostWhereTwoProcessesAreGivenThem) {
+    ConsentState one(folder);
+    ConsentState other(folder);
+    other.set(Kind::kAnalyticsStorage, Status::kDenied, kNoon);
+    one.set(Kind::kAdStorage, Status::kGranted, kNoon + 1);
+    EXPECT_EQ(one.current().status(Kind::kAnalyticsStorage), Status::kDenied);
+    // One that cannot be written waits, and a no that was given meanwhile counts.
+    std::filesystem::remove_all(folder);
+    writeFile(folder, "in the way");
+    one.set(Kind::kAdUserData, Status::kGranted, kNoon);
+    one.set(Kind::kAdPersonalization, Status::kGranted, kNoon);
+    EXPECT_TRUE(one.isUnsaved());
+    std::filesystem::remove(folder);
+    ConsentState(folder).set(Kind::kAdUserData, Status::kDenied, kNoon);
+    one.save();
+    const Consent kept = ConsentState(folder).current();
+    EXPECT_EQ(kept, one.current());
+    EXPECT_EQ(kept.status(Kind::kAdUserData), Status::kDenied);
+    EXPECT_EQ(kept.status(Kind::kAdPersonalization), Status::kGranted);
+}
+
+// Permissions mean nothing to the superuser.
+class AsNobody {
+  public:
+    explicit AsNobody(const std::filesystem::path& home) : before_(::geteuid()) {
+        if (before_ == 0) {
+            constexpr uid_t kNobody = 65534;
+            EXPECT_EQ(::chown(home.c_str(), kNobody, kNobody), 0);
+            EXPECT_EQ(::seteuid(kNobody), 0);
+        }
+    }
+    ~AsNobody() { EXPECT_EQ(::seteuid(before_), 0); }
+    AsNobody(const AsNobody&) = delete;
+    AsNobody& operator=(const AsNobody&) = delete;
+
+  private:
+    const uid_t before_;
+};
+
+TEST_F(ConsentTest, WhatCannotBeRemovedIsWipedAndTheFolderIsTheUsersAlone) {
+    namespace fs = std::filesystem;
+    const AsNobody nobody(parent.path());
+    fs::create_directory(folder);
+    fs::permissions(folder, fs::perms::all);
+    AnalyticsEngine engine(quiet());
+    engine.setConsent(Kind::kAdStorage, Status::kDenied);
+    log(engine, "before");
+    EXPECT_EQ(fs::status(folder).permissions(), fs::perms::owner_all);
+    for (const auto& file : fs::directory_iterator(folder)) {
+        EXPECT_EQ(file.status().permissions(), fs::perms::owner_read | fs::perms::owner_write)
+            << file.path();
+    }
+    const QString first = installation();
+    fs::permissions(folder, fs::perms::owner_read | fs::perms::owner_exec);
+    engine.resetInstallation();
+    log(engine, "after");
+    engine.stop();
+    EXPECT_NE(installation(), first);
     EXPECT_EQ(ownNames(folder), QStringList{"after"});
+}
+
+TEST_F(ConsentTest, ACrashFromBeforeTheAnswerIsNotTold) {
+    for (const qint64 before : {60, -60}) {
+        ConsentState(folder).set(Kind::kAnalyticsStorage, Status::kGranted, kNoon);
+        writeFile(CrashReport::markerIn(folder),
+                  "signal SIGBUS\ntime " + std::to_string(kNoon / 1000 - before));
+        clock->advance(kMinute);
+        AnalyticsEngine engine(environment());
+        log(engine, "tapped");
+        engine.stop();
+        EXPECT_EQ(namesOf(storedEvents(folder)).count("pz_crash"), before > 0 ? 0 : 1);
+    }
 }
 
 TEST_F(ConsentTest, AResetGivesAnotherIdentifierAndErasesWhatWasMeasuredUnderTheOld) {

@@ -1,6 +1,8 @@
 #include <signal.h>
 #include <sqlite3.h>
+#include <sys/mount.h>
 #include <sys/resource.h>
+#include <unistd.h>
 
 #include <fstream>
 
@@ -58,18 +60,41 @@ TEST_F(StoreTest, OutlivesTheProcess) {
 }
 
 TEST_F(StoreTest, AnOlderStoreIsBroughtUpToDateAndANewerOneReplaced) {
-    {
-        AnalyticsEngine engine(quiet());
-        log(engine, "old");
-    }
-    execute("DROP TABLE memberships; DROP TABLE losses; PRAGMA user_version = 1");
+    // As the first version has made it.
+    std::filesystem::create_directory(folder);
+    execute(R"(
+        CREATE TABLE state (key TEXT PRIMARY KEY, value) WITHOUT ROWID;
+        CREATE TABLE sessions (number INTEGER PRIMARY KEY, uid TEXT NOT NULL,
+            started INTEGER NOT NULL, last_seen INTEGER NOT NULL, engagement INTEGER NOT NULL,
+            unreported_engagement INTEGER NOT NULL);
+        CREATE TABLE events (id INTEGER PRIMARY KEY AUTOINCREMENT, uid TEXT NOT NULL,
+            name TEXT NOT NULL, time INTEGER NOT NULL, session INTEGER NOT NULL,
+            consent INTEGER NOT NULL, dropped_parameters INTEGER NOT NULL);
+        CREATE TABLE parameters (event INTEGER NOT NULL, name TEXT NOT NULL, type TEXT NOT NULL,
+            value NOT NULL, PRIMARY KEY (event, name)) WITHOUT ROWID;
+        CREATE TABLE user_properties (name TEXT PRIMARY KEY, value TEXT NOT NULL,
+            time INTEGER NOT NULL, advertising INTEGER NOT NULL DEFAULT 0) WITHOUT ROWID;
+        CREATE TABLE counts (name TEXT PRIMARY KEY, total INTEGER NOT NULL,
+            first INTEGER NOT NULL, last INTEGER NOT NULL) WITHOUT ROWID;
+        CREATE TABLE day_counts (name TEXT NOT NULL, day INTEGER NOT NULL, total INTEGER NOT NULL,
+            PRIMARY KEY (name, day)) WITHOUT ROWID;
+        INSERT INTO state VALUES ('installation', '10944e7f-643c-4633-9dcb-8bbaa5cd15dc');
+        INSERT INTO sessions VALUES (7, 'session', 1705492700000, 1705492700000, 5, 0);
+        INSERT INTO events VALUES (3, 'uid', 'old', 1705492700000, 7, 0, 0);
+        INSERT INTO parameters VALUES (3, 'text', 't', 'kept');
+        PRAGMA user_version = 1)");
     {
         AnalyticsEngine engine(quiet());
         log(engine, "1 wrong name");
         log(engine, "new");
     }
     EXPECT_EQ(ownNames(folder), (QStringList{"old", "new"}));
+    const StoredEvent old = storedEvents(folder).front();
+    EXPECT_EQ(old.sessionUid, "session");
+    EXPECT_EQ(parameterOf(old, "text"), ParameterValue(QString("kept")));
     EXPECT_EQ(AnalyticsStore::open(folder)->losses().all()["invalid"], 1);
+    EXPECT_EQ(AnalyticsStore::open(folder)->installation().current(),
+              "10944e7f-643c-4633-9dcb-8bbaa5cd15dc");
     execute("PRAGMA user_version = 99");
     EXPECT_EQ(ownNames(folder), QStringList());
 }
@@ -146,7 +171,35 @@ TEST_F(StoreTest, StaysWithinItsBoundAndTheOldestGo) {
     EXPECT_EQ(store->counts().total("many"), 20'000);
 }
 
-// The kernel refuses to make any file of the process longer, as it does on a full disk.
+// A file system of its own, which somebody fills; only the superuser can have one.
+class SmallDisk {
+  public:
+    explicit SmallDisk(const std::filesystem::path& at) : at_(at) {
+        std::filesystem::create_directory(at);
+        isMounted_ = ::mount("tmpfs", at.c_str(), "tmpfs", 0, "size=1m") == 0;
+    }
+    ~SmallDisk() {
+        if (isMounted_) {
+            ::umount2(at_.c_str(), MNT_DETACH);
+        }
+    }
+    SmallDisk(const SmallDisk&) = delete;
+    SmallDisk& operator=(const SmallDisk&) = delete;
+
+    [[nodiscard]] bool isMounted() const { return isMounted_; }
+    void fill() const {
+        std::ofstream file(at_ / "filler", std::ios::binary);
+        while (file.write(std::string(4096, 'x').data(), 4096).flush()) {
+        }
+    }
+    void free() const { std::filesystem::remove(at_ / "filler"); }
+
+  private:
+    const std::filesystem::path at_;
+    bool isMounted_ = false;
+};
+
+// For everybody else: the kernel refuses to make any file of the process longer.
 class FullDisk {
   public:
     explicit FullDisk(rlim_t mostBytes) : handler_(::signal(SIGXFSZ, SIG_IGN)) {
@@ -185,6 +238,28 @@ TEST_F(StoreTest, AFullDiskCostsEventsAndNothingElse) {
     const qint64 dropped = AnalyticsStore::open(folder)->losses().all()["queue_full"];
     EXPECT_EQ(names.count("meanwhile") + dropped, 10'000);
     EXPECT_GT(dropped, 0);
+}
+
+TEST_F(StoreTest, OnAFullDiskADenialMakesRoomForItself) {
+    const SmallDisk disk(folder);
+    ASSERT_TRUE(disk.isMounted() || ::geteuid() != 0);
+    AnalyticsEngine engine(quiet());
+    log(engine, "before", 100);
+    ASSERT_TRUE(engine.waitUntilStored(kDeadline));
+    if (disk.isMounted()) {
+        disk.fill();
+        log(engine, "meanwhile", 5000);
+        static_cast<void>(engine.waitUntilStored(kDeadline));
+        disk.free();
+        log(engine, "after");
+        static_cast<void>(engine.waitUntilStored(kDeadline));
+        EXPECT_TRUE(engine.waitUntilStored(kDeadline));
+        disk.fill();
+    }
+    engine.setConsent(ConsentKind::kAnalyticsStorage, ConsentStatus::kDenied);
+    EXPECT_FALSE(engine.waitUntilStored(kDeadline));
+    EXPECT_FALSE(ConsentState(folder).current().allowsStorage());
+    EXPECT_FALSE(std::filesystem::exists(AnalyticsStore::fileIn(folder)));
 }
 
 TEST_F(StoreTest, AFolderThatCannotBeWrittenIsWaitedFor) {

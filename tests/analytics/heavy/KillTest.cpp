@@ -3,6 +3,7 @@
 #include <poll.h>
 #include <signal.h>
 #include <spawn.h>
+#include <sqlite3.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -127,6 +128,24 @@ void sendAll(const std::filesystem::path& folder, const Collector& collector) {
     }
 }
 
+// What SQLite says of the file as the process has left it.
+std::string soundness(const std::filesystem::path& folder) {
+    sqlite3* database = nullptr;
+    std::string said = "ok";
+    if (std::filesystem::exists(AnalyticsStore::fileIn(folder))) {
+        const auto note = [](void* text, int, char** row, char**) {
+            *static_cast<std::string*>(text) = row[0];
+            return 0;
+        };
+        if (sqlite3_open(AnalyticsStore::fileIn(folder).c_str(), &database) != SQLITE_OK ||
+            sqlite3_exec(database, "PRAGMA quick_check(1)", note, &said, nullptr) != SQLITE_OK) {
+            said = sqlite3_errmsg(database);
+        }
+        sqlite3_close(database);
+    }
+    return said;
+}
+
 // Kills one child, and says how many of its events were stored by then.
 int killOne(const std::filesystem::path& folder,
             const Collector& collector,
@@ -159,6 +178,7 @@ TEST(AnalyticsKill, WhatWasReportedStoredArrivesThoughTheProcessIsKilledAgainAnd
         for (int i = 0; i < count; ++i) {
             stored.insert(first + i);
         }
+        EXPECT_EQ(soundness(folder), "ok");
         ASSERT_FALSE(HasFailure());
     }
     sendAll(folder, collector);
