@@ -242,6 +242,8 @@ void AnalyticsWorker::giveUp(std::span<const QueueItem> items) {
 
 bool AnalyticsWorker::record(std::span<const QueueItem> items) {
     if (!consent_.current().allowsStorage()) {
+        // Nor is it counted what was lost meanwhile.
+        dropped_ = 0;
         rememberActivity(items);
         return true;
     }

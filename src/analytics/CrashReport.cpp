@@ -1,11 +1,8 @@
 #include "analytics/CrashReport.h"
 
-#include <fcntl.h>
-
 #include <QCryptographicHash>
 #include <QFile>
 #include <QStringList>
-#include <cstdio>
 #include <system_error>
 
 namespace pellumar {
@@ -58,9 +55,11 @@ std::filesystem::path CrashReport::claimedIn(const std::filesystem::path& folder
 
 std::optional<CrashReport> CrashReport::claim(const std::filesystem::path& folder) {
     const std::filesystem::path claimed = claimedIn(folder);
+    std::error_code ignored;
     // One that a killed process has claimed comes first.
-    static_cast<void>(::renameat2(
-        AT_FDCWD, markerIn(folder).c_str(), AT_FDCWD, claimed.c_str(), RENAME_NOREPLACE));
+    if (!std::filesystem::exists(claimed, ignored)) {
+        std::filesystem::rename(markerIn(folder), claimed, ignored);
+    }
     QFile file(QFile::decodeName(claimed.c_str()));
     if (!file.open(QIODevice::ReadOnly)) {
         return std::nullopt;

@@ -1,6 +1,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <mutex>
 
 #include "EngineTest.h"
 #include "analytics/CrashReport.h"
@@ -239,6 +240,46 @@ TEST_F(ConsentTest, AResetGivesAnotherIdentifierAndErasesWhatWasMeasuredUnderThe
     other.stop();
     EXPECT_NE(installation(), first);
     EXPECT_EQ(ownNames(folder), (QStringList{"after", "after"}));
+}
+
+TEST_F(ConsentTest, WhatWasLostBeforeAnErasureOrDuringADenialIsNotTold) {
+    std::mutex gate;
+    AnalyticsEnvironment with = quiet();
+    with.parameters = [&gate](const QString& /*key*/) {
+        const std::scoped_lock passing(gate);
+        return QString();
+    };
+    AnalyticsEngine engine(std::move(with));
+    const auto logTooMany = [&engine] {
+        for (std::size_t i = 0; i < 3 * EventQueue::kCapacity; ++i) {
+            engine.logEventWithName("lost", {});
+        }
+    };
+    log(engine, "before");
+    {
+        const std::unique_ptr<AnalyticsStore> another = AnalyticsStore::open(folder);
+        // So that the loss cannot be written down.
+        another->database().begin();
+        ASSERT_FALSE(another->database().failed());
+        logTooMany();
+        engine.resetInstallation();
+        static_cast<void>(engine.waitUntilStored(kDeadline));
+        log(engine, "after");
+    }
+    EXPECT_EQ(ownNames(folder), QStringList{"after"});
+    EXPECT_EQ(AnalyticsStore::open(folder)->losses().all()["queue_full"], 0);
+    engine.setConsent(Kind::kAnalyticsStorage, Status::kDenied);
+    EXPECT_FALSE(engine.waitUntilStored(kDeadline));
+    {
+        const std::scoped_lock stopping(gate);
+        logTooMany();
+    }
+    EXPECT_FALSE(engine.waitUntilStored(kDeadline));
+    engine.setConsent(Kind::kAnalyticsStorage, Status::kGranted);
+    log(engine, "granted");
+    engine.stop();
+    EXPECT_EQ(ownNames(folder), QStringList{"granted"});
+    EXPECT_EQ(AnalyticsStore::open(folder)->losses().all()["queue_full"], 0);
 }
 
 }  // namespace
