@@ -1,6 +1,5 @@
 #include "analytics/AnalyticsWorker.h"
 
-#include <QDeadlineTimer>
 #include <QFile>
 #include <QTimer>
 #include <algorithm>
@@ -52,8 +51,13 @@ void AnalyticsWorker::run(const std::stop_token& stop) {
     QEventLoop loop;
     queue_.setWaker([&loop] { loop.wakeUp(); });
     ending_ = stop;
+    // Runs from the moment that somebody waits for the end.
+    QDeadlineTimer deadline(QDeadlineTimer::Forever);
     {
-        const std::stop_callback wake(stop, [&loop] { loop.wakeUp(); });
+        const std::stop_callback wake(stop, [&] {
+            deadline.setRemainingTime(kLongestFarewell);
+            loop.wakeUp();
+        });
         if (environment_.transport) {
             transport_ = environment_.transport();
         }
@@ -69,7 +73,7 @@ void AnalyticsWorker::run(const std::stop_token& stop) {
         }
     }
     queue_.setWaker({});
-    sayFarewell(loop);
+    sayFarewell(loop, deadline);
     closeStore();
     transport_.reset();
     watcher_.reset();
@@ -144,8 +148,7 @@ void AnalyticsWorker::watchFolder() {
     }
 }
 
-void AnalyticsWorker::sayFarewell(QEventLoop& loop) {
-    const QDeadlineTimer deadline(kLongestFarewell);
+void AnalyticsWorker::sayFarewell(QEventLoop& loop, const QDeadlineTimer& deadline) {
     work();
     if (inFront_) {
         // Unwritten, it is told by the next start.

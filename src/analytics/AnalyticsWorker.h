@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDeadlineTimer>
 #include <QEventLoop>
 #include <QFileSystemWatcher>
 #include <memory>
@@ -24,7 +25,7 @@ namespace pellumar {
 // recorded, sees to the uploads and sleeps.
 class AnalyticsWorker {
   public:
-    // Uploading at the end takes no longer.
+    // From when the end is asked for; the rest of 200 ms is for cleaning up.
     static constexpr std::chrono::milliseconds kLongestFarewell{150};
 
     // All must outlive this. `marker` may be null.
@@ -38,7 +39,7 @@ class AnalyticsWorker {
     bool work();
     void upload();
     void sleep(QEventLoop& loop);
-    void sayFarewell(QEventLoop& loop);
+    void sayFarewell(QEventLoop& loop, const QDeadlineTimer& deadline);
 
     // Applies what is in the backlog; what cannot be written stays there.
     void workOff();
