@@ -67,6 +67,10 @@ int JobRunner::run() {
         localPath(fileSystem_.archive(QString::fromStdString(commandLine_.title)));
     std::error_code missing;
     const bool replaces = zipping && target && fs::exists(*target, missing);
+    // The job would delete it, with all that is in it.
+    if (replaces && fs::is_directory(fs::symlink_status(*target, missing))) {
+        return fail(target->native() + ": is a folder, and would be replaced");
+    }
     for (const fs::path& argument : arguments) {
         tl::expected<fs::path, std::error_code> path = pathOf(argument, here);
         if (!path) {

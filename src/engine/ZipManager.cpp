@@ -33,8 +33,14 @@ std::optional<QList<QUrl>> stage(const std::vector<std::shared_ptr<const Image>>
     for (std::size_t i = 0; i < images.size(); ++i) {
         const QByteArray jpeg = images[i]->jpegData(kQuality);
         if (!jpeg.isEmpty()) {
-            std::ofstream file(*folder / (std::to_string(i) + ".jpg"), std::ios::binary);
+            const path place = *folder / (std::to_string(i) + ".jpg");
+            std::ofstream file(place, std::ios::binary);
             file.write(jpeg.constData(), jpeg.size());
+            file.close();
+            if (!file) {
+                std::error_code ignored;
+                std::filesystem::remove(place, ignored);
+            }
         }
     }
     return FileSystem::contents(*folder);

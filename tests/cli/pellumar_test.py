@@ -112,6 +112,10 @@ class ZipTest(ProgramTest):
         code, _, err = self.run_program("-q", "zip", "T", "one", "W/outputs/T.zip")
         self.assertEqual((code, err.count(b"\n")), (1, 1))
         self.assertEqual(pathlib.Path(out.decode().strip()).read_bytes(), before)
+        self.write("W/outputs/F.zip/precious")
+        code, _, err = self.run_program("-q", "zip", "F", "W/outputs/F.zip/precious")
+        self.assertEqual((code, err.count(b"\n")), (1, 1))
+        self.assertTrue((self.folder / "W/outputs/F.zip/precious").exists())
 
     def test_warns_of_names_that_are_there_twice(self):
         for name in ("one", "in/one", "two"):

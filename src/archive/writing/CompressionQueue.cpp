@@ -1,6 +1,7 @@
 #include "archive/writing/CompressionQueue.h"
 
 #include <algorithm>
+#include <chrono>
 #include <utility>
 
 namespace pellumar::archive {
@@ -219,7 +220,11 @@ void CompressionQueue::wakeWriter() {
 void CompressionQueue::waitForHead(std::unique_lock<std::mutex>& lock) {
     writerWaits_ = true;
     reportsUnseen_ = 0;
-    headReady_.wait(lock, [this] { return !jobs_.empty() && jobs_.front()->isReady(); });
+    // The next reports may come late, of sources that are slow to read.
+    constexpr std::chrono::milliseconds kLongestDelay(50);
+    while (!headReady_.wait_for(
+        lock, kLongestDelay, [this] { return !jobs_.empty() && jobs_.front()->isReady(); })) {
+    }
     writerWaits_ = false;
 }
 

@@ -108,6 +108,7 @@ class CompressionQueue {
     [[nodiscard]] bool canTakeTask() const;
     void wakeWorkers();
     // If it waits, its head is ready and it pays: at the latest when a worker finds nothing to do.
+    // The writer looks by itself now and then.
     void wakeWriter();
     void waitForHead(std::unique_lock<std::mutex>& lock);
     void dropJob(Job& job);

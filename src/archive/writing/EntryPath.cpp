@@ -9,7 +9,8 @@ namespace pellumar::archive {
 
 bool isEntryPath(std::string_view path) {
     std::string storage;
-    return path.size() <= format::kMax16 && judgeEntryName(path, storage);
+    return path.size() <= format::kMax16 && path.find('\\') == path.npos &&
+           judgeEntryName(path, storage);
 }
 
 }  // namespace pellumar::archive

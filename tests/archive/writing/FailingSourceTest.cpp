@@ -100,7 +100,9 @@ TEST_F(FailingSourceTest, AFileOfAnotherSizeThanItSaysDoesNotPassAsWhole) {
 TEST_F(FailingSourceTest, NamesThatAreRefusedOnReadingAreNotWritten) {
     put("C:notes", "on no drive");
     put("..\\up", "not up");
-    expectFailure({"C:notes", "..\\up"}, ErrorCode::kInvalidArgument);
+    put("folder\\", "no folder");
+    put(".\\first", "another first");
+    expectFailure({"C:notes", "..\\up", "folder\\", ".\\first"}, ErrorCode::kInvalidArgument);
 }
 
 // The first chunks of this file are in the archive when it is cut off.
