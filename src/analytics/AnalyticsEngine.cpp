@@ -30,13 +30,16 @@ void AnalyticsEngine::logEventWithName(const QString& name,
     if (parameters) {
         event.parameters = validation::bounded(*parameters);
     }
-    const std::size_t bytes = validation::bytesOf(event.parameters);
+    const std::size_t bytes =
+        validation::bytesOf(event.name) + validation::bytesOf(event.parameters);
     say(std::move(event), bytes);
 }
 
 void AnalyticsEngine::setUserPropertyString(const QString& value, const QString& forName) {
-    say(UserPropertyChange{.name = validation::bounded(forName),
-                           .value = validation::bounded(value)});
+    UserPropertyChange change{.name = validation::bounded(forName),
+                              .value = validation::bounded(value)};
+    const std::size_t bytes = validation::bytesOf(change.name) + validation::bytesOf(change.value);
+    say(std::move(change), bytes);
 }
 
 void AnalyticsEngine::setConsent(ConsentKind kind, ConsentStatus status) {
@@ -54,8 +57,8 @@ void AnalyticsEngine::setActive(bool active) {
 bool AnalyticsEngine::waitUntilStored(std::chrono::milliseconds timeout) {
     const auto promise = std::make_shared<std::promise<bool>>();
     std::future<bool> stored = promise->get_future();
-    say(Fence{.stored = promise});
-    return stored.wait_for(timeout) == std::future_status::ready && stored.get();
+    return say(Fence{.stored = promise}) && stored.wait_for(timeout) == std::future_status::ready &&
+           stored.get();
 }
 
 void AnalyticsEngine::stop() {
@@ -65,8 +68,8 @@ void AnalyticsEngine::stop() {
     }
 }
 
-void AnalyticsEngine::say(decltype(QueueItem::what) what, std::size_t bytes) {
-    queue_.add({.moment = clock_->now(), .bytes = bytes, .what = std::move(what)});
+bool AnalyticsEngine::say(decltype(QueueItem::what) what, std::size_t bytes) {
+    return queue_.add({.moment = clock_->now(), .bytes = bytes, .what = std::move(what)});
 }
 
 }  // namespace pellumar

@@ -59,8 +59,8 @@ class AnalyticsEngine : public FIRAnalytics {
     void stop();
 
   private:
-    // `bytes`: about what it takes beside itself.
-    void say(decltype(QueueItem::what) what, std::size_t bytes = 0);
+    // `bytes`: about what it takes beside itself. False if there was no room for it.
+    bool say(decltype(QueueItem::what) what, std::size_t bytes = 0);
 
     const std::shared_ptr<const AnalyticsClock> clock_;
     EventQueue queue_;

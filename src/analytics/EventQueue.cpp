@@ -1,5 +1,6 @@
 #include "analytics/EventQueue.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace pellumar {
@@ -10,6 +11,20 @@ bool canBeDropped(const QueueItem& item) {
            std::holds_alternative<UserPropertyChange>(item.what);
 }
 
+// Of two answers, that is: the later one makes the earlier superfluous.
+bool isSaidAgain(const QueueItem& earlier, const QueueItem& later) {
+    if (earlier.what.index() != later.what.index()) {
+        return false;
+    }
+    if (const auto* const change = std::get_if<ConsentChange>(&earlier.what)) {
+        return *change == std::get<ConsentChange>(later.what);
+    }
+    if (const auto* const change = std::get_if<ActivityChange>(&earlier.what)) {
+        return *change == std::get<ActivityChange>(later.what);
+    }
+    return std::holds_alternative<InstallationReset>(earlier.what);
+}
+
 }  // namespace
 
 EventQueue::EventQueue() {
@@ -18,15 +33,35 @@ EventQueue::EventQueue() {
 
 bool EventQueue::add(QueueItem item) {
     const std::lock_guard lock(mutex_);
-    const bool isFull = items_.size() >= kCapacity || bytes_ + item.bytes > kMostBytes;
-    if (isFull && canBeDropped(item)) {
-        ++dropped_;
+    if (!makeRoom(item)) {
         return false;
     }
     bytes_ += item.bytes;
     items_.push_back(std::move(item));
     if (std::exchange(workerWaits_, false) && waker_) {
         waker_();
+    }
+    return true;
+}
+
+bool EventQueue::makeRoom(const QueueItem& item) {
+    const bool isFull = items_.size() >= kCapacity || bytes_ + item.bytes > kMostBytes;
+    if (canBeDropped(item)) {
+        dropped_ += isFull ? 1 : 0;
+        return !isFull;
+    }
+    if (std::holds_alternative<Fence>(item.what)) {
+        return items_.size() < 2 * kCapacity;
+    }
+    if (items_.size() > kCapacity) {
+        // Only such as this one and fences stand there, and no event between them.
+        const auto surplus = items_.begin() + static_cast<std::ptrdiff_t>(kCapacity);
+        const auto again = std::find_if(surplus, items_.end(), [&](const QueueItem& earlier) {
+            return isSaidAgain(earlier, item);
+        });
+        if (again != items_.end()) {
+            items_.erase(again);
+        }
     }
     return true;
 }

@@ -27,10 +27,14 @@ struct UserPropertyChange {
 struct ConsentChange {
     ConsentKind kind = ConsentKind::kAdStorage;
     ConsentStatus status = ConsentStatus::kUnset;
+
+    friend bool operator==(const ConsentChange&, const ConsentChange&) = default;
 };
 // The application came to the front, or left it.
 struct ActivityChange {
     bool active = false;
+
+    friend bool operator==(const ActivityChange&, const ActivityChange&) = default;
 };
 struct InstallationReset {};
 // Is told whether everything before it is on disk.
@@ -63,8 +67,9 @@ class EventQueue {
 
     EventQueue();
 
-    // From any thread. False if there is no room: the item is dropped, and counted. Changes of
-    // consent, resets and fences always find room.
+    // From any thread. False if there is no room: the item is dropped, and counted unless it is a
+    // fence, for which there is room for as many again. Changes of consent and activity and resets
+    // always find some: beyond the capacity, one takes the place of one that says the same.
     bool add(QueueItem item);
 
     // From the worker: swaps `items`, which must be empty, with what has come. When nothing has,
@@ -79,6 +84,8 @@ class EventQueue {
     void setWaker(std::function<void()> waker);
 
   private:
+    [[nodiscard]] bool makeRoom(const QueueItem& item);
+
     std::mutex mutex_;
     std::vector<QueueItem> items_;
     std::function<void()> waker_;

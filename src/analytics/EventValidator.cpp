@@ -65,8 +65,13 @@ std::optional<ParameterValue> valueOf(const QVariant& value) {
     }
 }
 
+// With the room that has been reserved for it.
+bool isSmall(const QString& text) {
+    return text.size() <= kLongestSeen && text.capacity() <= 2 * kLongestSeen;
+}
+
 bool isSmall(const QVariant& value) {
-    return value.typeId() == QMetaType::QString ? value.toString().size() <= kLongestSeen
+    return value.typeId() == QMetaType::QString ? isSmall(value.toString())
                                                 : !value.isValid() || valueOf(value).has_value();
 }
 
@@ -96,14 +101,14 @@ CheckedParameter checkParameter(const QString& name, const QVariant& given) {
 }  // namespace
 
 QString bounded(const QString& text) {
-    return text.size() <= kLongestSeen ? text : text.left(kLongestSeen);
+    return isSmall(text) ? text : QString(text.constData(), std::min(text.size(), kLongestSeen));
 }
 
 QVariantMap bounded(const QVariantMap& parameters) {
     const bool isBounded =
         parameters.size() <= kMostSeen &&
         std::all_of(parameters.keyValueBegin(), parameters.keyValueEnd(), [](const auto& each) {
-            return each.first.size() <= kLongestSeen && isSmall(each.second);
+            return isSmall(each.first) && isSmall(each.second);
         });
     if (isBounded) {
         return parameters;
@@ -120,16 +125,21 @@ QVariantMap bounded(const QVariantMap& parameters) {
     return small;
 }
 
+std::size_t bytesOf(const QString& text) {
+    constexpr qsizetype kHeader = 24;
+    const qsizetype units = std::max(text.size(), text.capacity());
+    return static_cast<std::size_t>(kHeader + units * qsizetype{sizeof(QChar)});
+}
+
 std::size_t bytesOf(const QVariantMap& parameters) {
-    // Of a node of the map with its two headers of text.
-    constexpr qsizetype kEach = 120;
-    qsizetype bytes = 0;
+    // Of a node of the map.
+    constexpr std::size_t kNode = 96;
+    std::size_t bytes = 0;
     for (auto each = parameters.begin(); each != parameters.end(); ++each) {
         const bool isText = each.value().typeId() == QMetaType::QString;
-        const qsizetype units = each.key().size() + (isText ? each.value().toString().size() : 0);
-        bytes += kEach + units * qsizetype{sizeof(QChar)};
+        bytes += kNode + bytesOf(each.key()) + (isText ? bytesOf(each.value().toString()) : 0);
     }
-    return static_cast<std::size_t>(bytes);
+    return bytes;
 }
 
 CheckedEvent checkEvent(const QString& name, const QVariantMap& parameters) {

@@ -40,6 +40,7 @@ inline constexpr qsizetype kMostPropertyValueLength = 36;
 [[nodiscard]] QString bounded(const QString& text);
 [[nodiscard]] QVariantMap bounded(const QVariantMap& parameters);
 // About how much memory they take.
+[[nodiscard]] std::size_t bytesOf(const QString& text);
 [[nodiscard]] std::size_t bytesOf(const QVariantMap& parameters);
 
 struct CheckedEvent {

@@ -108,6 +108,10 @@ TEST(EventValidator, WhatIsKeptInMemoryIsBoundedAndJudgedAsTheWhole) {
         wild.insert(QString(50, 'q') + QString::number(i), QString(1000, 'x'));
     }
     EXPECT_LE(validation::bytesOf(validation::bounded(wild)), 64U << 10);
+    QString roomy("short");
+    roomy.reserve(1 << 20);
+    EXPECT_LE(validation::bytesOf(validation::bounded(roomy)), 1000U);
+    EXPECT_LE(validation::bytesOf(validation::bounded({{roomy, roomy}})), 1000U);
     EXPECT_EQ(checkEvent(validation::bounded(QString(1 << 20, 'n')), {}).error, Error::kEventName);
 }
 
