@@ -128,16 +128,23 @@ void sendAll(const std::filesystem::path& folder, const Collector& collector) {
     }
 }
 
-// What SQLite says of the file as the process has left it.
+// What SQLite says of the file as the process has left it. Of a copy: looking at the file itself
+// would tidy up what the engine has to cope with next.
 std::string soundness(const std::filesystem::path& folder) {
+    const TemporaryFolder copy;
+    for (const char* name : {"events.db", "events.db-wal"}) {
+        if (std::filesystem::exists(folder / name)) {
+            std::filesystem::copy_file(folder / name, copy / name);
+        }
+    }
     sqlite3* database = nullptr;
     std::string said = "ok";
-    if (std::filesystem::exists(AnalyticsStore::fileIn(folder))) {
+    if (std::filesystem::exists(AnalyticsStore::fileIn(copy.path()))) {
         const auto note = [](void* text, int, char** row, char**) {
             *static_cast<std::string*>(text) = row[0];
             return 0;
         };
-        if (sqlite3_open(AnalyticsStore::fileIn(folder).c_str(), &database) != SQLITE_OK ||
+        if (sqlite3_open(AnalyticsStore::fileIn(copy.path()).c_str(), &database) != SQLITE_OK ||
             sqlite3_exec(database, "PRAGMA quick_check(1)", note, &said, nullptr) != SQLITE_OK) {
             said = sqlite3_errmsg(database);
         }
