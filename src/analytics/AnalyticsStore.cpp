@@ -24,13 +24,27 @@ constexpr qint64 kRoomyPercent = 80;
 // 2020 in milliseconds since 1970. No clock that was set says less.
 constexpr qint64 kEarliestTime = 1'577'836'800'000;
 
-// What SQLite makes beside it gets its permissions. One that is there is left alone: to close it
+// With what may stand beside it.
+constexpr std::array<const char*, 4> kSuffixes = {"-wal", "-shm", "-journal", ""};
+
+// What SQLite makes beside it gets its permissions. One that is there is not opened: to close it
 // here would drop the locks that this process holds on it.
-void createPrivately(const std::filesystem::path& file) {
+void makePrivate(const std::filesystem::path& file) {
     const int created =
         ::open(file.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR);
     if (created >= 0) {
         ::close(created);
+    }
+    namespace fs = std::filesystem;
+    for (const char* suffix : kSuffixes) {
+        fs::path each = file;
+        each += suffix;
+        // One that is not ours to change is found out when it is opened.
+        std::error_code ignored;
+        const fs::file_status status = fs::symlink_status(each, ignored);
+        if (fs::is_regular_file(status)) {
+            fs::permissions(each, fs::perms::owner_read | fs::perms::owner_write, ignored);
+        }
     }
 }
 
@@ -43,7 +57,7 @@ std::filesystem::path AnalyticsStore::fileIn(const std::filesystem::path& folder
 bool AnalyticsStore::remove(const std::filesystem::path& folder) {
     bool removed = true;
     // The log first: it must not be taken for the next file's.
-    for (const char* suffix : {"-wal", "-shm", "-journal", ""}) {
+    for (const char* suffix : kSuffixes) {
         std::filesystem::path file = fileIn(folder);
         file += suffix;
         std::error_code error;
@@ -62,7 +76,7 @@ std::unique_ptr<AnalyticsStore> AnalyticsStore::open(const std::filesystem::path
     }
     const std::array reasons = {reason, Reason::kReplaced};
     for (const Reason each : reasons) {
-        createPrivately(fileIn(folder));
+        makePrivate(fileIn(folder));
         auto store =
             std::unique_ptr<AnalyticsStore>(new AnalyticsStore(fileIn(folder), mostBytes, ending));
         const DatabaseOutcome outcome = store->prepare(each);
@@ -175,7 +189,8 @@ bool AnalyticsStore::wipe() {
         database_.run((std::string("DELETE FROM ") + table).c_str());
     }
     const bool isWiped = database_.commit() == DatabaseOutcome::kDone;
-    // The log still holds what was.
+    // Should the file stay: pages that are free and the log still hold what was.
+    database_.run("PRAGMA incremental_vacuum");
     database_.run("PRAGMA wal_checkpoint(TRUNCATE)");
     static_cast<void>(database_.takeOutcome());
     return isWiped;

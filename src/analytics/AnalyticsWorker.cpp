@@ -45,7 +45,9 @@ AnalyticsWorker::AnalyticsWorker(AnalyticsEnvironment environment,
       audiences_(environment_.audiences),
       queue_(queue),
       marker_(marker),
-      consent_(environment_.folder) {}
+      consent_(environment_.folder),
+      erasure_(environment_.folder),
+      mayStore_(consent_.current().allowsStorage()) {}
 
 void AnalyticsWorker::run(const std::stop_token& stop) {
     QEventLoop loop;
@@ -92,10 +94,13 @@ bool AnalyticsWorker::work() {
                         std::make_move_iterator(fresh_.end()));
         fresh_.clear();
     }
-    if (consent_.refresh()) {
+    obeyOthers();
+    if (consent_.save()) {
         obeyConsent();
     }
-    consent_.save();
+    if (erasure_.isOwed()) {
+        erase();
+    }
     config_ = MeasurementConfig::read(environment_.parameters);
     if (store_ && store_->isMoved()) {
         closeStore();
@@ -112,6 +117,8 @@ bool AnalyticsWorker::work() {
 }
 
 void AnalyticsWorker::upload() {
+    // Recording may have taken a while.
+    obeyOthers();
     if (!uploader_) {
         return;
     }
@@ -122,6 +129,13 @@ void AnalyticsWorker::upload() {
     }
 }
 
+void AnalyticsWorker::hurry() {
+    obeyOthers();
+    if (uploader_) {
+        uploader_->hurry(situation());
+    }
+}
+
 void AnalyticsWorker::sleep(QEventLoop& loop) {
     const Uploader::Situation now = situation();
     qint64 wait = kUpkeepMilliseconds;
@@ -129,9 +143,11 @@ void AnalyticsWorker::sleep(QEventLoop& loop) {
         wait = uploader_->nextPoll(now).value_or(wait);
     }
     const bool isStuck =
-        !backlog_.empty() || erasureOwed_ || (consent_.current().allowsStorage() && !store_);
+        !backlog_.empty() || erasure_.isOwed() || (consent_.current().allowsStorage() && !store_);
     watchFolder();
-    if (isStuck || consent_.isUnsaved()) {
+    // Unwatched, it has to be looked at.
+    const bool isBlind = watcher_->directories().isEmpty();
+    if (isStuck || isBlind || consent_.isUnsaved()) {
         wait = std::min(wait, kRetryMilliseconds);
     }
     waitForEvent(loop, wait);
@@ -156,13 +172,10 @@ void AnalyticsWorker::sayFarewell(QEventLoop& loop, const QDeadlineTimer& deadli
                                                       .what = ActivityChange{.active = false}}}));
     }
     failFences();
-    if (!uploader_) {
-        return;
-    }
-    uploader_->hurry(situation());
-    while (uploader_->isUnderway() && !deadline.hasExpired()) {
+    hurry();
+    while (uploader_ && uploader_->isUnderway() && !deadline.hasExpired()) {
         waitForEvent(loop, deadline.remainingTime());
-        uploader_->hurry(situation());
+        hurry();
     }
 }
 
@@ -297,7 +310,9 @@ void AnalyticsWorker::control(const QueueItem& item) {
         consent_.set(change->kind, change->status, item.moment.wall);
         obeyConsent();
         // On a full disk there is room for the answer now.
-        consent_.save();
+        if (consent_.save()) {
+            obeyConsent();
+        }
         // Audiences depend on it.
         static_cast<void>(record({}));
     } else if (const auto* const fence = std::get_if<Fence>(&item.what)) {
@@ -321,8 +336,7 @@ bool AnalyticsWorker::openStore() {
     if (store_) {
         return true;
     }
-    erasureOwed_ = erasureOwed_ && !AnalyticsStore::remove(environment_.folder);
-    if (erasureOwed_) {
+    if (erasure_.isOwed()) {
         return false;
     }
     store_ = AnalyticsStore::open(environment_.folder, environment_.mostBytes, nextStore_, ending_);
@@ -365,11 +379,10 @@ void AnalyticsWorker::closeStore() {
 }
 
 void AnalyticsWorker::erase() {
-    // Where one way is barred the other may be open.
     const bool isWiped = store_ && store_->wipe();
     closeStore();
     nextStore_ = AnalyticsStore::Reason::kReplaced;
-    erasureOwed_ = !AnalyticsStore::remove(environment_.folder) && !isWiped;
+    erasure_.perform(isWiped, ending_);
     // Nor is a crash told of which nothing shall be known any more.
     CrashReport::erase(environment_.folder);
     dropped_ = 0;
@@ -382,6 +395,16 @@ void AnalyticsWorker::obeyConsent() {
     }
     if (!allowed) {
         erase();
+    } else if (!mayStore_) {
+        // A process that had not noticed the denial may have left one meanwhile.
+        CrashReport::erase(environment_.folder);
+    }
+    mayStore_ = allowed;
+}
+
+void AnalyticsWorker::obeyOthers() {
+    if (consent_.refresh()) {
+        obeyConsent();
     }
 }
 

@@ -15,6 +15,7 @@
 #include "analytics/ConsentState.h"
 #include "analytics/CrashMarker.h"
 #include "analytics/CrashReport.h"
+#include "analytics/Erasure.h"
 #include "analytics/EventQueue.h"
 #include "analytics/Recorder.h"
 #include "analytics/Uploader.h"
@@ -38,6 +39,7 @@ class AnalyticsWorker {
     // True if something new was said.
     bool work();
     void upload();
+    void hurry();
     void sleep(QEventLoop& loop);
     void sayFarewell(QEventLoop& loop, const QDeadlineTimer& deadline);
 
@@ -65,6 +67,8 @@ class AnalyticsWorker {
     void closeStore();
     void erase();
     void obeyConsent();
+    // What another process has been told.
+    void obeyOthers();
     void upkeep();
     [[nodiscard]] Uploader::Situation situation() const;
 
@@ -76,6 +80,8 @@ class AnalyticsWorker {
     CrashMarker* const marker_;
 
     ConsentState consent_;
+    Erasure erasure_;
+    bool mayStore_;
     MeasurementConfig config_;
     std::vector<QueueItem> fresh_;
     std::vector<QueueItem> backlog_;
@@ -84,8 +90,6 @@ class AnalyticsWorker {
     // Something has been dropped since the last fence.
     bool isIncomplete_ = false;
     bool inFront_ = false;
-    // What was to be erased is still there.
-    bool erasureOwed_ = false;
     qint64 lastActivity_ = 0;
     std::optional<qint64> lastUpkeep_;
     AnalyticsStore::Reason nextStore_ = AnalyticsStore::Reason::kOpened;

@@ -7,6 +7,7 @@
 #include <QJsonObject>
 #include <QSaveFile>
 #include <algorithm>
+#include <cerrno>
 
 #include "analytics/FileLock.h"
 #include "analytics/PrivateFolder.h"
@@ -24,6 +25,13 @@ std::size_t indexOf(ConsentKind kind) {
 
 QString fileIn(const std::filesystem::path& folder) {
     return QFile::decodeName((folder / "consent.json").c_str());
+}
+
+// Known not to be there, which is not the same as not to be seen.
+bool isMissing(const QString& path) {
+    struct stat status {};
+    return ::lstat(QFile::encodeName(path).constData(), &status) != 0 &&
+           (errno == ENOENT || errno == ENOTDIR);
 }
 
 std::optional<ConsentStatus> statusOf(const QString& text) {
@@ -114,9 +122,8 @@ std::optional<qint64> ConsentState::timeOf(ConsentKind kind) const {
 }
 
 void ConsentState::set(ConsentKind kind, ConsentStatus status, qint64 time) {
-    if (current().status(kind) == status) {
-        return;
-    }
+    // Another process may have answered otherwise, so that it has to be written though it is no
+    // other one here.
     current_.consent.set(kind, status);
     current_.times.at(indexOf(kind)) =
         status == ConsentStatus::kUnset ? std::nullopt : std::optional(time);
@@ -144,8 +151,9 @@ void ConsentState::merge(const Answers& disk) {
         const std::size_t i = indexOf(kind);
         const bool isAnswered = disk.consent.status(kind) != kept_.consent.status(kind);
         const bool isDenied = disk.consent.status(kind) == ConsentStatus::kDenied;
+        const bool isSame = disk.consent.status(kind) == current_.consent.status(kind);
         // Of two answers that cross, a no counts.
-        if (!unsaved_.at(i) || (isAnswered && isDenied)) {
+        if (!unsaved_.at(i) || isSame || (isAnswered && isDenied)) {
             current_.consent.set(kind, disk.consent.status(kind));
             current_.times.at(i) = disk.times.at(i);
             unsaved_.at(i) = false;
@@ -154,22 +162,23 @@ void ConsentState::merge(const Answers& disk) {
     kept_ = disk;
 }
 
-void ConsentState::save() {
+bool ConsentState::save() {
     if (!isUnsaved() || !makePrivateFolder(folder_)) {
-        return;
+        return false;
     }
     // Between reading and writing no other process may write.
     FileLock lock(folder_ / "consent.lock");
     if (!lock.take(kLockPatience)) {
-        return;
+        return false;
     }
+    const Consent before = current();
     merge(read());
-    if (isUnsaved() && !write()) {
-        return;
+    if (!isUnsaved() || write()) {
+        unsaved_ = {};
+        kept_ = current_;
+        version_ = versionOnDisk();
     }
-    unsaved_ = {};
-    kept_ = current_;
-    version_ = versionOnDisk();
+    return before != current();
 }
 
 bool ConsentState::write() const {
@@ -182,8 +191,10 @@ bool ConsentState::write() const {
         content.insert(toText(kind), answer);
     }
     QSaveFile file(path_);
+    // Without room, Qt 6.4 commits a file that is empty unless it has been flushed before.
     return file.open(QIODevice::WriteOnly) && file.write(QJsonDocument(content).toJson()) > 0 &&
-           file.setPermissions(QFile::ReadOwner | QFile::WriteOwner) && file.commit();
+           file.setPermissions(QFile::ReadOwner | QFile::WriteOwner) && file.flush() &&
+           file.commit();
 }
 
 ConsentState::Version ConsentState::versionOnDisk() const {
@@ -197,12 +208,11 @@ ConsentState::Version ConsentState::versionOnDisk() const {
 ConsentState::Answers ConsentState::read() const {
     Answers answers;
     QFile file(path_);
-    if (!file.exists()) {
-        return answers;
-    }
     QByteArray bytes;
     if (file.open(QIODevice::ReadOnly)) {
         bytes = file.read(kMostBytes);
+    } else if (isMissing(path_)) {
+        return answers;
     }
     const QJsonObject content = QJsonDocument::fromJson(bytes).object();
     for (const ConsentKind kind : kConsentKinds) {

@@ -59,15 +59,16 @@ class ConsentState {
     [[nodiscard]] std::optional<qint64> timeOf(ConsentKind kind) const;
 
     // In force at once. If it cannot be written it stays so in this process, and every save() tries
-    // again. The same answer again changes nothing, not even its time.
+    // again. The same answer as in the file changes nothing there, not even its time.
     void set(ConsentKind kind, ConsentStatus status, qint64 time);
 
     // Takes over what another process has written; against an answer of this one that could not be
     // written yet, only a no counts. True if the consent is another one now.
     bool refresh();
     // Writes what could not be written before, and nothing but that: the other answers are those of
-    // the file as it is now.
-    void save();
+    // the file as it is now, which it takes over as refresh() does. True if the consent is another
+    // one now.
+    bool save();
     [[nodiscard]] bool isUnsaved() const;
 
   private:

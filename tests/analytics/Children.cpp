@@ -1,10 +1,13 @@
 #include "Children.h"
 
 #include <sys/mman.h>
+#include <sys/mount.h>
 #include <sys/resource.h>
 
 #include <array>
+#include <cstdio>
 #include <cstdlib>
+#include <fstream>
 #include <string_view>
 
 #include "EngineTest.h"
@@ -64,6 +67,62 @@ int crash(const char* folder, std::string_view how) {
     std::abort();
 }
 
+// The tests see how far it came.
+int complain(const char* what) {
+    std::puts(what);
+    return 1;
+}
+
+void fill(const std::filesystem::path& filler) {
+    std::ofstream file(filler, std::ios::binary);
+    while (file.write(std::string(4096, 'x').data(), 4096).flush()) {
+    }
+}
+
+bool isFull(AnalyticsStore& store) {
+    store.database().begin();
+    // More than the log has room for already.
+    store.state().set("large", QString(1 << 20, u'x'));
+    return store.database().commit() == DatabaseOutcome::kFull;
+}
+
+int fillDisk(const char* folder) {
+    if (::mount("tmpfs", folder, "tmpfs", 0, "size=1m") != 0) {
+        return kNoDisk;
+    }
+    const std::filesystem::path filler = std::filesystem::path(folder) / "filler";
+    AnalyticsEngine engine(environmentIn(folder));
+    const auto log = [&engine](const char* name, int times) {
+        for (int i = 0; i < times; ++i) {
+            engine.logEventWithName(name, QVariantMap{{"text", QString(100, u'a')}});
+        }
+        return engine.waitUntilStored(kDeadline);
+    };
+    if (!log("before", 100)) {
+        return complain("nothing was stored");
+    }
+    std::unique_ptr<AnalyticsStore> store = AnalyticsStore::open(folder);
+    fill(filler);
+    if (!store || !isFull(*store)) {
+        return complain("the disk was not full");
+    }
+    // What it has open would take room though it is erased.
+    store.reset();
+    static_cast<void>(log("meanwhile", 5000));
+    std::filesystem::remove(filler);
+    // The first one may still tell of what was dropped.
+    static_cast<void>(log("after", 1));
+    if (!log("after", 1)) {
+        return complain("nothing was stored when there was room again");
+    }
+    fill(filler);
+    engine.setConsent(ConsentKind::kAnalyticsStorage, ConsentStatus::kDenied);
+    if (engine.waitUntilStored(kDeadline) || ConsentState(folder).current().allowsStorage()) {
+        return complain("the denial was not kept");
+    }
+    return std::filesystem::exists(AnalyticsStore::fileIn(folder)) ? complain("not erased") : 0;
+}
+
 }  // namespace
 
 bool runAsChild(int argc, char** argv, int& exitCode) {
@@ -74,6 +133,10 @@ bool runAsChild(int argc, char** argv, int& exitCode) {
     }
     if (what == "--crash" && argc == 4) {
         exitCode = crash(argv[2], argv[3]);
+        return true;
+    }
+    if (what == "--fill-disk" && argc == 3) {
+        exitCode = fillDisk(argv[2]);
         return true;
     }
     return false;

@@ -5,6 +5,7 @@
 
 #include "EngineTest.h"
 #include "analytics/CrashReport.h"
+#include "analytics/Erasure.h"
 #include "support/FileContents.h"
 
 namespace pellumar::test {
@@ -117,6 +118,24 @@ TEST_F(ConsentTest, EveryCombinationAboutAdvertising) {
     }
 }
 
+// Permissions mean nothing to the superuser.
+class AsNobody {
+  public:
+    explicit AsNobody(const std::filesystem::path& home) : before_(::geteuid()) {
+        if (before_ == 0) {
+            constexpr uid_t kNobody = 65534;
+            EXPECT_EQ(::chown(home.c_str(), kNobody, kNobody), 0);
+            EXPECT_EQ(::seteuid(kNobody), 0);
+        }
+    }
+    ~AsNobody() { EXPECT_EQ(::seteuid(before_), 0); }
+    AsNobody(const AsNobody&) = delete;
+    AsNobody& operator=(const AsNobody&) = delete;
+
+  private:
+    const uid_t before_;
+};
+
 TEST_F(ConsentTest, AnAnswerThatCannotBeReadIsANo) {
     for (const char* content : {"", "{", "{}", R"({"analytics_storage":{"status":"perhaps"}})"}) {
         std::filesystem::create_directories(folder);
@@ -125,6 +144,12 @@ TEST_F(ConsentTest, AnAnswerThatCannotBeReadIsANo) {
         log(engine, "tapped");
         EXPECT_FALSE(isAnythingStored()) << content;
     }
+    // Nor can it be seen here whether there is one.
+    const AsNobody nobody(parent.path());
+    folder = parent / "locked";
+    std::filesystem::create_directory(folder);
+    std::filesystem::permissions(folder, std::filesystem::perms::none);
+    EXPECT_FALSE(ConsentState(folder).current().allowsStorage());
 }
 
 TEST_F(ConsentTest, WhatOneProcessIsToldTheOtherObeys) {
@@ -158,6 +183,14 @@ TEST_F(ConsentTest, NoAnswerIsLostWhereTwoProcessesAreGivenThem) {
     other.set(Kind::kAnalyticsStorage, Status::kDenied, kNoon);
     one.set(Kind::kAdStorage, Status::kGranted, kNoon + 1);
     EXPECT_EQ(one.current().status(Kind::kAnalyticsStorage), Status::kDenied);
+    // A no is written again where another process has answered with yes meanwhile.
+    other.set(Kind::kAnalyticsStorage, Status::kGranted, kNoon + 2);
+    one.set(Kind::kAnalyticsStorage, Status::kDenied, kNoon + 3);
+    EXPECT_EQ(ConsentState(folder).current().status(Kind::kAnalyticsStorage), Status::kDenied);
+    EXPECT_EQ(ConsentState(folder).timeOf(Kind::kAnalyticsStorage), kNoon + 3);
+    // The same answer again is no other one.
+    one.set(Kind::kAdStorage, Status::kGranted, kNoon + 4);
+    EXPECT_EQ(ConsentState(folder).timeOf(Kind::kAdStorage), kNoon + 1);
     // One that cannot be written waits, and a no that was given meanwhile counts.
     std::filesystem::remove_all(folder);
     writeFile(folder, "in the way");
@@ -173,28 +206,12 @@ TEST_F(ConsentTest, NoAnswerIsLostWhereTwoProcessesAreGivenThem) {
     EXPECT_EQ(kept.status(Kind::kAdPersonalization), Status::kGranted);
 }
 
-// Permissions mean nothing to the superuser.
-class AsNobody {
-  public:
-    explicit AsNobody(const std::filesystem::path& home) : before_(::geteuid()) {
-        if (before_ == 0) {
-            constexpr uid_t kNobody = 65534;
-            EXPECT_EQ(::chown(home.c_str(), kNobody, kNobody), 0);
-            EXPECT_EQ(::seteuid(kNobody), 0);
-        }
-    }
-    ~AsNobody() { EXPECT_EQ(::seteuid(before_), 0); }
-    AsNobody(const AsNobody&) = delete;
-    AsNobody& operator=(const AsNobody&) = delete;
-
-  private:
-    const uid_t before_;
-};
-
 TEST_F(ConsentTest, WhatCannotBeRemovedIsWipedAndTheFolderIsTheUsersAlone) {
     namespace fs = std::filesystem;
     const AsNobody nobody(parent.path());
     fs::create_directory(folder);
+    EXPECT_TRUE(AnalyticsStore::open(folder));
+    fs::permissions(AnalyticsStore::fileIn(folder), fs::perms::all);
     fs::permissions(folder, fs::perms::all);
     AnalyticsEngine engine(quiet());
     engine.setConsent(Kind::kAdStorage, Status::kDenied);
@@ -211,6 +228,85 @@ TEST_F(ConsentTest, WhatCannotBeRemovedIsWipedAndTheFolderIsTheUsersAlone) {
     engine.stop();
     EXPECT_NE(installation(), first);
     EXPECT_EQ(ownNames(folder), QStringList{"after"});
+    for (const auto& file : fs::directory_iterator(folder)) {
+        EXPECT_EQ(readText(file).find("before"), std::string::npos) << file.path();
+    }
+    // By a start too, which has none open.
+    ConsentState(folder).set(Kind::kAnalyticsStorage, Status::kDenied, kNoon);
+    fs::permissions(folder, fs::perms::owner_read | fs::perms::owner_exec);
+    AnalyticsEngine denied(quiet());
+    EXPECT_FALSE(denied.waitUntilStored(kDeadline));
+    denied.stop();
+    EXPECT_TRUE(storedEvents(folder).empty());
+}
+
+TEST_F(ConsentTest, WhatCannotBeErasedIsOwedUntilItIsOverRestartsToo) {
+    namespace fs = std::filesystem;
+    const fs::path obstacle = AnalyticsStore::fileIn(folder);
+    const fs::path aside = parent / "aside";
+    {
+        AnalyticsEngine engine(quiet());
+        log(engine, "before");
+    }
+    const QString first = installation();
+    fs::rename(folder, aside);
+    fs::create_directories(obstacle / "inside");
+    {
+        AnalyticsEngine engine(quiet());
+        engine.resetInstallation();
+        log(engine, "waiting");
+    }
+    EXPECT_EQ(fs::status(Erasure::noteIn(folder)).permissions(),
+              fs::perms::owner_read | fs::perms::owner_write);
+    // The disk is well again, with what was to be erased.
+    fs::remove_all(obstacle);
+    for (const fs::directory_entry& file : fs::directory_iterator(aside)) {
+        fs::rename(file.path(), folder / file.path().filename());
+    }
+    {
+        AnalyticsEngine engine(quiet());
+        log(engine, "after");
+    }
+    EXPECT_NE(installation(), first);
+    EXPECT_EQ(ownNames(folder), QStringList{"after"});
+    // Under a denial too, which opens nothing that could try it.
+    AnalyticsStore::remove(folder);
+    fs::create_directories(obstacle / "inside");
+    AnalyticsEngine engine(quiet());
+    engine.setConsent(Kind::kAnalyticsStorage, Status::kDenied);
+    EXPECT_FALSE(engine.waitUntilStored(kDeadline));
+    fs::remove(obstacle / "inside");
+    EXPECT_TRUE(becomesTrue([&] { return !isAnythingStored(); }));
+}
+
+// Keeps what it is to send.
+class MuteTransport : public LogTransport {
+  public:
+    explicit MuteTransport(std::atomic<int>& sent) : sent_(sent) {}
+    void send(const QByteArray& /*body*/) override { ++sent_; }
+    [[nodiscard]] std::optional<Answer> takeAnswer() override { return std::nullopt; }
+    void cancel() override {}
+    [[nodiscard]] bool knowsTheWay() const override { return true; }
+
+  private:
+    std::atomic<int>& sent_;
+};
+
+TEST_F(ConsentTest, ADenialThatComesAtTheLastMomentStopsTheUpload) {
+    std::atomic<int> sent = 0;
+    AnalyticsEnvironment with = quiet();
+    with.transport = [&sent] { return std::make_unique<MuteTransport>(sent); };
+    with.audiences = {{.name = "here", .conditions = {{.what = EventHappened{.event = "tapped"}}}}};
+    // Another process, when the event is stored and not sent yet.
+    with.audienceChanged = [&](const QString& /*audience*/, bool /*member*/) {
+        ConsentState(folder).set(Kind::kAnalyticsStorage, Status::kDenied, kNoon);
+    };
+    AnalyticsEngine engine(std::move(with));
+    engine.logEventWithName("tapped", {});
+    EXPECT_TRUE(becomesTrue(
+        [&] { return !ConsentState(folder).current().allowsStorage() && !isAnythingStored(); }));
+    engine.stop();
+    EXPECT_EQ(sent, 0);
 }
 
 TEST_F(ConsentTest, ACrashFromBeforeTheAnswerIsNotTold) {
@@ -223,7 +319,17 @@ TEST_F(ConsentTest, ACrashFromBeforeTheAnswerIsNotTold) {
         log(engine, "tapped");
         engine.stop();
         EXPECT_EQ(namesOf(storedEvents(folder)).count("pz_crash"), before > 0 ? 0 : 1);
+        AnalyticsStore::remove(folder);
     }
+    // Nor is one from the time of a denial that was taken back, which leaves no time of an answer.
+    AnalyticsEngine engine(environment());
+    engine.setConsent(Kind::kAnalyticsStorage, Status::kDenied);
+    EXPECT_FALSE(engine.waitUntilStored(kDeadline));
+    writeFile(CrashReport::markerIn(folder), "signal SIGBUS\ntime 1705492800");
+    engine.setConsent(Kind::kAnalyticsStorage, Status::kUnset);
+    log(engine, "tapped");
+    engine.stop();
+    EXPECT_EQ(namesOf(storedEvents(folder)).count("pz_crash"), 0);
 }
 
 TEST_F(ConsentTest, AResetGivesAnotherIdentifierAndErasesWhatWasMeasuredUnderTheOld) {
