@@ -2,6 +2,8 @@
 #include <unistd.h>
 
 #include <QCoreApplication>
+#include <array>
+#include <chrono>
 #include <cstdio>
 #include <filesystem>
 #include <memory>
@@ -50,6 +52,16 @@ std::optional<std::filesystem::path> documentsOf(const CommandLine& commandLine)
     return error ? std::move(path) : std::move(plain);
 }
 
+// How long a line of a job may wait for the next.
+constexpr std::chrono::milliseconds kConsolePatience(100);
+
+// Two lines a file: written one by one they would slow down a job of many small files, and the more
+// so a program at the other end of a pipe.
+void bufferStandardError() {
+    static std::array<char, 64UL * 1024> buffer;
+    static_cast<void>(std::setvbuf(stderr, buffer.data(), _IOFBF, buffer.size()));
+}
+
 // Qt has something to say about locales that are not UTF-8; names are bytes here.
 void dropQtMessage(QtMsgType /*type*/,
                    const QMessageLogContext& /*context*/,
@@ -71,9 +83,12 @@ int main(int argc, char** argv) {
     qInstallMessageHandler(dropQtMessage);
     const QCoreApplication application(argc, argv);
 
-    StreamConsole lines(stderr);
+    StreamConsole lines(stderr, kConsolePatience);
     SilentConsole silence;
     const bool silent = commandLine->quiet || ::isatty(STDERR_FILENO) != 0;
+    if (!silent) {
+        bufferStandardError();
+    }
     Console& console = silent ? static_cast<Console&>(silence) : lines;
     const FileSystem fileSystem(DocumentDirectory(*documents), console);
     RecordingAnalytics engine;

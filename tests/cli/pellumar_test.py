@@ -123,8 +123,12 @@ class ZipTest(ProgramTest):
         code, out, err = self.run_program("zip", "T", "one", "two", "in/one",
                                           documents="./in/../W")
         self.assertEqual((code, err.count(b"warning: one: is there twice")), (0, 1))
+        self.assertTrue(err.endswith(b"Finished: 3\nFINISHED\n"), err)
         self.assertEqual(out, os.fsencode(self.folder / "W/outputs/T.zip") + b"\n")
         self.assertEqual(self.run_program("-q", "zip", "T", "one", "in/one")[2], b"")
+        self.write("folder/one/inside")
+        code, _, err = self.run_program("-q", "zip", "F", "one", "folder/one")
+        self.assertEqual((code, err.count(b"as a file and as a folder")), (1, 1))
 
     def test_shows_progress_on_a_terminal(self):
         for number in range(30):
