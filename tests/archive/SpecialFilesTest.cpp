@@ -2,6 +2,7 @@
 #include <linux/seccomp.h>
 #include <sys/prctl.h>
 #include <sys/syscall.h>
+#include <sys/xattr.h>
 
 #include <array>
 #include <cerrno>
@@ -75,6 +76,33 @@ TEST_F(SpecialFilesTest, PermissionsAreRestoredWhateverTheUmask) {
     EXPECT_EQ(permissions("locked"), 0555U);
     EXPECT_EQ(permissions("locked/deep"), 0500U);
     EXPECT_EQ(text("locked/link"), "x");
+}
+
+TEST_F(SpecialFilesTest, PermissionsAreRestoredWhereTheFolderGivesNewFilesFewer) {
+    // acl(5) as the kernel takes it: version 2; owner, group and others, only the owner may.
+    struct Entry {
+        std::uint16_t tag;
+        std::uint16_t permissions;
+        std::uint32_t id;
+    };
+    constexpr std::uint32_t kNobody = 0xFFFFFFFF;
+    const struct {
+        std::uint32_t version = 2;
+        std::array<Entry, 3> entries = {{{1, 7, kNobody}, {4, 0, kNobody}, {0x20, 0, kNobody}}};
+    } ownerOnly;
+    // What is made in it inherits that.
+    if (::setxattr(
+            home().path().c_str(), "system.posix_acl_default", &ownerOnly, sizeof(ownerOnly), 0) !=
+        0) {
+        ASSERT_EQ(errno, ENOTSUP);
+        GTEST_SKIP() << "no access lists on this file system";
+    }
+    const auto report = unzip(
+        ZipBuilder().add(stored("file", "x").mode(S_IFREG | 0644U)).add(folder("folder/", 0755)));
+    ASSERT_TRUE(report) << report.error().describe();
+    EXPECT_TRUE(report->warnings.empty());
+    EXPECT_EQ(permissions("file"), 0644U);
+    EXPECT_EQ(permissions("folder"), 0755U);
 }
 
 TEST_F(SpecialFilesTest, WhatCannotBeRestoredIsAWarning) {

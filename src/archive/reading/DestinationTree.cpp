@@ -6,6 +6,7 @@
 #include <sys/stat.h>
 #include <sys/statvfs.h>
 #include <sys/syscall.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -36,6 +37,14 @@ std::uint32_t readUmask() {
     return kAllPermissions;
 }
 
+// acl(5): where a folder has a default list, that says what new files get instead of the umask, and
+// folders in it inherit the list.
+std::uint32_t bitsTakenIn(const File& folder) {
+    const bool hasDefaultList =
+        ::fgetxattr(folder.descriptor(), "system.posix_acl_default", nullptr, 0) > 0;
+    return hasDefaultList ? kAllPermissions : readUmask();
+}
+
 }  // namespace
 
 Result<DestinationTree> DestinationTree::open(const std::filesystem::path& path) {
@@ -46,7 +55,8 @@ Result<DestinationTree> DestinationTree::open(const std::filesystem::path& path)
     if (!root.isOpen()) {
         return systemFailure(ErrorCode::kOpenFailed);
     }
-    return DestinationTree(std::move(root), readUmask());
+    const std::uint32_t taken = bitsTakenIn(root);
+    return DestinationTree(std::move(root), taken);
 }
 
 Result<File> DestinationTree::enter(int from, std::string_view folder) {

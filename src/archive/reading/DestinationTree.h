@@ -47,7 +47,7 @@ class DestinationTree {
     [[nodiscard]] std::size_t longestName() const;
 
     // The bits that the process's umask takes off new files. All of them where that cannot be told,
-    // so that whoever asks sets the permissions once more.
+    // or the folder's own rules count instead, so that whoever asks sets the permissions once more.
     [[nodiscard]] std::uint32_t umask() const { return umask_; }
 
   private:
