@@ -60,6 +60,19 @@ void addTo(format::EntryRecord& record, const CompressedChunk& chunk) {
     record.uncompressedSize += chunk.uncompressedSize;
 }
 
+// Does something when it goes out of scope, an exception or not.
+template <typename Action>
+class AtExit {
+  public:
+    explicit AtExit(Action action) : action_(std::move(action)) {}
+    ~AtExit() { action_(); }
+    AtExit(const AtExit&) = delete;
+    AtExit& operator=(const AtExit&) = delete;
+
+  private:
+    const Action action_;
+};
+
 }  // namespace
 
 class ArchiveWriter::State {
@@ -84,6 +97,8 @@ class ArchiveWriter::State {
     [[nodiscard]] Result<> close();
 
   private:
+    // Of the queue's current entry: leaves nothing of it in the archive unless it is a whole one.
+    [[nodiscard]] Result<> addOpened(const Source& source, const CompressionQueue::Opened& opened);
     // Writes the current entry's header and data; fills in what becomes known by that.
     [[nodiscard]] Result<> writeEntry(format::EntryRecord& record, std::uint64_t chunks);
     [[nodiscard]] Result<> writeHeader(const format::EntryRecord& record);
@@ -101,25 +116,30 @@ class ArchiveWriter::State {
 
 Result<> ArchiveWriter::State::add(const Source& source, std::size_t readSize) {
     auto opened = queue_.begin(source, readSize);
-    Result<> result;
-    if (!opened) {
-        result = passOn(opened);
-    } else {
-        auto record = recordOf(source.path, *opened, output_.position());
-        if (record.name.size() > format::kMax16) {
-            result = failure(ErrorCode::kInvalidArgument);
-        } else {
-            result = writeEntry(record, opened->chunks);
-            if (result) {
-                directory_.add(record);
-            } else {
-                output_.rewind(record.localHeaderOffset);
-            }
-        }
-    }
-    queue_.end();
+    const AtExit leave([this] { queue_.end(); });
+    Result<> result = opened ? addOpened(source, *opened) : passOn(opened);
     return std::move(result).map_error(
         [&source](Error&& error) { return std::move(error).about(source.path, 0); });
+}
+
+Result<> ArchiveWriter::State::addOpened(const Source& source,
+                                         const CompressionQueue::Opened& opened) {
+    auto record = recordOf(source.path, opened, output_.position());
+    if (record.name.size() > format::kMax16) {
+        return failure(ErrorCode::kInvalidArgument);
+    }
+    bool isWhole = false;
+    const AtExit takeBack([&] {
+        if (!isWhole) {
+            output_.rewind(record.localHeaderOffset);
+        }
+    });
+    auto written = writeEntry(record, opened.chunks);
+    if (written) {
+        directory_.add(record);
+        isWhole = true;
+    }
+    return written;
 }
 
 Result<> ArchiveWriter::State::writeEntry(format::EntryRecord& record, std::uint64_t chunks) {

@@ -69,26 +69,32 @@ Result<CompressionQueue::Opened> CompressionQueue::begin(const Source& source,
         readSize_ = readSize;
         wakeWorkers();
     }
-    waitForHead(lock);
+    if (auto ready = waitForHead(lock); !ready) {
+        return passOn(ready);
+    }
     return *jobs_.front()->opened;
 }
 
 Result<CompressedChunk> CompressionQueue::takeChunk() {
     std::unique_lock lock(mutex_);
-    waitForHead(lock);
+    if (auto ready = waitForHead(lock); !ready) {
+        return passOn(ready);
+    }
     Job& job = *jobs_.front();
     Result<CompressedChunk> chunk = *std::move(job.results.front());
     job.results.pop_front();
     ++job.nextToTake;
-    bytesAhead_ -= chunk ? chunk->bytesHeld() : 0;
+    releaseResult(chunk);
     wakeWorkers();
     return chunk;
 }
 
 void CompressionQueue::end() {
     const std::lock_guard lock(mutex_);
-    dropJob(*jobs_.front());
-    jobs_.pop_front();
+    if (!jobs_.empty()) {
+        dropJob(*jobs_.front());
+        jobs_.pop_front();
+    }
     wakeWorkers();
 }
 
@@ -162,11 +168,19 @@ void CompressionQueue::reportChunk(const Task& task, Result<CompressedChunk> chu
         finished = std::move(job.file);
     }
     if (!job.dropped) {
-        bytesAhead_ += chunk ? chunk->bytesHeld() : 0;
+        const std::size_t held = chunk ? chunk->bytesHeld() : 0;
+        bytesReady_ += held;
+        bytesAhead_ += held;
         job.results[static_cast<std::size_t>(task.chunk - job.nextToTake)] = std::move(chunk);
         ++reportsUnseen_;
         wakeWriter();
     }
+}
+
+void CompressionQueue::fail(const Error& error) {
+    const std::lock_guard lock(mutex_);
+    failure_ = error;
+    headReady_.notify_one();
 }
 
 void CompressionQueue::stop() {
@@ -210,28 +224,41 @@ void CompressionQueue::wakeWorkers() {
 void CompressionQueue::wakeWriter() {
     // An idle worker may be waiting for what the writer would free, and reports nothing more.
     const bool pays =
-        idleWorkers_ > 0 || reportsUnseen_ >= kReportsPerWake || 2 * bytesAhead_ > mostBytesAhead_;
-    if (writerWaits_ && pays && !jobs_.empty() && jobs_.front()->isReady()) {
+        idleWorkers_ > 0 || reportsUnseen_ >= kReportsPerWake || 4 * bytesReady_ > mostBytesAhead_;
+    if (writerWaits_ && pays && isHeadReady()) {
         writerWaits_ = false;
         headReady_.notify_one();
     }
 }
 
-void CompressionQueue::waitForHead(std::unique_lock<std::mutex>& lock) {
+bool CompressionQueue::isHeadReady() const {
+    return !jobs_.empty() && jobs_.front()->isReady();
+}
+
+Result<> CompressionQueue::waitForHead(std::unique_lock<std::mutex>& lock) {
     writerWaits_ = true;
     reportsUnseen_ = 0;
     // The next reports may come late, of sources that are slow to read.
     constexpr std::chrono::milliseconds kLongestDelay(50);
     while (!headReady_.wait_for(
-        lock, kLongestDelay, [this] { return !jobs_.empty() && jobs_.front()->isReady(); })) {
+        lock, kLongestDelay, [this] { return failure_.has_value() || isHeadReady(); })) {
     }
     writerWaits_ = false;
+    return isHeadReady() ? Result<>() : tl::unexpected(*failure_);
+}
+
+void CompressionQueue::releaseResult(const Result<CompressedChunk>& chunk) {
+    const std::size_t held = chunk ? chunk->bytesHeld() : 0;
+    bytesReady_ -= held;
+    bytesAhead_ -= held;
 }
 
 void CompressionQueue::dropJob(Job& job) {
     job.dropped = true;
     for (const auto& result : job.results) {
-        bytesAhead_ -= result && *result ? (*result)->bytesHeld() : 0;
+        if (result) {
+            releaseResult(*result);
+        }
     }
     bytesAhead_ -= kJobBytes;
     job.results.clear();

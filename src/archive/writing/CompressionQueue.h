@@ -97,6 +97,10 @@ class CompressionQueue {
     // Reports the task's chunk.
     void reportChunk(const Task& task, Result<CompressedChunk> chunk);
 
+    // Says that a worker could not go on. From now on begin() and takeChunk() fail with `error`
+    // instead of waiting.
+    void fail(const Error& error);
+
     // Sends the workers home. Work done ahead is not needed any more.
     void stop();
 
@@ -110,7 +114,10 @@ class CompressionQueue {
     // If it waits, its head is ready and it pays: at the latest when a worker finds nothing to do.
     // The writer looks by itself now and then.
     void wakeWriter();
-    void waitForHead(std::unique_lock<std::mutex>& lock);
+    // Fails if a worker could not go on and its head is not ready.
+    [[nodiscard]] Result<> waitForHead(std::unique_lock<std::mutex>& lock);
+    [[nodiscard]] bool isHeadReady() const;
+    void releaseResult(const Result<CompressedChunk>& chunk);
     void dropJob(Job& job);
     void dropJobsFrom(std::size_t index);
 
@@ -123,6 +130,7 @@ class CompressionQueue {
     std::condition_variable headReady_;
     // What the mutex guards:
     bool stopping_ = false;
+    std::optional<Error> failure_;
     bool writerWaits_ = false;
     unsigned reportsUnseen_ = 0;  // since the writer began to wait
     unsigned idleWorkers_ = 0;
@@ -132,7 +140,8 @@ class CompressionQueue {
     std::deque<std::shared_ptr<Job>> jobs_;     // the current entry and those after it, in order
     std::vector<std::shared_ptr<Job>> unread_;  // those with chunks nobody works on, in order
     std::uint64_t nextSequence_ = 0;
-    std::size_t bytesAhead_ = 0;  // results that wait, and the most that tasks under way can yield
+    std::size_t bytesReady_ = 0;  // results that wait
+    std::size_t bytesAhead_ = 0;  // these, and the most that tasks under way can yield
 };
 
 }  // namespace pellumar::archive

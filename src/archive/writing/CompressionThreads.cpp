@@ -24,16 +24,25 @@ class Worker {
     Worker(CompressionQueue& queue, OutputBuffers& buffers, const FileIdentity& archive)
         : queue_(queue), buffers_(buffers), archive_(archive) {}
 
+    // Ends when the queue is stopped, or says that it could not go on.
     void run() {
+        const Result<> done = withinMemory([this] { return work(); });
+        if (!done) {
+            queue_.fail(done.error());
+        }
+    }
+
+  private:
+    [[nodiscard]] Result<> work() {
         while (auto task = queue_.takeTask()) {
             const auto opened = [&] { return withinMemory([&] { return open(*task->source); }); };
             if (task->file != nullptr || queue_.reportOpened(*task, opened())) {
                 queue_.reportChunk(*task, withinMemory([&] { return compress(*task); }));
             }
         }
+        return {};
     }
 
-  private:
     [[nodiscard]] Result<SourceFile> open(const CompressionQueue::Source& source) const {
         if (!isEntryPath(source.path)) {
             return failure(ErrorCode::kInvalidArgument);

@@ -12,6 +12,7 @@
 #include "archive/base/File.h"
 #include "archive/writing/ArchiveOutput.h"
 #include "archive/writing/ArchiveWriterTest.h"
+#include "archive/writing/CompressionQueue.h"
 #include "archive/writing/DeflateCompressor.h"
 #include "archive/writing/SampleContent.h"
 
@@ -200,6 +201,25 @@ TEST_F(FailingSourceTest, AFailedWriteOfTheDirectoryIsToldByClosing) {
     const FileSizeLimit limit(100'000);
     EXPECT_EQ(codeOf(writer->close()), ErrorCode::kWriteFailed);
     EXPECT_EQ(codeOf(writer->addEntry(source("first"), kReadSize)), ErrorCode::kInvalidArgument);
+}
+
+// As when a thread has run out of memory where it could not blame an entry for it.
+TEST(CompressionQueue, TheWriterDoesNotWaitForWorkersThatAreGone) {
+    CompressionQueue queue(1024, 1024, 4096);
+    queue.announce({{.path = "a", .base = "/"}}, 1024);
+    std::thread worker([&queue] {
+        ASSERT_TRUE(queue.takeTask());
+        queue.fail(failure(ErrorCode::kOutOfMemory).value());
+    });
+    for (const char* path : {"a", "b"}) {
+        const auto opened = queue.begin({.path = path, .base = "/"}, 1024);
+        ASSERT_FALSE(opened);
+        EXPECT_EQ(opened.error().code, ErrorCode::kOutOfMemory);
+        queue.end();
+    }
+    worker.join();
+    // The next one has no entry to leave.
+    queue.end();
 }
 
 }  // namespace
