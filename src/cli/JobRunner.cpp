@@ -83,7 +83,9 @@ int JobRunner::run() {
         paths.push_back(*std::move(path));
     }
     if (zipping) {
-        warnOfSameNames(paths);
+        if (const auto clash = findSameNames(paths)) {
+            return fail(*clash);
+        }
     } else if (const auto reason = whyNoArchive(commandLine_.archive)) {
         return fail(commandLine_.archive.native() + ": " + *reason);
     }
@@ -146,21 +148,31 @@ bool JobRunner::print(const QList<QUrl>& urls) const {
     return std::fflush(stdout) == 0;
 }
 
-void JobRunner::warnOfSameNames(const std::vector<fs::path>& files) const {
-    if (commandLine_.quiet) {
-        return;
-    }
-    std::unordered_map<std::string, int> counts;
+std::optional<std::string> JobRunner::findSameNames(const std::vector<fs::path>& files) const {
+    struct Seen {
+        const fs::path* first;
+        int count;
+    };
+    std::unordered_map<std::string, Seen> names;
     for (const fs::path& file : files) {
         // A folder may end with a slash.
         const std::string name =
             (file.has_filename() ? file : file.parent_path()).filename().native();
-        if (++counts[name] == 2) {
+        Seen& seen = names.try_emplace(name, Seen{.first = &file, .count = 0}).first->second;
+        if (++seen.count == 1) {
+            continue;
+        }
+        std::error_code unknown;
+        if (fs::is_directory(*seen.first, unknown) != fs::is_directory(file, unknown)) {
+            return name + ": is there as a file and as a folder, which no folder can hold";
+        }
+        if (seen.count == 2 && !commandLine_.quiet) {
             const std::string text = name + ": is there twice; extracting leaves the last";
             static_cast<void>(
                 std::fputs(("pellumar: warning: " + printable(text) + "\n").c_str(), stderr));
         }
     }
+    return std::nullopt;
 }
 
 int JobRunner::fail(const std::string& reason) {

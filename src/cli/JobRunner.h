@@ -32,7 +32,9 @@ class JobRunner {
     [[nodiscard]] std::optional<QList<QUrl>> zip(const QList<QUrl>& files);
     [[nodiscard]] std::optional<QList<QUrl>> unzip(const QUrl& archive);
     [[nodiscard]] bool print(const QList<QUrl>& urls) const;
-    void warnOfSameNames(const std::vector<std::filesystem::path>& files) const;
+    // Warns of names that are there twice; why no archive of them could be extracted, if so.
+    [[nodiscard]] std::optional<std::string> findSameNames(
+        const std::vector<std::filesystem::path>& files) const;
     [[nodiscard]] static int fail(const std::string& reason);
 
     const CommandLine& commandLine_;
