@@ -1,6 +1,7 @@
 #include "analytics/EventQueue.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace pellumar {
@@ -9,6 +10,10 @@ namespace {
 bool canBeDropped(const QueueItem& item) {
     return std::holds_alternative<LoggedEvent>(item.what) ||
            std::holds_alternative<UserPropertyChange>(item.what);
+}
+
+bool isFence(const QueueItem& item) {
+    return std::holds_alternative<Fence>(item.what);
 }
 
 // Of two answers, that is: the later one makes the earlier superfluous.
@@ -50,17 +55,19 @@ bool EventQueue::makeRoom(const QueueItem& item) {
         dropped_ += isFull ? 1 : 0;
         return !isFull;
     }
-    if (std::holds_alternative<Fence>(item.what)) {
+    if (isFence(item)) {
         return items_.size() < 2 * kCapacity;
     }
     if (items_.size() > kCapacity) {
         // Only such as this one and fences stand there, and no event between them.
-        const auto surplus = items_.begin() + static_cast<std::ptrdiff_t>(kCapacity);
-        const auto again = std::find_if(surplus, items_.end(), [&](const QueueItem& earlier) {
+        const auto surplus = items_.rend() - static_cast<std::ptrdiff_t>(kCapacity);
+        // What a fence was promised stays in front of it.
+        const auto fence = std::find_if(items_.rbegin(), surplus, isFence);
+        const auto again = std::find_if(items_.rbegin(), fence, [&](const QueueItem& earlier) {
             return isSaidAgain(earlier, item);
         });
-        if (again != items_.end()) {
-            items_.erase(again);
+        if (again != fence) {
+            items_.erase(std::next(again).base());
         }
     }
     return true;

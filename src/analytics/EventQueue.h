@@ -69,7 +69,8 @@ class EventQueue {
 
     // From any thread. False if there is no room: the item is dropped, and counted unless it is a
     // fence, for which there is room for as many again. Changes of consent and activity and resets
-    // always find some: beyond the capacity, one takes the place of one that says the same.
+    // always find some: beyond the capacity and the last fence, one takes the place of one that
+    // says the same.
     bool add(QueueItem item);
 
     // From the worker: swaps `items`, which must be empty, with what has come. When nothing has,
