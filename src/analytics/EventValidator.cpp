@@ -65,9 +65,11 @@ std::optional<ParameterValue> valueOf(const QVariant& value) {
     }
 }
 
-// With the room that has been reserved for it.
+// With the room that has been reserved for it, and its own: one without any stands in memory that
+// may be somebody's, who is not asked to keep it.
 bool isSmall(const QString& text) {
-    return text.size() <= kLongestSeen && text.capacity() <= 2 * kLongestSeen;
+    return text.size() <= kLongestSeen && text.capacity() <= 2 * kLongestSeen &&
+           text.capacity() >= text.size();
 }
 
 bool isSmall(const QVariant& value) {

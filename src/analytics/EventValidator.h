@@ -34,9 +34,9 @@ inline constexpr qsizetype kMostPropertyNameLength = 24;
 inline constexpr qsizetype kMostPropertyValueLength = 36;
 
 // What is kept in memory of a text that may be of any length: no more than shows that it is too
-// long. So for the parameters of an event, of which the first hundred are kept; values that cannot
-// be parameters lose what they hold. The checks below find in it what they would find in the whole,
-// if fewer of what they drop.
+// long, and in memory of its own. So for the parameters of an event, of which the first hundred are
+// kept; values that cannot be parameters lose what they hold. The checks below find in it what they
+// would find in the whole, if fewer of what they drop.
 [[nodiscard]] QString bounded(const QString& text);
 [[nodiscard]] QVariantMap bounded(const QVariantMap& parameters);
 // About how much memory they take.

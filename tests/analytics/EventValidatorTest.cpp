@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <limits>
 #include <tuple>
 
@@ -113,6 +114,16 @@ TEST(EventValidator, WhatIsKeptInMemoryIsBoundedAndJudgedAsTheWhole) {
     EXPECT_LE(validation::bytesOf(validation::bounded(roomy)), 1000U);
     EXPECT_LE(validation::bytesOf(validation::bounded({{roomy, roomy}})), 1000U);
     EXPECT_EQ(checkEvent(validation::bounded(QString(1 << 20, 'n')), {}).error, Error::kEventName);
+    // Nor what the caller may write over.
+    std::array<QChar, 10> lent;
+    lent.fill('l');
+    const QString before(10, 'l');
+    const QString raw = QString::fromRawData(lent.data(), lent.size());
+    const QString name = validation::bounded(raw);
+    const QVariantMap parameters = validation::bounded(QVariantMap{{raw, raw}});
+    lent.fill('x');
+    EXPECT_EQ(name, before);
+    EXPECT_EQ(parameters, (QVariantMap{{before, before}}));
 }
 
 TEST(EventValidator, UserProperties) {
