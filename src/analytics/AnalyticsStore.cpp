@@ -43,7 +43,8 @@ void makePrivate(const std::filesystem::path& file) {
         std::error_code ignored;
         const fs::file_status status = fs::symlink_status(each, ignored);
         if (fs::is_regular_file(status)) {
-            fs::permissions(each, fs::perms::owner_read | fs::perms::owner_write, ignored);
+            constexpr fs::perms kOurs = fs::perms::owner_read | fs::perms::owner_write;
+            fs::permissions(each, status.permissions() & kOurs, ignored);
         }
     }
 }
@@ -188,12 +189,14 @@ bool AnalyticsStore::wipe() {
                               "state"}) {
         database_.run((std::string("DELETE FROM ") + table).c_str());
     }
-    const bool isWiped = database_.commit() == DatabaseOutcome::kDone;
-    // Should the file stay: pages that are free and the log still hold what was.
+    if (database_.commit() != DatabaseOutcome::kDone) {
+        return false;
+    }
+    // Pages that are free and the log still hold what was.
     database_.run("PRAGMA incremental_vacuum");
-    database_.run("PRAGMA wal_checkpoint(TRUNCATE)");
-    static_cast<void>(database_.takeOutcome());
-    return isWiped;
+    // Says 1 while a reader keeps it from its end, which is no failure.
+    const bool isLogEmpty = database_.number("PRAGMA wal_checkpoint(TRUNCATE)") == 0;
+    return database_.takeOutcome() == DatabaseOutcome::kDone && isLogEmpty;
 }
 
 void AnalyticsStore::forget(qint64 eventsBefore, qint64 today) {

@@ -67,7 +67,8 @@ class AnalyticsStore {
     void makeRoom();
 
     // Without a transaction: forgets everything, the installation's identifier first of all. The
-    // store is not to be used any more. False if it could not be written.
+    // store is not to be used any more. False if that could not be written, or if the file or its
+    // log may still hold some of it.
     [[nodiscard]] bool wipe();
 
     // Within a transaction: forgets events that were recorded before `eventsBefore`, and the days
