@@ -47,7 +47,8 @@ AnalyticsWorker::AnalyticsWorker(AnalyticsEnvironment environment,
       marker_(marker),
       consent_(environment_.folder),
       erasure_(environment_.folder),
-      mayStore_(consent_.current().allowsStorage()) {}
+      mayStore_(!isDenied()),
+      answered_(consent_.timeOf(ConsentKind::kAnalyticsStorage)) {}
 
 void AnalyticsWorker::run(const std::stop_token& stop) {
     QEventLoop loop;
@@ -98,6 +99,7 @@ bool AnalyticsWorker::work() {
     if (consent_.save()) {
         obeyConsent();
     }
+    erasure_.look();
     if (erasure_.isOwed()) {
         erase();
     }
@@ -105,9 +107,9 @@ bool AnalyticsWorker::work() {
     if (store_ && store_->isMoved()) {
         closeStore();
     }
+    forgetUnanswered();
     workOff();
-    const bool isOpen = consent_.current().allowsStorage() && openStore();
-    if (isOpen && !ending_.stop_requested()) {
+    if (openStore() && !ending_.stop_requested()) {
         upkeep();
     }
     if (!ending_.stop_requested()) {
@@ -142,8 +144,9 @@ void AnalyticsWorker::sleep(QEventLoop& loop) {
     if (uploader_) {
         wait = uploader_->nextPoll(now).value_or(wait);
     }
-    const bool isStuck =
-        !backlog_.empty() || erasure_.isOwed() || (consent_.current().allowsStorage() && !store_);
+    const bool isStuck = !backlog_.empty() || !erasure_.mayKeep() ||
+                         !consent_.isKnown(ConsentKind::kAnalyticsStorage) ||
+                         (consent_.current().allowsStorage() && !store_);
     watchFolder();
     // Unwatched, it has to be looked at.
     const bool isBlind = watcher_->directories().isEmpty();
@@ -257,7 +260,7 @@ void AnalyticsWorker::giveUp(std::span<const QueueItem> items) {
 }
 
 bool AnalyticsWorker::record(std::span<const QueueItem> items) {
-    if (!consent_.current().allowsStorage()) {
+    if (isDenied()) {
         // Nor is it counted what was lost meanwhile.
         dropped_ = 0;
         rememberActivity(items);
@@ -309,6 +312,7 @@ void AnalyticsWorker::control(const QueueItem& item) {
     if (const auto* const change = std::get_if<ConsentChange>(&item.what)) {
         consent_.set(change->kind, change->status, item.moment.wall);
         obeyConsent();
+        answered_ = consent_.timeOf(ConsentKind::kAnalyticsStorage);
         // On a full disk there is room for the answer now.
         if (consent_.save()) {
             obeyConsent();
@@ -317,7 +321,7 @@ void AnalyticsWorker::control(const QueueItem& item) {
         static_cast<void>(record({}));
     } else if (const auto* const fence = std::get_if<Fence>(&item.what)) {
         const bool complete = !std::exchange(isIncomplete_, false);
-        fence->stored->set_value(consent_.current().allowsStorage() && openStore() && complete);
+        fence->stored->set_value(openStore() && complete);
     } else {
         erase();
     }
@@ -336,7 +340,7 @@ bool AnalyticsWorker::openStore() {
     if (store_) {
         return true;
     }
-    if (erasure_.isOwed()) {
+    if (!consent_.current().allowsStorage() || !erasure_.mayKeep()) {
         return false;
     }
     store_ = AnalyticsStore::open(environment_.folder, environment_.mostBytes, nextStore_, ending_);
@@ -393,19 +397,40 @@ void AnalyticsWorker::obeyConsent() {
     if (marker_ != nullptr) {
         marker_->arm(allowed);
     }
-    if (!allowed) {
+    if (isDenied()) {
         erase();
-    } else if (!mayStore_) {
+        mayStore_ = false;
+    } else if (!allowed) {
+        closeStore();
+    } else if (!std::exchange(mayStore_, true)) {
         // A process that had not noticed the denial may have left one meanwhile.
         CrashReport::erase(environment_.folder);
     }
-    mayStore_ = allowed;
+}
+
+bool AnalyticsWorker::isDenied() const {
+    return consent_.isKnown(ConsentKind::kAnalyticsStorage) && !consent_.current().allowsStorage();
 }
 
 void AnalyticsWorker::obeyOthers() {
     if (consent_.refresh()) {
         obeyConsent();
     }
+}
+
+void AnalyticsWorker::forgetUnanswered() {
+    const std::optional<qint64> answered = consent_.timeOf(ConsentKind::kAnalyticsStorage);
+    if (std::exchange(answered_, answered) != answered) {
+        const Moment now = environment_.clock->now();
+        const qint64 ago = answered ? std::max<qint64>(now.wall - *answered, 0) : 0;
+        allowedSince_ = now.elapsed - ago;
+    }
+    const std::size_t forgotten = std::erase_if(backlog_, [this](const QueueItem& item) {
+        const bool isMeasured = std::holds_alternative<LoggedEvent>(item.what) ||
+                                std::holds_alternative<UserPropertyChange>(item.what);
+        return isMeasured && allowedSince_ && item.moment.elapsed < *allowedSince_;
+    });
+    isIncomplete_ = isIncomplete_ || forgotten > 0;
 }
 
 void AnalyticsWorker::upkeep() {

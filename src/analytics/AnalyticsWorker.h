@@ -59,7 +59,7 @@ class AnalyticsWorker {
     void control(const QueueItem& item);
     void tell(const std::vector<Audiences::Change>& changes) const;
 
-    // False if there is none, as long as something has to be erased.
+    // False if there is none, as without consent and as long as something has to be erased.
     [[nodiscard]] bool openStore();
     [[nodiscard]] std::optional<CrashReport> crashToTell() const;
     // Wakes up when another process has written down an answer.
@@ -67,8 +67,13 @@ class AnalyticsWorker {
     void closeStore();
     void erase();
     void obeyConsent();
+    // Not so while it is not known, which is no reason to erase or to forget anything.
+    [[nodiscard]] bool isDenied() const;
     // What another process has been told.
     void obeyOthers();
+    // It may have been told no and then yes since this one looked, which was perhaps suspended:
+    // what was said here before that is not kept.
+    void forgetUnanswered();
     void upkeep();
     [[nodiscard]] Uploader::Situation situation() const;
 
@@ -82,6 +87,10 @@ class AnalyticsWorker {
     ConsentState consent_;
     Erasure erasure_;
     bool mayStore_;
+    // When the answer to storage was given that is obeyed now.
+    std::optional<qint64> answered_;
+    // By the clock that nobody sets; nothing if no other process has answered.
+    std::optional<qint64> allowedSince_;
     MeasurementConfig config_;
     std::vector<QueueItem> fresh_;
     std::vector<QueueItem> backlog_;

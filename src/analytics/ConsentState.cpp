@@ -16,6 +16,7 @@ namespace pellumar {
 namespace {
 
 constexpr qint64 kMostBytes = 64 << 10;
+constexpr std::pair<quint64, qint64> kNoFile(0, 0);
 // Another process holds the lock for as long as it takes to write a small file.
 constexpr std::chrono::milliseconds kLockPatience(20);
 
@@ -25,13 +26,6 @@ std::size_t indexOf(ConsentKind kind) {
 
 QString fileIn(const std::filesystem::path& folder) {
     return QFile::decodeName((folder / "consent.json").c_str());
-}
-
-// Known not to be there, which is not the same as not to be seen.
-bool isMissing(const QString& path) {
-    struct stat status {};
-    return ::lstat(QFile::encodeName(path).constData(), &status) != 0 &&
-           (errno == ENOENT || errno == ENOTDIR);
 }
 
 std::optional<ConsentStatus> statusOf(const QString& text) {
@@ -113,8 +107,21 @@ Consent Consent::unpacked(qint64 bits) {
 
 ConsentState::ConsentState(const std::filesystem::path& folder)
     : folder_(folder), path_(fileIn(folder)) {
-    version_ = versionOnDisk();
-    current_ = kept_ = read();
+    takeOver();
+}
+
+Consent ConsentState::current() const {
+    Consent known = current_.consent;
+    for (const ConsentKind kind : kConsentKinds) {
+        if (!isKnown(kind)) {
+            known.set(kind, ConsentStatus::kDenied);
+        }
+    }
+    return known;
+}
+
+bool ConsentState::isKnown(ConsentKind kind) const {
+    return version_ || unsaved_.at(indexOf(kind));
 }
 
 std::optional<qint64> ConsentState::timeOf(ConsentKind kind) const {
@@ -136,14 +143,24 @@ bool ConsentState::isUnsaved() const {
 }
 
 bool ConsentState::refresh() {
-    if (versionOnDisk() == version_) {
+    if (version_ && versionOnDisk() == version_) {
         return false;
     }
-    const Consent before = current();
-    const Version version = versionOnDisk();
-    merge(read());
-    version_ = version;
-    return before != current();
+    const std::pair before(current(), version_.has_value());
+    takeOver();
+    return before != std::pair(current(), version_.has_value());
+}
+
+bool ConsentState::takeOver() {
+    // Of before it is read: should it be replaced meanwhile, it is read again.
+    version_ = versionOnDisk();
+    const std::optional<Answers> disk = version_ ? read(*version_) : std::nullopt;
+    if (disk) {
+        merge(*disk);
+    } else {
+        version_.reset();
+    }
+    return disk.has_value();
 }
 
 void ConsentState::merge(const Answers& disk) {
@@ -171,14 +188,14 @@ bool ConsentState::save() {
     if (!lock.take(kLockPatience)) {
         return false;
     }
-    const Consent before = current();
-    merge(read());
-    if (!isUnsaved() || write()) {
+    const std::pair before(current(), version_.has_value());
+    // The other answers would be lost.
+    if (takeOver() && isUnsaved() && write()) {
         unsaved_ = {};
         kept_ = current_;
         version_ = versionOnDisk();
     }
-    return before != current();
+    return before != std::pair(current(), version_.has_value());
 }
 
 bool ConsentState::write() const {
@@ -197,22 +214,30 @@ bool ConsentState::write() const {
            file.commit();
 }
 
-ConsentState::Version ConsentState::versionOnDisk() const {
+std::optional<ConsentState::Version> ConsentState::versionOnDisk() const {
     struct stat status {};
-    if (::stat(QFile::encodeName(path_).constData(), &status) != 0) {
-        return {0, 0};
+    if (::stat(QFile::encodeName(path_).constData(), &status) == 0) {
+        return Version(status.st_ino,
+                       status.st_mtim.tv_sec * 1'000'000'000LL + status.st_mtim.tv_nsec);
     }
-    return {status.st_ino, status.st_mtim.tv_sec * 1'000'000'000LL + status.st_mtim.tv_nsec};
+    // A link that leads nowhere is there too.
+    const bool isMissing = ::lstat(QFile::encodeName(path_).constData(), &status) != 0 &&
+                           (errno == ENOENT || errno == ENOTDIR);
+    return isMissing ? std::optional(kNoFile) : std::nullopt;
 }
 
-ConsentState::Answers ConsentState::read() const {
+std::optional<ConsentState::Answers> ConsentState::read(const Version& version) const {
     Answers answers;
-    QFile file(path_);
-    QByteArray bytes;
-    if (file.open(QIODevice::ReadOnly)) {
-        bytes = file.read(kMostBytes);
-    } else if (isMissing(path_)) {
+    if (version == kNoFile) {
         return answers;
+    }
+    QFile file(path_);
+    if (!file.open(QIODevice::ReadOnly)) {
+        return std::nullopt;
+    }
+    const QByteArray bytes = file.read(kMostBytes);
+    if (file.error() != QFileDevice::NoError) {
+        return std::nullopt;
     }
     const QJsonObject content = QJsonDocument::fromJson(bytes).object();
     for (const ConsentKind kind : kConsentKinds) {

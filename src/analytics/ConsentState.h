@@ -47,14 +47,18 @@ struct Consent {
 // The consent in force, kept in a file of its own with the time of each answer: it has to outlive
 // the store, which is removed when storage is denied and rebuilt when it is damaged.
 //
-// A file that is there and cannot be read denies all: somebody has answered, perhaps with no. One
-// thread at a time.
+// Somebody has answered where there is a file, perhaps with no. One whose content makes no sense
+// therefore denies what it does not say. While it cannot be read at all, for want of descriptors,
+// rights or a healthy disk, the answers are not known, which denies too but is a reason to look
+// again and none to erase anything. One thread at a time.
 class ConsentState {
   public:
     // Reads what is kept. `folder` need not exist.
     explicit ConsentState(const std::filesystem::path& folder);
 
-    [[nodiscard]] const Consent& current() const { return current_.consent; }
+    // What is not known is denied.
+    [[nodiscard]] Consent current() const;
+    [[nodiscard]] bool isKnown(ConsentKind kind) const;
     // Milliseconds since 1970 in UTC; nothing if it is unset.
     [[nodiscard]] std::optional<qint64> timeOf(ConsentKind kind) const;
 
@@ -63,11 +67,11 @@ class ConsentState {
     void set(ConsentKind kind, ConsentStatus status, qint64 time);
 
     // Takes over what another process has written; against an answer of this one that could not be
-    // written yet, only a no counts. True if the consent is another one now.
+    // written yet, only a no counts. True if the consent is another one now, or known and was not,
+    // or no longer known.
     bool refresh();
     // Writes what could not be written before, and nothing but that: the other answers are those of
-    // the file as it is now, which it takes over as refresh() does. True if the consent is another
-    // one now.
+    // the file as it is now, which it takes over as refresh() does and with the same result.
     bool save();
     [[nodiscard]] bool isUnsaved() const;
 
@@ -80,14 +84,19 @@ class ConsentState {
         std::array<std::optional<qint64>, kConsentKinds.size()> times;
     };
 
-    [[nodiscard]] Version versionOnDisk() const;
-    [[nodiscard]] Answers read() const;
+    // Nothing if it cannot be seen whether there is a file.
+    [[nodiscard]] std::optional<Version> versionOnDisk() const;
+    // Nothing if they cannot be read.
+    [[nodiscard]] std::optional<Answers> read(const Version& version) const;
+    // Reads and merges. False if that cannot be.
+    bool takeOver();
     [[nodiscard]] bool write() const;
     void merge(const Answers& disk);
 
     const std::filesystem::path folder_;
     const QString path_;
-    Version version_;
+    // Of what was read or written last; nothing if it could not be.
+    std::optional<Version> version_;
     Answers current_;
     // As they were when this process last read or wrote them.
     Answers kept_;

@@ -10,31 +10,46 @@
 namespace pellumar {
 namespace {
 
-bool isThere(const std::filesystem::path& file) {
+std::filesystem::file_type typeOf(const std::filesystem::path& file) {
     std::error_code error;
-    // What cannot be looked at is not known to be gone.
-    return std::filesystem::symlink_status(file, error).type() !=
-           std::filesystem::file_type::not_found;
+    return std::filesystem::symlink_status(file, error).type();
 }
 
 }  // namespace
 
-Erasure::Erasure(std::filesystem::path folder)
-    : folder_(std::move(folder)), isOwed_(isThere(noteIn(folder_))) {}
+Erasure::Erasure(std::filesystem::path folder) : folder_(std::move(folder)) {
+    look();
+}
+
+void Erasure::look() {
+    if (debt_ != Debt::kUnknown) {
+        return;
+    }
+    switch (typeOf(noteIn(folder_))) {
+        case std::filesystem::file_type::none:
+            break;
+        case std::filesystem::file_type::not_found:
+            debt_ = Debt::kNone;
+            break;
+        default:
+            debt_ = Debt::kOwed;
+    }
+}
 
 std::filesystem::path Erasure::noteIn(const std::filesystem::path& folder) {
     return folder / "erasure.owed";
 }
 
 void Erasure::perform(bool isWiped, const std::stop_token& ending) {
-    isOwed_ = !AnalyticsStore::remove(folder_) && !isWiped && !wipeClosed(ending);
+    const bool isErased = AnalyticsStore::remove(folder_) || isWiped || wipeClosed(ending);
+    debt_ = isErased ? Debt::kNone : Debt::kOwed;
     namespace fs = std::filesystem;
     const fs::path note = noteIn(folder_);
     std::error_code ignored;
-    if (isOwed_) {
+    if (!isErased) {
         std::ofstream(note, std::ios::app).flush();
         fs::permissions(note, fs::perms::owner_read | fs::perms::owner_write, ignored);
-    } else if (isThere(note)) {
+    } else if (typeOf(note) != fs::file_type::not_found) {
         fs::remove(note, ignored);
     }
 }

@@ -34,7 +34,7 @@ class Uploader {
         // How long nothing has to be said before something is sent.
         qint64 idle = 0;
         const MeasurementConfig& config;
-        const Consent& consent;
+        Consent consent;
     };
 
     // The lock that one who sends holds: two would send everything twice.

@@ -136,7 +136,7 @@ class AsNobody {
     const uid_t before_;
 };
 
-TEST_F(ConsentTest, AnAnswerThatCannotBeReadIsANo) {
+TEST_F(ConsentTest, AnAnswerThatMakesNoSenseIsANo) {
     for (const char* content : {"", "{", "{}", R"({"analytics_storage":{"status":"perhaps"}})"}) {
         std::filesystem::create_directories(folder);
         writeFile(folder / "consent.json", content);
@@ -144,12 +144,66 @@ TEST_F(ConsentTest, AnAnswerThatCannotBeReadIsANo) {
         log(engine, "tapped");
         EXPECT_FALSE(isAnythingStored()) << content;
     }
-    // Nor can it be seen here whether there is one.
+}
+
+TEST_F(ConsentTest, WhileTheAnswersCannotBeReadNothingIsKeptAndNothingErased) {
+    namespace fs = std::filesystem;
+    const fs::path file = folder / "consent.json";
+    const fs::path aside = parent / "aside";
+    AnalyticsEngine engine(quiet());
+    engine.setConsent(Kind::kAdStorage, Status::kGranted);
+    log(engine, "before");
+    const QString first = installation();
+    fs::rename(file, aside);
+    // No file that can be opened, which is known from a missing one.
+    fs::create_symlink(file, file);
+    log(engine, "meanwhile");
+    EXPECT_FALSE(engine.waitUntilStored(kDeadline));
+    EXPECT_EQ(ownNames(folder), QStringList{"before"});
+    {
+        const ConsentState unknown(folder);
+        EXPECT_FALSE(unknown.isKnown(Kind::kAdStorage));
+        EXPECT_FALSE(unknown.current().allowsStorage());
+    }
+    // What is said by a process that starts then waits too, and its answers do not take the others'
+    // place.
+    {
+        AnalyticsEngine other(quiet());
+        other.logEventWithName("lost", {});
+        EXPECT_FALSE(other.waitUntilStored(kDeadline));
+        other.setConsent(Kind::kAdUserData, Status::kDenied);
+        EXPECT_FALSE(other.waitUntilStored(kDeadline));
+    }
+    fs::rename(aside, file);
+    EXPECT_TRUE(engine.waitUntilStored(kDeadline));
+    EXPECT_EQ(ConsentState(folder).current().status(Kind::kAdStorage), Status::kGranted);
+    // A denial that can be read again is one.
+    ConsentState(folder).set(Kind::kAnalyticsStorage, Status::kDenied, kNoon);
+    fs::rename(file, aside);
+    fs::create_symlink(file, file);
+    AnalyticsEngine third(quiet());
+    third.logEventWithName("forbidden", {});
+    EXPECT_FALSE(third.waitUntilStored(kDeadline));
+    fs::rename(aside, file);
+    EXPECT_FALSE(third.waitUntilStored(kDeadline));
+    EXPECT_FALSE(isAnythingStored());
+}
+
+TEST_F(ConsentTest, AFolderThatCannotBeLookedIntoLosesNothing) {
+    namespace fs = std::filesystem;
     const AsNobody nobody(parent.path());
-    folder = parent / "locked";
-    std::filesystem::create_directory(folder);
-    std::filesystem::permissions(folder, std::filesystem::perms::none);
-    EXPECT_FALSE(ConsentState(folder).current().allowsStorage());
+    {
+        AnalyticsEngine engine(quiet());
+        log(engine, "before");
+    }
+    fs::permissions(folder, fs::perms::none);
+    AnalyticsEngine engine(quiet());
+    engine.logEventWithName("meanwhile", {});
+    EXPECT_FALSE(engine.waitUntilStored(kDeadline));
+    fs::permissions(folder, fs::perms::owner_all);
+    log(engine, "after");
+    engine.stop();
+    EXPECT_EQ(ownNames(folder), (QStringList{"before", "meanwhile", "after"}));
 }
 
 TEST_F(ConsentTest, WhatOneProcessIsToldTheOtherObeys) {
@@ -175,6 +229,37 @@ TEST_F(ConsentTest, WhatOneProcessIsToldTheOtherObeys) {
     log(one, "later");
     one.stop();
     EXPECT_EQ(ownNames(folder), QStringList{"later"});
+}
+
+TEST_F(ConsentTest, WhatWasSaidBeforeADenialThatIsTakenBackUnnoticedIsNotKept) {
+    std::mutex gate;
+    std::atomic<bool> isHeld = false;
+    AnalyticsEnvironment with = quiet();
+    const auto blocked = with.parameters;
+    with.parameters = [&](const QString& key) {
+        isHeld = true;
+        const std::scoped_lock passing(gate);
+        return blocked(key);
+    };
+    AnalyticsEngine engine(std::move(with));
+    engine.setConsent(Kind::kAnalyticsStorage, Status::kGranted);
+    log(engine, "before");
+    {
+        const std::scoped_lock stopping(gate);
+        isHeld = false;
+        engine.setActive(true);
+        ASSERT_TRUE(becomesTrue([&] { return isHeld.load(); }));
+        engine.logEventWithName("forbidden", {});
+        clock->advance(1);
+        ConsentState(folder).set(Kind::kAnalyticsStorage, Status::kDenied, clock->now().wall);
+        clock->advance(1);
+        ConsentState(folder).set(Kind::kAnalyticsStorage, Status::kGranted, clock->now().wall);
+    }
+    EXPECT_FALSE(engine.waitUntilStored(kDeadline));
+    log(engine, "after");
+    engine.stop();
+    EXPECT_EQ(ownNames(folder).last(), "after");
+    EXPECT_FALSE(ownNames(folder).contains("forbidden"));
 }
 
 TEST_F(ConsentTest, NoAnswerIsLostWhereTwoProcessesAreGivenThem) {
@@ -238,6 +323,19 @@ TEST_F(ConsentTest, WhatCannotBeRemovedIsWipedAndTheFolderIsTheUsersAlone) {
     EXPECT_FALSE(denied.waitUntilStored(kDeadline));
     denied.stop();
     EXPECT_TRUE(storedEvents(folder).empty());
+}
+
+TEST_F(ConsentTest, AStoreIsNotWipedAsLongAsSomebodyReadsWhatWas) {
+    const std::unique_ptr<AnalyticsStore> store = AnalyticsStore::open(folder);
+    const std::unique_ptr<AnalyticsStore> reader = AnalyticsStore::open(folder);
+    reader->database().run("BEGIN");
+    EXPECT_TRUE(reader->database().number("SELECT count(*) FROM state"));
+    EXPECT_FALSE(store->wipe());
+    EXPECT_EQ(reader->database().commit(), DatabaseOutcome::kDone);
+    EXPECT_TRUE(store->wipe());
+    std::filesystem::path log = AnalyticsStore::fileIn(folder);
+    log += "-wal";
+    EXPECT_EQ(std::filesystem::file_size(log), 0U);
 }
 
 TEST_F(ConsentTest, WhatCannotBeErasedIsOwedUntilItIsOverRestartsToo) {
