@@ -26,11 +26,38 @@ Failure failureOf(const EntryData& data, ErrorCode code) {
                          .offset = data.entry.localHeaderOffset});
 }
 
+// How many characters two paths have in common at their beginning.
+std::size_t commonLength(std::string_view a, std::string_view b) {
+    const std::size_t shorter = std::min(a.size(), b.size());
+    std::size_t at = 0;
+    // Neighbours have long beginnings in common.
+    while (at + sizeof(std::uint64_t) <= shorter &&
+           std::memcmp(a.data() + at, b.data() + at, sizeof(std::uint64_t)) == 0) {
+        at += sizeof(std::uint64_t);
+    }
+    while (at < shorter && a[at] == b[at]) {
+        ++at;
+    }
+    return at;
+}
+
+// For paths that have no more than `at` characters in common.
+bool isBefore(std::string_view a, std::string_view b, std::size_t at) {
+    if (at == a.size() || at == b.size()) {
+        return a.size() < b.size();
+    }
+    if (a[at] == '/' || b[at] == '/') {
+        return a[at] == '/';
+    }
+    return static_cast<unsigned char>(a[at]) < static_cast<unsigned char>(b[at]);
+}
+
 bool fits(std::string_view path, const PathLimits& limits) {
     if (path.size() > limits.longestPath) {
         return false;
     }
-    while (!path.empty()) {
+    // What is short enough for a name has no component that is too long.
+    while (path.size() > limits.longestName) {
         const std::size_t end = std::min(path.find('/'), path.size());
         if (end > limits.longestName) {
             return false;
@@ -50,10 +77,11 @@ class Planner {
         }
         // Pointers into the table are in its order, so that the last of equals is the one to take.
         std::sort(order_.begin(), order_.end(), [](const EntryData* a, const EntryData* b) {
-            if (a->entry.path == b->entry.path) {
-                return a < b;
-            }
-            return pathBefore(a->entry.path, b->entry.path);
+            const std::string_view first = a->entry.path;
+            const std::string_view second = b->entry.path;
+            const std::size_t at = commonLength(first, second);
+            const bool areEqual = at == first.size() && at == second.size();
+            return areEqual ? a < b : isBefore(first, second, at);
         });
     }
 
@@ -201,23 +229,7 @@ class Planner {
 }  // namespace
 
 bool pathBefore(std::string_view a, std::string_view b) {
-    const std::size_t shorter = std::min(a.size(), b.size());
-    std::size_t at = 0;
-    // Neighbours have long beginnings in common.
-    while (at + sizeof(std::uint64_t) <= shorter &&
-           std::memcmp(a.data() + at, b.data() + at, sizeof(std::uint64_t)) == 0) {
-        at += sizeof(std::uint64_t);
-    }
-    while (at < shorter && a[at] == b[at]) {
-        ++at;
-    }
-    if (at == shorter) {
-        return a.size() < b.size();
-    }
-    if (a[at] == '/' || b[at] == '/') {
-        return a[at] == '/';
-    }
-    return static_cast<unsigned char>(a[at]) < static_cast<unsigned char>(b[at]);
+    return isBefore(a, b, commonLength(a, b));
 }
 
 bool ExtractionPlan::holdsFolder(std::string_view path) const {
