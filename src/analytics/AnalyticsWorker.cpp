@@ -347,16 +347,23 @@ bool AnalyticsWorker::openStore() {
     if (!store_) {
         return false;
     }
+    std::optional<CrashReport> crash = CrashReport::claim(environment_.folder);
+    const bool isClaimed = crash.has_value();
+    if (crash && !isToBeTold(*crash)) {
+        crash.reset();
+    }
     recorder_ = std::make_unique<Recorder>(*store_, *environment_.clock, audiences_);
     const Recorder::Result started = recorder_->start(
-        {.versions = environment_.versions, .crash = crashToTell(), .inFront = inFront_},
+        {.versions = environment_.versions, .crash = std::move(crash), .inFront = inFront_},
         consent_.current(),
         config_);
     if (started.outcome != DatabaseOutcome::kDone) {
         closeStore();
         return false;
     }
-    CrashReport::forget(environment_.folder);
+    if (isClaimed) {
+        CrashReport::forget(environment_.folder);
+    }
     nextStore_ = AnalyticsStore::Reason::kOpened;
     tell(started.audiences);
     if (transport_) {
@@ -366,14 +373,10 @@ bool AnalyticsWorker::openStore() {
     return true;
 }
 
-std::optional<CrashReport> AnalyticsWorker::crashToTell() const {
-    std::optional<CrashReport> crash = CrashReport::claim(environment_.folder);
+bool AnalyticsWorker::isToBeTold(const CrashReport& crash) const {
     const std::optional<qint64> answered = consent_.timeOf(ConsentKind::kAnalyticsStorage);
     // It may have come to be while nothing was to be known.
-    if (crash && answered && crash->time < *answered) {
-        crash.reset();
-    }
-    return crash;
+    return !answered || crash.time >= *answered;
 }
 
 void AnalyticsWorker::closeStore() {

@@ -61,7 +61,7 @@ class AnalyticsWorker {
 
     // False if there is none, as without consent and as long as something has to be erased.
     [[nodiscard]] bool openStore();
-    [[nodiscard]] std::optional<CrashReport> crashToTell() const;
+    [[nodiscard]] bool isToBeTold(const CrashReport& crash) const;
     // Wakes up when another process has written down an answer.
     void watchFolder();
     void closeStore();

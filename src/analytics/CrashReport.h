@@ -25,8 +25,8 @@ struct CrashReport {
     [[nodiscard]] static std::filesystem::path claimedIn(const std::filesystem::path& folder);
 
     // Takes the folder's marker out of the way of the next crash, and reads it; nothing if there is
-    // none. One that the process could not finish yields what there is. Another process that does
-    // the same at once may read the same one.
+    // none, or if it cannot be read now, when it stays. One that the process could not finish
+    // yields what there is. Another process that does the same at once may read the same one.
     [[nodiscard]] static std::optional<CrashReport> claim(const std::filesystem::path& folder);
     // What was claimed has been told, or is not to be.
     static void forget(const std::filesystem::path& folder);
