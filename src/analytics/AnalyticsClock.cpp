@@ -23,7 +23,9 @@ qint64 AnalyticsClock::dayOf(qint64 wall) const {
 }
 
 Moment SystemClock::now() const {
-    return {.wall = milliseconds(CLOCK_REALTIME), .elapsed = milliseconds(CLOCK_BOOTTIME)};
+    return {.wall = milliseconds(CLOCK_REALTIME),
+            .elapsed = milliseconds(CLOCK_BOOTTIME),
+            .awake = milliseconds(CLOCK_MONOTONIC)};
 }
 
 qint64 SystemClock::utcOffset(qint64 wall) const {

@@ -4,13 +4,15 @@
 
 namespace pellumar {
 
-// When something happened, by both clocks.
+// When something happened, by three clocks.
 struct Moment {
     // Milliseconds since 1970 in UTC, as the machine believes.
     qint64 wall = 0;
     // Milliseconds since some moment of the past. Never set, and counts while the machine sleeps;
     // to be compared within one process only.
     qint64 elapsed = 0;
+    // The same without the time that the machine slept.
+    qint64 awake = 0;
 };
 
 // What time it is. All operations may be called from any thread.

@@ -12,11 +12,12 @@ bool SessionTracker::isAbsence(const Moment& now) const {
     if (session_.number == 0) {
         return true;
     }
-    if (active_) {
-        return false;
+    if (!seen_) {
+        return std::abs(now.wall - session_.lastSeen) >= kAbsence;
     }
-    const qint64 absence = seen_ ? now.elapsed - *seen_ : std::abs(now.wall - session_.lastSeen);
-    return absence >= kAbsence;
+    // Nobody looks at what is in front of a machine that sleeps.
+    const qint64 looking = active_ ? now.awake - seen_->awake : 0;
+    return now.elapsed - seen_->elapsed - looking >= kAbsence;
 }
 
 void SessionTracker::begin(const Moment& now, qint64 number) {
@@ -44,10 +45,12 @@ qint64 SessionTracker::takeEngagement() {
 
 void SessionTracker::touch(const Moment& now) {
     if (active_ && seen_) {
-        engagement_ += std::max<qint64>(0, now.elapsed - *seen_);
+        engagement_ += std::max<qint64>(0, now.awake - seen_->awake);
     }
     // Callers on several threads may be told of out of order.
-    seen_ = std::max(now.elapsed, seen_.value_or(now.elapsed));
+    if (!seen_ || now.elapsed > seen_->elapsed) {
+        seen_ = now;
+    }
     session_.lastSeen = now.wall;
 }
 

@@ -20,8 +20,8 @@ struct Session {
 };
 
 // Where one session ends and the next begins: after half an hour in which the application was
-// neither in front nor said anything. A value: a copy of it is what an undone transaction goes back
-// to.
+// neither in front nor said anything, or the machine slept. A value: a copy of it is what an undone
+// transaction goes back to.
 //
 // Within a process time is told by the clock that nobody sets. Between two of them there is only
 // the wall clock; one that has been set back by more than half an hour says nothing of the absence,
@@ -55,8 +55,8 @@ class SessionTracker {
     Session session_;
     qint64 engagement_ = 0;
     bool active_ = false;
-    // When this process last saw something, by the clock that nobody sets.
-    std::optional<qint64> seen_;
+    // When this process last saw something.
+    std::optional<Moment> seen_;
 };
 
 }  // namespace pellumar

@@ -27,12 +27,19 @@ inline constexpr qint64 kNoon = 1'705'492'800'000;
 // Stands still until a test moves it; local time is UTC.
 class ManualClock : public AnalyticsClock {
   public:
-    [[nodiscard]] Moment now() const override { return {.wall = wall_, .elapsed = elapsed_}; }
+    [[nodiscard]] Moment now() const override {
+        return {.wall = wall_, .elapsed = elapsed_, .awake = elapsed_ - slept_};
+    }
     [[nodiscard]] qint64 utcOffset(qint64 /*wall*/) const override { return 0; }
 
     void advance(qint64 milliseconds) {
         wall_ += milliseconds;
         elapsed_ += milliseconds;
+    }
+    // The machine sleeps.
+    void sleep(qint64 milliseconds) {
+        slept_ += milliseconds;
+        advance(milliseconds);
     }
     // Somebody sets the clock.
     void setAhead(qint64 milliseconds) { wall_ += milliseconds; }
@@ -40,6 +47,7 @@ class ManualClock : public AnalyticsClock {
   private:
     std::atomic<qint64> wall_ = kNoon;
     std::atomic<qint64> elapsed_ = 1000;
+    std::atomic<qint64> slept_ = 0;
 };
 
 // What stands in the store of a folder that no engine works on.

@@ -66,6 +66,22 @@ TEST_F(SessionTest, WhoLooksAtTheApplicationIsNotAbsent) {
     EXPECT_EQ(engagements(), QList<qint64>{80 * kMinute});
 }
 
+TEST_F(SessionTest, NobodyLooksAtAMachineThatSleeps) {
+    {
+        AnalyticsEngine engine(environment());
+        engine.setActive(true);
+        ASSERT_TRUE(engine.waitUntilStored(kDeadline));
+        clock->advance(10 * kMinute);
+        clock->sleep(29 * kMinute);
+        log(engine);
+        clock->sleep(30 * kMinute);
+        log(engine);
+        clock->advance(5 * kMinute);
+    }
+    EXPECT_EQ(sessions(), 2);
+    EXPECT_EQ(engagements(), (QList<qint64>{10 * kMinute, 5 * kMinute}));
+}
+
 TEST_F(SessionTest, TheEndOfTheProcessTellsTheEngagement) {
     {
         AnalyticsEngine engine(environment());
