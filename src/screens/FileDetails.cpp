@@ -1,11 +1,11 @@
 #include "screens/FileDetails.h"
 
 #include <QCoreApplication>
-#include <QLocale>
 #include <filesystem>
 #include <system_error>
 #include <utility>
 
+#include "platform/DisplayText.h"
 #include "platform/FileUrl.h"
 
 namespace pellumar {
@@ -21,7 +21,7 @@ QString detailOf(const QUrl& url) {
     }
     if (!fs::is_directory(*path, failure)) {
         const std::uintmax_t size = fs::file_size(*path, failure);
-        return failure ? QString() : QLocale().formattedDataSize(static_cast<qint64>(size));
+        return failure ? QString() : sizeText(static_cast<qint64>(size));
     }
     int count = 0;
     fs::directory_iterator each(*path, failure);

@@ -9,6 +9,7 @@
 #include <system_error>
 #include <utility>
 
+#include "platform/DisplayText.h"
 #include "platform/FileUrl.h"
 #include "platform/documents/UIDocumentInteractionController.h"
 
@@ -201,10 +202,8 @@ QVariant FolderModel::data(const QModelIndex& index, int role) const {
         case kName:
             return row.shownName;
         case kDetail: {
-            const QString day = QLocale().toString(row.changed.date(), QLocale::ShortFormat);
-            return row.isFolder
-                       ? day
-                       : QLocale().formattedDataSize(static_cast<qint64>(row.size)) + ", " + day;
+            const QString time = timeText(row.changed);
+            return row.isFolder ? time : sizeText(static_cast<qint64>(row.size)) + ", " + time;
         }
         case kIconName:
             return row.isFolder ? QStringLiteral("folder")

@@ -1,10 +1,10 @@
 #include "platform/sharing/UIActivityViewController.h"
 
 #include <QFileInfo>
-#include <QLocale>
 #include <algorithm>
 #include <utility>
 
+#include "platform/DisplayText.h"
 #include "platform/FileUrl.h"
 #include "platform/documents/FileCopy.h"
 #include "platform/documents/UIDocumentInteractionController.h"
@@ -212,8 +212,7 @@ QString UIActivityViewController::detail() const {
         }
         bytes += info.size();
     }
-    return items_.isEmpty() || items_.size() > kMostSummed ? QString()
-                                                           : QLocale().formattedDataSize(bytes);
+    return items_.isEmpty() || items_.size() > kMostSummed ? QString() : sizeText(bytes);
 }
 
 QString UIActivityViewController::iconName() const {
