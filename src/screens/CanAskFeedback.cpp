@@ -2,18 +2,15 @@
 
 namespace pellumar {
 
-void CanAskFeedback::askForReviewOnce(const std::weak_ptr<UIViewController>& screen,
-                                      const UserSettings& settings,
-                                      StoreReview& review,
-                                      DispatchQueue& mainQueue) {
-    mainQueue.async([screen, &settings, &review] {
-        UserDefaults& defaults = settings.userDefaults();
-        if (screen.expired() || defaults.boolForKey(settings.didRequestKey())) {
-            return;
+void CanAskFeedback::askForReviewOnce() {
+    services().mainQueue.async(whileAlive([this] {
+        UserDefaults& defaults = services().settings.userDefaults();
+        const QString& didRequest = services().settings.didRequestKey();
+        if (!defaults.boolForKey(didRequest)) {
+            defaults.setBool(true, didRequest);
+            services().review.requestReview();
         }
-        defaults.setBool(true, settings.didRequestKey());
-        review.requestReview();
-    });
+    }));
 }
 
 }  // namespace pellumar

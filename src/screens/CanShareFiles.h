@@ -3,22 +3,17 @@
 #include <QList>
 #include <QUrl>
 
-#include "platform/sharing/UIActivityViewController.h"
+#include "screens/ScreenAbility.h"
 
 namespace pellumar {
 
 // A screen that hands files on.
-class CanShareFiles {
+class CanShareFiles : public virtual ScreenAbility {
   protected:
-    ~CanShareFiles() = default;
-
-    // Presents the share sheet on `screen`, which is this. `completion` is called once, when the
-    // sheet has gone.
-    static void shareFiles(UIViewController& screen,
-                           const UIContext& context,
-                           const SharingServices& services,
-                           const QList<QUrl>& urls,
-                           UIActivityViewController::CompletionWithItems completion);
+    // Presents the share sheet. `completion` is called once, when the sheet has gone, if the screen
+    // has not.
+    void shareFiles(const QList<QUrl>& urls,
+                    const UIActivityViewController::CompletionWithItems& completion);
 };
 
 }  // namespace pellumar

@@ -4,11 +4,15 @@
 
 namespace pellumar {
 
-void CanShowFailureAlert::showFailureAlert(UIViewController& screen, const UIContext& context) {
-    const auto alert = makeController<UIAlertController>(
-        context, QStringLiteral("Error"), QStringLiteral("Could not complete the operation."));
+void CanShowFailureAlert::showFailureAlert() {
+    showFailureAlert(QStringLiteral("Could not complete the operation."));
+}
+
+void CanShowFailureAlert::showFailureAlert(const QString& message) {
+    const auto alert =
+        makeController<UIAlertController>(services().ui, QStringLiteral("Error"), message);
     alert->addAction({QStringLiteral("OK"), UIAlertActionStyle::kDefault, {}});
-    screen.present(alert, true);
+    screen().present(alert, true);
 }
 
 }  // namespace pellumar

@@ -1,16 +1,15 @@
 #pragma once
 
-#include "platform/kit/UIViewController.h"
+#include "screens/ScreenAbility.h"
 
 namespace pellumar {
 
 // A screen whose work may fail. The user sees one alert, whatever the reason.
-class CanShowFailureAlert {
+class CanShowFailureAlert : public virtual ScreenAbility {
   protected:
-    ~CanShowFailureAlert() = default;
-
-    // Presents the alert on `screen`, which is this.
-    static void showFailureAlert(UIViewController& screen, const UIContext& context);
+    void showFailureAlert();
+    // The same alert with another message.
+    void showFailureAlert(const QString& message);
 };
 
 }  // namespace pellumar

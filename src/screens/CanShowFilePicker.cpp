@@ -2,17 +2,15 @@
 
 namespace pellumar {
 
-void CanShowFilePicker::showFilePicker(UIViewController& screen,
-                                       const UIContext& context,
-                                       const DocumentServices& documents,
-                                       const std::weak_ptr<UIDocumentPickerDelegate>& delegate) {
+void CanShowFilePicker::showFilePicker() {
     const bool unzips = currentOperation() == OperationType::kUnzip;
     const QStringList types{unzips ? QStringLiteral("public.zip-archive")
                                    : QStringLiteral("public.item")};
-    const auto picker =
-        makeController<UIDocumentPickerViewController>(context, documents, types, !unzips);
-    picker->setDelegate(delegate);
-    screen.present(picker, true);
+    const auto picker = makeController<UIDocumentPickerViewController>(
+        services().ui, services().documents, types, !unzips);
+    picker->setDelegate(
+        std::shared_ptr<UIDocumentPickerDelegate>(screen().shared_from_this(), this));
+    screen().present(picker, true);
 }
 
 }  // namespace pellumar

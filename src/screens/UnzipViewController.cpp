@@ -25,11 +25,8 @@ void UnzipViewController::viewDidLoad() {
         [this] { return makeController<FileTableViewCell>(context(), kFileCell, details_); },
         kFileCell);
     tableView_->setDataSource(weakly(this));
-    navigationItem()->setRightBarButtonItem(QStringLiteral("Share All"), [self = weakly(this)] {
-        if (const auto screen = self.lock()) {
-            screen->shareAll();
-        }
-    });
+    navigationItem()->setRightBarButtonItem(QStringLiteral("Share All"),
+                                            whileAlive([this] { shareAll(); }));
 }
 
 int UnzipViewController::numberOfSections(const UITableView& /*tableView*/) const {
@@ -62,18 +59,11 @@ const QUrl& UnzipViewController::urlAt(IndexPath indexPath) const {
 }
 
 void UnzipViewController::shareFile(IndexPath at) {
-    shareFiles(*this, context(), services_.sharing, {urlAt(at)}, [](const auto&...) {});
+    shareFiles({urlAt(at)}, [](const auto&...) {});
 }
 
 void UnzipViewController::shareAll() {
-    shareFiles(*this, context(), services_.sharing, urls_, [self = weakly(this)](const auto&...) {
-        if (const auto screen = self.lock()) {
-            askForReviewOnce(self,
-                             screen->services_.settings,
-                             screen->services_.review,
-                             screen->services_.mainQueue);
-        }
-    });
+    shareFiles(urls_, [this](const auto&...) { askForReviewOnce(); });
 }
 
 }  // namespace pellumar

@@ -9,7 +9,6 @@
 #include "screens/CanShareFiles.h"
 #include "screens/FileCellDelegate.h"
 #include "screens/FileDetails.h"
-#include "screens/ScreenServices.h"
 
 namespace pellumar {
 
@@ -44,6 +43,8 @@ class UnzipViewController : public pellumar::UIViewController,
     void viewDidLoad() override;
 
   private:
+    [[nodiscard]] UIViewController& screen() override { return *this; }
+    [[nodiscard]] const ScreenServices& services() const override { return services_; }
     [[nodiscard]] const QUrl& urlAt(IndexPath indexPath) const;
 
     const ScreenServices services_;

@@ -20,9 +20,9 @@ const QString kLaunchCountKey = QStringLiteral("RELEVANT_ACTION_COUNT_VAR5");
 
 ViewController::ViewController(const ScreenServices& services, RelevantActionCount& launches)
     : UIViewController(services.ui),
+      CanRunJobs(services.jobs),
       services_(services),
-      launches_(launches),
-      zipManager_(ZipManager::create(services.jobs)) {}
+      launches_(launches) {}
 
 void ViewController::viewDidLoad() {
     UIViewController::viewDidLoad();
@@ -30,7 +30,7 @@ void ViewController::viewDidLoad() {
     secondaryTopConstraint_ =
         outlet<NSLayoutConstraint>(view(), QStringLiteral("secondaryTopConstraint"));
     AppFileOpener::setDelegate(weakly(this));
-    zipManager_->setDelegate(weakly(this));
+    zipManager().setDelegate(weakly(this));
     setTitle(QStringLiteral("Zip/Unzip"));
 }
 
@@ -71,7 +71,7 @@ void ViewController::askForRating() {
 void ViewController::unzipTapped() {
     services_.analytics.logEvent(event::kTappedUnzip);
     currentOperation_ = OperationType::kUnzip;
-    showFilePicker(*this, context(), services_.documents, weakly(this));
+    showFilePicker();
 }
 
 void ViewController::zipTapped() {
@@ -90,66 +90,29 @@ void ViewController::documentPickerDidPickDocuments(const QList<QUrl>& urls) {
     if (currentOperation_ == OperationType::kUnzip) {
         extract(urls.first());
     } else {
-        compress(urls);
+        compress(QStringLiteral("Compressing files"),
+                 [urls](auto& manager, const auto& completion) {
+                     manager.zip(urls, QStringLiteral("Test"), completion);
+                 });
     }
 }
 
-void ViewController::compress(const QList<QUrl>& urls) {
-    hud_ = MBProgressHUD::showAddedTo(context(), view(), true);
-    hud_->setMode(MBProgressHUD::Mode::kAnnularDeterminate);
-    hud_->setLabel(QStringLiteral("Compressing files"));
-    const auto self = weakly(this);
-    const auto awake = services_.sleep.keepAwake(tr("Making an archive"));
-    // That of this run: another may have been shown since.
-    const std::weak_ptr<MBProgressHUD> hud = hud_;
-    zipManager_->zip(
-        urls, QStringLiteral("Test"), [self, hud, awake](const std::optional<QUrl>& archive) {
-            const auto screen = self.lock();
-            if (!screen) {
-                return;
-            }
-            if (!archive) {
-                // The overlay stays under the alert.
-                showFailureAlert(*screen, screen->context());
-                return;
-            }
-            shareFiles(*screen,
-                       screen->context(),
-                       screen->services_.sharing,
-                       {*archive},
-                       [self](const auto&...) {
-                           if (const auto sharer = self.lock()) {
-                               askForReviewOnce(self,
-                                                sharer->services_.settings,
-                                                sharer->services_.review,
-                                                sharer->services_.mainQueue);
-                           }
-                       });
-            if (const auto shown = hud.lock()) {
-                shown->hide(true);
-            }
-        });
-}
-
 void ViewController::extract(const QUrl& url) {
-    hud_ = MBProgressHUD::showAddedTo(context(), view(), true);
-    hud_->setLabel(QStringLiteral("Unzipping"));
-    const auto self = weakly(this);
+    // That of this run: another may have been shown since.
+    const std::weak_ptr<MBProgressHUD> shown = showHud(QStringLiteral("Unzipping"));
     const auto awake = services_.sleep.keepAwake(tr("Extracting an archive"));
-    const std::weak_ptr<MBProgressHUD> hud = hud_;
-    zipManager_->unzip(url, [self, hud, awake](const std::optional<QList<QUrl>>& urls) {
-        if (const auto shown = hud.lock()) {
-            shown->hide(true);
-        }
-        if (const auto screen = self.lock()) {
-            screen->showResults(urls);
-        }
-    });
+    zipManager().unzip(url,
+                       whileAlive([this, shown, awake](const std::optional<QList<QUrl>>& urls) {
+                           if (const auto hud = shown.lock()) {
+                               hud->hide(true);
+                           }
+                           showResults(urls);
+                       }));
 }
 
 void ViewController::showResults(const std::optional<QList<QUrl>>& urls) {
     if (!urls) {
-        showFailureAlert(*this, context());
+        showFailureAlert();
         return;
     }
     const auto results = makeController<UnzipViewController>(services_, *urls);
@@ -157,15 +120,6 @@ void ViewController::showResults(const std::optional<QList<QUrl>>& urls) {
     if (const auto stack = navigationController()) {
         stack->pushViewController(results, true);
     }
-}
-
-void ViewController::zipManagerDidAddFile(qint64 done, qint64 total) {
-    services_.mainQueue.async([self = weakly(this), done, total] {
-        const auto screen = self.lock();
-        if (screen && screen->hud_) {
-            screen->hud_->setProgress(static_cast<float>(done) / static_cast<float>(total));
-        }
-    });
 }
 
 void ViewController::appFileOpenerDidReceive(const QUrl& url) {

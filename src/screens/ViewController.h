@@ -4,16 +4,12 @@
 #include <memory>
 
 #include "engine/AppFileOpener.h"
-#include "platform/kit/MBProgressHUD.h"
 #include "platform/kit/NSLayoutConstraint.h"
 #include "platform/kit/StoryboardInstantiable.h"
-#include "screens/CanAskFeedback.h"
-#include "screens/CanShareFiles.h"
-#include "screens/CanShowFailureAlert.h"
+#include "screens/CanRunJobs.h"
 #include "screens/CanShowFilePicker.h"
 #include "screens/ConfirmationPopupDelegate.h"
 #include "screens/RelevantActionCount.h"
-#include "screens/ScreenServices.h"
 
 namespace pellumar {
 
@@ -21,13 +17,10 @@ namespace pellumar {
 // leads to the composer. Layout outlets: "topConstraint", "secondaryTopConstraint".
 class ViewController : public UIViewController,
                        public StoryboardInstantiable,
-                       public ZipManagerDelegate,
                        public AppFileOpenerDelegate,
                        public ConfirmationPopupDelegate,
                        public CanShowFilePicker,
-                       public CanShowFailureAlert,
-                       public CanShareFiles,
-                       public CanAskFeedback {
+                       public CanRunJobs {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Made in C++")
@@ -40,10 +33,8 @@ class ViewController : public UIViewController,
     Q_INVOKABLE void zipTapped();
 
     [[nodiscard]] OperationType currentOperation() const override { return currentOperation_; }
-    [[nodiscard]] std::shared_ptr<MBProgressHUD> hud() const { return hud_; }
 
     void documentPickerDidPickDocuments(const QList<QUrl>& urls) override;
-    void zipManagerDidAddFile(qint64 done, qint64 total) override;
     void appFileOpenerDidReceive(const QUrl& url) override;
     void didConfirmUnzip(const QUrl& url) override;
 
@@ -53,8 +44,9 @@ class ViewController : public UIViewController,
     void viewDidAppear(bool animated) override;
 
   private:
+    [[nodiscard]] UIViewController& screen() override { return *this; }
+    [[nodiscard]] const ScreenServices& services() const override { return services_; }
     void askForRating();
-    void compress(const QList<QUrl>& urls);
     void extract(const QUrl& url);
     void showResults(const std::optional<QList<QUrl>>& urls);
 
@@ -62,8 +54,6 @@ class ViewController : public UIViewController,
     RelevantActionCount& launches_;
     QPointer<NSLayoutConstraint> topConstraint_;
     QPointer<NSLayoutConstraint> secondaryTopConstraint_;
-    std::shared_ptr<ZipManager> zipManager_;
-    std::shared_ptr<MBProgressHUD> hud_;
     OperationType currentOperation_ = OperationType::kZip;
 };
 

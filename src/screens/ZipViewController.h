@@ -2,17 +2,12 @@
 
 #include <functional>
 #include <memory>
-#include <optional>
 #include <vector>
 
-#include "platform/kit/MBProgressHUD.h"
 #include "platform/photos/PHPickerViewController.h"
-#include "screens/CanAskFeedback.h"
-#include "screens/CanShareFiles.h"
-#include "screens/CanShowFailureAlert.h"
+#include "screens/CanRunJobs.h"
 #include "screens/CanShowFilePicker.h"
 #include "screens/PhotoSource.h"
-#include "screens/ScreenServices.h"
 
 namespace pellumar {
 
@@ -22,12 +17,9 @@ inline constexpr double kSystemPickerVersion = 14.0;
 // The composer: picks files, or photos and videos, asks for a title, and shares the archive that is
 // made of them.
 class ZipViewController : public UIViewController,
-                          public ZipManagerDelegate,
                           public PHPickerViewControllerDelegate,
                           public CanShowFilePicker,
-                          public CanShowFailureAlert,
-                          public CanShareFiles,
-                          public CanAskFeedback {
+                          public CanRunJobs {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Made in C++")
@@ -40,7 +32,6 @@ class ZipViewController : public UIViewController,
     Q_INVOKABLE void fromPhotosTapped();
 
     [[nodiscard]] OperationType currentOperation() const override { return OperationType::kZip; }
-    [[nodiscard]] std::shared_ptr<MBProgressHUD> hud() const { return hud_; }
 
     // Asks for the title, and makes the archive of these files.
     void askTitleForFiles(const QList<QUrl>& urls);
@@ -50,30 +41,22 @@ class ZipViewController : public UIViewController,
     void documentPickerDidPickDocuments(const QList<QUrl>& urls) override;
     void pickerDidFinishPicking(const std::shared_ptr<PHPickerViewController>& picker,
                                 const QList<PHPickerResult>& results) override;
-    void zipManagerDidAddFile(qint64 done, qint64 total) override;
 
   protected:
     void viewDidLoad() override;
 
   private:
-    // Starts a compression under the title given, and calls the completion with its end.
-    using Compression =
-        std::function<void(const QString& title, const ZipManager::ArchiveCompletion& completion)>;
+    [[nodiscard]] UIViewController& screen() override { return *this; }
+    [[nodiscard]] const ScreenServices& services() const override { return services_; }
 
     void openSystemPicker();
     void openEarlierPicker();
     void fetchMedia(const std::vector<PHAsset>& assets);
-    // `label` is that of the overlay.
-    void askTitle(const QString& alertTitle, const QString& label, const Compression& compression);
-    void compress(const std::optional<QString>& title,
-                  const QString& label,
-                  const Compression& compression);
-    void finish(const std::optional<QUrl>& archive);
+    // `save` gets the title that was given.
+    void askTitle(const QString& alertTitle, const std::function<void(const QString& title)>& save);
 
     const ScreenServices services_;
     const PhotoSource photos_;
-    std::shared_ptr<MBProgressHUD> hud_;
-    std::shared_ptr<ZipManager> zipManager_;
 };
 
 }  // namespace pellumar

@@ -1,0 +1,40 @@
+#include "screens/CanRunJobs.h"
+
+#include <QCoreApplication>
+
+namespace pellumar {
+
+std::shared_ptr<MBProgressHUD> CanRunJobs::showHud(const QString& label) {
+    hud_ = MBProgressHUD::showAddedTo(services().ui, screen().view(), true);
+    hud_->setLabel(label);
+    return hud_;
+}
+
+void CanRunJobs::compress(const QString& label, const Compression& compression) {
+    // That of this run: another may have been shown since.
+    const std::weak_ptr<MBProgressHUD> shown = showHud(label);
+    hud_->setMode(MBProgressHUD::Mode::kAnnularDeterminate);
+    const auto awake =
+        services().sleep.keepAwake(QCoreApplication::translate("CanRunJobs", "Making an archive"));
+    compression(*zipManager_, whileAlive([this, shown, awake](const std::optional<QUrl>& archive) {
+        if (!archive) {
+            // The overlay stays under the alert; the way out is to leave the screen.
+            showFailureAlert();
+            return;
+        }
+        shareFiles({*archive}, [this](const auto&...) { askForReviewOnce(); });
+        if (const auto hud = shown.lock()) {
+            hud->hide(true);
+        }
+    }));
+}
+
+void CanRunJobs::zipManagerDidAddFile(qint64 done, qint64 total) {
+    services().mainQueue.async(whileAlive([this, done, total] {
+        if (hud_) {
+            hud_->setProgress(static_cast<float>(done) / static_cast<float>(total));
+        }
+    }));
+}
+
+}  // namespace pellumar

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "engine/ZipManager.h"
+#include "platform/kit/MBProgressHUD.h"
+#include "screens/CanAskFeedback.h"
+#include "screens/CanShareFiles.h"
+#include "screens/CanShowFailureAlert.h"
+
+namespace pellumar {
+
+// A screen that has archive jobs done: owns their manager, whose delegate it is, and the overlay
+// that covers the screen meanwhile.
+class CanRunJobs : public ZipManagerDelegate,
+                   public CanShowFailureAlert,
+                   public CanShareFiles,
+                   public CanAskFeedback {
+  public:
+    [[nodiscard]] std::shared_ptr<MBProgressHUD> hud() const { return hud_; }
+
+    void zipManagerDidAddFile(qint64 done, qint64 total) override;
+
+  protected:
+    explicit CanRunJobs(const ZipManager::Environment& jobs)
+        : zipManager_(ZipManager::create(jobs)) {}
+
+    [[nodiscard]] ZipManager& zipManager() { return *zipManager_; }
+
+    // Lays a new overlay over the screen, above those that are there.
+    std::shared_ptr<MBProgressHUD> showHud(const QString& label);
+
+    // Starts a compression, and calls the completion with its end.
+    using Compression =
+        std::function<void(ZipManager& manager, const ZipManager::ArchiveCompletion& completion)>;
+    // Compresses under an overlay of that label; then the share sheet offers the archive, or the
+    // overlay stays under the failure alert.
+    void compress(const QString& label, const Compression& compression);
+
+  private:
+    const std::shared_ptr<ZipManager> zipManager_;
+    std::shared_ptr<MBProgressHUD> hud_;
+};
+
+}  // namespace pellumar
