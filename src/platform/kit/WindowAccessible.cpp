@@ -2,6 +2,8 @@
 
 #include <QGuiApplication>
 
+#include "platform/kit/Notice.h"
+
 namespace pellumar {
 namespace {
 
@@ -20,21 +22,34 @@ QAccessibleInterface* WindowAccessible::parent() const {
     return QAccessible::queryAccessibleInterface(qApp);
 }
 
-QAccessibleInterface* WindowAccessible::top() const {
-    QQuickItem* const layer = window_.topLayer();
-    return layer == nullptr ? nullptr : QAccessible::queryAccessibleInterface(layer);
+QList<QQuickItem*> WindowAccessible::items() const {
+    QList<QQuickItem*> items;
+    if (QQuickItem* const layer = window_.topLayer()) {
+        items.append(layer);
+    }
+    if (const Notice* const notice = Notice::shownIn(window_)) {
+        items.append(notice->item());
+    }
+    return items;
 }
 
 int WindowAccessible::childCount() const {
-    return top() == nullptr ? 0 : 1;
+    return static_cast<int>(items().size());
 }
 
 QAccessibleInterface* WindowAccessible::child(int index) const {
-    return index == 0 ? top() : nullptr;
+    QQuickItem* const item = items().value(index, nullptr);
+    return item == nullptr ? nullptr : QAccessible::queryAccessibleInterface(item);
 }
 
 int WindowAccessible::indexOfChild(const QAccessibleInterface* child) const {
-    return child != nullptr && child->object() == window_.topLayer() ? 0 : -1;
+    const QList<QQuickItem*> all = items();
+    for (int i = 0; i < all.size(); ++i) {
+        if (child != nullptr && child->object() == all[i]) {
+            return i;
+        }
+    }
+    return -1;
 }
 
 QAccessibleInterface* WindowAccessible::focusChild() const {

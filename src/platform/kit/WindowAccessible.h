@@ -7,8 +7,8 @@
 namespace pellumar {
 
 // The window for screen readers: of its layers, they find the topmost and nothing of what it
-// covers, as those do who use the pointer or the keyboard. The root of every layout that can be a
-// layer has an accessible role.
+// covers, as those do who use the pointer or the keyboard; and after it the notice, if there is
+// one. The root of every layout that can be a layer has an accessible role.
 class WindowAccessible : public QAccessibleObject {
   public:
     // Makes windows answer with it. Once, before the first window.
@@ -28,7 +28,8 @@ class WindowAccessible : public QAccessibleObject {
     [[nodiscard]] QWindow* window() const override { return &window_; }
 
   private:
-    [[nodiscard]] QAccessibleInterface* top() const;
+    // The topmost layer and the notice, as far as they are there.
+    [[nodiscard]] QList<QQuickItem*> items() const;
 
     UIWindow& window_;
 };
