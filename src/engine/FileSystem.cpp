@@ -6,12 +6,13 @@
 #include <cerrno>
 #include <memory>
 #include <string>
-#include <string_view>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 #include "engine/TreeRemoval.h"
 #include "platform/FileUrl.h"
+#include "platform/NaturalOrder.h"
 
 namespace pellumar {
 namespace {
@@ -138,16 +139,22 @@ std::optional<QList<QUrl>> FileSystem::contents(const std::filesystem::path& fol
     if (!stream) {
         return std::nullopt;
     }
-    QList<QUrl> found;
+    std::vector<std::string> names;
     errno = 0;
     while (const dirent* entry = ::readdir(stream.get())) {
-        const std::string_view name = entry->d_name;
-        if (!name.starts_with('.')) {
-            found.append(fileUrl(folder / name));
+        if (entry->d_name[0] != '.') {
+            names.emplace_back(entry->d_name);
         }
         errno = 0;
     }
-    return errno == 0 ? std::optional(std::move(found)) : std::nullopt;
+    if (errno != 0) {
+        return std::nullopt;
+    }
+    QList<QUrl> found;
+    for (const std::size_t position : naturalOrder(names)) {
+        found.append(fileUrl(folder / names[position]));
+    }
+    return found;
 }
 
 }  // namespace pellumar

@@ -48,8 +48,8 @@ class FileSystem {
     [[nodiscard]] QUrl newExtraction() const;
     [[nodiscard]] QUrl tempImages() const;
 
-    // What is in a folder: links too, wherever they lead, but nothing hidden. In the folder's own
-    // order, which is not sorted. Nothing if the folder cannot be read.
+    // What is in a folder: links too, wherever they lead, but nothing hidden. In natural
+    // order. Nothing if the folder cannot be read.
     [[nodiscard]] static std::optional<QList<QUrl>> contents(const std::filesystem::path& folder);
 
   private:

@@ -68,7 +68,7 @@ class ZipManager : public std::enable_shared_from_this<ZipManager> {
              ArchiveCompletion completion);
 
     // Extracts an archive into a new folder of the workspace. The completion gets what stands at
-    // the top of it, hidden things left out, in the folder's own order. After a failure what was
+    // the top of it, hidden things left out, in natural order. After a failure what was
     // extracted stays.
     void unzip(const QUrl& url, FilesCompletion completion) const;
 

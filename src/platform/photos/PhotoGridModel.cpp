@@ -6,6 +6,7 @@
 #include <set>
 
 #include "platform/FileUrl.h"
+#include "platform/NaturalOrder.h"
 #include "platform/documents/ThumbnailProvider.h"
 
 namespace pellumar {
@@ -18,17 +19,20 @@ void PhotoGridModel::setAssets(std::vector<PHAsset> assets) {
 }
 
 void PhotoGridModel::findAlbums() {
-    std::set<std::filesystem::path> folders;
+    std::set<std::filesystem::path> all;
     for (const PHAsset& asset : assets_) {
-        folders.insert(asset.file.parent_path());
+        all.insert(asset.file.parent_path());
+    }
+    const std::vector<std::filesystem::path> folders(all.begin(), all.end());
+    std::vector<std::string> names;
+    names.reserve(folders.size());
+    for (const auto& folder : folders) {
+        names.push_back(folder.filename().native());
     }
     albums_.clear();
-    for (const auto& folder : folders) {
-        albums_.push_back({QString::fromStdString(folder.filename().native()), folder});
+    for (const std::size_t position : naturalOrder(names)) {
+        albums_.push_back({QString::fromStdString(names[position]), folders[position]});
     }
-    std::stable_sort(albums_.begin(), albums_.end(), [](const Album& one, const Album& other) {
-        return QString::localeAwareCompare(one.name, other.name) < 0;
-    });
 }
 
 QStringList PhotoGridModel::albumNames() const {
