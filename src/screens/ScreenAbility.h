@@ -1,5 +1,6 @@
 #pragma once
 
+#include <type_traits>
 #include <utility>
 
 #include "screens/ScreenServices.h"
@@ -19,7 +20,8 @@ class ScreenAbility {
     // while the screen lives, and may use `this`.
     template <typename Work>
     [[nodiscard]] auto whileAlive(Work work) {
-        return [weak = screen().weak_from_this(), work = std::move(work)](auto&&... values) {
+        return [weak = screen().weak_from_this(), work = std::move(work)](auto&&... values)
+                   -> std::enable_if_t<std::is_invocable_v<const Work&, decltype(values)...>> {
             if (const auto alive = weak.lock()) {
                 work(std::forward<decltype(values)>(values)...);
             }

@@ -78,15 +78,24 @@ void ZipViewController::pickerDidFinishPicking(
             identifiers.append(*result.assetIdentifier);
         }
     }
-    picker->dismiss(true, whileAlive([this, identifiers] {
-                        if (!identifiers.isEmpty()) {
-                            // What goes has time to be gone.
-                            constexpr std::chrono::milliseconds kPause(250);
-                            const std::vector<PHAsset> assets = photos_.assets(identifiers);
-                            QTimer::singleShot(
-                                kPause, this, whileAlive([this, assets] { fetchMedia(assets); }));
-                        }
-                    }));
+    if (!identifiers.isEmpty()) {
+        picker->dismiss(true, whileAlive([this, identifiers] { takeAssets(identifiers); }));
+    } else {
+        picker->dismiss(true);
+    }
+}
+
+void ZipViewController::takeAssets(const QStringList& identifiers) {
+    // What goes has time to be gone.
+    constexpr std::chrono::milliseconds kPause(250);
+    auto* const pause = new QTimer(this);
+    pause->setSingleShot(true);
+    const auto fetch = [this, pause, assets = photos_.assets(identifiers)] {
+        pause->deleteLater();
+        fetchMedia(assets);
+    };
+    connect(pause, &QTimer::timeout, this, whileAlive(fetch));
+    pause->start(kPause);
 }
 
 void ZipViewController::fetchMedia(const std::vector<PHAsset>& assets) {

@@ -51,6 +51,7 @@ class ZipViewController : public UIViewController,
 
     void openSystemPicker();
     void openEarlierPicker();
+    void takeAssets(const QStringList& identifiers);
     void fetchMedia(const std::vector<PHAsset>& assets);
     // `save` gets the title that was given.
     void askTitle(const QString& alertTitle, const std::function<void(const QString& title)>& save);
