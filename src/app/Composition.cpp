@@ -1,15 +1,16 @@
 #include "app/Composition.h"
 
 #include <QDeadlineTimer>
+#include <QFile>
 #include <QGuiApplication>
 #include <QScreen>
-#include <QStandardPaths>
 
 #include "app/App.h"
 #include "app/Measurement.h"
 #include "app/OnboardingViewController.h"
 #include "app/SettingsViewController.h"
 #include "platform/FIRApp.h"
+#include "platform/UserFolders.h"
 #include "platform/look/Look.h"
 #include "platform/sharing/DesktopTargets.h"
 #include "screens/ViewController.h"
@@ -19,14 +20,12 @@ namespace {
 
 // What the platform remembers by itself, apart from the user's preferences.
 QString memoryFile() {
-    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-           QStringLiteral("/pellumar-zip/platform.ini");
+    return QFile::decodeName(UserFolders::config("platform.ini").c_str());
 }
 
 RemoteConfigService::Options remoteOptions(const UserSettings& settings) {
-    return {
-        .folder = DocumentDirectory::inDataFolder("RemoteConfig").value_or(std::filesystem::path()),
-        .endpoint = RemoteConfigEndpoint::configured(settings.userDefaults())};
+    return {.folder = UserFolders::data("RemoteConfig"),
+            .endpoint = RemoteConfigEndpoint::configured(settings.userDefaults())};
 }
 
 // Upright like a phone, and no larger than the screen. Where the system decides, as on a phone, it

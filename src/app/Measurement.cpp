@@ -4,19 +4,15 @@
 
 #include "analytics/CollectorEndpoint.h"
 #include "analytics/HttpTransport.h"
-#include "platform/DocumentDirectory.h"
+#include "platform/UserFolders.h"
 
 namespace pellumar {
 
 AnalyticsEnvironment measurementEnvironment(
     const UserSettings& settings,
     const std::shared_ptr<const FIRRemoteConfig>& remoteConfig) {
-    const auto folder = DocumentDirectory::inDataFolder("Analytics");
-    if (!folder) {
-        qFatal("There is no data folder to measure in");
-    }
     AnalyticsEnvironment environment;
-    environment.folder = *folder;
+    environment.folder = UserFolders::data("Analytics");
     environment.versions = ProductVersions::ofThisSystem(QCoreApplication::applicationName(),
                                                          QCoreApplication::applicationVersion());
     environment.transport =

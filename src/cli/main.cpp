@@ -7,7 +7,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <memory>
-#include <optional>
+#include <string>
 #include <system_error>
 
 #include "cli/CommandLine.h"
@@ -21,6 +21,7 @@
 #include "platform/GlobalDispatchQueue.h"
 #include "platform/MainDispatchQueue.h"
 #include "platform/RecordingAnalytics.h"
+#include "platform/UserFolders.h"
 #include "settings/UserSettings.h"
 
 using namespace pellumar;
@@ -38,14 +39,17 @@ void occupyStandardStreams() {
 }
 
 // A workspace of its own beside the application's, which would empty this one at its launch.
-std::optional<std::filesystem::path> documentsOf(const CommandLine& commandLine) {
+tl::expected<std::filesystem::path, std::string> documentsOf(const CommandLine& commandLine) {
     if (!commandLine.documents) {
-        return DocumentDirectory::inDataFolder("Terminal");
+        if (const std::optional<std::string> reason = UserFolders::whyMissing()) {
+            return tl::unexpected(*reason + " Or name one with --documents.");
+        }
+        return UserFolders::data("Terminal");
     }
     std::error_code error;
     std::filesystem::path path = std::filesystem::absolute(*commandLine.documents, error);
     if (error) {
-        return std::nullopt;
+        return tl::unexpected("The folder of --documents: " + error.message());
     }
     // Without "." and ".." in it, for it is printed; if that cannot be, it is right all the same.
     std::filesystem::path plain = std::filesystem::weakly_canonical(path, error);
@@ -75,9 +79,9 @@ int main(int argc, char** argv) {
     if (!commandLine) {
         return commandLine.error();
     }
-    const std::optional<std::filesystem::path> documents = documentsOf(*commandLine);
+    const tl::expected<std::filesystem::path, std::string> documents = documentsOf(*commandLine);
     if (!documents) {
-        static_cast<void>(std::fputs("pellumar: no folder for the workspace\n", stderr));
+        static_cast<void>(std::fprintf(stderr, "pellumar: %s\n", documents.error().c_str()));
         return kExitFailure;
     }
     qInstallMessageHandler(dropQtMessage);
@@ -92,7 +96,10 @@ int main(int argc, char** argv) {
     Console& console = silent ? static_cast<Console&>(silence) : lines;
     const FileSystem fileSystem(DocumentDirectory(*documents), console);
     RecordingAnalytics engine;
-    const PellumarAnalytics analytics(UserSettings::shared(), engine);
+    // Nothing leaves this program, so it has no need of the user's preferences.
+    UserDefaults noPreferences(QStringLiteral("/dev/null"));
+    const UserSettings settings(noPreferences);
+    const PellumarAnalytics analytics(settings, engine);
     TerminalDiagnostics diagnostics(stderr, commandLine->quiet);
     MainDispatchQueue mainQueue;
     GlobalDispatchQueue backgroundQueue;

@@ -2,8 +2,9 @@
 
 #include <filesystem>
 #include <optional>
-#include <string_view>
 #include <utility>
+
+#include "platform/UserFolders.h"
 
 namespace pellumar {
 
@@ -16,13 +17,10 @@ class DocumentDirectory {
     // A folder of the caller's choice; `path` is absolute.
     explicit DocumentDirectory(std::filesystem::path path) : chosen_(std::move(path)) {}
 
-    // The absolute path. The folder need not exist. If none can be told, the process stops with a
-    // message: there is nowhere to fall back to that would be safe to empty.
-    [[nodiscard]] std::filesystem::path path() const;
-
-    // The folder `name` in the application's data folder, $XDG_DATA_HOME/pellumar-zip or
-    // ~/.local/share/pellumar-zip; nothing if the environment tells neither.
-    [[nodiscard]] static std::optional<std::filesystem::path> inDataFolder(std::string_view name);
+    // The absolute path. The folder need not exist.
+    [[nodiscard]] std::filesystem::path path() const {
+        return chosen_ ? *chosen_ : UserFolders::data("Documents");
+    }
 
   private:
     std::optional<std::filesystem::path> chosen_;

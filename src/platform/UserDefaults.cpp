@@ -1,6 +1,8 @@
 #include "platform/UserDefaults.h"
 
-#include <QStandardPaths>
+#include <QFile>
+
+#include "platform/UserFolders.h"
 
 namespace pellumar {
 namespace {
@@ -17,8 +19,7 @@ bool isTrue(const QString& text) {
 UserDefaults::UserDefaults(const QString& file) : settings_(file, QSettings::IniFormat) {}
 
 QString UserDefaults::standardFile() {
-    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-           QStringLiteral("/pellumar-zip/pellumar-zip.conf");
+    return QFile::decodeName(UserFolders::config("pellumar-zip.conf").c_str());
 }
 
 void UserDefaults::registerDefaults(const QVariantMap& defaults) {

@@ -228,11 +228,12 @@ class StreamsAndUsageTest(ProgramTest):
 
     def test_speaks_up_without_a_home_and_keeps_quiet_about_locales(self):
         self.write("one")
-        for name in ("HOME", "XDG_DATA_HOME"):
+        for name in ("HOME", "XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME"):
             self.environment.pop(name, None)
         self.environment["LC_ALL"] = "C"
         code, _, err = self.run_program("zip", "T", "one", documents=None)
         self.assertEqual((code, err.count(b"\n")), (1, 1))
+        self.assertRegex(err, b"^pellumar: There is no home folder .*--documents")
         self.assertEqual(self.run_program("-q", "zip", "T", "one")[2], b"")
 
     def test_loads_no_more_than_it_needs(self):

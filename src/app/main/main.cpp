@@ -7,11 +7,14 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <optional>
+#include <string>
 
 #include "app/App.h"
 #include "app/Composition.h"
 #include "app/ScreenGallery.h"
 #include "platform/FileUrl.h"
+#include "platform/UserFolders.h"
 #include "platform/desktop/SingleInstance.h"
 #include "platform/desktop/TerminationSignals.h"
 
@@ -124,6 +127,10 @@ int main(int argc, char** argv) {
     const Start start = readCommandLine(textOf(argc, argv));
     if (start.isSelfTest || !start.screenshots.isEmpty()) {
         return showAllScreens(start);
+    }
+    if (const std::optional<std::string> reason = UserFolders::whyMissing()) {
+        std::fprintf(stderr, "pellumar-zip: %s\n", reason->c_str());
+        return 1;
     }
     SingleInstance instance;
     switch (instance.claim(start.urls)) {

@@ -1,6 +1,5 @@
 #include "platform/documents/DocumentInbox.h"
 
-#include <QStandardPaths>
 #include <QUuid>
 #include <algorithm>
 #include <string>
@@ -9,6 +8,7 @@
 #include <vector>
 
 #include "platform/FileUrl.h"
+#include "platform/UserFolders.h"
 #include "platform/documents/FileCopy.h"
 
 namespace pellumar {
@@ -92,8 +92,7 @@ DocumentInbox::DocumentInbox(fs::path folder,
     : folder_(std::move(folder)), mainQueue_(mainQueue), backgroundQueue_(backgroundQueue) {}
 
 fs::path DocumentInbox::standardFolder() {
-    const QString cache = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
-    return fs::path(cache.toStdString()) / "pellumar-zip" / "Inbox";
+    return UserFolders::cache("Inbox");
 }
 
 void DocumentInbox::clear() {

@@ -10,11 +10,12 @@
 #include <QImageReader>
 #include <QMimeDatabase>
 #include <QSaveFile>
-#include <QStandardPaths>
 #include <array>
 #include <cstdint>
 #include <system_error>
 #include <utility>
+
+#include "platform/UserFolders.h"
 
 namespace pellumar {
 namespace {
@@ -58,8 +59,7 @@ ThumbnailStore::ThumbnailStore(fs::path folder, Thumbnailers helpers)
     : folder_(std::move(folder)), helpers_(std::move(helpers)) {}
 
 fs::path ThumbnailStore::standardFolder() {
-    const QString cache = QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation);
-    return fs::path(cache.toStdString()) / "thumbnails";
+    return UserFolders::commonCache() / "thumbnails";
 }
 
 QImage ThumbnailStore::thumbnail(const fs::path& file, int side) const {

@@ -6,8 +6,8 @@
 #include <utility>
 #include <vector>
 
-#include "platform/DocumentDirectory.h"
 #include "platform/FileUrl.h"
+#include "platform/UserFolders.h"
 
 namespace pellumar {
 namespace {
@@ -42,7 +42,7 @@ std::string newName() {
 SharedItems::SharedItems(fs::path folder) : folder_(std::move(folder)), run_(newName()) {}
 
 fs::path SharedItems::standardFolder() {
-    return DocumentDirectory::inDataFolder("Shared").value_or(fs::path());
+    return UserFolders::data("Shared");
 }
 
 QList<QUrl> SharedItems::keep(const QList<QUrl>& items) const {
