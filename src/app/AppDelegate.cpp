@@ -3,6 +3,7 @@
 #include "app/MainInterface.h"
 #include "app/OnboardingViewController.h"
 #include "engine/AppFileOpener.h"
+#include "platform/FileUrl.h"
 #include "remote/ABTestManager.h"
 #include "remote/ABTests.h"
 #include "remote/RemoteSettings.h"
@@ -45,7 +46,7 @@ void AppDelegate::showRoot(const std::shared_ptr<UIViewController>& root) {
 }
 
 bool AppDelegate::applicationOpen(const QUrl& url) {
-    if (!url.fileName().contains(QStringLiteral(".zip"))) {
+    if (!lastPathComponent(url).contains(QStringLiteral(".zip"))) {
         return false;
     }
     AppFileOpener::setUrl(url);

@@ -1,7 +1,6 @@
 #include "engine/CompressionJob.h"
 
 #include <filesystem>
-#include <string>
 #include <utility>
 
 #include "events/EventNames.h"
@@ -15,19 +14,14 @@ using archive::EntrySource;
 using archive::Error;
 using archive::ErrorCode;
 
-// The last component of a URL's path and the folder it stands in. A folder may be picked as
-// ".../name/", which has the last component "name" like ".../name".
+// The last component of a URL's path and the folder it stands in.
 std::optional<EntrySource> sourceOf(const QUrl& url) {
     const std::optional<std::filesystem::path> path = localPath(url);
     if (!path) {
         return std::nullopt;
     }
-    std::string native = path->native();
-    while (native.size() > 1 && native.back() == '/') {
-        native.pop_back();
-    }
-    const std::size_t name = native.rfind('/') + 1;
-    return EntrySource{.path = native.substr(name), .base = native.substr(0, name)};
+    const std::filesystem::path plain = withoutTrailingSlash(*path);
+    return EntrySource{.path = plain.filename(), .base = plain.parent_path()};
 }
 
 Error notAPath(const QUrl& url) {

@@ -31,4 +31,15 @@ std::optional<std::filesystem::path> localPath(const QUrl& url) {
     return std::filesystem::path(bytes.toStdString());
 }
 
+std::filesystem::path withoutTrailingSlash(const std::filesystem::path& path) {
+    const std::string& native = path.native();
+    const std::size_t last = native.find_last_not_of('/');
+    return last == std::string::npos ? path : std::filesystem::path(native.substr(0, last + 1));
+}
+
+QString lastPathComponent(const QUrl& url) {
+    const QUrl plain = url.adjusted(QUrl::StripTrailingSlash);
+    return plain.path() == QLatin1String("/") ? plain.path() : plain.fileName();
+}
+
 }  // namespace pellumar

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "platform/FileUrl.h"
+
 namespace pellumar {
 
 ConfirmationPopupViewController::ConfirmationPopupViewController(const UIContext& context, QUrl url)
@@ -14,7 +16,7 @@ ConfirmationPopupViewController::ConfirmationPopupViewController(const UIContext
 void ConfirmationPopupViewController::viewDidLoad() {
     UIViewController::viewDidLoad();
     titleLabel_ = outlet<QQuickItem>(view(), QStringLiteral("titleLabel"));
-    titleLabel_->setProperty("text", "Do you want to unzip " + url_.fileName() + '?');
+    titleLabel_->setProperty("text", "Do you want to unzip " + lastPathComponent(url_) + '?');
 }
 
 void ConfirmationPopupViewController::unzipTapped() {

@@ -1,5 +1,6 @@
 #include "screens/FileTableViewCell.h"
 
+#include "platform/FileUrl.h"
 #include "platform/documents/ThumbnailProvider.h"
 #include "platform/documents/UIDocumentInteractionController.h"
 
@@ -13,7 +14,7 @@ void FileTableViewCell::awakeFromNib() {
 void FileTableViewCell::configure(const QUrl& url, IndexPath indexPath) {
     static_cast<void>(view());
     indexPath_ = indexPath;
-    titleLabel_->setProperty("text", url.fileName());
+    titleLabel_->setProperty("text", lastPathComponent(url));
     const QStringList icons = UIDocumentInteractionController(url).icons();
     iconName_ = icons.isEmpty() ? QString() : icons.last();
     const bool hasPicture =

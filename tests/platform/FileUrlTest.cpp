@@ -36,6 +36,17 @@ TEST(FileUrl, IsWhatQtMakesOfAUtf8Path) {
     EXPECT_EQ(localPath(QUrl(QStringLiteral("file://localhost/tmp/a"))).value_or(""), "/tmp/a");
 }
 
+TEST(FileUrl, LastComponentIsThatBeforeTheSlashAtTheEnd) {
+    for (const char* path : {"/a.d/photos.zip", "/a.d/photos.zip/", "/a.d/photos.zip///"}) {
+        EXPECT_EQ(lastPathComponent(QUrl::fromLocalFile(path)).toStdString(), "photos.zip") << path;
+        EXPECT_EQ(withoutTrailingSlash(path), "/a.d/photos.zip");
+    }
+    EXPECT_EQ(lastPathComponent(QUrl("file:///a%20%25.zip/")).toStdString(), "a %.zip");
+    EXPECT_EQ(lastPathComponent(QUrl("file:///")).toStdString(), "/");
+    EXPECT_EQ(lastPathComponent(QUrl()).toStdString(), "");
+    EXPECT_EQ(withoutTrailingSlash("//"), "//");
+}
+
 TEST(FileUrl, HasNoPathForWhatIsNotAFileHere) {
     for (const char* url : {"https://example.org/a",
                             "file://server/a",

@@ -77,7 +77,7 @@ QStringList UIDocumentInteractionController::icons() const {
     }
     static const QMimeDatabase types;
     const QString best =
-        iconOf(types.mimeTypeForFile(url_.fileName(), QMimeDatabase::MatchExtension));
+        iconOf(types.mimeTypeForFile(lastPathComponent(url_), QMimeDatabase::MatchExtension));
     if (!best.isEmpty()) {
         icons.append(best);
     }
