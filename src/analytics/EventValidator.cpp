@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "analytics/EventNaming.h"
+#include "platform/TextLength.h"
 
 namespace pellumar::validation {
 namespace {
@@ -20,11 +21,6 @@ bool isName(const QString& name, qsizetype mostLength) {
            std::all_of(name.begin(), name.end(), [](QChar c) {
                return isLetter(c) || (c >= u'0' && c <= u'9') || c == u'_';
            });
-}
-
-QString cut(const QString& text, qsizetype mostLength) {
-    const bool halvesPair = text.size() > mostLength && text.at(mostLength - 1).isHighSurrogate();
-    return text.left(halvesPair ? mostLength - 1 : mostLength);
 }
 
 // Longer than every limit, so that a text of this length is seen to be too long.
@@ -95,7 +91,8 @@ CheckedParameter checkParameter(const QString& name, const QVariant& given) {
     }
     auto* const text = std::get_if<QString>(&*value);
     if (text != nullptr && text->size() > kMostTextLength) {
-        return {.value = cut(*text, kMostTextLength), .error = MeasurementError::kParameterTextCut};
+        return {.value = textCutTo(*text, kMostTextLength),
+                .error = MeasurementError::kParameterTextCut};
     }
     return {.value = std::move(value)};
 }
@@ -166,7 +163,7 @@ CheckedEvent checkEvent(const QString& name, const QVariantMap& parameters) {
         }
         if (firstError == MeasurementError::kNone && checked.error != MeasurementError::kNone) {
             firstError = checked.error;
-            wrongName = cut(given.key(), kMostNameLength);
+            wrongName = textCutTo(given.key(), kMostNameLength);
         }
     }
     if (firstError != MeasurementError::kNone) {
@@ -185,7 +182,7 @@ CheckedProperty checkUserProperty(const QString& name, const QString& value) {
         return {.value = std::nullopt, .error = MeasurementError::kReservedPropertyName};
     }
     if (value.size() > kMostPropertyValueLength) {
-        return {.value = cut(value, kMostPropertyValueLength),
+        return {.value = textCutTo(value, kMostPropertyValueLength),
                 .error = MeasurementError::kPropertyValueCut};
     }
     return {.value = value};

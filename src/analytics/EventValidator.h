@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "analytics/Event.h"
+#include "platform/FIRAnalytics.h"
 
 namespace pellumar {
 
@@ -31,7 +32,7 @@ inline constexpr qsizetype kMostNameLength = 40;
 inline constexpr std::size_t kMostParameters = 25;
 inline constexpr qsizetype kMostTextLength = 100;
 inline constexpr qsizetype kMostPropertyNameLength = 24;
-inline constexpr qsizetype kMostPropertyValueLength = 36;
+inline constexpr qsizetype kMostPropertyValueLength = FIRAnalytics::kMostUserPropertyText;
 
 // What is kept in memory of a text that may be of any length: no more than shows that it is too
 // long, and in memory of its own. So for the parameters of an event, of which the first hundred are

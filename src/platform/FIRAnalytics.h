@@ -16,6 +16,9 @@ class FIRAnalytics {
     virtual void logEventWithName(const QString& name,
                                   const std::optional<QVariantMap>& parameters) = 0;
 
+    // The most of a user property's value that is kept, measured by textLength.
+    static constexpr qsizetype kMostUserPropertyText = 36;
+
     // Sets a property of the user; a later value replaces an earlier one.
     virtual void setUserPropertyString(const QString& value, const QString& forName) = 0;
 };

@@ -4,14 +4,9 @@
 #include <QtGlobal>
 
 #include "platform/FIRApp.h"
+#include "platform/TextLength.h"
 
 namespace pellumar {
-namespace {
-
-constexpr qsizetype kMostCharacters = 36;
-
-}  // namespace
-
 ABTests& ABTests::shared() {
     static StreamConsole console(stdout);
     static const std::shared_ptr<FIRAnalytics> analytics = FIRApp::services().analytics;
@@ -26,7 +21,7 @@ void ABTests::registerExperiments(const ABExperiments& experiments) const {
         participation += experiment->id() + bar;
     }
     console_.writeLine(QStringLiteral("Compatible experiments: ") + participation);
-    if (participation.toUcs4().size() > kMostCharacters) {
+    if (textLength(participation) > FIRAnalytics::kMostUserPropertyText) {
         qFatal("Experiment keys can't have more than 36 characters");
     }
     analytics_.setUserPropertyString(participation, QStringLiteral("participating_tests"));

@@ -36,7 +36,7 @@ class ABTests {
 
     // Sets the user property "participating_tests" to the ids, "|1|7|", whatever the user has said
     // about usage events. Called once, at launch, before the first fetch. Stops the process if that
-    // is longer than the 36 characters that the property takes.
+    // is longer, by textLength, than the 36 characters that the property takes.
     void registerExperiments(const ABExperiments& experiments) const;
 
   private:

@@ -9,6 +9,7 @@
 #include "FakeRemoteConfig.h"
 #include "platform/FIRApp.h"
 #include "platform/RecordingAnalytics.h"
+#include "platform/TextLength.h"
 #include "remote/ABTestManager.h"
 #include "remote/FeatureToggle.h"
 #include "remote/Variants.h"
@@ -73,6 +74,18 @@ TEST_F(ABTestsDeathTest, MoreThan36CharactersStopTheProcess) {
     EXPECT_DEATH(registerIds(ids), "Experiment keys can't have more than 36 characters");
     EXPECT_DEATH(registerIds(QStringList(18, "x")),
                  "Experiment keys can't have more than 36 characters");
+}
+
+// Counted in letters these would pass, and the measurement would then cut what it was given.
+TEST_F(ABTestsDeathTest, MeasuresIdsAsTheMeasurementDoes) {
+    const QString rocket = QString::fromUtf8("\xF0\x9F\x9A\x80");
+    const QString accented = QString::fromUtf8("e\xCC\x81");
+    for (const QString& id : {rocket, accented}) {
+        registerIds(QStringList(11, id));
+        const QString told = analytics_.userProperties().value("participating_tests");
+        EXPECT_EQ(textCutTo(told, FIRAnalytics::kMostUserPropertyText), told);
+        EXPECT_DEATH(registerIds(QStringList(12, id)), "can't have more than 36 characters");
+    }
 }
 
 TEST_F(ABTestsTest, VariantsAreReadAfreshAndUnchanged) {
