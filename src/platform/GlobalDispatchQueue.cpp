@@ -26,19 +26,21 @@ void standBack(int niceness) {
 
 class WorkRunnable : public QRunnable {
   public:
-    WorkRunnable(std::function<void()> work, int niceness)
-        : work_(std::move(work)), niceness_(niceness) {}
+    // `queue` is what is told when the work is done and gone.
+    WorkRunnable(std::function<void()> work, int niceness, GlobalDispatchQueue* queue)
+        : work_(std::move(work)), niceness_(niceness), queue_(queue) {}
 
     void run() override {
+        Handover::take(this);
         standBack(niceness_);
-        Handover::take();
         std::exchange(work_, nullptr)();
-        Handover::give();
+        Handover::give(queue_);
     }
 
   private:
     std::function<void()> work_;
     const int niceness_;
+    GlobalDispatchQueue* const queue_;
 };
 
 }  // namespace
@@ -49,18 +51,20 @@ GlobalDispatchQueue::GlobalDispatchQueue(int niceness) : niceness_(niceness) {
 
 GlobalDispatchQueue::~GlobalDispatchQueue() {
     threads_.waitForDone();
-    Handover::take();
+    Handover::take(this);
 }
 
 bool GlobalDispatchQueue::waitForDone(std::chrono::milliseconds timeout) {
     const bool isDone = threads_.waitForDone(static_cast<int>(timeout.count()));
-    Handover::take();
+    if (isDone) {
+        Handover::take(this);
+    }
     return isDone;
 }
 
 void GlobalDispatchQueue::async(std::function<void()> work) {
-    auto runnable = std::make_unique<WorkRunnable>(std::move(work), niceness_);
-    Handover::give();
+    auto runnable = std::make_unique<WorkRunnable>(std::move(work), niceness_, this);
+    Handover::give(runnable.get());
     threads_.start(runnable.release());
 }
 

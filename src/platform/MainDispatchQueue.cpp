@@ -26,7 +26,7 @@ class WorkEvent : public QEvent {
 }  // namespace
 
 bool MainDispatchQueue::Receiver::event(QEvent* event) {
-    Handover::take();
+    Handover::take(event);
     if (const auto* work = dynamic_cast<const WorkEvent*>(event)) {
         work->run();
         return true;
@@ -36,7 +36,7 @@ bool MainDispatchQueue::Receiver::event(QEvent* event) {
 
 void MainDispatchQueue::async(std::function<void()> work) {
     auto event = std::make_unique<WorkEvent>(std::move(work));
-    Handover::give();
+    Handover::give(event.get());
     QCoreApplication::postEvent(&receiver_, event.release());
 }
 
