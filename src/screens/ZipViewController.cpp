@@ -2,6 +2,7 @@
 
 #include <QTimer>
 #include <chrono>
+#include <climits>
 
 #include "events/EventNames.h"
 #include "platform/kit/UIAlertController.h"
@@ -134,7 +135,11 @@ void ZipViewController::askTitle(const QString& alertTitle,
                                  const std::function<void(const QString& title)>& save) {
     const auto alert = makeController<UIAlertController>(
         context(), alertTitle, QStringLiteral("Please, give a title to your zip file"));
-    alert->addTextField(QStringLiteral("Filename"));
+    alert->addTextField(QStringLiteral("Filename"),
+                        {.refused = QStringLiteral("/") + QChar(QChar::Null),
+                         .refusedHint = tr("A title cannot have a slash in it."),
+                         .mostBytes = NAME_MAX - kExtension.size(),
+                         .lengthHint = tr("A title cannot be longer than this.")});
     const std::weak_ptr<UIAlertController> asked = alert;
     const auto answered = whileAlive([asked, save] {
         const auto closed = asked.lock();

@@ -10,6 +10,11 @@ UIAlertController::UIAlertController(const UIContext& context, QString title, QS
     setModalTransitionStyle(UIModalTransitionStyle::kCrossDissolve);
 }
 
+void UIAlertController::addTextField(const QString& placeholder, TextFieldRule rule) {
+    placeholder_ = placeholder;
+    rule_ = std::move(rule);
+}
+
 std::optional<QString> UIAlertController::textFieldText() const {
     return placeholder_ ? std::optional(text_) : std::nullopt;
 }
@@ -51,10 +56,24 @@ int UIAlertController::cancelIndex() const {
 }
 
 void UIAlertController::setText(const QString& text) {
+    text_ = text;
+    hint_.clear();
+    text_.removeIf([this](QChar each) { return rule_.refused.contains(each); });
     if (text_ != text) {
-        text_ = text;
-        emit textChanged();
+        hint_ = rule_.refusedHint;
     }
+    const QByteArray bytes = text_.toUtf8();
+    if (bytes.size() > rule_.mostBytes) {
+        qsizetype end = rule_.mostBytes;
+        // Not in the middle of a character.
+        while (end > 0 && (static_cast<unsigned char>(bytes[end]) & 0xC0U) == 0x80U) {
+            --end;
+        }
+        text_ = QString::fromUtf8(bytes.first(end));
+        hint_ = rule_.lengthHint;
+    }
+    // Also if the text is what it was: the field may show more.
+    emit textChanged();
 }
 
 }  // namespace pellumar

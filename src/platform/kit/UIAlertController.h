@@ -4,6 +4,7 @@
 #include <QString>
 #include <QStringList>
 #include <functional>
+#include <limits>
 #include <optional>
 
 #include "platform/kit/UIViewController.h"
@@ -16,6 +17,15 @@ struct UIAlertAction {
     QString title;
     UIAlertActionStyle style = UIAlertActionStyle::kDefault;
     std::function<void()> handler;
+};
+
+// What a text field takes. It leaves out the characters that it does not take, and what goes beyond
+// its bytes of UTF-8, and says so with a hint.
+struct TextFieldRule {
+    QString refused;
+    QString refusedHint;
+    qsizetype mostBytes = std::numeric_limits<qsizetype>::max();
+    QString lengthHint;
 };
 
 // A dialog with a title, a message, at most one text field, and buttons that all close it. A
@@ -32,12 +42,14 @@ class UIAlertController : public pellumar::UIViewController {
     Q_PROPERTY(bool hasTextField READ hasTextField CONSTANT)
     Q_PROPERTY(QString placeholder READ placeholder CONSTANT)
     Q_PROPERTY(QString text READ text WRITE setText NOTIFY textChanged)
+    // Why some of what was typed last is not in the field; empty if all of it is.
+    Q_PROPERTY(QString hint READ hint NOTIFY textChanged)
 
   public:
     UIAlertController(const UIContext& context, QString title, QString message);
 
     // Before the view is loaded.
-    void addTextField(const QString& placeholder) { placeholder_ = placeholder; }
+    void addTextField(const QString& placeholder, TextFieldRule rule = {});
     void addAction(UIAlertAction action) { actions_.append(std::move(action)); }
 
     // What the text field holds; nothing if there is none.
@@ -54,6 +66,7 @@ class UIAlertController : public pellumar::UIViewController {
     [[nodiscard]] bool hasTextField() const { return placeholder_.has_value(); }
     [[nodiscard]] QString placeholder() const { return placeholder_.value_or(QString()); }
     [[nodiscard]] QString text() const { return text_; }
+    [[nodiscard]] QString hint() const { return hint_; }
     void setText(const QString& text);
 
   signals:
@@ -63,7 +76,9 @@ class UIAlertController : public pellumar::UIViewController {
     const QString title_;
     const QString message_;
     std::optional<QString> placeholder_;
+    TextFieldRule rule_;
     QString text_;
+    QString hint_;
     QList<UIAlertAction> actions_;
     bool isChosen_ = false;
 };

@@ -58,8 +58,21 @@ FocusScope {
                 focus: root.controller.hasTextField
                 placeholderText: root.controller.placeholder
                 text: root.controller.text
-                onTextEdited: root.controller.text = text
+                Accessible.description: root.controller.hint
+                onTextEdited: {
+                    const behind = length - cursorPosition
+                    root.controller.text = text
+                    cursorPosition = Math.max(0, length - behind)
+                }
                 onAccepted: root.controller.choose(0)
+            }
+            BodyText {
+                Layout.fillWidth: true
+                visible: text !== ""
+                text: root.controller.hint
+                color: Theme.error
+                font.pixelSize: Theme.fontCaption
+                Accessible.role: Accessible.AlertMessage
             }
             RowLayout {
                 Layout.fillWidth: true
