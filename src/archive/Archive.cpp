@@ -39,8 +39,11 @@ Archive::~Archive() = default;
 
 Result<Archive> Archive::open(const std::filesystem::path& path, AccessMode mode) {
     return withinMemory([&]() -> Result<Archive> {
-        if (mode == AccessMode::kCreate) {
-            auto writer = ArchiveWriter::create(path);
+        if (mode != AccessMode::kRead) {
+            auto writer = ArchiveWriter::create(path,
+                                                mode == AccessMode::kReplace
+                                                    ? PendingFile::Existing::kReplace
+                                                    : PendingFile::Existing::kRefuse);
             if (!writer) {
                 return passOn(writer);
             }

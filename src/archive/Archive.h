@@ -17,7 +17,7 @@ namespace pellumar::archive {
 class ArchiveReader;
 class ArchiveWriter;
 
-enum class AccessMode : std::uint8_t { kCreate, kRead };
+enum class AccessMode : std::uint8_t { kCreate, kReplace, kRead };
 
 enum class CompressionMethod : std::uint8_t { kDeflate };
 
@@ -28,7 +28,9 @@ enum class CompressionMethod : std::uint8_t { kDeflate };
 // its own inside until it is closed.
 class Archive {
   public:
-    // kCreate: makes a new file at `path`; kAlreadyExists if something stands there.
+    // kCreate: makes a new file at `path`; kAlreadyExists if something stands there, now or when
+    // the archive is closed.
+    // kReplace: the same, but takes the place of a file or link that stands there.
     // kRead: opens `path` and reads its central directory whole. The archive's checks that need no
     // entry's data are made here; what they find is an error of `open`, so every entry of an open
     // archive has a safe name.
@@ -38,7 +40,7 @@ class Archive {
     Archive& operator=(Archive&&) noexcept;
     Archive(const Archive&) = delete;
     Archive& operator=(const Archive&) = delete;
-    // Of an archive being made: closes it first, deaf to failure.
+    // Of an archive being made that was not closed: nothing of it stays.
     ~Archive();
 
     // ---- Making an archive
@@ -64,9 +66,10 @@ class Archive {
     void compressAhead(std::vector<EntrySource> next,
                        std::size_t bufferSize = kDefaultWriteChunkSize);
 
-    // Writes the central directory and closes the file. Until this has succeeded the file is no
-    // archive. Afterwards every operation gives kInvalidArgument. Closing twice, or an archive open
-    // for reading, does nothing.
+    // Writes the central directory, sees everything onto the disk, and gives the file its name:
+    // until this has succeeded nothing stands at the path but what stood there before, however the
+    // process ends. Afterwards every operation gives kInvalidArgument. Closing twice, or an archive
+    // open for reading, does nothing.
     [[nodiscard]] Result<> close();
 
     // ---- Reading an archive

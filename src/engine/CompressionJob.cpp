@@ -39,14 +39,21 @@ CompressionJob::CompressionJob(const ZipManager::Environment& environment,
       urls_(urls),
       archiveUrl_(environment.fileSystem.archive(title)),
       completion_(std::move(completion)) {
-    environment_.fileSystem.removeItem(archiveUrl_);
     const std::optional<std::filesystem::path> path = localPath(archiveUrl_);
     if (!path) {
         fail(notAPath(archiveUrl_));
         return;
     }
-    archive::Result<Archive> created = Archive::open(*path, archive::AccessMode::kCreate);
+    // An earlier archive of this title stays until the new one is whole. A folder in its place
+    // cannot be replaced.
+    std::error_code unknown;
+    if (std::filesystem::is_directory(std::filesystem::symlink_status(*path, unknown))) {
+        environment_.fileSystem.removeItem(archiveUrl_);
+    }
+    archive::Result<Archive> created = Archive::open(*path, archive::AccessMode::kReplace);
     if (!created) {
+        // The earlier one must not pass for the new one.
+        environment_.fileSystem.removeItem(archiveUrl_);
         fail(created.error());
         return;
     }

@@ -50,7 +50,8 @@ class ZipManager : public std::enable_shared_from_this<ZipManager> {
     void setDelegate(std::weak_ptr<ZipManagerDelegate> delegate);
     [[nodiscard]] std::shared_ptr<ZipManagerDelegate> delegate() const;
 
-    // Makes the archive `title` of the workspace; one of the same title is deleted first. Each file
+    // Makes the archive `title` of the workspace; one of the same title is replaced when the new
+    // one is whole, and deleted if the new one cannot even be created. Each file
     // becomes an entry at the root of the archive under its own name; of a folder the entry is
     // empty.
     //

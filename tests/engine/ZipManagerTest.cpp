@@ -30,10 +30,14 @@ class RecordingDelegate : public ZipManagerDelegate {
     void zipManagerDidAddFile(qint64 done, qint64 total) override {
         progress.emplace_back(done, total);
         thread = QThread::currentThread();
+        if (told) {
+            told();
+        }
     }
 
     Progress progress;
     QThread* thread = nullptr;
+    std::function<void()> told;
 };
 
 class RecordingDiagnostics : public JobDiagnostics {
@@ -229,6 +233,20 @@ TEST_F(ZipManagerTest, ATitleIsReplacedAndMayBeEmptyAsMayTheList) {
     settle();
     EXPECT_EQ(archive_.value, fileUrl(folder_ / "docs/outputs/.zip"));
     EXPECT_EQ(entries(""), "");
+}
+
+// It used to be deleted first, and was lost with whatever ended the job.
+TEST_F(ZipManagerTest, TheEarlierArchiveOfATitleStaysUntilTheNewOneIsWhole) {
+    manager_->zip({file("a")}, "T", archive_.completion());
+    settle();
+    manager_->setDelegate(delegate_);
+    const QUrl earlier = *archive_.value;
+    std::string whileMaking;
+    delegate_->told = [&] { whileMaking = entries("T"); };
+    manager_->zip({file("b"), earlier}, "T", archive_.completion());
+    settle();
+    EXPECT_EQ(whileMaking, "a");
+    EXPECT_EQ(entries("T"), "T.zip b");
 }
 
 TEST_F(ZipManagerTest, AReleasedManagerFinishesItsJobWithoutTellingTheDelegate) {

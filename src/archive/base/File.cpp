@@ -8,12 +8,6 @@
 
 namespace pellumar::archive {
 
-namespace {
-
-constexpr mode_t kNewFileMode = 0666;
-
-}  // namespace
-
 File::File(File&& other) noexcept : descriptor_(std::exchange(other.descriptor_, -1)) {}
 
 File& File::operator=(File&& other) noexcept {
@@ -34,15 +28,6 @@ File::~File() {
 
 Result<File> File::openForReading(const std::filesystem::path& path) {
     const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
-    if (descriptor < 0) {
-        return systemFailure(ErrorCode::kOpenFailed);
-    }
-    return File(descriptor);
-}
-
-Result<File> File::createNew(const std::filesystem::path& path) {
-    const int descriptor =
-        ::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, kNewFileMode);
     if (descriptor < 0) {
         return systemFailure(ErrorCode::kOpenFailed);
     }
@@ -124,6 +109,19 @@ Result<> File::write(ByteView bytes) {
 
 Result<> File::truncate(std::uint64_t size) {
     while (::ftruncate(descriptor_, static_cast<off_t>(size)) != 0) {
+        if (errno != EINTR) {
+            return systemFailure(ErrorCode::kWriteFailed);
+        }
+    }
+    return {};
+}
+
+Result<> File::flush() {
+    while (::fsync(descriptor_) != 0) {
+        // EINVAL: something that has no disk behind it.
+        if (errno == EINVAL) {
+            break;
+        }
         if (errno != EINTR) {
             return systemFailure(ErrorCode::kWriteFailed);
         }

@@ -31,10 +31,6 @@ class File {
     // controlling terminal's reader. Follows symbolic links.
     [[nodiscard]] static Result<File> openForReading(const std::filesystem::path& path);
 
-    // Makes a new file for reading and writing; kAlreadyExists if anything stands at `path`, a
-    // dangling link included.
-    [[nodiscard]] static Result<File> createNew(const std::filesystem::path& path);
-
     [[nodiscard]] bool isOpen() const { return descriptor_ >= 0; }
     [[nodiscard]] int descriptor() const { return descriptor_; }
 
@@ -55,6 +51,9 @@ class File {
 
     // Cuts or extends the file to `size` bytes.
     [[nodiscard]] Result<> truncate(std::uint64_t size);
+
+    // Returns when all that was written is on the disk (fsync); kWriteFailed or kNoSpace otherwise.
+    [[nodiscard]] Result<> flush();
 
     // Closes, and says whether all that was written arrived. Closed afterwards in any case.
     [[nodiscard]] Result<> close();

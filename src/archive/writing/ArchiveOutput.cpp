@@ -11,7 +11,7 @@ constexpr std::size_t kBufferSize = 256UL * 1024;
 
 }  // namespace
 
-ArchiveOutput::ArchiveOutput(File file) : file_(std::move(file)) {
+ArchiveOutput::ArchiveOutput(PendingFile file) : file_(std::move(file)) {
     buffer_.reserve(kBufferSize);
 }
 
@@ -25,7 +25,7 @@ Result<> ArchiveOutput::append(ByteView bytes) {
         buffer_.insert(buffer_.end(), bytes.begin(), bytes.end());
         return {};
     }
-    auto result = file_.writeAt(written_, bytes);
+    auto result = file_.file().writeAt(written_, bytes);
     if (result) {
         written_ += bytes.size();
     }
@@ -35,7 +35,7 @@ Result<> ArchiveOutput::append(ByteView bytes) {
 Result<> ArchiveOutput::overwrite(std::uint64_t position, ByteView bytes) {
     // One append lies whole in the file or whole in the buffer.
     if (position < written_) {
-        return file_.writeAt(position, bytes);
+        return file_.file().writeAt(position, bytes);
     }
     const auto start = static_cast<std::ptrdiff_t>(position - written_);
     std::copy(bytes.begin(), bytes.end(), buffer_.begin() + start);
@@ -51,30 +51,24 @@ void ArchiveOutput::rewind(std::uint64_t position) {
     }
     // Cut now, the room can be used by others; if that fails, close() has to do it. A write that
     // failed halfway leaves something to be cut as well.
-    static_cast<void>(file_.truncate(written_));
+    static_cast<void>(file_.file().truncate(written_));
     rewound_ = true;
 }
 
 Result<> ArchiveOutput::close() {
     if (auto flushed = flush(); !flushed) {
-        static_cast<void>(file_.close());
         return flushed;
     }
     if (rewound_) {
-        if (auto cut = file_.truncate(written_); !cut) {
-            static_cast<void>(file_.close());
+        if (auto cut = file_.file().truncate(written_); !cut) {
             return cut;
         }
     }
-    return file_.close();
-}
-
-void ArchiveOutput::abandon() {
-    file_ = File();
+    return file_.commit();
 }
 
 Result<> ArchiveOutput::flush() {
-    auto result = file_.writeAt(written_, buffer_);
+    auto result = file_.file().writeAt(written_, buffer_);
     if (result) {
         written_ += buffer_.size();
         buffer_.clear();

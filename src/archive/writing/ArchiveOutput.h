@@ -6,7 +6,7 @@
 
 #include "archive/base/Bytes.h"
 #include "archive/base/Error.h"
-#include "archive/base/File.h"
+#include "archive/writing/PendingFile.h"
 
 namespace pellumar::archive {
 
@@ -17,8 +17,8 @@ namespace pellumar::archive {
 // file or in the buffer; rewind() takes away the rest.
 class ArchiveOutput {
   public:
-    // Takes over an empty file.
-    explicit ArchiveOutput(File file);
+    // Takes over an empty file. It goes with this unless close() has succeeded.
+    explicit ArchiveOutput(PendingFile file);
 
     // Where the next byte goes.
     [[nodiscard]] std::uint64_t position() const { return written_ + buffer_.size(); }
@@ -32,16 +32,14 @@ class ArchiveOutput {
     // failed append, whose bytes may stand in part behind the end.
     void rewind(std::uint64_t position);
 
-    // Writes out the buffer and closes the file; it is closed in any case.
+    // Writes out the buffer and gives the file its name, see PendingFile::commit. Nothing may
+    // follow.
     [[nodiscard]] Result<> close();
-
-    // Closes the file without a word; the buffer is lost.
-    void abandon();
 
   private:
     [[nodiscard]] Result<> flush();
 
-    File file_;
+    PendingFile file_;
     std::vector<std::uint8_t> buffer_;
     std::uint64_t written_ = 0;  // the file's part of position()
     bool rewound_ = false;       // so that bytes may stand behind

@@ -1,13 +1,10 @@
 #include "archive/writing/ArchiveWriter.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <thread>
 #include <utility>
 
 #include "archive/base/Crc32.h"
-#include "archive/base/File.h"
 #include "archive/format/EntryRecord.h"
 #include "archive/format/ZipFormat.h"
 #include "archive/writing/ArchiveOutput.h"
@@ -77,7 +74,7 @@ class AtExit {
 
 class ArchiveWriter::State {
   public:
-    State(File file, unsigned threads)
+    State(PendingFile file, unsigned threads)
         : output_(std::move(file)),
           threadCount_(threads),
           buffers_(DeflateCompressor::kMostOutput),
@@ -190,26 +187,20 @@ Result<> ArchiveWriter::State::writeChunks(format::EntryRecord& record, std::uin
 Result<> ArchiveWriter::State::close() {
     closed_ = true;
     threads_.stop();
-    if (auto written = directory_.writeTo(output_); !written) {
-        output_.abandon();
-        return written;
-    }
-    return output_.close();
+    auto written = directory_.writeTo(output_);
+    return written ? output_.close() : written;
 }
 
 Result<std::unique_ptr<ArchiveWriter>> ArchiveWriter::create(const std::filesystem::path& path,
+                                                             PendingFile::Existing existing,
                                                              unsigned threads) {
-    auto file = File::createNew(path);
+    auto file = PendingFile::create(path, existing);
     if (!file) {
         return passOn(file);
     }
-    const auto giveUp = [&path](auto& result) {
-        ::unlink(path.c_str());
-        return passOn(result);
-    };
-    auto status = file->status();
+    auto status = file->file().status();
     if (!status) {
-        return giveUp(status);
+        return passOn(status);
     }
     if (threads == 0) {
         threads = std::thread::hardware_concurrency();
@@ -217,16 +208,14 @@ Result<std::unique_ptr<ArchiveWriter>> ArchiveWriter::create(const std::filesyst
     auto state = std::make_unique<State>(std::move(*file), std::clamp(threads, 1U, kMostThreads));
     auto started = state->start({.device = status->st_dev, .inode = status->st_ino});
     if (!started) {
-        return giveUp(started);
+        return passOn(started);
     }
     return std::unique_ptr<ArchiveWriter>(new ArchiveWriter(std::move(state)));
 }
 
 ArchiveWriter::ArchiveWriter(std::unique_ptr<State> state) : state_(std::move(state)) {}
 
-ArchiveWriter::~ArchiveWriter() {
-    static_cast<void>(close());
-}
+ArchiveWriter::~ArchiveWriter() = default;
 
 Result<> ArchiveWriter::addEntry(const Source& source, std::size_t bufferSize) {
     if (state_->isClosed()) {

@@ -9,6 +9,7 @@
 
 #include "archive/base/EntrySource.h"
 #include "archive/base/Error.h"
+#include "archive/writing/PendingFile.h"
 
 namespace pellumar::archive {
 
@@ -19,9 +20,8 @@ class ArchiveWriter {
 
     // `threads` compress at once; 0 means as many as the machine has, up to eight. The bytes of the
     // archive do not depend on it.
-    [[nodiscard]] static Result<std::unique_ptr<ArchiveWriter>> create(
-        const std::filesystem::path& path,
-        unsigned threads = 0);
+    [[nodiscard]] static Result<std::unique_ptr<ArchiveWriter>>
+    create(const std::filesystem::path& path, PendingFile::Existing existing, unsigned threads = 0);
 
     ArchiveWriter(const ArchiveWriter&) = delete;
     ArchiveWriter& operator=(const ArchiveWriter&) = delete;

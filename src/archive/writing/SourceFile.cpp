@@ -22,6 +22,16 @@ bool isSupported(const struct stat& status, const FileIdentity& archive) {
     return !isArchive && (S_ISREG(status.st_mode) || S_ISDIR(status.st_mode));
 }
 
+bool isSame(const timespec& one, const timespec& other) {
+    return one.tv_sec == other.tv_sec && one.tv_nsec == other.tv_nsec;
+}
+
+// The time of change as well: some programs set that of modification back when they have written.
+bool isUnchanged(const struct stat& now, const struct stat& before) {
+    return now.st_size == before.st_size && isSame(now.st_mtim, before.st_mtim) &&
+           isSame(now.st_ctim, before.st_ctim);
+}
+
 }  // namespace
 
 Result<SourceFile> SourceFile::open(const std::filesystem::path& path,
@@ -83,6 +93,13 @@ Result<std::uint32_t> SourceFile::read(std::uint64_t offset,
         crc = crc32(crc, part);
         offset += part.size();
         buffer = buffer.subspan(part.size());
+    }
+    const auto now = file_.status();
+    if (!now) {
+        return unreadable(now.error().systemError);
+    }
+    if (!isUnchanged(*now, status_)) {
+        return failure(ErrorCode::kSourceChanged);
     }
     return crc;
 }

@@ -132,18 +132,20 @@ TEST_F(ArchiveWriterTest, PathsThatAreNoEntryPathsAreRefused) {
 
     EXPECT_TRUE(writer->close());
     EXPECT_EQ(codeOf(writer->addEntry(source("kept"), kReadSize)), ErrorCode::kInvalidArgument);
-    const auto again = ArchiveWriter::create(archivePath());
+    const auto again = ArchiveWriter::create(archivePath(), PendingFile::Existing::kRefuse);
     EXPECT_EQ(again.error().code, ErrorCode::kAlreadyExists);
 }
 
-TEST_F(ArchiveWriterTest, IsClosedByItsEnd) {
+// It used to be finished by its end, as if all had been added.
+TEST_F(ArchiveWriterTest, AnAbandonedArchiveIsGone) {
     put("a", "content");
     {
         auto writer = create();
         ASSERT_TRUE(writer->addEntry(source("a"), kReadSize));
         writer->compressAhead({source("a"), source("a")}, kReadSize);
+        EXPECT_TRUE(fs::is_empty(archives_.path())) << "no half archive stands anywhere";
     }
-    expectSound();
+    EXPECT_TRUE(fs::is_empty(archives_.path()));
 }
 
 TEST_F(ArchiveWriterTest, NamesThatAreNotUtf8StayAsTheyAre) {
