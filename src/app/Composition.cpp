@@ -118,8 +118,12 @@ bool Composition::stop() {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     engineOfEvents_->stop();
     memory_.sync();
-    const QDeadlineTimer deadline(kWait);
-    return backgroundQueue_.waitForDone(kWait) &&
+    return waitForWork(kWait);
+}
+
+bool Composition::waitForWork(std::chrono::milliseconds timeout) {
+    const QDeadlineTimer deadline(timeout);
+    return backgroundQueue_.waitForDone(timeout) &&
            thumbnailProvider_.waitForDone(std::chrono::milliseconds(deadline.remainingTime()));
 }
 

@@ -37,6 +37,9 @@ class Composition {
     // only go after it: the destructor waits as long as it takes.
     [[nodiscard]] bool stop();
 
+    // Waits until nothing is at work in the background; false if it does not come to that in time.
+    [[nodiscard]] bool waitForWork(std::chrono::milliseconds timeout);
+
     [[nodiscard]] AppDelegate& delegate() { return *delegate_; }
     [[nodiscard]] UIWindow& window() { return window_; }
     [[nodiscard]] QQmlEngine& engine() { return engine_; }

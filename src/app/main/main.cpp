@@ -1,18 +1,14 @@
 #include <QCommandLineParser>
 #include <QDir>
-#include <QFile>
 #include <QGuiApplication>
 #include <QQuickStyle>
-#include <QTemporaryDir>
 #include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 #include <optional>
 #include <string>
 
 #include "app/App.h"
 #include "app/Composition.h"
-#include "app/ScreenGallery.h"
 #include "platform/FileUrl.h"
 #include "platform/UserFolders.h"
 #include "platform/desktop/SingleInstance.h"
@@ -24,8 +20,6 @@ namespace {
 
 struct Start {
     QList<QUrl> urls;
-    QString screenshots;
-    bool isSelfTest = false;
 };
 
 // The arguments as text. A path that is none becomes the URL of its file, which keeps every byte.
@@ -46,42 +40,15 @@ Start readCommandLine(const QStringList& arguments) {
     parser.setApplicationDescription("Opens and makes ZIP archives.");
     parser.addHelpOption();
     parser.addVersionOption();
-    parser.addOption({"self-test", "Load every screen; fails if one has a fault."});
-    parser.addOption({"screenshots", "Save a picture of every screen in DIR.", "DIR"});
     parser.addPositionalArgument("archive", "An archive to open", "[ARCHIVE...]");
     parser.process(arguments);
     Start start;
-    start.isSelfTest = parser.isSet("self-test");
-    start.screenshots = parser.value("screenshots");
     for (const QString& argument : parser.positionalArguments()) {
         const QUrl url(argument);
         start.urls.append(
             url.isLocalFile() ? url : fileUrl(QDir().absoluteFilePath(argument).toStdString()));
     }
     return start;
-}
-
-// In folders of their own: a running application keeps its workspace, the user's preferences stay
-// as they are, and no picture shows what is the user's.
-int showAllScreens(const Start& start) {
-    const QTemporaryDir home;
-    if (!home.isValid()) {
-        std::fputs("pellumar-zip: no folder for temporary files\n", stderr);
-        return 1;
-    }
-    qputenv("HOME", QFile::encodeName(home.path()));
-    for (const char* const kind : {"DATA", "CONFIG", "CACHE", "STATE"}) {
-        qputenv(QByteArray("XDG_") + kind + "_HOME", QFile::encodeName(home.filePath(kind)));
-    }
-    // Nobody is using the application: nothing is measured for anybody, nor asked.
-    for (const char* const address : {"PELLUMAR_ANALYTICS_URL", "PELLUMAR_REMOTE_CONFIG_URL"}) {
-        qputenv(address, "");
-    }
-    Composition composition;
-    ScreenGallery gallery(composition);
-    const bool isFine =
-        start.isSelfTest ? gallery.selfTest() : gallery.saveScreenshots(start.screenshots);
-    return isFine ? 0 : 1;
 }
 
 int serve(QGuiApplication& application, SingleInstance& instance, const Start& start) {
@@ -125,9 +92,6 @@ int main(int argc, char** argv) {
     QGuiApplication application(argc, argv);
     registerLayouts();
     const Start start = readCommandLine(textOf(argc, argv));
-    if (start.isSelfTest || !start.screenshots.isEmpty()) {
-        return showAllScreens(start);
-    }
     if (const std::optional<std::string> reason = UserFolders::whyMissing()) {
         std::fprintf(stderr, "pellumar-zip: %s\n", reason->c_str());
         return 1;

@@ -1,0 +1,108 @@
+#include "gallery/Scenes.h"
+
+#include "app/FeedbackViewController.h"
+#include "platform/kit/MBProgressHUD.h"
+#include "platform/kit/UIAlertController.h"
+#include "screens/ConfirmationPopupViewController.h"
+#include "screens/UnzipViewController.h"
+#include "screens/ZipViewController.h"
+
+namespace pellumar::gallery {
+namespace {
+
+void showFeedback(Stage& stage) {
+    const ScreenServices& services = stage.services();
+    const auto feedback = makeController<FeedbackViewController>(
+        services.ui, services.settings, services.analytics, services.review);
+    stage.present(feedback);
+    QObject fourthStar;
+    fourthStar.setProperty("tag", 3);
+    outlet<StarEvaluationView>(feedback->view(), QStringLiteral("starEvaluationView"))
+        ->starSelected(&fourthStar);
+}
+
+// By the road that an archive takes.
+void showResults(Stage& stage) {
+    stage.showHome()->didConfirmUnzip(stage.home().archive());
+    stage.until("the results", [&stage] { return stage.top<UnzipViewController>() != nullptr; });
+}
+
+void showFailure(Stage& stage) {
+    stage.showHome()->didConfirmUnzip(stage.home().file(QStringLiteral("Downloads/gone.zip")));
+    stage.until("the alert", [&stage] { return stage.top<UIAlertController>() != nullptr; });
+}
+
+void showPicker(Stage& stage, const QString& type, bool several) {
+    const ScreenServices& services = stage.services();
+    const auto picker = makeController<UIDocumentPickerViewController>(
+        services.ui, services.documents, QStringList{type}, several);
+    stage.present(picker);
+    picker->placeTapped(static_cast<int>(picker->placeNames().indexOf("Downloads")));
+    stage.settle();
+    if (several) {
+        picker->rowTapped(1);
+        picker->rowTapped(2);
+    }
+}
+
+void showPhotos(Stage& stage) {
+    const ScreenServices& services = stage.services();
+    const auto picker = makeController<PHPickerViewController>(
+        services.ui,
+        services.photos,
+        PHPickerConfiguration{.isBoundToLibrary = true,
+                              .selectionLimit = 100,
+                              .filter = {PHAssetMediaType::kImage, PHAssetMediaType::kVideo}});
+    stage.present(picker);
+    stage.settle();
+    for (const int row : {1, 3, 4}) {
+        picker->assetTapped(row);
+    }
+}
+
+std::shared_ptr<ZipViewController> showComposer(Stage& stage) {
+    auto composer = makeController<ZipViewController>(stage.services());
+    stage.push(composer);
+    return composer;
+}
+
+void showOverlay(Stage& stage) {
+    const auto composer = showComposer(stage);
+    const auto hud = MBProgressHUD::showAddedTo(stage.services().ui, composer->view(), false);
+    hud->setMode(MBProgressHUD::Mode::kAnnularDeterminate);
+    hud->setLabel(QStringLiteral("Compressing files"));
+    hud->setProgress(0.5F);
+    // It lives as long as what it covers.
+    QObject::connect(composer.get(), &QObject::destroyed, [hud] {});
+}
+
+}  // namespace
+
+std::vector<Scene> scenesOn(Stage& stage) {
+    const ScreenServices& with = stage.services();
+    const UIContext& ui = with.ui;
+    const QUrl archive = stage.home().archive();
+    const QUrl invoice = stage.home().file(QStringLiteral("Downloads/Invoice 2026-104.pdf"));
+    // clang-format off
+    return {
+        {"onboarding", [&] { stage.showOnboarding(); }},
+        {"home", [&] { stage.showHome(); }},
+        {"settings", [&] { stage.showSettings(); }},
+        {"feedback", [&] { showFeedback(stage); }},
+        {"popup", [&, archive] { stage.present(makeController<ConfirmationPopupViewController>(ui, archive)); }},
+        {"results", [&] { showResults(stage); }},
+        {"results-empty", [&] { stage.push(makeController<UnzipViewController>(with, QList<QUrl>())); }},
+        {"picker", [&] { showPicker(stage, "public.item", true); }},
+        {"picker-archive", [&] { showPicker(stage, "public.zip-archive", false); }},
+        {"picker-folder", [&] { showPicker(stage, "public.folder", false); }},
+        {"share", [&, archive] { stage.present(makeController<UIActivityViewController>(ui, with.sharing, QList<QUrl>{archive})); }},
+        {"composer", [&] { showComposer(stage); }},
+        {"photos", [&] { showPhotos(stage); }},
+        {"title-alert", [&, invoice] { showComposer(stage)->askTitleForFiles({invoice}); }},
+        {"failure-alert", [&] { showFailure(stage); }},
+        {"overlay", [&] { showOverlay(stage); }},
+    };
+    // clang-format on
+}
+
+}  // namespace pellumar::gallery
