@@ -131,8 +131,8 @@ struct UnzipReport {
 // be). Nothing that stands in `to` is overwritten: that is kAlreadyExists.
 //
 // All that the directory shows is checked before the first byte is written. Files come out with
-// their permissions (set-id and sticky bits excepted) and modification times. With `skipCRC32` the
-// checksums are not verified.
+// their permissions, less the umask (set-id and sticky bits excepted), and modification times. With
+// `skipCRC32` the checksums are not verified.
 //
 // After an error the entries that were finished stay where they are, and no file stands under the
 // name of one that was not. Of several errors the one of the first entry in the archive is told, in

@@ -6,12 +6,10 @@
 #include <sys/stat.h>
 #include <sys/statvfs.h>
 #include <sys/syscall.h>
-#include <sys/xattr.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
-#include <fstream>
 #include <limits>
 
 namespace pellumar::archive {
@@ -20,30 +18,8 @@ namespace {
 
 constexpr int kEnterFlags = O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
 constexpr mode_t kNewFolderMode = 0777;
-constexpr std::uint32_t kAllPermissions = 0777;
 // How many descriptors a cursor may hold; deeper folders are reached from there.
 constexpr std::size_t kMostLevels = 16;
-
-// umask(2) can only be read by changing it, which other threads would feel.
-std::uint32_t readUmask() {
-    std::ifstream status("/proc/self/status");
-    std::string word;
-    while (status >> word) {
-        if (word == "Umask:") {
-            std::uint32_t mask = 0;
-            return status >> std::oct >> mask ? mask : kAllPermissions;
-        }
-    }
-    return kAllPermissions;
-}
-
-// acl(5): where a folder has a default list, that says what new files get instead of the umask, and
-// folders in it inherit the list.
-std::uint32_t bitsTakenIn(const File& folder) {
-    const bool hasDefaultList =
-        ::fgetxattr(folder.descriptor(), "system.posix_acl_default", nullptr, 0) > 0;
-    return hasDefaultList ? kAllPermissions : readUmask();
-}
 
 }  // namespace
 
@@ -55,8 +31,7 @@ Result<DestinationTree> DestinationTree::open(const std::filesystem::path& path)
     if (!root.isOpen()) {
         return systemFailure(ErrorCode::kOpenFailed);
     }
-    const std::uint32_t taken = bitsTakenIn(root);
-    return DestinationTree(std::move(root), taken);
+    return DestinationTree(std::move(root));
 }
 
 Result<File> DestinationTree::enter(int from, std::string_view folder) {

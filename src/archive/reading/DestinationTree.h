@@ -46,15 +46,10 @@ class DestinationTree {
     // The longest name of one component that the file system takes, in bytes.
     [[nodiscard]] std::size_t longestName() const;
 
-    // The bits that the process's umask takes off new files. All of them where that cannot be told,
-    // or the folder's own rules count instead, so that whoever asks sets the permissions once more.
-    [[nodiscard]] std::uint32_t umask() const { return umask_; }
-
   private:
-    DestinationTree(File root, std::uint32_t umask) : root_(std::move(root)), umask_(umask) {}
+    explicit DestinationTree(File root) : root_(std::move(root)) {}
 
     File root_;
-    std::uint32_t umask_ = 0;
 };
 
 // Keeps the folder that was entered last and some of those above it, since neighbours in an archive

@@ -297,7 +297,7 @@ class Extraction {
         if (needsLargeWindow(entry.method, entry.uncompressedSize)) {
             oneLargeWindow.lock();
         }
-        FileSink file(*folder, entry, tree_.umask());
+        FileSink file(*folder, entry);
         if (auto read = readInto(file, data, reader, reading); !read) {
             return read;
         }

@@ -10,11 +10,13 @@
 
 namespace pellumar::archive {
 
-FileSink::FileSink(int folder, const Entry& entry, std::uint32_t umask)
-    : folder_(folder), entry_(entry), umask_(umask), name_(lastComponent(entry.path)) {}
+FileSink::FileSink(int folder, const Entry& entry)
+    : folder_(folder), entry_(entry), name_(lastComponent(entry.path)) {}
 
 FileSink::~FileSink() {
     if (made_ && !finished_) {
+        // A network file system keeps an open file under another name when it is removed.
+        file_ = File();
         ::unlinkat(folder_, name_.c_str(), 0);
     }
 }
@@ -36,10 +38,7 @@ Result<> FileSink::write(ByteView bytes) {
 
 Result<> FileSink::finish(bool* restored) {
     const std::array<timespec, 2> times = {{{.tv_sec = 0, .tv_nsec = UTIME_OMIT}, entry_.modified}};
-    const bool permitted =
-        (entry_.permissions & umask_) == 0 ||
-        ::fchmod(file_.descriptor(), static_cast<mode_t>(entry_.permissions)) == 0;
-    *restored = ::futimens(file_.descriptor(), times.data()) == 0 && permitted;
+    *restored = ::futimens(file_.descriptor(), times.data()) == 0;
     if (auto closed = file_.close(); !closed) {
         return closed;
     }

@@ -16,8 +16,8 @@ namespace pellumar::archive {
 class FileSink final : public DataSink {
   public:
     // Will make the file for `entry` in the folder behind `folder`, a descriptor that stays open as
-    // long as the sink. `umask` are the bits that the process takes off new files.
-    FileSink(int folder, const Entry& entry, std::uint32_t umask);
+    // long as the sink.
+    FileSink(int folder, const Entry& entry);
     FileSink(const FileSink&) = delete;
     FileSink& operator=(const FileSink&) = delete;
     ~FileSink() override;
@@ -25,14 +25,14 @@ class FileSink final : public DataSink {
     // kAlreadyExists if anything stands under the name, a dangling link included.
     [[nodiscard]] Result<> write(ByteView bytes) override;
 
-    // Sets permissions and time and closes. `restored` becomes false if the system refused either:
-    // that is no error, since the data is whole.
+    // Sets the time and closes. `restored` becomes false if the system refused the time: that is no
+    // error, since the data is whole. The permissions are the entry's, less what the user's umask
+    // or the folder's access list takes off new files.
     [[nodiscard]] Result<> finish(bool* restored);
 
   private:
     int folder_;
     const Entry& entry_;
-    std::uint32_t umask_;
     std::string name_;
     File file_;
     bool made_ = false;

@@ -129,12 +129,16 @@ bool FolderMaker::restore(const Entry& entry) {
     }
     const File folder(
         ::openat(*parent, name.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
-    return folder.isOpen() &&
-           ::fchmod(folder.descriptor(), static_cast<mode_t>(entry.permissions)) == 0 && timed;
+    struct stat made {};
+    // What the umask has taken stays taken.
+    return folder.isOpen() && ::fstat(folder.descriptor(), &made) == 0 &&
+           ::fchmod(folder.descriptor(), made.st_mode & static_cast<mode_t>(entry.permissions)) ==
+               0 &&
+           timed;
 }
 
-bool FolderMaker::hasPermissions(const Entry& entry) const {
-    return (entry.permissions & tree_.umask()) == 0 && (entry.permissions & kOwnerAll) == kOwnerAll;
+bool FolderMaker::hasPermissions(const Entry& entry) {
+    return (entry.permissions & kOwnerAll) == kOwnerAll;
 }
 
 }  // namespace pellumar::archive

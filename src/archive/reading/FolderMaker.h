@@ -17,7 +17,7 @@ namespace pellumar::archive {
 // folders' own permissions and times after them. Belongs to one thread.
 class FolderMaker {
   public:
-    explicit FolderMaker(const DestinationTree& tree) : tree_(tree), cursor_(tree) {}
+    explicit FolderMaker(const DestinationTree& tree) : cursor_(tree) {}
 
     // Makes the folders, each after the one that holds it. One that stands there already is taken;
     // kAlreadyExists if something else does.
@@ -45,11 +45,9 @@ class FolderMaker {
     [[nodiscard]] Result<> makeLink(const Entry& entry, const std::string& target);
     void removeLink(const Entry& entry);
     [[nodiscard]] bool restore(const Entry& entry);
-    // Whether mkdir gave it the right permissions, unlike where the umask or the owner's rights
-    // differ.
-    [[nodiscard]] bool hasPermissions(const Entry& entry) const;
+    // Whether mkdir gave it its permissions for good, as the owner keeps all rights.
+    [[nodiscard]] static bool hasPermissions(const Entry& entry);
 
-    const DestinationTree& tree_;
     FolderCursor cursor_;
     std::vector<State> states_;  // of each of the folders
 };
