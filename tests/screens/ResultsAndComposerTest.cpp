@@ -88,69 +88,6 @@ TEST_F(ArchiveScreensTest, SharingAllAsksForARatingOnceHoweverItEnds) {
     EXPECT_TRUE(flag(settings.didRequestKey()));
 }
 
-TEST_F(ArchiveScreensTest, SavedFilesAreEqualAndNothingIsOverwritten) {
-    const QUrl source = file("a.txt");
-    const auto results = push<UnzipViewController>(QList<QUrl>{source});
-    std::filesystem::create_directory(folder / "target");
-    writeFile(folder / "target" / "a.txt", "older");
-    results->shareFile({0, 0});
-    const auto sheet = presented<UIActivityViewController>();
-    EXPECT_EQ(sheet->offeredActivityTypes().first(), activity::kSaveTo);
-    sheet->targetTapped(0);
-    ASSERT_TRUE(presented<UIDocumentPickerViewController>());
-    presented<UIDocumentPickerViewController>()->cancelTapped();
-    sheet->documentPickerDidPickDocuments({fileUrl(folder / "target")});
-    settle();
-    EXPECT_FALSE(presented<UIActivityViewController>());
-    EXPECT_EQ(readText(folder / "target" / "a.txt"), "older");
-    EXPECT_EQ(readText(folder / "target" / "a (2).txt"), "content of a.txt");
-}
-
-// Another application that will look at what it is given some time.
-class PatientTarget : public ShareTarget {
-  public:
-    [[nodiscard]] QString activityType() const override { return "org.pellumar.test.patient"; }
-    [[nodiscard]] QString title() const override { return "Later"; }
-    [[nodiscard]] QString iconName() const override { return "open"; }
-    [[nodiscard]] bool canPerform(const QList<QUrl>& /*urls*/) const override { return true; }
-    void perform(const QList<QUrl>& urls, const Done& done) override {
-        given = urls;
-        done({.isCompleted = true, .error = {}});
-    }
-    QList<QUrl> given;
-};
-
-TEST_F(ArchiveScreensTest, WhatWasSharedOutlivesTheReturnHome) {
-    const auto target = std::make_shared<PatientTarget>();
-    targets.push_back(target);
-    fileSystem.createFolders();
-    const QUrl extracted = file("Documents/outputs/zipOutputs/a.txt");
-    const auto results = push<UnzipViewController>(QList<QUrl>{extracted});
-    file("Documents/outputs/zipOutputs/a.txt");  // again: the home screen was in view before
-    results->shareFile({0, 0});
-    presented<UIActivityViewController>()->targetTapped(1);
-    settle();
-    EXPECT_FALSE(presented<UIActivityViewController>());
-    stack()->popViewController(true);
-    settle();
-    EXPECT_FALSE(std::filesystem::exists(*localPath(extracted)));
-    ASSERT_EQ(target->given.size(), 1);
-    EXPECT_EQ(readText(*localPath(target->given.first())),
-              "content of Documents/outputs/zipOutputs/a.txt");
-}
-
-TEST_F(ArchiveScreensTest, WhatIsNoFileIsNotSaidToBeSaved) {
-    const auto results = push<UnzipViewController>(QList<QUrl>{QUrl("https://host.example/a.txt")});
-    results->shareFile({0, 0});
-    const auto sheet = presented<UIActivityViewController>();
-    ASSERT_TRUE(sheet);
-    sheet->documentPickerDidPickDocuments({fileUrl(folder.path())});
-    settle();
-    EXPECT_EQ(presented<UIActivityViewController>(), sheet);
-    EXPECT_TRUE(sheet->failure().startsWith("a.txt could not be saved:"))
-        << qPrintable(sheet->failure());
-}
-
 TEST_F(ArchiveScreensTest, TitleLosesEveryZipAndTheArchiveIsShared) {
     const auto composer = compose("my.zipper.zip", {file("a.txt")});
     EXPECT_TRUE(composer->hud()->isDeterminate());

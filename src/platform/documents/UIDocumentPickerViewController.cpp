@@ -163,7 +163,11 @@ void UIDocumentPickerViewController::cancelTapped() {
     if (import_) {
         import_->cancel();
     }
-    dismiss(true);
+    dismiss(true, [delegate = delegate_] {
+        if (const auto told = delegate.lock()) {
+            told->documentPickerWasCancelled();
+        }
+    });
 }
 
 bool UIDocumentPickerViewController::goBack() {

@@ -18,8 +18,10 @@ class UIDocumentPickerDelegate {
   public:
     virtual ~UIDocumentPickerDelegate() = default;
 
-    // The copies of what was picked, when the picker has gone. Nothing is said of a cancelled pick.
+    // The copies of what was picked, when the picker has gone.
     virtual void documentPickerDidPickDocuments(const QList<QUrl>& urls) = 0;
+    // The user has picked nothing, and the picker has gone.
+    virtual void documentPickerWasCancelled() {}
 };
 
 // What pickers work with. All of it must outlive them.

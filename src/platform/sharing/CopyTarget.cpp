@@ -21,8 +21,8 @@ QString CopyTarget::iconName() const {
     return QStringLiteral("copy");
 }
 
-bool CopyTarget::canPerform(const QList<QUrl>& urls) const {
-    return !urls.isEmpty();
+bool CopyTarget::canPerform(const ItemSummary& /*summary*/) const {
+    return true;
 }
 
 void CopyTarget::perform(const QList<QUrl>& urls, const Done& done) {
@@ -38,7 +38,7 @@ void CopyTarget::perform(const QList<QUrl>& urls, const Done& done) {
     // What file managers of the GTK family read.
     content->setData(QStringLiteral("x-special/gnome-copied-files"), files);
     QGuiApplication::clipboard()->setMimeData(content);
-    done({.isCompleted = true, .error = {}});
+    done({.isCompleted = true, .notice = QCoreApplication::translate("ShareTarget", "Copied")});
 }
 
 }  // namespace pellumar

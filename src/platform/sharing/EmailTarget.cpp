@@ -4,11 +4,7 @@
 #include <QDBusMetaType>
 #include <QProcess>
 #include <QStandardPaths>
-#include <algorithm>
-#include <filesystem>
-#include <system_error>
 
-#include "platform/FileUrl.h"
 #include "platform/sharing/ActivityType.h"
 #include "platform/sharing/PortalRequest.h"
 #include "platform/sharing/SessionBusNames.h"
@@ -17,12 +13,6 @@ namespace pellumar {
 namespace {
 
 const QString kProgram = QStringLiteral("xdg-email");
-
-bool isFile(const QUrl& url) {
-    std::error_code unknown;
-    const auto path = localPath(url);
-    return path && std::filesystem::is_regular_file(*path, unknown);
-}
 
 void composeByProgram(const QList<QUrl>& urls, const ShareTarget::Done& done) {
     QStringList arguments;
@@ -50,8 +40,8 @@ QString EmailTarget::iconName() const {
     return QStringLiteral("email");
 }
 
-bool EmailTarget::canPerform(const QList<QUrl>& urls) const {
-    return !urls.isEmpty() && std::all_of(urls.begin(), urls.end(), isFile) &&
+bool EmailTarget::canPerform(const ItemSummary& summary) const {
+    return summary.folders == 0 &&
            (!QStandardPaths::findExecutable(kProgram).isEmpty() ||
             isOnSessionBus(QStringLiteral("org.freedesktop.portal.Desktop")));
 }
@@ -62,18 +52,17 @@ void EmailTarget::perform(const QList<QUrl>& urls, const Done& done) {
     for (const QUrl& url : urls) {
         files.append(PortalRequest::openFile(url));
     }
-    PortalRequest::send(
-        QStringLiteral("org.freedesktop.portal.Email"),
-        QStringLiteral("ComposeEmail"),
-        {QString()},
-        {{QStringLiteral("attachment_fds"), QVariant::fromValue(files)}},
-        [urls, done](PortalRequest::Outcome outcome) {
-            if (outcome == PortalRequest::Outcome::kUnavailable) {
-                composeByProgram(urls, done);
-            } else {
-                done({.isCompleted = outcome == PortalRequest::Outcome::kDone, .error = {}});
-            }
-        });
+    PortalRequest::send(QStringLiteral("org.freedesktop.portal.Email"),
+                        QStringLiteral("ComposeEmail"),
+                        {QString()},
+                        {{QStringLiteral("attachment_fds"), QVariant::fromValue(files)}},
+                        [urls, done](PortalRequest::Outcome outcome) {
+                            if (outcome == PortalRequest::Outcome::kUnavailable) {
+                                composeByProgram(urls, done);
+                            } else {
+                                done({.isCompleted = outcome == PortalRequest::Outcome::kDone});
+                            }
+                        });
 }
 
 }  // namespace pellumar

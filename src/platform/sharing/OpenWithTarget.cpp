@@ -31,24 +31,23 @@ QString OpenWithTarget::iconName() const {
     return QStringLiteral("open");
 }
 
-bool OpenWithTarget::canPerform(const QList<QUrl>& urls) const {
-    return urls.size() == 1;
+bool OpenWithTarget::canPerform(const ItemSummary& summary) const {
+    return summary.items.size() == 1;
 }
 
 void OpenWithTarget::perform(const QList<QUrl>& urls, const Done& done) {
     const QUrl& url = urls.first();
-    PortalRequest::send(
-        QStringLiteral("org.freedesktop.portal.OpenURI"),
-        QStringLiteral("OpenFile"),
-        {QString(), QVariant::fromValue(PortalRequest::openFile(url))},
-        {{QStringLiteral("ask"), true}},
-        [url, done](PortalRequest::Outcome outcome) {
-            if (outcome == PortalRequest::Outcome::kUnavailable) {
-                openByDesktop(url, done);
-            } else {
-                done({.isCompleted = outcome == PortalRequest::Outcome::kDone, .error = {}});
-            }
-        });
+    PortalRequest::send(QStringLiteral("org.freedesktop.portal.OpenURI"),
+                        QStringLiteral("OpenFile"),
+                        {QString(), QVariant::fromValue(PortalRequest::openFile(url))},
+                        {{QStringLiteral("ask"), true}},
+                        [url, done](PortalRequest::Outcome outcome) {
+                            if (outcome == PortalRequest::Outcome::kUnavailable) {
+                                openByDesktop(url, done);
+                            } else {
+                                done({.isCompleted = outcome == PortalRequest::Outcome::kDone});
+                            }
+                        });
 }
 
 }  // namespace pellumar

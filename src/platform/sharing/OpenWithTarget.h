@@ -11,7 +11,7 @@ class OpenWithTarget : public ShareTarget {
     [[nodiscard]] QString activityType() const override;
     [[nodiscard]] QString title() const override;
     [[nodiscard]] QString iconName() const override;
-    [[nodiscard]] bool canPerform(const QList<QUrl>& urls) const override;
+    [[nodiscard]] bool canPerform(const ItemSummary& summary) const override;
     void perform(const QList<QUrl>& urls, const Done& done) override;
 };
 

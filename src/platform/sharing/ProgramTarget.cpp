@@ -1,25 +1,19 @@
 #include "platform/sharing/ProgramTarget.h"
 
 #include <QCoreApplication>
-#include <QFileInfo>
 #include <QProcess>
 #include <QStandardPaths>
-#include <algorithm>
 
 namespace pellumar {
 
-bool ProgramTarget::canPerform(const QList<QUrl>& urls) const {
-    const bool isTooMuch = urls.size() > 1 && !description_.takesSeveral;
-    return !urls.isEmpty() && !isTooMuch &&
-           !QStandardPaths::findExecutable(description_.program).isEmpty() &&
-           std::all_of(urls.begin(), urls.end(), [](const QUrl& url) {
-               return QFileInfo(url.toLocalFile()).isFile();
-           });
+bool ProgramTarget::canPerform(const ItemSummary& summary) const {
+    return summary.folders == 0 && (summary.items.size() == 1 || description_.takesSeveral) &&
+           !QStandardPaths::findExecutable(description_.program).isEmpty();
 }
 
 void ProgramTarget::perform(const QList<QUrl>& urls, const Done& done) {
     if (QProcess::startDetached(description_.program, description_.arguments(urls))) {
-        done({.isCompleted = true, .error = {}});
+        done({.isCompleted = true});
     } else {
         done({.isCompleted = false,
               .error = QCoreApplication::translate("ShareTarget", "%1 could not be started")

@@ -26,7 +26,7 @@ class ProgramTarget : public ShareTarget {
     [[nodiscard]] QString activityType() const override { return description_.activityType; }
     [[nodiscard]] QString title() const override { return description_.title; }
     [[nodiscard]] QString iconName() const override { return description_.iconName; }
-    [[nodiscard]] bool canPerform(const QList<QUrl>& urls) const override;
+    [[nodiscard]] bool canPerform(const ItemSummary& summary) const override;
     void perform(const QList<QUrl>& urls, const Done& done) override;
 
   private:

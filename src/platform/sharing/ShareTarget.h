@@ -4,17 +4,25 @@
 #include <QString>
 #include <QUrl>
 #include <functional>
+#include <optional>
+
+#include "platform/sharing/ItemSummary.h"
 
 namespace pellumar {
 
-// One way for files to leave the application. For the main thread.
+// One way for files to leave the application. For the main thread, on which none of it looks at the
+// files.
 class ShareTarget {
   public:
     struct Result {
         // Whether the files were handed on, as far as that can be known.
         bool isCompleted = false;
         // For a person; empty if nothing went wrong.
-        QString error;
+        QString error = {};
+        // What came back in place of the items, if anything did.
+        std::optional<QList<QUrl>> returnedItems = {};
+        // What is to be said when it is done; empty if the user sees it anyway.
+        QString notice = {};
     };
     using Done = std::function<void(const Result& result)>;
 
@@ -25,9 +33,11 @@ class ShareTarget {
     [[nodiscard]] virtual QString title() const = 0;
     // The name of an icon of the theme.
     [[nodiscard]] virtual QString iconName() const = 0;
-    // Whether this works here, and with these files.
-    [[nodiscard]] virtual bool canPerform(const QList<QUrl>& urls) const = 0;
-    // Returns at once; `done` is called exactly once.
+    // Whether this works here, and with these items, of which there is at least one.
+    [[nodiscard]] virtual bool canPerform(const ItemSummary& summary) const = 0;
+    // Whether somebody may still need the files when it is done.
+    [[nodiscard]] virtual bool isReadLater() const { return true; }
+    // Returns at once; `done` is called exactly once, or not at all if the target has gone before.
     virtual void perform(const QList<QUrl>& urls, const Done& done) = 0;
 };
 

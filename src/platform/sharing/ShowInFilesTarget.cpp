@@ -13,8 +13,36 @@ namespace pellumar {
 namespace {
 
 const QString kFileManager = QStringLiteral("org.freedesktop.FileManager1");
+// Some file managers open a window for each.
+constexpr qsizetype kMostSelected = 10;
+
+QStringList addresses(const QList<QUrl>& urls) {
+    QStringList all;
+    for (const QUrl& url : urls) {
+        all.append(QString::fromLatin1(url.toEncoded()));
+    }
+    return all;
+}
+
+QStringList foldersOf(const QList<QUrl>& urls) {
+    QStringList folders;
+    for (const QUrl& url : urls) {
+        const QUrl folder = url.adjusted(QUrl::StripTrailingSlash).adjusted(QUrl::RemoveFilename);
+        folders.append(QString::fromLatin1(folder.toEncoded()));
+    }
+    folders.removeDuplicates();
+    return folders;
+}
 
 }  // namespace
+
+Notice::Action ShowInFilesTarget::noticeAction(const QList<QUrl>& urls) {
+    if (urls.isEmpty() || !isOnSessionBus(kFileManager)) {
+        return {};
+    }
+    return {ShowInFilesTarget().title(),
+            [urls] { ShowInFilesTarget().perform(urls, [](const Result&) {}); }};
+}
 
 QString ShowInFilesTarget::activityType() const {
     return activity::kShowInFiles;
@@ -28,26 +56,27 @@ QString ShowInFilesTarget::iconName() const {
     return QStringLiteral("show");
 }
 
-bool ShowInFilesTarget::canPerform(const QList<QUrl>& urls) const {
-    return !urls.isEmpty() && isOnSessionBus(kFileManager);
+bool ShowInFilesTarget::canPerform(const ItemSummary& /*summary*/) const {
+    return isOnSessionBus(kFileManager);
 }
 
 void ShowInFilesTarget::perform(const QList<QUrl>& urls, const Done& done) {
-    QDBusMessage call =
-        QDBusMessage::createMethodCall(kFileManager,
-                                       QStringLiteral("/org/freedesktop/FileManager1"),
-                                       kFileManager,
-                                       QStringLiteral("ShowItems"));
-    QStringList addresses;
-    for (const QUrl& url : urls) {
-        addresses.append(QString::fromLatin1(url.toEncoded()));
-    }
-    call << addresses << QString();
+    const bool areFew = urls.size() <= kMostSelected;
+    QDBusMessage call = QDBusMessage::createMethodCall(
+        kFileManager,
+        QStringLiteral("/org/freedesktop/FileManager1"),
+        kFileManager,
+        areFew ? QStringLiteral("ShowItems") : QStringLiteral("ShowFolders"));
+    // The folders of many are one, but for namesakes; a window for each of a hundred is no help.
+    call << (areFew ? addresses(urls) : foldersOf(urls).mid(0, kMostSelected)) << QString();
     auto* const answer = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call));
     QObject::connect(answer, &QDBusPendingCallWatcher::finished, answer, [answer, done] {
         answer->deleteLater();
-        const QDBusPendingReply<> reply = *answer;
-        done({.isCompleted = !reply.isError(), .error = reply.error().message()});
+        const bool isShown = !QDBusPendingReply<>(*answer).isError();
+        done({.isCompleted = isShown,
+              .error = isShown ? QString()
+                               : QCoreApplication::translate(
+                                     "ShareTarget", "The file manager could not be opened")});
     });
 }
 

@@ -1,77 +1,43 @@
 #include "platform/sharing/UIActivityViewController.h"
 
-#include <QFileInfo>
-#include <algorithm>
 #include <utility>
 
 #include "platform/DisplayText.h"
-#include "platform/FileUrl.h"
-#include "platform/documents/FileCopy.h"
-#include "platform/documents/UIDocumentInteractionController.h"
-#include "platform/sharing/ActivityType.h"
+#include "platform/kit/Notice.h"
+#include "platform/kit/UIWindow.h"
+#include "platform/sharing/SaveToTarget.h"
 
 namespace pellumar {
-namespace {
-
-// Copies one after the other; the first failure ends it. Only what lies in files of this machine
-// can be saved.
-std::optional<FileCopyError> saveAll(const QList<QUrl>& items,
-                                     const QUrl& folder,
-                                     const DocumentInbox::Import& saving) {
-    const auto isGoingOn = [&saving](std::uint64_t) { return !saving.isCancelled(); };
-    const auto to = localPath(folder);
-    for (const QUrl& item : items) {
-        const auto from = localPath(item);
-        if (!from || !to) {
-            const QUrl& foreign = from ? folder : item;
-            return FileCopyError{foreign.toString().toStdString(),
-                                 std::make_error_code(std::errc::not_supported)};
-        }
-        const auto copied = copyTree(*from, freePath(*to, from->filename()), isGoingOn);
-        if (!copied) {
-            return copied.error();
-        }
-    }
-    return std::nullopt;
-}
-
-}  // namespace
-
-// Saving is listed like the other ways; choosing the folder is the sheet's.
-class UIActivityViewController::SaveTarget : public ShareTarget {
-  public:
-    [[nodiscard]] QString activityType() const override { return activity::kSaveTo; }
-    [[nodiscard]] QString title() const override { return tr("Save to…"); }
-    [[nodiscard]] QString iconName() const override { return QStringLiteral("save"); }
-    [[nodiscard]] bool canPerform(const QList<QUrl>& urls) const override {
-        return !urls.isEmpty();
-    }
-    void perform(const QList<QUrl>& /*urls*/, const Done& done) override { done({}); }
-};
 
 UIActivityViewController::UIActivityViewController(const UIContext& context,
                                                    const SharingServices& services,
                                                    QList<QUrl> activityItems)
-    : UIViewController(context), services_(services), items_(std::move(activityItems)) {
-    setExcludedActivityTypes({});
+    : UIViewController(context), services_(services), items_(std::move(activityItems)) {}
+
+void UIActivityViewController::viewDidLoad() {
+    UIViewController::viewDidLoad();
+    services_.documents.backgroundQueue.async(
+        [self = weakly(this), items = items_, &mainQueue = services_.documents.mainQueue] {
+            mainQueue.async([self, summary = ItemSummary::of(items)] {
+                if (const auto sheet = self.lock()) {
+                    sheet->offer(summary);
+                }
+            });
+        });
 }
 
-UIActivityViewController::~UIActivityViewController() {
-    if (saving_) {
-        saving_->cancel();
-    }
-}
-
-void UIActivityViewController::setExcludedActivityTypes(const QStringList& types) {
-    excluded_ = types;
-    targets_.clear();
-    const auto offer = [this](const std::shared_ptr<ShareTarget>& target) {
-        if (!excluded_.contains(target->activityType()) && target->canPerform(items_)) {
+void UIActivityViewController::offer(const ItemSummary& summary) {
+    summary_ = summary;
+    std::vector<std::shared_ptr<ShareTarget>> all{
+        std::make_shared<SaveToTarget>(weakly(this), context(), services_.documents)};
+    all.insert(all.end(), services_.targets.begin(), services_.targets.end());
+    for (const auto& target : all) {
+        if (!summary.items.isEmpty() && !excluded_.contains(target->activityType()) &&
+            target->canPerform(summary)) {
             targets_.push_back(target);
         }
-    };
-    offer(std::make_shared<SaveTarget>());
-    std::for_each(services_.targets.begin(), services_.targets.end(), offer);
+    }
+    emit summaryChanged();
 }
 
 QStringList UIActivityViewController::offeredActivityTypes() const {
@@ -86,92 +52,55 @@ void UIActivityViewController::targetTapped(int index) {
     if (isBusy_ || index < 0 || static_cast<std::size_t>(index) >= targets_.size()) {
         return;
     }
-    const std::shared_ptr<ShareTarget> target = targets_[static_cast<std::size_t>(index)];
+    isBusy_ = true;
     showFailure({});
-    if (target->activityType() == activity::kSaveTo) {
-        chooseFolder();
+    const std::shared_ptr<ShareTarget> target = targets_[static_cast<std::size_t>(index)];
+    if (!target->isReadLater()) {
+        perform(*target, summary_->items);
         return;
     }
-    isBusy_ = true;
     // A folder with many files takes a moment.
     services_.documents.backgroundQueue.async([self = weakly(this),
                                                target,
-                                               items = items_,
+                                               items = summary_->items,
                                                &shared = services_.sharedItems,
                                                &mainQueue = services_.documents.mainQueue] {
         mainQueue.async([self, target, kept = shared.keep(items)] {
             if (const auto sheet = self.lock()) {
-                sheet->perform(target, kept);
+                sheet->perform(*target, kept);
             }
         });
     });
 }
 
-void UIActivityViewController::perform(const std::shared_ptr<ShareTarget>& target,
-                                       const QList<QUrl>& kept) {
-    const auto self = weakly(this);
-    target->perform(kept, [self, target](const ShareTarget::Result& result) {
-        const auto sheet = self.lock();
-        if (!sheet) {
-            return;
-        }
-        sheet->isBusy_ = false;
-        if (result.isCompleted) {
-            sheet->finish(target->activityType(), true);
-        } else {
-            sheet->showFailure(result.error);
-        }
-    });
+void UIActivityViewController::perform(ShareTarget& target, const QList<QUrl>& items) {
+    target.perform(
+        items,
+        [self = weakly(this), type = target.activityType()](const ShareTarget::Result& result) {
+            if (const auto sheet = self.lock()) {
+                sheet->end(type, result);
+            }
+        });
 }
 
-void UIActivityViewController::chooseFolder() {
-    const auto picker = makeController<UIDocumentPickerViewController>(
-        context(), services_.documents, QStringList{QStringLiteral("public.folder")}, false);
-    picker->setDelegate(weakly(this));
-    present(picker, true);
-}
-
-void UIActivityViewController::documentPickerDidPickDocuments(const QList<QUrl>& urls) {
-    if (!urls.isEmpty()) {
-        save(urls.first());
+void UIActivityViewController::end(const QString& activityType, const ShareTarget::Result& result) {
+    if (isFinished_) {
+        return;
     }
-}
-
-void UIActivityViewController::save(const QUrl& folder) {
-    isBusy_ = true;
-    hud_ = MBProgressHUD::showAddedTo(context(), view(), true);
-    hud_->setLabel(tr("Saving"));
-    saving_ = std::make_shared<DocumentInbox::Import>();
-    const auto finished = [self = weakly(this)](const std::optional<FileCopyError>& error) {
-        const auto sheet = self.lock();
-        if (!sheet) {
-            return;
+    isBusy_ = false;
+    if (result.isCompleted) {
+        if (!result.notice.isEmpty() && window() != nullptr) {
+            Notice::show(context(), *window(), result.notice);
         }
-        sheet->isBusy_ = false;
-        sheet->hud_->hide(true);
-        if (error) {
-            sheet->showFailure(tr("%1 could not be saved: %2")
-                                   .arg(QString::fromStdString(error->path.filename().string()),
-                                        QString::fromStdString(error->reason.message())));
-        } else {
-            sheet->finish(activity::kSaveTo, true);
-        }
-    };
-    services_.documents.backgroundQueue.async([items = items_,
-                                               folder,
-                                               saving = saving_,
-                                               finished,
-                                               &mainQueue = services_.documents.mainQueue] {
-        const std::optional<FileCopyError> error = saveAll(items, folder, *saving);
-        mainQueue.async([finished, error] { finished(error); });
-    });
+        finish(activityType, result);
+    } else if (!result.error.isEmpty()) {
+        failed_ = activityType;
+        showFailure(result.error);
+    }
 }
 
 void UIActivityViewController::cancelTapped() {
-    if (saving_ && isBusy_) {
-        saving_->cancel();
-    }
-    finish(std::nullopt, false);
+    finish(failure_.isEmpty() ? std::nullopt : failed_, {.error = failure_});
 }
 
 bool UIActivityViewController::goBack() {
@@ -179,10 +108,19 @@ bool UIActivityViewController::goBack() {
     return true;
 }
 
-void UIActivityViewController::finish(const std::optional<QString>& activityType, bool completed) {
-    dismiss(true, [handler = std::exchange(handler_, {}), activityType, completed] {
+void UIActivityViewController::finish(const std::optional<QString>& activityType,
+                                      const ShareTarget::Result& result) {
+    if (std::exchange(isFinished_, true)) {
+        return;
+    }
+    // With them goes what one of them is still saving.
+    targets_.clear();
+    dismiss(true, [handler = std::exchange(handler_, {}), activityType, result] {
         if (handler) {
-            handler(activityType, completed, std::nullopt, std::nullopt);
+            handler(activityType,
+                    result.isCompleted,
+                    result.returnedItems,
+                    result.error.isEmpty() ? std::nullopt : std::optional(result.error));
         }
     });
 }
@@ -195,29 +133,35 @@ void UIActivityViewController::showFailure(const QString& failure) {
 }
 
 QString UIActivityViewController::heading() const {
-    if (items_.isEmpty()) {
+    const QList<QUrl>& shown = summary_ && !summary_->items.isEmpty() ? summary_->items : items_;
+    if (shown.isEmpty()) {
         return tr("Nothing to share");
     }
-    return items_.size() == 1 ? items_.first().fileName() : tr("%1 items").arg(items_.size());
+    return shown.size() == 1 ? shown.first().fileName() : tr("%1 items").arg(shown.size());
 }
 
 QString UIActivityViewController::detail() const {
-    // Thousands would take long, and nobody adds them up.
-    constexpr qsizetype kMostSummed = 200;
-    qint64 bytes = 0;
-    for (const QUrl& url : items_.first(std::min(items_.size(), kMostSummed))) {
-        const QFileInfo info(url.toLocalFile());
-        if (!info.isFile()) {
-            return items_.size() == 1 && info.isDir() ? tr("Folder") : QString();
-        }
-        bytes += info.size();
+    if (!summary_ || items_.isEmpty()) {
+        return summary_ ? QString() : tr("One moment…");
     }
-    return items_.isEmpty() || items_.size() > kMostSummed ? QString() : sizeText(bytes);
+    if (summary_->items.isEmpty()) {
+        return items_.size() == 1 ? tr("This file is no longer there.")
+                                  : tr("These files are no longer there.");
+    }
+    QStringList parts;
+    if (summary_->folders == 0) {
+        parts.append(sizeText(summary_->bytes));
+    } else if (items_.size() == 1) {
+        parts.append(tr("Folder"));
+    }
+    if (summary_->missing > 0) {
+        parts.append(tr("%1 more no longer there").arg(summary_->missing));
+    }
+    return parts.join(", ");
 }
 
 QString UIActivityViewController::iconName() const {
-    return items_.isEmpty() ? QStringLiteral("share")
-                            : UIDocumentInteractionController(items_.first()).icons().last();
+    return summary_ && !summary_->iconName.isEmpty() ? summary_->iconName : QStringLiteral("share");
 }
 
 QStringList UIActivityViewController::titles() const {

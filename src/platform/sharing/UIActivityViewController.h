@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "platform/documents/UIDocumentPickerViewController.h"
-#include "platform/kit/MBProgressHUD.h"
 #include "platform/kit/UIViewController.h"
+#include "platform/sharing/ItemSummary.h"
 #include "platform/sharing/ShareTarget.h"
 #include "platform/sharing/SharedItems.h"
 
@@ -24,23 +24,24 @@ struct SharingServices {
     const SharedItems& sharedItems;
 };
 
-// The share sheet: shows files and the ways that they can leave. Saving them into a folder of the
-// user's is its own; the other ways come from the services.
-class UIActivityViewController : public pellumar::UIViewController,
-                                 public UIDocumentPickerDelegate {
+// The share sheet: shows files and the ways that they can leave: saving them into a folder of the
+// user's, and what the services have beside that. What is no longer there is not offered; to know,
+// the items are looked at in the background, and the ways come when that is done.
+class UIActivityViewController : public pellumar::UIViewController {
     Q_OBJECT
-    Q_DISABLE_COPY_MOVE(UIActivityViewController)
     QML_ELEMENT
     QML_UNCREATABLE("Made in C++")
-    Q_PROPERTY(QString heading READ heading CONSTANT)
-    Q_PROPERTY(QString detail READ detail CONSTANT)
-    Q_PROPERTY(QString iconName READ iconName CONSTANT)
-    Q_PROPERTY(QStringList titles READ titles CONSTANT)
-    Q_PROPERTY(QStringList icons READ icons CONSTANT)
+    Q_PROPERTY(QString heading READ heading NOTIFY summaryChanged)
+    Q_PROPERTY(QString detail READ detail NOTIFY summaryChanged)
+    Q_PROPERTY(QString iconName READ iconName NOTIFY summaryChanged)
+    Q_PROPERTY(QStringList titles READ titles NOTIFY summaryChanged)
+    Q_PROPERTY(QStringList icons READ icons NOTIFY summaryChanged)
     Q_PROPERTY(QString failure READ failure NOTIFY failureChanged)
 
   public:
-    // `activityType` is nothing if none was chosen. No target of ours changes the items.
+    // `activityType` is what was done, or has failed last when the sheet was closed without;
+    // nothing if neither was. `returnedItems` are the saved files of a saving, nothing otherwise.
+    // `error` is what has failed, for a person.
     using CompletionWithItems = std::function<void(const std::optional<QString>& activityType,
                                                    bool completed,
                                                    const std::optional<QList<QUrl>>& returnedItems,
@@ -49,10 +50,9 @@ class UIActivityViewController : public pellumar::UIViewController,
     UIActivityViewController(const UIContext& context,
                              const SharingServices& services,
                              QList<QUrl> activityItems);
-    ~UIActivityViewController() override;
 
     // Before the view is loaded.
-    void setExcludedActivityTypes(const QStringList& types);
+    void setExcludedActivityTypes(const QStringList& types) { excluded_ = types; }
     [[nodiscard]] const QStringList& excludedActivityTypes() const { return excluded_; }
     // Where a popover is anchored, in the presenting view. Phones have none.
     void setPopoverSourceRect(const QRectF& rect) { sourceRect_ = rect; }
@@ -63,15 +63,13 @@ class UIActivityViewController : public pellumar::UIViewController,
     }
 
     [[nodiscard]] const QList<QUrl>& activityItems() const { return items_; }
-    // The kinds that the sheet offers, in its order.
+    // The kinds that the sheet offers, in its order; none before the items have been looked at.
     [[nodiscard]] QStringList offeredActivityTypes() const;
 
     // A target by its position; another tap while one works does nothing.
     Q_INVOKABLE void targetTapped(int index);
     Q_INVOKABLE void cancelTapped();
     bool goBack() override;
-
-    void documentPickerDidPickDocuments(const QList<QUrl>& urls) override;
 
     [[nodiscard]] QString heading() const;
     [[nodiscard]] QString detail() const;
@@ -81,15 +79,17 @@ class UIActivityViewController : public pellumar::UIViewController,
     [[nodiscard]] QString failure() const { return failure_; }
 
   signals:
+    void summaryChanged();
     void failureChanged();
 
-  private:
-    class SaveTarget;
+  protected:
+    void viewDidLoad() override;
 
-    void perform(const std::shared_ptr<ShareTarget>& target, const QList<QUrl>& kept);
-    void chooseFolder();
-    void save(const QUrl& folder);
-    void finish(const std::optional<QString>& activityType, bool completed);
+  private:
+    void offer(const ItemSummary& summary);
+    void perform(ShareTarget& target, const QList<QUrl>& items);
+    void end(const QString& activityType, const ShareTarget::Result& result);
+    void finish(const std::optional<QString>& activityType, const ShareTarget::Result& result);
     void showFailure(const QString& failure);
 
     const SharingServices services_;
@@ -98,11 +98,13 @@ class UIActivityViewController : public pellumar::UIViewController,
     QStringList excluded_;
     std::optional<QRectF> sourceRect_;
     CompletionWithItems handler_;
-    std::shared_ptr<MBProgressHUD> hud_;
-    // Set while files are saved; a sheet that goes stops that.
-    std::shared_ptr<DocumentInbox::Import> saving_;
+    // Nothing before the items have been looked at.
+    std::optional<ItemSummary> summary_;
+    // What has failed last, and why.
+    std::optional<QString> failed_;
     QString failure_;
     bool isBusy_ = false;
+    bool isFinished_ = false;
 };
 
 }  // namespace pellumar
