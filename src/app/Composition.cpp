@@ -66,7 +66,7 @@ Composition::Composition()
       thumbnails_(ThumbnailStore::standardFolder(), Thumbnailers(Thumbnailers::standardFolders())),
       photoLibrary_(PHPhotoLibrary::standardFolders()),
       images_(thumbnails_),
-      inbox_(DocumentInbox::standardFolder(), mainQueue_, backgroundQueue_),
+      inbox_(DocumentInbox::standardFolder(), mainQueue_, folderQueue_),
       sharedItems_(SharedItems::standardFolder()),
       review_(memory_,
               opener_,
@@ -81,9 +81,14 @@ Composition::Composition()
                .settings = settings_,
                .analytics = analytics_,
                .fileSystem = fileSystem_,
-               .jobs = {fileSystem_, analytics_, console_, mainQueue_, backgroundQueue_},
-               .documents = {inbox_, mainQueue_, backgroundQueue_, memory_},
-               .photos = {photoLibrary_, images_, mainQueue_, backgroundQueue_},
+               .jobs = {.fileSystem = fileSystem_,
+                        .analytics = analytics_,
+                        .console = console_,
+                        .mainQueue = mainQueue_,
+                        .backgroundQueue = backgroundQueue_,
+                        .originals = inbox_.originals()},
+               .documents = {inbox_, mainQueue_, folderQueue_, memory_},
+               .photos = {photoLibrary_, images_, mainQueue_, folderQueue_},
                .sharing = {screens_.documents, targets_, sharedItems_},
                .review = review_,
                .sleep = sleep_,
@@ -124,6 +129,7 @@ bool Composition::stop() {
 bool Composition::waitForWork(std::chrono::milliseconds timeout) {
     const QDeadlineTimer deadline(timeout);
     return backgroundQueue_.waitForDone(timeout) &&
+           folderQueue_.waitForDone(std::chrono::milliseconds(deadline.remainingTime())) &&
            thumbnailProvider_.waitForDone(std::chrono::milliseconds(deadline.remainingTime()));
 }
 

@@ -48,6 +48,7 @@ class Composition {
 
   private:
     static constexpr int kWorkNiceness = 5;
+    static constexpr int kFoldersAtOnce = 32;
 
     void fillStoryboard();
     void followAppearance();
@@ -68,6 +69,8 @@ class Composition {
     // Behind the window, whose frames must not wait for archive work. It goes, with its work,
     // before what stands above, which that works with.
     GlobalDispatchQueue backgroundQueue_{kWorkNiceness};
+    // For the user's folders, which may be on a network and hang: apart, so that no job waits.
+    GlobalDispatchQueue folderQueue_{kWorkNiceness, kFoldersAtOnce};
     DocumentInbox inbox_;
     const SharedItems sharedItems_;
     DesktopUrlOpener opener_;

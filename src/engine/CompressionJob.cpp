@@ -101,8 +101,14 @@ bool CompressionJob::addFile(const std::optional<EntrySource>& source, const QUr
                                                        archive::kDefaultWriteChunkSize);
     if (!added) {
         fail(added.error());
+        return false;
     }
-    return added.has_value();
+    if (environment_.originals &&
+        !environment_.originals->isUnchanged(source->base / source->path)) {
+        fail({.code = ErrorCode::kSourceChanged, .entry = source->path});
+        return false;
+    }
+    return true;
 }
 
 void CompressionJob::closeArchive() {

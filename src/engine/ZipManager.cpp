@@ -46,11 +46,15 @@ std::optional<QList<QUrl>> stage(const std::vector<std::shared_ptr<const Image>>
     return FileSystem::contents(*folder);
 }
 
-Result<QList<QUrl>> extract(const QUrl& archive, const QUrl& to, JobDiagnostics* diagnostics) {
+Result<QList<QUrl>> extract(const Environment& environment, const QUrl& archive, const QUrl& to) {
     const std::optional<path> source = localPath(archive);
     const std::optional<path> destination = localPath(to);
     if (!source || !destination) {
         return archive::failure(ErrorCode::kInvalidArgument);
+    }
+    if (environment.originals && !environment.originals->isUnchanged(*source)) {
+        return archive::Failure(
+            Error{.code = ErrorCode::kSourceChanged, .entry = source->filename().native()});
     }
     std::error_code error;
     std::filesystem::create_directories(*destination, error);
@@ -63,8 +67,8 @@ Result<QList<QUrl>> extract(const QUrl& archive, const QUrl& to, JobDiagnostics*
     if (!report) {
         return archive::passOn(report);
     }
-    if (diagnostics != nullptr && !report->warnings.empty()) {
-        diagnostics->jobWarned(archive, report->warnings);
+    if (environment.diagnostics != nullptr && !report->warnings.empty()) {
+        environment.diagnostics->jobWarned(archive, report->warnings);
     }
     std::optional<QList<QUrl>> files = FileSystem::contents(*destination);
     if (!files) {
@@ -82,7 +86,7 @@ struct ExtractionJob {
     std::optional<QList<QUrl>> files;
 
     void run() {
-        Result<QList<QUrl>> extracted = extract(archive, destination, environment.diagnostics);
+        Result<QList<QUrl>> extracted = extract(environment, archive, destination);
         if (extracted) {
             files = *std::move(extracted);
             return;

@@ -16,6 +16,7 @@
 #include "platform/Console.h"
 #include "platform/DispatchQueue.h"
 #include "platform/Image.h"
+#include "platform/Originals.h"
 
 namespace pellumar {
 
@@ -38,6 +39,8 @@ class ZipManager : public std::enable_shared_from_this<ZipManager> {
         DispatchQueue& backgroundQueue;
         // May be null.
         JobDiagnostics* diagnostics = nullptr;
+        // Of files that may have changed since they were picked. May be null.
+        std::shared_ptr<const Originals> originals = nullptr;
     };
 
     using ArchiveCompletion = std::function<void(std::optional<QUrl>)>;
@@ -55,9 +58,9 @@ class ZipManager : public std::enable_shared_from_this<ZipManager> {
     // becomes an entry at the root of the archive under its own name; of a folder the entry is
     // empty.
     //
-    // If a file cannot be added the others are, the completion gets nothing, and what has been
-    // written stays. If the archive cannot even be created, the job passes all files over and
-    // completes with the URL all the same.
+    // If a file cannot be added, or was changed since it was picked, the others are; the completion
+    // gets nothing, and what has been written stays. If the archive cannot even be created, the job
+    // passes all files over and completes with the URL all the same.
     void zip(const QList<QUrl>& urls, const QString& title, ArchiveCompletion completion);
 
     // The same with pictures, which are staged as JPEG files first ("0.jpg", "1.jpg", ...). What is

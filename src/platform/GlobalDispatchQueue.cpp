@@ -45,8 +45,11 @@ class WorkRunnable : public QRunnable {
 
 }  // namespace
 
-GlobalDispatchQueue::GlobalDispatchQueue(int niceness) : niceness_(niceness) {
-    threads_.setMaxThreadCount(std::max(2, QThread::idealThreadCount()));
+GlobalDispatchQueue::GlobalDispatchQueue(int niceness)
+    : GlobalDispatchQueue(niceness, std::max(2, QThread::idealThreadCount())) {}
+
+GlobalDispatchQueue::GlobalDispatchQueue(int niceness, int threads) : niceness_(niceness) {
+    threads_.setMaxThreadCount(threads);
 }
 
 GlobalDispatchQueue::~GlobalDispatchQueue() {

@@ -16,6 +16,9 @@ namespace pellumar {
 class GlobalDispatchQueue : public DispatchQueue {
   public:
     explicit GlobalDispatchQueue(int niceness = 0);
+    // With this many pieces at once instead: for work that mostly waits, and may hang, as a look
+    // into a folder on a network does. What hangs holds up nothing else while there are fewer.
+    GlobalDispatchQueue(int niceness, int threads);
     ~GlobalDispatchQueue() override;
     GlobalDispatchQueue(const GlobalDispatchQueue&) = delete;
     GlobalDispatchQueue& operator=(const GlobalDispatchQueue&) = delete;

@@ -271,6 +271,44 @@ TEST_F(ZipManagerTest, TheFlagIsReadWhenTheJobEnds) {
     EXPECT_TRUE(events().isEmpty());
 }
 
+// What was picked is not copied, so it can be edited before it is read, or while it is.
+TEST_F(ZipManagerTest, WhatWasChangedSinceItWasPickedFailsByName) {
+    const auto originals = std::make_shared<Originals>();
+    const auto pick = [&](const QUrl& url) {
+        const fs::path link = folder_ / ("picked " + localPath(url)->filename().string());
+        struct stat status {};
+        EXPECT_EQ(::stat(localPath(url)->c_str(), &status), 0);
+        fs::create_symlink(*localPath(url), link);
+        originals->note(link, status);
+        return fileUrl(link);
+    };
+    ZipManager::Environment knowing = environment(mainQueue_, backgroundQueue_);
+    knowing.originals = originals;
+    manager_ = ZipManager::create(knowing);
+    const QUrl kept = pick(file("kept"));
+    const QUrl edited = pick(file("edited"));
+    manager_->zip({kept}, "T", archive_.completion());
+    settle();
+    EXPECT_TRUE(archive_.value);
+    manager_->zip({edited, kept}, "T", archive_.completion());
+    const auto time = fs::last_write_time(folder_ / "in" / "edited");
+    file("edited", "TEXT");
+    fs::last_write_time(folder_ / "in" / "edited", time);
+    settle();
+    EXPECT_FALSE(archive_.value);
+    const QUrl archive = pick(archiveOf({"a", "b"}));
+    manager_->unzip(archive, files_.completion());
+    settle();
+    EXPECT_TRUE(files_.value);
+    test::writeFile(folder_ / "made.zip", "other");
+    manager_->unzip(archive, files_.completion());
+    settle();
+    EXPECT_FALSE(files_.value);
+    EXPECT_EQ(
+        diagnostics_.errors,
+        (std::vector{archive::ErrorCode::kSourceChanged, archive::ErrorCode::kSourceChanged}));
+}
+
 TEST_F(ZipManagerTest, ExtractsIntoANewFolderAndListsItsTop) {
     fileSystem_.clearWorkspace();
     const QUrl archive = archiveOf({"folder/deep/a", "folder/b", ".hidden", "top"});

@@ -58,7 +58,7 @@ std::string_view describe(ErrorCode code) {
         case ErrorCode::kSourceNotSupported:
             return "source is neither a file nor a folder";
         case ErrorCode::kSourceChanged:
-            return "source is not as long as it claims";
+            return "source has changed, or is not as long as it claims";
     }
     return "unknown error";
 }

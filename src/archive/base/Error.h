@@ -47,7 +47,7 @@ enum class ErrorCode : std::uint8_t {
     // A file on its way into an archive.
     kSourceUnreadable,
     kSourceNotSupported,  // a FIFO, a socket, a device
-    kSourceChanged,       // its size is not what the system says
+    kSourceChanged,       // it is not what it was, or not as long as the system says
 };
 
 struct Error {

@@ -1,7 +1,12 @@
 #include "platform/documents/DocumentInbox.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <QUuid>
 #include <algorithm>
+#include <cerrno>
 #include <string>
 #include <system_error>
 #include <utility>
@@ -10,6 +15,7 @@
 #include "platform/FileUrl.h"
 #include "platform/UserFolders.h"
 #include "platform/documents/FileCopy.h"
+#include "platform/documents/FileNames.h"
 
 namespace pellumar {
 namespace {
@@ -20,13 +26,12 @@ std::string newName() {
     return QUuid::createUuid().toString(QUuid::WithoutBraces).toStdString();
 }
 
-QString describe(const FileCopyError& error) {
-    return QString::fromStdString(error.path.filename().string() + ": " + error.reason.message());
+QString describe(const fs::path& item, const std::error_code& reason) {
+    return QString::fromStdString(lastComponent(item) + ": " + reason.message());
 }
 
-// The last component, also of a folder whose URL ends with a slash.
-fs::path nameOf(const fs::path& path) {
-    return path.has_filename() ? path.filename() : path.parent_path().filename();
+std::error_code lastImportError() {
+    return {errno, std::generic_category()};
 }
 
 // Reports at most a hundred times, however small the steps.
@@ -56,31 +61,87 @@ class Meter {
 
 // One import as the background sees it.
 struct Task {
+    using Copies = tl::expected<QList<QUrl>, QString>;
+
     fs::path folder;
     QList<QUrl> items;
+    std::shared_ptr<Originals> originals;
     std::shared_ptr<DocumentInbox::Import> import;
 
-    [[nodiscard]] tl::expected<QList<QUrl>, QString> run(Meter& meter) const {
-        QList<QUrl> copies;
+    [[nodiscard]] Copies run(DispatchQueue& queue, const DocumentInbox::Progress& progress) const {
         std::error_code failure;
+        fs::create_directories(folder, failure);
+        if (failure) {
+            return tl::unexpected(describe(folder, failure));
+        }
+        std::vector<fs::path> paths;
+        std::uint64_t total = 0;
         for (const QUrl& item : items) {
-            const auto from = localPath(item);
-            const fs::path place = folder / std::to_string(copies.size());
-            fs::create_directories(place, failure);
-            if (!from || failure) {
+            const auto path = localPath(item);
+            if (!path) {
                 return tl::unexpected(item.toDisplayString());
             }
-            const fs::path to = place / nameOf(*from);
-            const auto copied = copyTree(*from, to, [&](std::uint64_t bytes) {
-                meter.add(bytes);
-                return !import->isCancelled();
-            });
-            if (!copied) {
-                return tl::unexpected(describe(copied.error()));
+            // What was picked may be a link; what is meant is the thing behind it.
+            paths.push_back(fs::canonical(*path, failure));
+            if (failure) {
+                return tl::unexpected(describe(*path, failure));
+            }
+            total += fs::is_directory(paths.back()) ? treeSize(paths.back()) : 0;
+        }
+        Meter meter(total, queue, progress);
+        return take(paths, meter);
+    }
+
+    void removeAll() const {
+        std::error_code ignored;
+        fs::remove_all(folder, ignored);
+    }
+
+  private:
+    [[nodiscard]] Copies take(const std::vector<fs::path>& paths, Meter& meter) const {
+        QList<QUrl> copies;
+        DistinctNames names;
+        for (std::size_t i = 0; i < paths.size() && !import->isCancelled(); ++i) {
+            std::error_code failure;
+            const bool isFolder = fs::is_directory(paths[i], failure);
+            const auto picked = localPath(items[static_cast<qsizetype>(i)]);
+            const fs::path to = folder / names.take(lastComponent(*picked), isFolder);
+            if (isFolder) {
+                const auto copied = copyTree(paths[i], to, [&](std::uint64_t bytes) {
+                    meter.add(bytes);
+                    return !import->isCancelled();
+                });
+                failure = copied ? std::error_code() : copied.error().reason;
+            } else {
+                failure = takeFile(paths[i], to);
+            }
+            if (failure) {
+                return tl::unexpected(describe(*picked, failure));
             }
             copies.append(fileUrl(to));
         }
         return copies;
+    }
+
+    // Without copying a byte: the user waits for none of it, and it needs no room.
+    [[nodiscard]] std::error_code takeFile(const fs::path& from, const fs::path& to) const {
+        // A pipe must not hold us up.
+        const int number = ::open(from.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+        if (number < 0) {
+            return lastImportError();
+        }
+        std::error_code failure;
+        struct stat status {};
+        if (::fstat(number, &status) != 0) {
+            failure = lastImportError();
+        } else if (!S_ISREG(status.st_mode)) {
+            failure = make_error_code(std::errc::invalid_argument);
+        } else if (!shareBlocks(number, to)) {
+            originals->note(to, status);
+            fs::create_symlink(from, to, failure);
+        }
+        ::close(number);
+        return failure;
     }
 };
 
@@ -122,25 +183,22 @@ std::shared_ptr<DocumentInbox::Import> DocumentInbox::import(const QList<QUrl>& 
                                                              Progress progress,
                                                              Completion completion) {
     auto import = std::make_shared<Import>();
-    const Task task{folder_ / newName(), items, import};
+    const Task task{folder_ / newName(), items, originals_, import};
     backgroundQueue_.async([task,
                             &mainQueue = mainQueue_,
+                            &backgroundQueue = backgroundQueue_,
                             progress = std::move(progress),
                             completion = std::move(completion)] {
-        std::uint64_t total = 0;
-        for (const QUrl& item : task.items) {
-            const auto path = localPath(item);
-            total += path ? treeSize(*path) : 0;
-        }
-        Meter meter(total, mainQueue, progress);
-        auto copies = task.run(meter);
+        auto copies = task.run(mainQueue, progress);
         if (!copies || task.import->isCancelled()) {
-            std::error_code ignored;
-            fs::remove_all(task.folder, ignored);
+            task.removeAll();
         }
-        mainQueue.async([import = task.import, completion, copies = std::move(copies)] {
-            if (!import->isCancelled()) {
+        mainQueue.async([task, &backgroundQueue, completion, copies = std::move(copies)] {
+            if (!task.import->isCancelled()) {
                 completion(copies);
+            } else if (copies) {
+                // Cancelled when all had been done, and nobody had been told yet.
+                backgroundQueue.async([task] { task.removeAll(); });
             }
         });
     });

@@ -11,6 +11,8 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/documents/FileNames.h"
+
 namespace pellumar {
 namespace {
 
@@ -174,6 +176,26 @@ tl::expected<void, FileCopyError> copyInto(const fs::path& from,
 
 }  // namespace
 
+bool shareBlocks(int from, const fs::path& to) {
+    struct stat status {};
+    if (::fstat(from, &status) != 0) {
+        return false;
+    }
+    const mode_t mode = (status.st_mode & 0777) | S_IWUSR;
+    Descriptor target(::open(to.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
+    if (!target.isOpen()) {
+        return false;
+    }
+    const timespec times[] = {status.st_atim, status.st_mtim};
+    if (::ioctl(target.number(), FICLONE, from) == 0 && ::futimens(target.number(), times) == 0 &&
+        target.close()) {
+        return true;
+    }
+    std::error_code ignored;
+    fs::remove(to, ignored);
+    return false;
+}
+
 tl::expected<void, FileCopyError> copyTree(const fs::path& from,
                                            const fs::path& to,
                                            const FileCopyProgress& progress) {
@@ -227,10 +249,7 @@ std::uint64_t treeSize(const fs::path& path) {
 fs::path freePath(const fs::path& folder, const fs::path& name) {
     fs::path path = folder / name;
     for (int number = 2; fs::exists(fs::symlink_status(path)); ++number) {
-        fs::path other = name.stem();
-        other += " (" + std::to_string(number) + ")";
-        other += name.extension();
-        path = folder / other;
+        path = folder / numberedName(name.string(), number);
     }
     return path;
 }

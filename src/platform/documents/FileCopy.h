@@ -30,10 +30,15 @@ using FileCopyProgress = std::function<bool(std::uint64_t bytes)>;
                                                          const std::filesystem::path& to,
                                                          const FileCopyProgress& progress);
 
+// Makes a copy of the open file `from` at `to`, where nothing stands yet, that takes no room and no
+// time. False if the file system cannot do that: then nothing is left at `to`.
+[[nodiscard]] bool shareBlocks(int from, const std::filesystem::path& to);
+
 // The bytes that copyTree would copy; what cannot be read counts nothing.
 [[nodiscard]] std::uint64_t treeSize(const std::filesystem::path& path);
 
-// `folder` / `name`, or the first of "name (2).ext", "name (3).ext", … that does not exist.
+// `folder` / `name`, or the first of "name (2).ext", "name (3).ext", … that does not exist; see
+// numberedName().
 [[nodiscard]] std::filesystem::path freePath(const std::filesystem::path& folder,
                                              const std::filesystem::path& name);
 

@@ -6,6 +6,8 @@
 #include <QFile>
 #include <QImageReader>
 #include <QStorageInfo>
+#include <QThread>
+#include <algorithm>
 #include <array>
 
 #include "platform/FileUrl.h"
@@ -68,7 +70,8 @@ QImage decode(const fs::path& path) {
 
 }  // namespace
 
-FileImageManager::FileImageManager(const ThumbnailStore& posters) : posters_(posters) {
+FileImageManager::FileImageManager(const ThumbnailStore& posters)
+    : posters_(posters), decoding_(std::max(2, QThread::idealThreadCount())) {
     QImageReader::setAllocationLimit(kLargestImageMb);
 }
 
@@ -89,6 +92,8 @@ void FileImageManager::requestImage(const PHAsset& asset,
                                     const ImageAnswer& answer) {
     QImage image;
     if (isReachable(asset, options)) {
+        decoding_.acquire();
+        const QSemaphoreReleaser turn(decoding_);
         if (asset.mediaType == PHAssetMediaType::kImage) {
             image = decode(asset.file);
         }

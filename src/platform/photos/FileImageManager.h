@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QSemaphore>
+
 #include "platform/documents/ThumbnailStore.h"
 #include "platform/photos/PHImageManager.h"
 
@@ -19,14 +21,15 @@ class FileImageManager : public PHImageManager {
     void requestVideo(const PHAsset& video,
                       PHRequestOptions options,
                       const FileAnswer& answer) override;
-    // One answer. Formats that Qt cannot read come as large as the desktop's thumbnailers make
-    // them.
+    // One answer. As images are large, only some are made at a time. Formats that Qt cannot read
+    // come as large as the desktop's thumbnailers make them.
     void requestImage(const PHAsset& asset,
                       PHRequestOptions options,
                       const ImageAnswer& answer) override;
 
   private:
     const ThumbnailStore& posters_;
+    QSemaphore decoding_;
 };
 
 }  // namespace pellumar

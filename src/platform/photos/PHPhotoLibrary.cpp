@@ -2,10 +2,8 @@
 
 #include <sys/stat.h>
 
-#include <QHash>
 #include <QMimeDatabase>
 #include <QStandardPaths>
-#include <QUrl>
 #include <algorithm>
 #include <system_error>
 #include <unordered_set>
@@ -57,11 +55,6 @@ std::optional<PHAsset> assetOf(const fs::path& file, PHAssetMediaType type) {
                    static_cast<qint64>(status.st_mtim.tv_sec)};
 }
 
-bool isInside(const fs::path& path, const fs::path& folder) {
-    return std::mismatch(folder.begin(), folder.end(), path.begin(), path.end()).first ==
-           folder.end();
-}
-
 }  // namespace
 
 PHPhotoLibrary::PHPhotoLibrary(std::vector<fs::path> folders) : folders_(std::move(folders)) {}
@@ -106,19 +99,18 @@ std::vector<PHAsset> PHPhotoLibrary::fetchAssets(const std::atomic<bool>& isCanc
     std::stable_sort(assets.begin(), assets.end(), [](const PHAsset& one, const PHAsset& other) {
         return one.changed > other.changed;
     });
+    const std::lock_guard lock(mutex_);
+    known_.clear();
+    for (const PHAsset& asset : assets) {
+        known_.insert(asset.localIdentifier, asset);
+    }
     return assets;
 }
 
 std::optional<PHAsset> PHPhotoLibrary::fetchAsset(const QString& localIdentifier) const {
-    const auto file = localPath(QUrl::fromEncoded(localIdentifier.toLatin1(), QUrl::StrictMode));
-    if (!file || file->lexically_normal() != *file) {
-        return std::nullopt;
-    }
-    const auto holds = [&file](const fs::path& folder) { return isInside(*file, folder); };
-    if (std::none_of(folders_.begin(), folders_.end(), holds)) {
-        return std::nullopt;
-    }
-    return assetOf(*file, MediaTypes().of(*file));
+    const std::lock_guard lock(mutex_);
+    const auto found = known_.constFind(localIdentifier);
+    return found == known_.cend() ? std::nullopt : std::optional(*found);
 }
 
 }  // namespace pellumar

@@ -32,6 +32,14 @@ class DocumentInboxTest : public testing::Test {
         mainQueue.runAll();
     }
 
+    [[nodiscard]] std::vector<fs::path> copiedPaths() const {
+        std::vector<fs::path> paths;
+        for (const QUrl& url : **copies) {
+            paths.push_back(localPath(url).value_or(fs::path()));
+        }
+        return paths;
+    }
+
     TemporaryFolder folder;
     ManualDispatchQueue mainQueue;
     ManualDispatchQueue backgroundQueue;
@@ -40,31 +48,74 @@ class DocumentInboxTest : public testing::Test {
     std::optional<Copies> copies;
 };
 
-TEST_F(DocumentInboxTest, CopiesEqualNamesInThePickedOrder) {
-    fs::create_directories(folder / "a" / "same");
+TEST_F(DocumentInboxTest, TakesEqualNamesApartInThePickedOrder) {
+    fs::create_directories(folder / "a" / "same.d");
     fs::create_directories(folder / "b");
-    writeFile(folder / "a" / "same" / "inner", "folder");
-    writeFile(folder / "b" / "same", "file");
-    fs::create_symlink(folder / "b" / "same", folder / "caf\xe9 100%.txt");
-    QUrl withSlash = fileUrl(folder / "a" / "same");
+    writeFile(folder / "a" / "same.d" / "inner", "folder");
+    writeFile(folder / "b" / "same.d", "file");
+    writeFile(folder / "b" / "Caf\xe9 100%.TXT", "other file");
+    fs::create_symlink(folder / "b" / "same.d", folder / "caf\xe9 100%.txt");
+    QUrl withSlash = fileUrl(folder / "a" / "same.d");
     withSlash.setPath(withSlash.path() + '/');
-    import({withSlash, fileUrl(folder / "caf\xe9 100%.txt"), fileUrl(folder / "b" / "same")});
+    import({withSlash,
+            fileUrl(folder / "caf\xe9 100%.txt"),
+            fileUrl(folder / "b" / "same.d"),
+            fileUrl(folder / "b" / "Caf\xe9 100%.TXT")});
     EXPECT_FALSE(copies.has_value());
     runAll();
     ASSERT_TRUE(copies && copies->has_value());
-    std::vector<fs::path> paths;
-    for (const QUrl& url : **copies) {
-        paths.push_back(localPath(url).value_or(fs::path()));
-    }
-    ASSERT_EQ(paths.size(), 3U);
+    const std::vector<fs::path> paths = copiedPaths();
+    ASSERT_EQ(paths.size(), 4U);
+    EXPECT_EQ(paths[0].filename(), "same.d");
     EXPECT_EQ(readText(paths[0] / "inner"), "folder");
-    EXPECT_EQ(paths[0].filename(), "same");
     EXPECT_EQ(paths[1].filename(), "caf\xe9 100%.txt");
-    EXPECT_TRUE(fs::is_regular_file(fs::symlink_status(paths[1])));
+    EXPECT_EQ(readText(paths[1]), "file");
+    EXPECT_EQ(paths[2].filename(), "same (2).d");
     EXPECT_EQ(readText(paths[2]), "file");
+    EXPECT_EQ(paths[3].filename(), "Caf\xe9 100% (2).TXT");
+    EXPECT_EQ(readText(paths[3]), "other file");
     ASSERT_FALSE(progress.empty());
     EXPECT_TRUE(std::is_sorted(progress.begin(), progress.end()));
     EXPECT_EQ(progress.back(), 1.0);
+}
+
+// A user who zipped 2 GB waited for them to be copied first, and needed room for them twice.
+TEST_F(DocumentInboxTest, TakesNoRoomAndKnowsWhetherAFileIsStillTheOnePicked) {
+    constexpr std::uintmax_t kSize = std::uintmax_t{1} << 40U;
+    writeFile(folder / "large", "");
+    fs::resize_file(folder / "large", kSize);
+    for (const char* const name : {"kept", "edited", "replaced", "gone"}) {
+        writeFile(folder / name, "text");
+    }
+    import({fileUrl(folder / "large"),
+            fileUrl(folder / "kept"),
+            fileUrl(folder / "edited"),
+            fileUrl(folder / "replaced"),
+            fileUrl(folder / "gone")});
+    runAll();
+    ASSERT_TRUE(copies && copies->has_value());
+    const std::vector<fs::path> paths = copiedPaths();
+    EXPECT_EQ(fs::file_size(paths[0]), kSize);
+    const auto originals = inbox.originals();
+    const auto changed = [&originals](const fs::path& copy) {
+        return !originals->isUnchanged(copy);
+    };
+    EXPECT_EQ(std::count_if(paths.begin(), paths.end(), changed), 0);
+    // Of the same length, and with its time set back.
+    const auto time = fs::last_write_time(folder / "edited");
+    writeFile(folder / "edited", "TEXT");
+    fs::last_write_time(folder / "edited", time);
+    writeFile(folder / "new", "text");
+    fs::rename(folder / "new", folder / "replaced");
+    fs::remove(folder / "gone");
+    EXPECT_TRUE(originals->isUnchanged(paths[1]));
+    for (const std::size_t one : {2U, 3U, 4U}) {
+        // A file system that copies without writing has given a copy that nothing changes.
+        const bool isLink = fs::is_symlink(fs::symlink_status(paths[one]));
+        EXPECT_EQ(changed(paths[one]), isLink) << paths[one];
+        EXPECT_TRUE(isLink || readText(paths[one]) == "text") << paths[one];
+    }
+    EXPECT_TRUE(originals->isUnchanged(folder / "gone")) << "was never noted";
 }
 
 TEST_F(DocumentInboxTest, FailureNamesTheItemAndKeepsNone) {
@@ -73,6 +124,7 @@ TEST_F(DocumentInboxTest, FailureNamesTheItemAndKeepsNone) {
     runAll();
     ASSERT_TRUE(copies && !copies->has_value());
     EXPECT_TRUE(copies->error().contains("gone.txt"));
+    EXPECT_FALSE(copies->error().contains("cache"));
     EXPECT_TRUE(!fs::exists(folder / "cache" / "Inbox") ||
                 fs::is_empty(folder / "cache" / "Inbox"));
 }
@@ -92,6 +144,8 @@ TEST_F(DocumentInboxTest, CancelledImportSaysNothing) {
     late->cancel();
     mainQueue.runAll();
     EXPECT_FALSE(copies.has_value());
+    runAll();
+    EXPECT_TRUE(fs::is_empty(folder / "cache" / "Inbox"));
 }
 
 TEST_F(DocumentInboxTest, ClearTakesWhatEarlierRunsLeft) {
