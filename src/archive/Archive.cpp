@@ -88,6 +88,9 @@ Entry Archive::operator[](std::size_t index) const {
 
 const Warnings& Archive::warnings() const {
     static const Warnings kNone;
+    if (writer_) {
+        return writer_->warnings();
+    }
     return reader_ ? reader_->warnings() : kNone;
 }
 

@@ -46,9 +46,10 @@ class Archive {
     // ---- Making an archive
 
     // Adds the file or folder `base`/`path` as the entry `path`, with its permissions and its
-    // modification time. A folder becomes an entry of its own; what is in it is not added. A
-    // symbolic link is followed. `bufferSize` (4 KiB to 1 MiB; others are taken for the nearest) is
-    // the size of one read from the source.
+    // modification time. A "\" in it, or a beginning like that of a drive ("C:x"), would lead
+    // elsewhere on other systems: such a name is made portable, with a warning. A folder becomes an
+    // entry of its own; what is in it is not added. A symbolic link is followed. `bufferSize` (4
+    // KiB to 1 MiB; others are taken for the nearest) is the size of one read from the source.
     //
     // On an error nothing of this entry is in the archive, and the next may be added; after
     // kNoSpace or kWriteFailed that will fail as well unless room is made. kInvalidArgument if the
@@ -109,7 +110,7 @@ class Archive {
     [[nodiscard]] std::size_t size() const;
     [[nodiscard]] Entry operator[](std::size_t index) const;
 
-    // What was odd about the archive when it was opened.
+    // What was odd about the archive when it was opened; about what was added, while it is made.
     [[nodiscard]] const Warnings& warnings() const;
 
   private:

@@ -120,6 +120,9 @@ void CompressionJob::closeArchive() {
         fail(closed.error());
         success_ = false;
     }
+    if (environment_.diagnostics != nullptr && !archive_->warnings().empty()) {
+        environment_.diagnostics->jobWarned(archiveUrl_, archive_->warnings());
+    }
     archive_.reset();
 }
 

@@ -17,7 +17,7 @@ class JobDiagnostics {
     // succeed in spite of it.
     virtual void jobFailed(const QUrl& archive, const archive::Error& error) = 0;
 
-    // `archive` was extracted, though not without oddities.
+    // `archive` was extracted or made, though not without oddities.
     virtual void jobWarned(const QUrl& archive, const archive::Warnings& warnings) = 0;
 };
 

@@ -18,6 +18,10 @@ std::string_view describe(WarningCode code) {
             return "set-id or sticky bits dropped";
         case WarningCode::kMetadataNotRestored:
             return "time or permissions not restored";
+        case WarningCode::kUnlistedEntry:
+            return "entry that the directory does not list, passed over";
+        case WarningCode::kNameMadePortable:
+            return "name made portable";
     }
     return "unknown warning";
 }

@@ -11,11 +11,13 @@ namespace pellumar::archive {
 enum class WarningCode : std::uint8_t {
     kBytesBeforeArchive,
     kBytesAfterArchive,
-    kDuplicatePath,       // an earlier entry of this path was passed over for a later one
-    kLegacyCharset,       // the name was not UTF-8 and was read by a vote over all names
-    kSpecialFile,         // a device, FIFO or socket; its data came out as a regular file
-    kSetIdBitsDropped,    // set-user-id, set-group-id or sticky
-    kMetadataNotRestored  // the system refused its time or permissions
+    kDuplicatePath,        // an earlier entry of this path was passed over for a later one
+    kLegacyCharset,        // the name was not UTF-8 and was read by a vote over all names
+    kSpecialFile,          // a device, FIFO or socket; its data came out as a regular file
+    kSetIdBitsDropped,     // set-user-id, set-group-id or sticky
+    kMetadataNotRestored,  // the system refused its time or permissions
+    kUnlistedEntry,        // an entry that the directory does not list stands in a gap
+    kNameMadePortable      // "\" or a drive in front became letters that look like it
 };
 
 struct Warning {

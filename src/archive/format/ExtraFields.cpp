@@ -5,18 +5,25 @@
 
 namespace pellumar::archive::format {
 
+std::optional<ExtraField> takeExtraField(ByteView& extra) {
+    if (extra.size() < kExtraFieldHeaderSize) {
+        return std::nullopt;
+    }
+    const auto size = loadLittleEndian<std::uint16_t>(extra, 2);
+    if (size > extra.size() - kExtraFieldHeaderSize) {
+        return std::nullopt;
+    }
+    const ExtraField field{.identifier = loadLittleEndian<std::uint16_t>(extra, 0),
+                           .data = extra.subspan(kExtraFieldHeaderSize, size)};
+    extra = extra.subspan(kExtraFieldHeaderSize + size);
+    return field;
+}
+
 std::optional<ByteView> findExtraField(ByteView extra, std::uint16_t identifier) {
-    while (extra.size() >= kExtraFieldHeaderSize) {
-        const auto id = loadLittleEndian<std::uint16_t>(extra, 0);
-        const auto size = loadLittleEndian<std::uint16_t>(extra, 2);
-        extra = extra.subspan(kExtraFieldHeaderSize);
-        if (size > extra.size()) {
-            return std::nullopt;
+    while (const auto field = takeExtraField(extra)) {
+        if (field->identifier == identifier) {
+            return field->data;
         }
-        if (id == identifier) {
-            return extra.first(size);
-        }
-        extra = extra.subspan(size);
     }
     return std::nullopt;
 }

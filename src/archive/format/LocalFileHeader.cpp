@@ -15,8 +15,9 @@ bool matchesForm(ByteView bytes,
                  std::uint64_t uncompressedSize) {
     return bytes.size() >= sizeof(std::uint32_t) + 2 * sizeof(T) &&
            loadLittleEndian<std::uint32_t>(bytes) == crc32 &&
-           loadLittleEndian<T>(bytes, sizeof(std::uint32_t)) == compressedSize &&
-           loadLittleEndian<T>(bytes, sizeof(std::uint32_t) + sizeof(T)) == uncompressedSize;
+           loadLittleEndian<T>(bytes, sizeof(std::uint32_t)) == static_cast<T>(compressedSize) &&
+           loadLittleEndian<T>(bytes, sizeof(std::uint32_t) + sizeof(T)) ==
+               static_cast<T>(uncompressedSize);
 }
 
 }  // namespace
@@ -41,8 +42,9 @@ Result<LocalFileHeader> LocalFileHeader::parse(ByteView bytes, std::uint64_t fil
     const std::size_t nameSize = loadLittleEndian<std::uint16_t>(bytes, 26);
     const std::size_t extraSize = loadLittleEndian<std::uint16_t>(bytes, 28);
     header.name = bytes.subspan(kLocalFileHeaderSize, nameSize);
+    header.extra = bytes.subspan(kLocalFileHeaderSize + nameSize, extraSize);
 
-    Zip64Values zip64(bytes.subspan(kLocalFileHeaderSize + nameSize, extraSize));
+    Zip64Values zip64(header.extra);
     if (!zip64.resolve(header.uncompressedSize) || !zip64.resolve(header.compressedSize)) {
         return failure(ErrorCode::kHeaderMismatch, fileOffset);
     }

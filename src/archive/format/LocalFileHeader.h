@@ -7,7 +7,7 @@
 
 namespace pellumar::archive::format {
 
-// A local file header as it was read (APPNOTE 4.3.7), its ZIP64 field resolved. The view points
+// A local file header as it was read (APPNOTE 4.3.7), its ZIP64 field resolved. The views point
 // into the bytes that were parsed.
 struct LocalFileHeader {
     std::uint16_t flags = 0;
@@ -16,6 +16,7 @@ struct LocalFileHeader {
     std::uint64_t compressedSize = 0;
     std::uint64_t uncompressedSize = 0;
     ByteView name;
+    ByteView extra;
 
     // The length of the whole record, given its fixed part (kLocalFileHeaderSize bytes).
     [[nodiscard]] static std::size_t recordSize(ByteView fixedPart);
@@ -26,7 +27,7 @@ struct LocalFileHeader {
 };
 
 // Whether a data descriptor with these values stands at the front of `bytes`, in any of its four
-// forms (4.3.9).
+// forms (4.3.9). Of a size that is over 4 GiB the forms of 32 bits hold what fits.
 [[nodiscard]] bool matchesDataDescriptor(ByteView bytes,
                                          std::uint32_t crc32,
                                          std::uint64_t compressedSize,

@@ -31,6 +31,11 @@ class BackgroundSink final : public DataSink {
     // The next free piece, waiting until there is one.
     [[nodiscard]] MutableBytes room() override;
 
+    // Asked of the target at once, which may be written to meanwhile.
+    [[nodiscard]] Result<> expectMore(std::uint64_t bytes) override {
+        return target_.expectMore(bytes);
+    }
+
     // `bytes` lie at the front of what room() gave last. An error is that of an earlier piece.
     [[nodiscard]] Result<> write(ByteView bytes) override;
 

@@ -13,8 +13,10 @@
 #include "archive/codecs/Decoder.h"
 #include "archive/format/CentralDirectoryHeader.h"
 #include "archive/format/EntryPath.h"
+#include "archive/format/ExtraFields.h"
 #include "archive/format/ZipFormat.h"
 #include "archive/reading/NameDecoder.h"
+#include "archive/reading/SignatureSearch.h"
 
 namespace pellumar::archive {
 
@@ -24,6 +26,9 @@ using namespace format;
 
 // Holds the largest header there can be: fixed part and three fields of 65,535 bytes.
 constexpr std::size_t kDirectoryWindow = 256UL * 1024;
+
+// What the offsets and sizes of a header without ZIP64 field leave off a larger value.
+constexpr std::uint64_t k32Bits = std::uint64_t{kMax32} + 1;
 
 constexpr std::uint32_t kDefaultFilePermissions = 0644;
 constexpr std::uint32_t kDefaultFolderPermissions = 0755;
@@ -37,7 +42,8 @@ constexpr std::uint32_t kUnixExtension = 0x8000;
 using HeaderHandler = std::function<Result<>(const CentralDirectoryHeader&, std::uint64_t offset)>;
 
 // Calls `handle` for each header of the directory in turn; its views lead into `window` and are
-// valid during the call.
+// valid during the call. Bytes that belong to no header would be read differently by different
+// tools, so all of the directory has to be headers.
 Result<> forEachHeader(const File& file,
                        const DirectoryLocation& location,
                        MutableBytes window,
@@ -56,14 +62,13 @@ Result<> forEachHeader(const File& file,
         return rest.size() >= kCentralDirectoryHeaderSize &&
                rest.size() >= CentralDirectoryHeader::recordSize(rest);
     };
-    for (std::uint64_t i = 0; i < location.entryCount; ++i) {
+    for (std::uint64_t used = 0; used < location.size;) {
         if (!holdsHeader()) {
             if (auto filled = refill(); !filled) {
                 return filled;
             }
         }
-        const std::uint64_t offset = location.offset + windowOffset +
-                                     static_cast<std::uint64_t>(rest.data() - window.data());
+        const std::uint64_t offset = location.offset + used;
         auto header = CentralDirectoryHeader::parse(rest, offset);
         if (!header) {
             return passOn(header);
@@ -71,15 +76,17 @@ Result<> forEachHeader(const File& file,
         if (auto handled = handle(*header, offset); !handled) {
             return handled;
         }
-        rest = rest.subspan(CentralDirectoryHeader::recordSize(rest));
-    }
-    // Bytes that belong to no header would be read differently by different tools.
-    const std::uint64_t used =
-        windowOffset + static_cast<std::uint64_t>(rest.data() - window.data());
-    if (location.entryCount > 0 && used != location.size) {
-        return failure(ErrorCode::kDamagedDirectory, location.offset + used);
+        const std::size_t size = CentralDirectoryHeader::recordSize(rest);
+        rest = rest.subspan(size);
+        used += size;
     }
     return {};
+}
+
+// Whether the directory holds as many headers as the archive says, as far as its field can say it.
+bool isClaimed(std::uint64_t headers, const DirectoryLocation& location) {
+    return (location.countModulo == 0 ? headers : headers % location.countModulo) ==
+           location.entryCount;
 }
 
 RawName rawNameOf(const CentralDirectoryHeader& header) {
@@ -128,7 +135,9 @@ void setTypeAndPermissions(const CentralDirectoryHeader& header,
 }
 
 // What a single header shows to be impossible or not to be had.
-std::optional<ErrorCode> refusalOf(const CentralDirectoryHeader& header, const Entry& entry) {
+std::optional<ErrorCode> refusalOf(const CentralDirectoryHeader& header,
+                                   const Entry& entry,
+                                   bool sizesAreCut) {
     if ((header.flags & (kFlagEncrypted | kFlagStrongEncryption | kFlagMaskedHeader)) != 0) {
         return ErrorCode::kEncrypted;
     }
@@ -138,24 +147,38 @@ std::optional<ErrorCode> refusalOf(const CentralDirectoryHeader& header, const E
     if (!isSupportedMethod(header.method) || (header.flags & kFlagPatchData) != 0) {
         return ErrorCode::kUnsupportedMethod;
     }
+    if (isAmbiguous(rawNameOf(header))) {
+        return ErrorCode::kUnsafeName;
+    }
     const bool folderWithData = entry.type == EntryType::kFolder && header.uncompressedSize != 0;
     const bool storedOtherwise =
         header.method == kMethodStored && header.compressedSize != header.uncompressedSize;
     if (folderWithData || storedOtherwise ||
-        header.uncompressedSize > mostUncompressedSize(header.method, header.compressedSize)) {
+        (!sizesAreCut &&
+         header.uncompressedSize > mostUncompressedSize(header.method, header.compressedSize))) {
         return ErrorCode::kSizeMismatch;
     }
     return std::nullopt;
 }
 
+// Whether an entry of an archive without ZIP64 can be so much longer than it says that its size did
+// not fit into the header. Decoders of other methods need to know the size.
+bool mayBeLonger(const CentralDirectoryHeader& header) {
+    return header.method == kMethodDeflate &&
+           mostUncompressedSize(header.method, header.compressedSize) >=
+               header.uncompressedSize + k32Bits &&
+           !findExtraField(header.extra, kExtraZip64);
+}
+
 // Turns the headers into the table.
 class TableBuilder {
   public:
-    TableBuilder(const DirectoryLocation& location,
+    TableBuilder(const File& file,
+                 const DirectoryLocation& location,
                  const NameDecoder& names,
                  std::size_t entries,
                  std::size_t namesSize)
-        : location_(location), names_(names) {
+        : file_(file), location_(location), names_(names) {
         table_.expect(entries, namesSize);
     }
 
@@ -167,24 +190,28 @@ class TableBuilder {
         }
         EntryData data;
         setTypeAndPermissions(header, path->isFolder, data);
-        if (const auto reason = refusalOf(header, data.entry)) {
+        if (const auto reason = refusalOf(header, data.entry, location_.cutTo32Bits)) {
             return Failure(Error{.code = *reason, .entry = name.text, .offset = offset});
         }
-        if (path->path.empty()) {
-            return {};
-        }
-        if (header.localHeaderOffset > location_.offset - location_.archiveStart) {
+        const auto localHeader = localHeaderOf(header);
+        if (!localHeader) {
             return Failure(
                 Error{.code = ErrorCode::kDamagedDirectory, .entry = name.text, .offset = offset});
         }
+        if (path->path.empty()) {
+            table_.addNameless(*localHeader);
+            return {};
+        }
         keepNames(header, path->path, data);
         data.flags = header.flags;
+        data.namedAsFolder = path->isFolder;
+        data.sizesMayBeCut = location_.cutTo32Bits || (!location_.zip64 && mayBeLonger(header));
         data.legacyName = name.legacy;
         data.entry.method = header.method;
         data.entry.crc32 = header.crc32;
         data.entry.compressedSize = header.compressedSize;
         data.entry.uncompressedSize = header.uncompressedSize;
-        data.entry.localHeaderOffset = location_.archiveStart + header.localHeaderOffset;
+        data.entry.localHeaderOffset = *localHeader;
         const auto exact = modificationTimeIn(header.extra);
         data.entry.modified = exact ? *exact : fromDosDateTime(header.modified);
         table_.add(data);
@@ -194,6 +221,34 @@ class TableBuilder {
     EntryTable take() { return std::move(table_); }
 
   private:
+    // Where in the file the local header is; nothing if that cannot be.
+    [[nodiscard]] std::optional<std::uint64_t> localHeaderOf(
+        const CentralDirectoryHeader& header) const {
+        std::uint64_t offset = header.localHeaderOffset;
+        if (offset > location_.offset - location_.archiveStart) {
+            return std::nullopt;
+        }
+        if (!location_.cutTo32Bits) {
+            return location_.archiveStart + offset;
+        }
+        // One of the places that the 32 bits may mean, known by its name.
+        while (offset < location_.offset && !beginsEntry(header, offset)) {
+            offset += k32Bits;
+        }
+        return offset < location_.offset ? std::optional(offset) : std::nullopt;
+    }
+
+    [[nodiscard]] bool beginsEntry(const CentralDirectoryHeader& header,
+                                   std::uint64_t offset) const {
+        std::vector<std::uint8_t> bytes(kLocalFileHeaderSize + header.name.size());
+        return file_.readExactlyAt(offset, bytes) &&
+               loadLittleEndian<std::uint32_t>(bytes) == kLocalFileHeaderSignature &&
+               std::equal(header.name.begin(),
+                          header.name.end(),
+                          bytes.begin() + kLocalFileHeaderSize,
+                          bytes.end());
+    }
+
     // Keeps the name once where the path is a part of it, which it nearly always is.
     void keepNames(const CentralDirectoryHeader& header, std::string_view path, EntryData& data) {
         data.rawName = table_.keep(textOf(header.name));
@@ -202,16 +257,29 @@ class TableBuilder {
             at == std::string_view::npos ? table_.keep(path) : data.rawName.substr(at, path.size());
     }
 
+    const File& file_;
     const DirectoryLocation& location_;
     const NameDecoder& names_;
     EntryTable table_;
     std::string pathStorage_;
 };
 
+// Gives sizes of which only the lower 32 bits are known their true value, as far as the room that
+// the entry has shows it.
+void restoreSizes(Entry& entry, std::uint64_t room) {
+    const std::uint64_t missing = (room - entry.compressedSize) / k32Bits * k32Bits;
+    entry.compressedSize += missing;
+    if (entry.method == kMethodStored) {
+        entry.uncompressedSize = entry.compressedSize;
+    }
+}
+
 // Gives every entry the end of its slot and refuses those whose data cannot be within it. The local
 // header's extra fields are not known yet, so this is what the directory shows; the rest is checked
 // against the slot when that is read.
-Result<> assignSlots(EntryTable& table, std::uint64_t directoryOffset) {
+//
+// Returns where the first entry begins.
+Result<std::uint64_t> assignSlots(EntryTable& table, const DirectoryLocation& location) {
     std::vector<std::size_t> order(table.size());
     std::iota(order.begin(), order.end(), std::size_t{0});
     const auto before = [&table](std::size_t a, std::size_t b) {
@@ -220,12 +288,16 @@ Result<> assignSlots(EntryTable& table, std::uint64_t directoryOffset) {
     if (!std::is_sorted(order.begin(), order.end(), before)) {
         std::stable_sort(order.begin(), order.end(), before);
     }
-    std::uint64_t slotEnd = directoryOffset;
+    std::uint64_t slotEnd = location.offset;
     for (std::size_t i = order.size(); i-- > 0;) {
         EntryData& data = table[order[i]];
-        const Entry& entry = data.entry;
+        Entry& entry = data.entry;
         const std::uint64_t slot = slotEnd - entry.localHeaderOffset;
-        const std::uint64_t header = kLocalFileHeaderSize + data.rawName.size();
+        // The local name may be in another, shorter charset.
+        const std::uint64_t header = kLocalFileHeaderSize;
+        if (location.cutTo32Bits && slot >= header && slot - header > entry.compressedSize) {
+            restoreSizes(entry, slot - header);
+        }
         if (slot < header || slot - header < entry.compressedSize) {
             return Failure(Error{.code = ErrorCode::kOverlap,
                                  .entry = std::string(entry.path),
@@ -234,7 +306,7 @@ Result<> assignSlots(EntryTable& table, std::uint64_t directoryOffset) {
         data.slotEnd = slotEnd;
         slotEnd = entry.localHeaderOffset;
     }
-    return {};
+    return slotEnd;
 }
 
 }  // namespace
@@ -248,22 +320,26 @@ Result<EntryTable> readCentralDirectory(const File& file,
     const MutableBytes window(storage.get(), size);
     NameDecoder names;
     std::size_t namesSize = 0;
-    auto considered = forEachHeader(
-        file,
-        location,
-        window,
-        [&names, &namesSize](const CentralDirectoryHeader& header, std::uint64_t) -> Result<> {
-            names.consider(rawNameOf(header));
-            namesSize += header.name.size();
-            return {};
-        });
+    std::size_t headers = 0;
+    auto considered =
+        forEachHeader(file,
+                      location,
+                      window,
+                      [&](const CentralDirectoryHeader& header, std::uint64_t) -> Result<> {
+                          names.consider(rawNameOf(header));
+                          ++headers;
+                          namesSize += header.name.size();
+                          return {};
+                      });
     if (!considered) {
         return passOn(considered);
     }
+    if (!isClaimed(headers, location)) {
+        return failure(ErrorCode::kDamagedDirectory, location.offset);
+    }
     names.decide();
 
-    // All headers are there, so this is no mere claim.
-    TableBuilder builder(location, names, static_cast<std::size_t>(location.entryCount), namesSize);
+    TableBuilder builder(file, location, names, headers, namesSize);
     auto built =
         forEachHeader(file,
                       location,
@@ -275,8 +351,13 @@ Result<EntryTable> readCentralDirectory(const File& file,
         return passOn(built);
     }
     EntryTable table = builder.take();
-    if (auto assigned = assignSlots(table, location.offset); !assigned) {
-        return passOn(assigned);
+    const auto firstEntry = assignSlots(table, location);
+    if (!firstEntry) {
+        return Failure(firstEntry.error());
+    }
+    const auto unlisted = findLocalHeader(file, location.archiveStart, *firstEntry);
+    if (unlisted && *unlisted && !table.isNameless(**unlisted)) {
+        warnings.add(WarningCode::kUnlistedEntry, {}, **unlisted);
     }
     for (std::size_t i = 0; i < table.size(); ++i) {
         if (table[i].legacyName) {

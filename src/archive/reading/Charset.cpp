@@ -54,9 +54,11 @@ const char* nameOf(Charset charset) {
 }
 
 CharsetConverter::CharsetConverter(Charset from)
-    : from_(from),
-      handle_(from == Charset::kCodePage437 ? noConversion()
-                                            : iconv_open(kCodePoints, nameOf(from))) {}
+    : isCodePage437_(from == Charset::kCodePage437),
+      handle_(isCodePage437_ ? noConversion() : iconv_open(kCodePoints, nameOf(from))) {}
+
+CharsetConverter::CharsetConverter(const char* from)
+    : isCodePage437_(false), handle_(iconv_open(kCodePoints, from)) {}
 
 CharsetConverter::~CharsetConverter() {
     if (handle_ != noConversion()) {
@@ -65,7 +67,7 @@ CharsetConverter::~CharsetConverter() {
 }
 
 std::optional<std::u32string> CharsetConverter::decode(ByteView text) {
-    if (from_ == Charset::kCodePage437) {
+    if (isCodePage437_) {
         return fromCodePage437(text);
     }
     if (handle_ == noConversion()) {

@@ -38,6 +38,8 @@ inline constexpr std::array kAllCharsets = {Charset::kShiftJis,
 class CharsetConverter {
   public:
     explicit CharsetConverter(Charset from);
+    // One that no vote knows, as iconv calls it.
+    explicit CharsetConverter(const char* from);
     ~CharsetConverter();
     CharsetConverter(const CharsetConverter&) = delete;
     CharsetConverter& operator=(const CharsetConverter&) = delete;
@@ -46,7 +48,7 @@ class CharsetConverter {
     [[nodiscard]] std::optional<std::u32string> decode(ByteView text);
 
   private:
-    Charset from_;
+    bool isCodePage437_;
     void* handle_;  // of iconv; none for code page 437
 };
 

@@ -22,6 +22,9 @@ class DataSink {
     // A place for the next piece, kPieceSize long, where the sink wants to have it; else empty.
     [[nodiscard]] virtual MutableBytes room() { return {}; }
 
+    // Says that so many bytes more will come than the entry declared. An error ends the reading.
+    [[nodiscard]] virtual Result<> expectMore(std::uint64_t /*bytes*/) { return {}; }
+
     // The bytes are only valid during the call. An error ends the reading.
     [[nodiscard]] virtual Result<> write(ByteView bytes) = 0;
 };

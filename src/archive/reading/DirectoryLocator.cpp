@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "archive/format/ZipFormat.h"
+#include "archive/reading/SignatureSearch.h"
 
 namespace pellumar::archive {
 
@@ -62,10 +63,92 @@ bool agree(const EndFields& small, const EndFields& large) {
            same(small.directoryOffset, kMax32, large.directoryOffset);
 }
 
-// The ZIP64 record that ends at `locatorPosition` and that the locator there points to, or nothing
-// if there is no locator. The locator's offset falls short by what stands before the archive, so
-// the record is also looked for directly before the locator, where writers put it.
-Result<std::optional<Zip64End>> findZip64End(const File& file, std::uint64_t endPosition) {
+bool fieldsAre(const EndFields& one, const EndFields& other) {
+    return one.disk == other.disk && one.directoryDisk == other.directoryDisk &&
+           one.entriesOnDisk == other.entriesOnDisk && one.entries == other.entries &&
+           one.directorySize == other.directorySize && one.directoryOffset == other.directoryOffset;
+}
+
+// Whether something in the record can only be known from a ZIP64 one.
+bool needsZip64(const EndFields& small) {
+    return small.disk == kMax16 || small.directoryDisk == kMax16 || small.entriesOnDisk == kMax16 ||
+           small.entries == kMax16 || small.directorySize == kMax32 ||
+           small.directoryOffset == kMax32;
+}
+
+// The ZIP64 record at `position`, if there is one. Some readers believe it whatever its own size
+// says, so that is not asked here.
+Result<std::optional<EndFields>> zip64EndAt(const File& file, std::uint64_t position) {
+    std::array<std::uint8_t, kZip64EndOfCentralDirectorySize> record{};
+    if (auto read = file.readExactlyAt(position, record); !read) {
+        return passOn(read);
+    }
+    if (loadLittleEndian<std::uint32_t>(record) != kZip64EndOfCentralDirectorySignature) {
+        return std::nullopt;
+    }
+    return parseZip64End(record);
+}
+
+// Whether the record at `position` reaches to the locator. The size field leaves out itself and the
+// signature (4.3.14.1).
+Result<bool> reachesLocator(const File& file,
+                            std::uint64_t position,
+                            std::uint64_t locatorPosition) {
+    std::array<std::uint8_t, sizeof(std::uint64_t)> size{};
+    if (auto read = file.readExactlyAt(position + 4, size); !read) {
+        return passOn(read);
+    }
+    return loadLittleEndian<std::uint64_t>(size) == locatorPosition - position - 12;
+}
+
+// The ZIP64 record that the locator at `locatorPosition` leads to, or nothing if there is none. The
+// locator's offset falls short by what stands before the archive, so the record is also looked for
+// directly before the locator, where writers put it. Readers take the one or the other: if there
+// are two, they have to say the same.
+Result<std::optional<Zip64End>> followLocator(const File& file,
+                                              ByteView locator,
+                                              std::uint64_t locatorPosition) {
+    const auto claimed = loadLittleEndian<std::uint64_t>(locator, 8);
+    if (locatorPosition < kZip64EndOfCentralDirectorySize ||
+        claimed > locatorPosition - kZip64EndOfCentralDirectorySize) {
+        return std::nullopt;
+    }
+    const std::uint64_t before = locatorPosition - kZip64EndOfCentralDirectorySize;
+    std::optional<Zip64End> end;
+    for (const std::uint64_t position : {claimed, before}) {
+        auto fields = zip64EndAt(file, position);
+        if (!fields) {
+            return passOn(fields);
+        }
+        if (!*fields) {
+            continue;
+        }
+        if (end && !fieldsAre(end->fields, **fields)) {
+            return failure(ErrorCode::kDamagedDirectory, position);
+        }
+        if (!end) {
+            end = {.fields = **fields, .position = position, .claimedPosition = claimed};
+        }
+    }
+    if (!end) {
+        return std::nullopt;
+    }
+    auto reaches = reachesLocator(file, end->position, locatorPosition);
+    if (!reaches) {
+        return passOn(reaches);
+    }
+    if (!*reaches) {
+        return failure(ErrorCode::kDamagedDirectory, end->position);
+    }
+    return end;
+}
+
+// The ZIP64 record of the archive whose end record stands at `endPosition`, or nothing if it has
+// none. The locator's signature can stand there by chance, at the end of a name or comment: it is
+// no locator where the record it names is not there and nothing is needed of it.
+Result<std::optional<Zip64End>> findZip64End(const File& file,
+                                             std::uint64_t endPosition,
+                                             const EndFields& small) {
     if (endPosition < kZip64LocatorSize) {
         return std::nullopt;
     }
@@ -77,85 +160,131 @@ Result<std::optional<Zip64End>> findZip64End(const File& file, std::uint64_t end
     if (loadLittleEndian<std::uint32_t>(locator) != kZip64LocatorSignature) {
         return std::nullopt;
     }
-    if (loadLittleEndian<std::uint32_t>(locator, 4) != 0 ||
-        loadLittleEndian<std::uint32_t>(locator, 16) > 1) {
+    auto end = followLocator(file, locator, locatorPosition);
+    const bool severalDisks = loadLittleEndian<std::uint32_t>(locator, 4) != 0 ||
+                              loadLittleEndian<std::uint32_t>(locator, 16) > 1;
+    if (severalDisks && ((end && *end) || needsZip64(small))) {
         return failure(ErrorCode::kMultipleDisks, locatorPosition);
     }
-    const auto claimed = loadLittleEndian<std::uint64_t>(locator, 8);
-    if (locatorPosition < kZip64EndOfCentralDirectorySize ||
-        claimed > locatorPosition - kZip64EndOfCentralDirectorySize) {
+    if (end && !*end && needsZip64(small)) {
         return failure(ErrorCode::kDamagedDirectory, locatorPosition);
     }
-    for (const std::uint64_t position :
-         {claimed, locatorPosition - kZip64EndOfCentralDirectorySize}) {
-        std::array<std::uint8_t, kZip64EndOfCentralDirectorySize> record{};
-        if (auto read = file.readExactlyAt(position, record); !read) {
-            return passOn(read);
-        }
-        // The size field leaves out itself and the signature (4.3.14.1).
-        const auto size = loadLittleEndian<std::uint64_t>(record, 4);
-        if (loadLittleEndian<std::uint32_t>(record) == kZip64EndOfCentralDirectorySignature &&
-            size == locatorPosition - position - 12) {
-            return Zip64End{
-                .fields = parseZip64End(record), .position = position, .claimedPosition = claimed};
-        }
-    }
-    return failure(ErrorCode::kDamagedDirectory, locatorPosition);
+    return end;
 }
 
-// Whether the directory begins with a header, or is empty and meant to be.
-Result<bool> beginsDirectory(const File& file, std::uint64_t offset, const EndFields& fields) {
-    if (fields.entries == 0) {
-        return fields.directorySize == 0;
-    }
-    std::array<std::uint8_t, sizeof(std::uint32_t)> signature{};
-    if (auto read = file.readExactlyAt(offset, signature); !read) {
+Result<bool> holdsSignature(const File& file, std::uint64_t offset, std::uint32_t signature) {
+    std::array<std::uint8_t, sizeof(std::uint32_t)> bytes{};
+    if (auto read = file.readExactlyAt(offset, bytes); !read) {
         return passOn(read);
     }
-    return loadLittleEndian<std::uint32_t>(signature) == kCentralDirectoryHeaderSignature;
+    return loadLittleEndian<std::uint32_t>(bytes) == signature;
+}
+
+// What a value that has no room in its field is cut by, by writers that know no ZIP64.
+constexpr std::uint64_t kModulo16 = std::uint64_t{kMax16} + 1;
+constexpr std::uint64_t kModulo32 = std::uint64_t{kMax32} + 1;
+
+// The directory of an archive that is over 4 GiB and has no ZIP64 record: its place is known by the
+// end record, and its claimed offset is what is left of the true one. Nothing if that is not so.
+Result<std::optional<DirectoryLocation>> findBeyond32Bits(const File& file,
+                                                          std::uint64_t position,
+                                                          const EndFields& fields) {
+    if (fields.directorySize > position) {
+        return std::nullopt;
+    }
+    const std::uint64_t offset = position - fields.directorySize;
+    if (offset < kModulo32 || offset % kModulo32 != fields.directoryOffset) {
+        return std::nullopt;
+    }
+    // So it would be as well if as many bytes stood before the archive.
+    auto beginsFile = holdsSignature(file, 0, kLocalFileHeaderSignature);
+    if (!beginsFile) {
+        return passOn(beginsFile);
+    }
+    auto beginsDirectory = holdsSignature(file, offset, kCentralDirectoryHeaderSignature);
+    if (!beginsDirectory) {
+        return passOn(beginsDirectory);
+    }
+    if (!*beginsFile || !*beginsDirectory) {
+        return std::nullopt;
+    }
+    return DirectoryLocation{.offset = offset,
+                             .size = fields.directorySize,
+                             .entryCount = fields.entries,
+                             .countModulo = kModulo16,
+                             .archiveStart = 0,
+                             .bytesAfter = 0,
+                             .zip64 = false,
+                             .cutTo32Bits = true};
+}
+
+// Whether so many bytes can hold so many entries.
+bool canHold(const EndFields& fields) {
+    return fields.entries <= fields.directorySize / kCentralDirectoryHeaderSize &&
+           fields.entries <= fields.directoryOffset / kLocalFileHeaderSize;
+}
+
+// Takes the record's fields for what they say.
+Result<DirectoryLocation> followExactly(const File& file,
+                                        std::uint64_t position,
+                                        const EndFields& fields,
+                                        const std::optional<Zip64End>& zip64) {
+    const std::uint64_t directoryEnd = zip64 ? zip64->position : position;
+    if (fields.directorySize > directoryEnd ||
+        fields.directoryOffset > directoryEnd - fields.directorySize || !canHold(fields)) {
+        return failure(ErrorCode::kDamagedDirectory, position);
+    }
+    const std::uint64_t offset = directoryEnd - fields.directorySize;
+    const std::uint64_t archiveStart = offset - fields.directoryOffset;
+    if (zip64 && zip64->position - zip64->claimedPosition != archiveStart) {
+        return failure(ErrorCode::kDamagedDirectory, zip64->position);
+    }
+    // An empty one has no header to begin with.
+    if (fields.directorySize > 0) {
+        auto begins = holdsSignature(file, offset, kCentralDirectoryHeaderSignature);
+        if (!begins) {
+            return passOn(begins);
+        }
+        if (!*begins) {
+            return failure(ErrorCode::kDamagedDirectory, offset);
+        }
+    }
+    return DirectoryLocation{.offset = offset,
+                             .size = fields.directorySize,
+                             .entryCount = fields.entries,
+                             .countModulo = zip64 ? 0 : kModulo16,
+                             .archiveStart = archiveStart,
+                             .bytesAfter = 0,
+                             .zip64 = zip64.has_value(),
+                             .cutTo32Bits = false};
 }
 
 // Follows the record at `position` to its directory.
 Result<DirectoryLocation> follow(const File& file, std::uint64_t position, ByteView record) {
     EndFields fields = parseEnd(record);
-    auto zip64 = findZip64End(file, position);
+    auto zip64 = findZip64End(file, position, fields);
     if (!zip64) {
         return passOn(zip64);
     }
-    std::uint64_t directoryEnd = position;
     if (*zip64) {
         if (!agree(fields, (*zip64)->fields)) {
             return failure(ErrorCode::kDamagedDirectory, (*zip64)->position);
         }
         fields = (*zip64)->fields;
-        directoryEnd = (*zip64)->position;
     }
     if (fields.disk != 0 || fields.directoryDisk != 0 || fields.entriesOnDisk != fields.entries) {
         return failure(ErrorCode::kMultipleDisks, position);
     }
-    if (fields.directorySize > directoryEnd ||
-        fields.directoryOffset > directoryEnd - fields.directorySize ||
-        fields.entries > fields.directorySize / kCentralDirectoryHeaderSize ||
-        fields.entries > fields.directoryOffset / kLocalFileHeaderSize) {
-        return failure(ErrorCode::kDamagedDirectory, position);
+    if (!*zip64) {
+        auto beyond = findBeyond32Bits(file, position, fields);
+        if (!beyond) {
+            return passOn(beyond);
+        }
+        if (*beyond) {
+            return **beyond;
+        }
     }
-    const std::uint64_t offset = directoryEnd - fields.directorySize;
-    const std::uint64_t archiveStart = offset - fields.directoryOffset;
-    if (*zip64 && (*zip64)->position - (*zip64)->claimedPosition != archiveStart) {
-        return failure(ErrorCode::kDamagedDirectory, (*zip64)->position);
-    }
-    auto begins = beginsDirectory(file, offset, fields);
-    if (!begins) {
-        return passOn(begins);
-    }
-    if (!*begins) {
-        return failure(ErrorCode::kDamagedDirectory, offset);
-    }
-    return DirectoryLocation{.offset = offset,
-                             .size = fields.directorySize,
-                             .entryCount = fields.entries,
-                             .archiveStart = archiveStart,
-                             .bytesAfter = 0};
+    return followExactly(file, position, fields, *zip64);
 }
 
 // The part of the file that can hold the record.
@@ -179,10 +308,22 @@ Result<Tail> readTail(const File& file) {
     return tail;
 }
 
-bool beginsWithLocalHeader(const File& file) {
-    std::array<std::uint8_t, sizeof(std::uint32_t)> signature{};
-    return file.readExactlyAt(0, signature) &&
-           loadLittleEndian<std::uint32_t>(signature) == kLocalFileHeaderSignature;
+bool beginsWithLocalHeader(const File& file, std::uint64_t offset) {
+    const auto begins = holdsSignature(file, offset, kLocalFileHeaderSignature);
+    return begins && *begins;
+}
+
+// Whether what stands before the archive at `location` is no archive of its own. The end of one
+// that is cut off within a stored archive looks like bytes before and behind that.
+bool hasNoArchiveBefore(const File& file, const DirectoryLocation& location) {
+    if (location.archiveStart == 0) {
+        return true;
+    }
+    if (!beginsWithLocalHeader(file, location.archiveStart)) {
+        return false;
+    }
+    const auto found = findSignature(file, kLocalFileHeaderSignature, 0, location.archiveStart);
+    return found && !*found;
 }
 
 // Takes the candidates from the end of the file to the front and remembers what became of them.
@@ -200,7 +341,7 @@ class CandidateSearch {
         }
         location->bytesAfter = bytesAfter;
         if (bytesAfter > 0) {
-            if (!withBytesAfter_ && location->archiveStart == 0) {
+            if (!withBytesAfter_ && hasNoArchiveBefore(file_, *location)) {
                 withBytesAfter_ = *location;
             }
         } else if (exact_) {
@@ -221,8 +362,8 @@ class CandidateSearch {
         if (error_) {
             return Failure(*error_);
         }
-        return failure(beginsWithLocalHeader(file_) ? ErrorCode::kTruncated
-                                                    : ErrorCode::kNotAnArchive);
+        return failure(beginsWithLocalHeader(file_, 0) ? ErrorCode::kTruncated
+                                                       : ErrorCode::kNotAnArchive);
     }
 
   private:

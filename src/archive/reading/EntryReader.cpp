@@ -5,8 +5,11 @@
 #include <utility>
 
 #include "archive/base/Crc32.h"
+#include "archive/format/ExtraFields.h"
 #include "archive/format/LocalFileHeader.h"
 #include "archive/format/ZipFormat.h"
+#include "archive/reading/NameComparison.h"
+#include "archive/reading/SignatureSearch.h"
 
 namespace pellumar::archive {
 
@@ -24,9 +27,10 @@ constexpr std::size_t kUsualExtra = 256;
 // How much is read at once of entries that are needed one after another. Stays in the cache.
 constexpr std::size_t kWindowSize = 128UL * 1024;
 
-// The bits that change what an entry is; the compression options in bits 1 and 2 do not.
-constexpr std::uint16_t kComparedFlags = kFlagEncrypted | kFlagDataDescriptor | kFlagPatchData |
-                                         kFlagStrongEncryption | kFlagUtf8 | kFlagMaskedHeader;
+// The bits that change what an entry is; the compression options in bits 1 and 2 do not, and what
+// the name's letters are is asked with the name.
+constexpr std::uint16_t kComparedFlags =
+    kFlagEncrypted | kFlagPatchData | kFlagStrongEncryption | kFlagMaskedHeader;
 
 // With a data descriptor, the values in front of the data are not known yet, so zero, unless the
 // writer knew them after all.
@@ -38,16 +42,41 @@ std::uint64_t usualHeaderSize(const EntryData& data) {
     return kLocalFileHeaderSize + data.rawName.size() + kUsualExtra;
 }
 
-bool agrees(const LocalFileHeader& local, const EntryData& data) {
-    const Entry& entry = data.entry;
-    const bool described = (data.flags & kFlagDataDescriptor) != 0;
+bool hasDescriptor(const LocalFileHeader& local) {
+    return (local.flags & kFlagDataDescriptor) != 0;
+}
+
+// Some writers set the bit in the local header alone. The other way round nobody does.
+bool flagsAgree(const LocalFileHeader& local, const EntryData& data) {
+    return (local.flags & kComparedFlags) == (data.flags & kComparedFlags) &&
+           (hasDescriptor(local) || (data.flags & kFlagDataDescriptor) == 0);
+}
+
+bool namesAgree(const LocalFileHeader& local, const EntryData& data) {
     const std::string_view name(reinterpret_cast<const char*>(local.name.data()),
                                 local.name.size());
-    return name == data.rawName && local.method == entry.method &&
-           (local.flags & kComparedFlags) == (data.flags & kComparedFlags) &&
+    const bool plain = ((local.flags ^ data.flags) & kFlagUtf8) == 0 &&
+                       !findExtraField(local.extra, kExtraUnicodePath);
+    return (plain && name == data.rawName) ||
+           meansTheSame({.bytes = local.name,
+                         .utf8Flag = (local.flags & kFlagUtf8) != 0,
+                         .extra = local.extra},
+                        data);
+}
+
+bool sizesAgree(std::uint64_t local, std::uint64_t central, const EntryData& data, bool unknown) {
+    return agreesOrUnknown(local, central, unknown) ||
+           (data.sizesMayBeCut && local == static_cast<std::uint32_t>(central));
+}
+
+bool agrees(const LocalFileHeader& local, const EntryData& data) {
+    const Entry& entry = data.entry;
+    const bool described = hasDescriptor(local);
+    return flagsAgree(local, data) && local.method == entry.method &&
            agreesOrUnknown(local.crc32, entry.crc32, described) &&
-           agreesOrUnknown(local.compressedSize, entry.compressedSize, described) &&
-           agreesOrUnknown(local.uncompressedSize, entry.uncompressedSize, described);
+           sizesAgree(local.compressedSize, entry.compressedSize, data, described) &&
+           sizesAgree(local.uncompressedSize, entry.uncompressedSize, data, described) &&
+           namesAgree(local, data);
 }
 
 }  // namespace
@@ -80,13 +109,29 @@ Result<> EntryReader::read(const EntryData& data,
     return {};
 }
 
-Result<> EntryReader::checkHeader(const EntryData& data, std::uint64_t soonUntil) {
+Result<std::optional<std::uint64_t>> EntryReader::checkHeader(const EntryData& data,
+                                                              std::uint64_t soonUntil) {
+    const auto tell = [&data](Error error) {
+        return Failure(std::move(error).about(data.entry.path, data.entry.localHeaderOffset));
+    };
     auto located = locate(data, usualHeaderSize(data), soonUntil);
     if (!located) {
-        return Failure(
-            std::move(located.error()).about(data.entry.path, data.entry.localHeaderOffset));
+        return tell(std::move(located.error()));
     }
-    return {};
+    // What the directory does not know of had better be there before anything is written.
+    if (located->described && (data.flags & kFlagDataDescriptor) == 0) {
+        if (auto described = checkDescriptor(data, *located); !described) {
+            return tell(std::move(described.error()));
+        }
+    }
+    if (data.slotEnd - located->dataEnd < kLocalFileHeaderSize) {
+        return std::nullopt;
+    }
+    auto unlisted = findLocalHeader(file_, located->dataEnd, data.slotEnd);
+    if (!unlisted) {
+        return tell(std::move(unlisted.error()));
+    }
+    return *unlisted;
 }
 
 Result<> EntryReader::readUnnamed(const EntryData& data,
@@ -171,11 +216,12 @@ Result<EntryReader::Located> EntryReader::locate(const EntryData& data,
     const std::uint64_t dataOffset = entry.localHeaderOffset + headerSize;
     return Located{.dataOffset = dataOffset,
                    .dataEnd = dataOffset + entry.compressedSize,
+                   .described = hasDescriptor(*local),
                    .buffered = withinSlot(*head).subspan(headerSize)};
 }
 
 Result<> EntryReader::checkDescriptor(const EntryData& data, const Located& located) {
-    if ((data.flags & kFlagDataDescriptor) == 0) {
+    if (!located.described) {
         return {};
     }
     const Entry& entry = data.entry;
@@ -262,6 +308,7 @@ Result<> EntryReader::stream(const EntryData& data,
         std::min<std::uint64_t>(located.buffered.size(), entry.compressedSize)));
     located.taken = input.size();
     std::uint64_t produced = 0;
+    std::uint64_t declared = entry.uncompressedSize;
     std::uint32_t checksum = kCrc32OfNothing;
     for (bool ended = false; !ended;) {
         if (input.empty()) {
@@ -285,8 +332,15 @@ Result<> EntryReader::stream(const EntryData& data,
         if (ended && !step->finished) {
             return failure(ErrorCode::kDamagedData);
         }
-        if (produced > entry.uncompressedSize) {
-            return failure(ErrorCode::kSizeMismatch);
+        if (produced > declared) {
+            if (!data.sizesMayBeCut) {
+                return failure(ErrorCode::kSizeMismatch);
+            }
+            constexpr std::uint64_t kCut = std::uint64_t{kMax32} + 1;
+            declared += kCut;
+            if (auto expected = sink.expectMore(kCut); !expected) {
+                return expected;
+            }
         }
         const ByteView piece = output.first(step->produced);
         checksum = skipChecksum ? entry.crc32 : crc32(checksum, piece);
@@ -294,7 +348,7 @@ Result<> EntryReader::stream(const EntryData& data,
             return written;
         }
     }
-    if (!input.empty() || produced != entry.uncompressedSize) {
+    if (!input.empty() || produced != declared) {
         return failure(ErrorCode::kSizeMismatch);
     }
     if (!skipChecksum && checksum != entry.crc32) {

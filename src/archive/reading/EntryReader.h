@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 
 #include "archive/base/Bytes.h"
 #include "archive/base/Error.h"
@@ -28,8 +29,10 @@ class EntryReader {
 
     // Reads the entry's local header alone and holds it against the central directory:
     // kHeaderMismatch if they disagree, kOverlap if the data would not lie within the entry's slot.
-    // `soonUntil` as for read().
-    [[nodiscard]] Result<> checkHeader(const EntryData& data, std::uint64_t soonUntil = 0);
+    // `soonUntil` as for read(). Returns where in the rest of the slot another local header stands,
+    // if one does: that of an entry which the directory does not list.
+    [[nodiscard]] Result<std::optional<std::uint64_t>> checkHeader(const EntryData& data,
+                                                                   std::uint64_t soonUntil = 0);
 
     // Hands the data of `data`, a file or symbolic link, to `sink`. Errors carry the entry's path
     // and the offset of its local header, or of what is wrong.
@@ -46,6 +49,7 @@ class EntryReader {
     struct Located {
         std::uint64_t dataOffset = 0;
         std::uint64_t dataEnd = 0;
+        bool described = false;  // a data descriptor follows
         ByteView buffered;
         std::uint64_t taken = 0;  // by the streaming so far
 

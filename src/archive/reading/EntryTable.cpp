@@ -32,6 +32,10 @@ std::string_view EntryTable::keep(std::string_view text) {
     return {place, text.size()};
 }
 
+bool EntryTable::isNameless(std::uint64_t localHeaderOffset) const {
+    return std::find(nameless_.begin(), nameless_.end(), localHeaderOffset) != nameless_.end();
+}
+
 void EntryTable::addBlock(std::size_t size) {
     blocks_.push_back(std::make_unique_for_overwrite<char[]>(size));
     freeInBlock_ = size;

@@ -18,6 +18,9 @@ struct EntryData {
     // Where the next entry or the directory begins: no byte of this entry's lies behind.
     std::uint64_t slotEnd = 0;
     std::uint16_t flags = 0;
+    bool namedAsFolder = false;
+    // The sizes may be the lower 32 bits of the true ones: the archive has no ZIP64 records.
+    bool sizesMayBeCut = false;
     bool specialFile = false;
     bool setIdBits = false;
     bool legacyName = false;
@@ -35,6 +38,11 @@ class EntryTable {
 
     void add(const EntryData& data) { entries_.push_back(data); }
 
+    // Remembers that an entry of the folder itself ("./") has its local header there; it has no
+    // place in the table.
+    void addNameless(std::uint64_t localHeaderOffset) { nameless_.push_back(localHeaderOffset); }
+    [[nodiscard]] bool isNameless(std::uint64_t localHeaderOffset) const;
+
     [[nodiscard]] std::size_t size() const { return entries_.size(); }
     [[nodiscard]] const EntryData& operator[](std::size_t index) const { return entries_[index]; }
     [[nodiscard]] EntryData& operator[](std::size_t index) { return entries_[index]; }
@@ -43,6 +51,7 @@ class EntryTable {
     void addBlock(std::size_t size);
 
     std::vector<EntryData> entries_;
+    std::vector<std::uint64_t> nameless_;
     std::vector<std::unique_ptr<char[]>> blocks_;
     std::size_t freeInBlock_ = 0;
     char* next_ = nullptr;

@@ -136,6 +136,7 @@ class Extraction {
         if (firstError_) {
             return Failure(std::move(*firstError_));
         }
+        warnOfUnlisted();
         if (plan_.links.empty()) {
             return {};
         }
@@ -167,7 +168,19 @@ class Extraction {
                     report(&entries[i], std::move(checked.error()));
                     return;
                 }
+                if (*checked && !entries.isNameless(**checked)) {
+                    const std::lock_guard lock(mutex_);
+                    unlisted_.push_back(**checked);
+                }
             }
+        }
+    }
+
+    // In the archive's order, whichever thread was first.
+    void warnOfUnlisted() {
+        std::sort(unlisted_.begin(), unlisted_.end());
+        for (const std::uint64_t offset : unlisted_) {
+            plan_.warnings.add(WarningCode::kUnlistedEntry, {}, offset);
         }
     }
 
@@ -366,6 +379,7 @@ class Extraction {
     std::atomic<bool> failed_ = false;
     std::mutex largeWindow_;
     std::mutex mutex_;  // guards what follows, and the plan's warnings
+    std::vector<std::uint64_t> unlisted_;
     std::optional<Error> firstError_;
     const EntryData* firstErrorEntry_ = nullptr;
 };

@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/statvfs.h>
 #include <unistd.h>
 
 #include <array>
@@ -19,6 +20,14 @@ FileSink::~FileSink() {
         file_ = File();
         ::unlinkat(folder_, name_.c_str(), 0);
     }
+}
+
+Result<> FileSink::expectMore(std::uint64_t bytes) {
+    struct statvfs status {};
+    if (::fstatvfs(folder_, &status) == 0 && status.f_bavail < bytes / status.f_frsize) {
+        return failure(ErrorCode::kTooLarge);
+    }
+    return {};
 }
 
 Result<> FileSink::write(ByteView bytes) {

@@ -22,6 +22,9 @@ class FileSink final : public DataSink {
     FileSink& operator=(const FileSink&) = delete;
     ~FileSink() override;
 
+    // kTooLarge if the file system has no room for them.
+    [[nodiscard]] Result<> expectMore(std::uint64_t bytes) override;
+
     // kAlreadyExists if anything stands under the name, a dangling link included.
     [[nodiscard]] Result<> write(ByteView bytes) override;
 

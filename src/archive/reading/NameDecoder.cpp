@@ -48,15 +48,6 @@ bool isAscii(std::string_view text) {
         text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
 }
 
-// The name where the archive says what its letters are.
-std::optional<std::string_view> saidLetters(const RawName& name) {
-    const std::string_view text = asText(name.bytes);
-    if (name.utf8Flag && format::isUtf8(text)) {
-        return text;
-    }
-    return unicodePath(name);
-}
-
 // What the bytes are in the view of uchardet, if it is one of ours.
 std::optional<Charset> askUchardet(const std::vector<std::string>& sample) {
     static constexpr std::array<std::pair<std::string_view, Charset>, 8> kNames = {
@@ -115,7 +106,46 @@ Charset elect(const std::vector<std::string>& sample) {
     return elected;
 }
 
+// But for the separator, which some writers take the other one for.
+bool isSameName(std::string_view one, std::string_view other) {
+    const auto plain = [](char c) { return c == '\\' ? '/' : c; };
+    return std::equal(one.begin(), one.end(), other.begin(), other.end(), [plain](char a, char b) {
+        return plain(a) == plain(b);
+    });
+}
+
 }  // namespace
+
+std::optional<std::string_view> saidLetters(const RawName& name) {
+    const std::string_view text = asText(name.bytes);
+    if (name.utf8Flag && format::isUtf8(text)) {
+        return text;
+    }
+    return unicodePath(name);
+}
+
+bool isAmbiguous(const RawName& name) {
+    ByteView extra = name.extra;
+    std::optional<ByteView> first;
+    while (const auto field = format::takeExtraField(extra)) {
+        if (field->identifier != format::kExtraUnicodePath) {
+            continue;
+        }
+        if (first &&
+            !std::equal(first->begin(), first->end(), field->data.begin(), field->data.end())) {
+            return true;
+        }
+        first = field->data;
+    }
+    if (!first) {
+        return false;
+    }
+    const auto other = unicodePath(name);
+    const std::string_view text = asText(name.bytes);
+    const bool isKnown =
+        (name.utf8Flag && format::isUtf8(text)) || (isAscii(text) && other && isAscii(*other));
+    return other && isKnown && !isSameName(text, *other);
+}
 
 class NameDecoder::State {
   public:

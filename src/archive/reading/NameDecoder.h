@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -14,6 +15,15 @@ struct RawName {
     bool utf8Flag = false;  // general purpose bit 11 (APPNOTE 4.4.4)
     ByteView extra{};       // the header's extra fields
 };
+
+// The name where the archive says what its letters are: by flag, or by a Unicode path field
+// (version 1, CRC-32 of the header's name, name; APPNOTE 4.6.9). A view into either.
+[[nodiscard]] std::optional<std::string_view> saidLetters(const RawName& name);
+
+// Whether two readers that know the format would take the name for two different ones: several
+// Unicode path fields that are not the same, or one that says otherwise than a name whose letters
+// are known without it.
+[[nodiscard]] bool isAmbiguous(const RawName& name);
 
 struct DecodedName {
     std::string text;     // UTF-8, of whatever the bytes say: separators and NUL bytes are kept

@@ -12,6 +12,7 @@
 #include "archive/writing/CompressionQueue.h"
 #include "archive/writing/CompressionThreads.h"
 #include "archive/writing/DeflateCompressor.h"
+#include "archive/writing/EntryPath.h"
 
 namespace pellumar::archive {
 
@@ -30,11 +31,11 @@ std::size_t clampedReadSize(std::size_t bufferSize) {
     return std::clamp(bufferSize, kSmallestRead, kLargestRead);
 }
 
-format::EntryRecord recordOf(const std::string& path,
+format::EntryRecord recordOf(std::string name,
                              const CompressionQueue::Opened& source,
                              std::uint64_t offset) {
     format::EntryRecord record;
-    record.name = path;
+    record.name = std::move(name);
     record.unixMode = source.status.st_mode;
     record.modified = source.status.st_mtim;
     record.localHeaderOffset = offset;
@@ -87,6 +88,7 @@ class ArchiveWriter::State {
     }
 
     [[nodiscard]] bool isClosed() const { return closed_; }
+    [[nodiscard]] const Warnings& warnings() const { return warnings_; }
     [[nodiscard]] Result<> add(const Source& source, std::size_t readSize);
     void announce(std::vector<Source> next, std::size_t readSize) {
         queue_.announce(std::move(next), readSize);
@@ -103,6 +105,7 @@ class ArchiveWriter::State {
 
     ArchiveOutput output_;
     CentralDirectory directory_;
+    Warnings warnings_;
     std::vector<std::uint8_t> header_;
     bool closed_ = false;
     const unsigned threadCount_;
@@ -121,7 +124,12 @@ Result<> ArchiveWriter::State::add(const Source& source, std::size_t readSize) {
 
 Result<> ArchiveWriter::State::addOpened(const Source& source,
                                          const CompressionQueue::Opened& opened) {
-    auto record = recordOf(source.path, opened, output_.position());
+    auto name = portableName(source.path);
+    if (!name) {
+        return failure(ErrorCode::kInvalidArgument);
+    }
+    const bool isOwnName = *name == source.path;
+    auto record = recordOf(*std::move(name), opened, output_.position());
     if (record.name.size() > format::kMax16) {
         return failure(ErrorCode::kInvalidArgument);
     }
@@ -135,6 +143,9 @@ Result<> ArchiveWriter::State::addOpened(const Source& source,
     if (written) {
         directory_.add(record);
         isWhole = true;
+        if (!isOwnName) {
+            warnings_.add(WarningCode::kNameMadePortable, source.path, record.localHeaderOffset);
+        }
     }
     return written;
 }
@@ -228,6 +239,10 @@ void ArchiveWriter::compressAhead(std::vector<Source> next, std::size_t bufferSi
     if (!state_->isClosed()) {
         state_->announce(std::move(next), clampedReadSize(bufferSize));
     }
+}
+
+const Warnings& ArchiveWriter::warnings() const {
+    return state_->warnings();
 }
 
 Result<> ArchiveWriter::close() {

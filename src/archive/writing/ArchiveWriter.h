@@ -9,6 +9,7 @@
 
 #include "archive/base/EntrySource.h"
 #include "archive/base/Error.h"
+#include "archive/base/Warning.h"
 #include "archive/writing/PendingFile.h"
 
 namespace pellumar::archive {
@@ -30,6 +31,7 @@ class ArchiveWriter {
     [[nodiscard]] Result<> addEntry(const Source& source, std::size_t bufferSize);
     void compressAhead(std::vector<Source> next, std::size_t bufferSize);
     [[nodiscard]] Result<> close();
+    [[nodiscard]] const Warnings& warnings() const;
 
   private:
     class State;

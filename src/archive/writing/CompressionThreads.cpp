@@ -44,7 +44,7 @@ class Worker {
     }
 
     [[nodiscard]] Result<SourceFile> open(const CompressionQueue::Source& source) const {
-        if (!isEntryPath(source.path)) {
+        if (!portableName(source.path)) {
             return failure(ErrorCode::kInvalidArgument);
         }
         return SourceFile::open(source.base / source.path, archive_);

@@ -1,13 +1,16 @@
 #pragma once
 
+#include <optional>
+#include <string>
 #include <string_view>
 
 namespace pellumar::archive {
 
-// Whether a source's path can be the path of an entry: of a length that a header can hold (APPNOTE
-// 4.4.10), and a name that is not refused when the archive is read, since one such name would make
-// the whole archive useless. One with a backslash would be read as folders (APPNOTE 4.4.17.1), and
-// might meet another entry there.
-[[nodiscard]] bool isEntryPath(std::string_view path);
+// The name under which a file at this path, below some folder, goes into an archive: the path, but
+// for what is a name here and a way to another folder elsewhere. A "\" and the ":" of a beginning
+// like that of a drive ("C:x") become letters that look the same and are names everywhere (in names
+// that are not UTF-8, "_"). Nothing if the path is empty, absolute, longer than 65,535 bytes or has
+// a ".." component.
+[[nodiscard]] std::optional<std::string> portableName(std::string_view path);
 
 }  // namespace pellumar::archive

@@ -107,15 +107,6 @@ TEST_F(FailingSourceTest, AFileOfAnotherSizeThanItSaysDoesNotPassAsWhole) {
     }
 }
 
-// An archive with one such name would be refused as a whole when it is read.
-TEST_F(FailingSourceTest, NamesThatAreRefusedOnReadingAreNotWritten) {
-    put("C:notes", "on no drive");
-    put("..\\up", "not up");
-    put("folder\\", "no folder");
-    put(".\\first", "another first");
-    expectFailure({"C:notes", "..\\up", "folder\\", ".\\first"}, ErrorCode::kInvalidArgument);
-}
-
 // The first chunks of this file are in the archive when it is cut off.
 TEST_F(FailingSourceTest, AFileCutOffInTheMiddleIsTakenBack) {
     put("large", pellumar::test::sampleContent(SampleKind::kNoise, 4 * kChunk));
