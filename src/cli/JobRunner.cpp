@@ -14,6 +14,7 @@
 #include <utility>
 
 #include "cli/PrintableText.h"
+#include "cli/ReportLines.h"
 #include "cli/TerminalProgress.h"
 #include "platform/FileUrl.h"
 
@@ -21,17 +22,29 @@ namespace pellumar {
 namespace {
 
 namespace fs = std::filesystem;
+using Paths = std::vector<fs::path>;
 
-// What was named on the command line, seen from the folder `here`, which is empty if there is none
-// any more. "." and ".." are no names for an entry, so they become the folder that they stand for.
-tl::expected<fs::path, std::error_code> pathOf(const fs::path& argument, const fs::path& here) {
-    std::error_code error;
-    const fs::path name = argument.filename();
-    fs::path path = name == "." || name == ".." ? fs::canonical(argument, error) : here / argument;
-    if (!error && path.is_relative()) {
-        error = std::make_error_code(std::errc::no_such_file_or_directory);
+// What was named on the command line, seen from the folder in which the program runs. "." and ".."
+// are no names for an entry, so they become the folder that they stand for. The error is a line.
+tl::expected<Paths, std::string> pathsOf(const Paths& arguments) {
+    std::error_code nowhere;
+    // Empty if there is none any more.
+    const fs::path here = fs::current_path(nowhere);
+    Paths paths;
+    for (const fs::path& argument : arguments) {
+        std::error_code error;
+        const fs::path name = argument.filename();
+        fs::path path =
+            name == "." || name == ".." ? fs::canonical(argument, error) : here / argument;
+        if (!error && path.is_relative()) {
+            error = std::make_error_code(std::errc::no_such_file_or_directory);
+        }
+        if (error) {
+            return tl::unexpected(argument.native() + ": " + error.message());
+        }
+        paths.push_back(std::move(path));
     }
-    return error ? tl::expected<fs::path, std::error_code>(tl::unexpect, error) : std::move(path);
+    return paths;
 }
 
 // Why what was named cannot be an archive, whatever is in it.
@@ -41,96 +54,94 @@ std::optional<std::string> whyNoArchive(const fs::path& argument) {
     if (!fs::exists(status) || fs::is_regular_file(status)) {
         return std::nullopt;
     }
-    return fs::is_directory(status) ? "is a folder, not an archive"
-                                    : "is no file; only files can be extracted";
+    return argument.native() + (fs::is_directory(status)
+                                    ? ": is a folder, not an archive"
+                                    : ": is no file; only files can be extracted");
 }
 
 }  // namespace
 
 JobRunner::JobRunner(const CommandLine& commandLine,
                      const FileSystem& fileSystem,
-                     ZipManager& zipManager,
-                     const TerminalDiagnostics& diagnostics)
-    : commandLine_(commandLine),
-      fileSystem_(fileSystem),
-      zipManager_(zipManager),
-      diagnostics_(diagnostics) {}
+                     ZipManager& zipManager)
+    : commandLine_(commandLine), fileSystem_(fileSystem), zipManager_(zipManager) {}
 
 int JobRunner::run() {
-    const bool zipping = commandLine_.operation == OperationType::kZip;
-    const std::vector<fs::path> arguments =
-        zipping ? commandLine_.files : std::vector{commandLine_.archive};
-    std::error_code nowhere;
-    const fs::path here = fs::current_path(nowhere);
-    std::vector<fs::path> paths;
+    return commandLine_.operation == OperationType::kZip ? zip() : unzip();
+}
+
+int JobRunner::zip() {
+    const tl::expected<Paths, std::string> paths = pathsOf(commandLine_.files);
+    if (!paths) {
+        return fail(paths.error());
+    }
+    if (const std::optional<std::string> reason = whyNotZipped(*paths)) {
+        return fail(*reason);
+    }
+    fileSystem_.createFolders();
+    std::shared_ptr<TerminalProgress> progress;
+    if (!commandLine_.quiet && ::isatty(STDERR_FILENO) != 0) {
+        progress = std::make_shared<TerminalProgress>(stderr, paths->size());
+        zipManager_.setDelegate(progress);
+    }
+    QList<QUrl> urls;
+    std::transform(paths->begin(), paths->end(), std::back_inserter(urls), fileUrl);
+    QEventLoop loop;
+    zipManager_.zip(urls,
+                    QString::fromStdString(commandLine_.title),
+                    [&](const std::optional<QUrl>& archive, const JobReport& report) {
+                        progress.reset();
+                        // One whose archive could not be created calls itself a success.
+                        loop.exit(finish(archive ? QList{*archive} : QList<QUrl>(), report));
+                    });
+    return loop.exec();
+}
+
+int JobRunner::unzip() {
+    const tl::expected<Paths, std::string> paths = pathsOf({commandLine_.archive});
+    if (!paths) {
+        return fail(paths.error());
+    }
+    if (const std::optional<std::string> reason = whyNoArchive(commandLine_.archive)) {
+        return fail(*reason);
+    }
+    fileSystem_.createFolders();
+    QEventLoop loop;
+    zipManager_.unzip(fileUrl(paths->front()),
+                      [&](const std::optional<QList<QUrl>>& files, const JobReport& report) {
+                          loop.exit(finish(files.value_or(QList<QUrl>()), report));
+                      });
+    return loop.exec();
+}
+
+int JobRunner::finish(const QList<QUrl>& files, const JobReport& report) const {
+    if (!commandLine_.quiet) {
+        static_cast<void>(std::fputs(warningLines(report).c_str(), stderr));
+    }
+    if (report.failureCount() > 0) {
+        return fail(failureLine(report));
+    }
+    return print(files) ? kExitSuccess
+                        : fail("standard output: " + std::generic_category().message(errno));
+}
+
+std::optional<std::string> JobRunner::whyNotZipped(const Paths& files) const {
     const std::optional<fs::path> target =
         localPath(fileSystem_.archive(QString::fromStdString(commandLine_.title)));
     std::error_code missing;
-    const bool replaces = zipping && target && fs::exists(*target, missing);
-    // The job would delete it, with all that is in it.
-    if (replaces && fs::is_directory(fs::symlink_status(*target, missing))) {
-        return fail(target->native() + ": is a folder, and would be replaced");
-    }
-    for (const fs::path& argument : arguments) {
-        tl::expected<fs::path, std::error_code> path = pathOf(argument, here);
-        if (!path) {
-            return fail(argument.native() + ": " + path.error().message());
+    if (target && fs::exists(*target, missing)) {
+        // The job would delete it, with all that is in it.
+        if (fs::is_directory(fs::symlink_status(*target, missing))) {
+            return target->native() + ": is a folder, and would be replaced";
         }
-        std::error_code different;
-        if (replaces && fs::equivalent(*target, argument, different)) {
-            return fail(argument.native() + ": is the archive that would be replaced");
+        for (std::size_t i = 0; i < files.size(); ++i) {
+            std::error_code different;
+            if (fs::equivalent(*target, files[i], different)) {
+                return commandLine_.files[i].native() + ": is the archive that would be replaced";
+            }
         }
-        paths.push_back(*std::move(path));
     }
-    if (zipping) {
-        if (const auto clash = findSameNames(paths)) {
-            return fail(*clash);
-        }
-    } else if (const auto reason = whyNoArchive(commandLine_.archive)) {
-        return fail(commandLine_.archive.native() + ": " + *reason);
-    }
-    fileSystem_.createFolders();
-    QList<QUrl> urls;
-    std::transform(paths.begin(), paths.end(), std::back_inserter(urls), fileUrl);
-    const std::optional<QList<QUrl>> files = zipping ? zip(urls) : unzip(urls.first());
-    // A compression whose archive could not be created calls itself a success.
-    const std::optional<std::string> failure = diagnostics_.failure();
-    if (!files || failure) {
-        return fail(failure.value_or("failed"));
-    }
-    return print(*files) ? kExitSuccess
-                         : fail("standard output: " + std::generic_category().message(errno));
-}
-
-std::optional<QList<QUrl>> JobRunner::zip(const QList<QUrl>& files) {
-    std::shared_ptr<TerminalProgress> progress;
-    if (!commandLine_.quiet && ::isatty(STDERR_FILENO) != 0) {
-        progress = std::make_shared<TerminalProgress>(stderr, files.size());
-        zipManager_.setDelegate(progress);
-    }
-    std::optional<QList<QUrl>> result;
-    QEventLoop loop;
-    zipManager_.zip(files,
-                    QString::fromStdString(commandLine_.title),
-                    [&result, &loop](const std::optional<QUrl>& archive) {
-                        if (archive) {
-                            result = QList<QUrl>{*archive};
-                        }
-                        loop.quit();
-                    });
-    loop.exec();
-    return result;
-}
-
-std::optional<QList<QUrl>> JobRunner::unzip(const QUrl& archive) {
-    std::optional<QList<QUrl>> result;
-    QEventLoop loop;
-    zipManager_.unzip(archive, [&result, &loop](std::optional<QList<QUrl>> files) {
-        result = std::move(files);
-        loop.quit();
-    });
-    loop.exec();
-    return result;
+    return findSameNames(files);
 }
 
 bool JobRunner::print(const QList<QUrl>& urls) const {
@@ -148,16 +159,14 @@ bool JobRunner::print(const QList<QUrl>& urls) const {
     return std::fflush(stdout) == 0;
 }
 
-std::optional<std::string> JobRunner::findSameNames(const std::vector<fs::path>& files) const {
+std::optional<std::string> JobRunner::findSameNames(const Paths& files) const {
     struct Seen {
         const fs::path* first;
         int count;
     };
     std::unordered_map<std::string, Seen> names;
     for (const fs::path& file : files) {
-        // A folder may end with a slash.
-        const std::string name =
-            (file.has_filename() ? file : file.parent_path()).filename().native();
+        const std::string name = withoutTrailingSlash(file).filename().native();
         Seen& seen = names.try_emplace(name, Seen{.first = &file, .count = 0}).first->second;
         if (++seen.count == 1) {
             continue;

@@ -5,9 +5,9 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "cli/CommandLine.h"
-#include "cli/TerminalDiagnostics.h"
 #include "engine/FileSystem.h"
 #include "engine/ZipManager.h"
 
@@ -17,30 +17,32 @@ namespace pellumar {
 // output, the reason of a failure in one line on standard error. Main thread only.
 class JobRunner {
   public:
-    // All of it must outlive this. `diagnostics` is what the jobs of `zipManager` report to.
-    JobRunner(const CommandLine& commandLine,
-              const FileSystem& fileSystem,
-              ZipManager& zipManager,
-              const TerminalDiagnostics& diagnostics);
+    // All of it must outlive this.
+    JobRunner(const CommandLine& commandLine, const FileSystem& fileSystem, ZipManager& zipManager);
 
     // Returns when the job is over; needs the QCoreApplication. The value is what the program
     // returns.
     [[nodiscard]] int run();
 
   private:
-    // What the job delivers, or nothing if it has failed.
-    [[nodiscard]] std::optional<QList<QUrl>> zip(const QList<QUrl>& files);
-    [[nodiscard]] std::optional<QList<QUrl>> unzip(const QUrl& archive);
-    [[nodiscard]] bool print(const QList<QUrl>& urls) const;
+    using Paths = std::vector<std::filesystem::path>;
+
+    // One road for each command. The value is what the program returns.
+    [[nodiscard]] int zip();
+    [[nodiscard]] int unzip();
+    // The end of both: tells what was odd, and what came of the job.
+    [[nodiscard]] int finish(const QList<QUrl>& files, const JobReport& report) const;
+
+    // Why no archive is made of these, if so.
+    [[nodiscard]] std::optional<std::string> whyNotZipped(const Paths& files) const;
     // Warns of names that are there twice; why no archive of them could be extracted, if so.
-    [[nodiscard]] std::optional<std::string> findSameNames(
-        const std::vector<std::filesystem::path>& files) const;
+    [[nodiscard]] std::optional<std::string> findSameNames(const Paths& files) const;
+    [[nodiscard]] bool print(const QList<QUrl>& urls) const;
     [[nodiscard]] static int fail(const std::string& reason);
 
     const CommandLine& commandLine_;
     const FileSystem& fileSystem_;
     ZipManager& zipManager_;
-    const TerminalDiagnostics& diagnostics_;
 };
 
 }  // namespace pellumar

@@ -13,7 +13,6 @@
 #include "cli/CommandLine.h"
 #include "cli/JobRunner.h"
 #include "cli/SilentConsole.h"
-#include "cli/TerminalDiagnostics.h"
 #include "engine/FileSystem.h"
 #include "engine/ZipManager.h"
 #include "events/PellumarAnalytics.h"
@@ -100,7 +99,6 @@ int main(int argc, char** argv) {
     UserDefaults noPreferences(QStringLiteral("/dev/null"));
     const UserSettings settings(noPreferences);
     const PellumarAnalytics analytics(settings, engine);
-    TerminalDiagnostics diagnostics(stderr, commandLine->quiet);
     MainDispatchQueue mainQueue;
     GlobalDispatchQueue backgroundQueue;
     const std::shared_ptr<ZipManager> zipManager = ZipManager::create({
@@ -109,7 +107,6 @@ int main(int argc, char** argv) {
         .console = console,
         .mainQueue = mainQueue,
         .backgroundQueue = backgroundQueue,
-        .diagnostics = &diagnostics,
     });
-    return JobRunner(*commandLine, fileSystem, *zipManager, diagnostics).run();
+    return JobRunner(*commandLine, fileSystem, *zipManager).run();
 }

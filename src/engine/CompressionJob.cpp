@@ -38,10 +38,11 @@ CompressionJob::CompressionJob(const ZipManager::Environment& environment,
     : environment_(environment),
       urls_(urls),
       archiveUrl_(environment.fileSystem.archive(title)),
-      completion_(std::move(completion)) {
+      completion_(std::move(completion)),
+      report_(OperationType::kZip, archiveUrl_) {
     const std::optional<std::filesystem::path> path = localPath(archiveUrl_);
     if (!path) {
-        fail(notAPath(archiveUrl_));
+        report_.addFailure(notAPath(archiveUrl_));
         return;
     }
     // An earlier archive of this title stays until the new one is whole. A folder in its place
@@ -54,7 +55,7 @@ CompressionJob::CompressionJob(const ZipManager::Environment& environment,
     if (!created) {
         // The earlier one must not pass for the new one.
         environment_.fileSystem.removeItem(archiveUrl_);
-        fail(created.error());
+        report_.addFailure(created.error());
         return;
     }
     archive_ = std::move(*created);
@@ -92,20 +93,26 @@ bool CompressionJob::addFile(const std::optional<EntrySource>& source, const QUr
         return true;
     }
     if (!source) {
-        fail(notAPath(url));
+        report_.addFailure(notAPath(url));
         return false;
     }
-    const archive::Result<> added = archive_->addEntry(source->path,
-                                                       source->base,
-                                                       archive::CompressionMethod::kDeflate,
-                                                       archive::kDefaultWriteChunkSize);
+    const auto add = [this, &source] {
+        return archive_->addEntry(source->path,
+                                  source->base,
+                                  archive::CompressionMethod::kDeflate,
+                                  archive::kDefaultWriteChunkSize);
+    };
+    archive::Result<> added = add();
+    if (!added && added.error().isShortOfRoom() && environment_.fileSystem.finishDeletions()) {
+        added = add();
+    }
     if (!added) {
-        fail(added.error());
+        report_.addFailure(added.error());
         return false;
     }
     if (environment_.originals &&
         !environment_.originals->isUnchanged(source->base / source->path)) {
-        fail({.code = ErrorCode::kSourceChanged, .entry = source->path});
+        report_.addFailure({.code = ErrorCode::kSourceChanged, .entry = source->path});
         return false;
     }
     return true;
@@ -117,19 +124,11 @@ void CompressionJob::closeArchive() {
     }
     const archive::Result<> closed = archive_->close();
     if (!closed) {
-        fail(closed.error());
+        report_.addFailure(closed.error());
         success_ = false;
     }
-    if (environment_.diagnostics != nullptr && !archive_->warnings().empty()) {
-        environment_.diagnostics->jobWarned(archiveUrl_, archive_->warnings());
-    }
+    report_.addWarnings(archive_->warnings());
     archive_.reset();
-}
-
-void CompressionJob::fail(const Error& error) {
-    if (environment_.diagnostics != nullptr) {
-        environment_.diagnostics->jobFailed(archiveUrl_, error);
-    }
 }
 
 void CompressionJob::tellDelegate(const std::weak_ptr<ZipManager>& manager) const {
@@ -145,7 +144,7 @@ void CompressionJob::tellDelegate(const std::weak_ptr<ZipManager>& manager) cons
 void CompressionJob::finish() {
     environment_.console.writeLine(QStringLiteral("FINISHED"));
     environment_.analytics.logEvent(success_ ? event::kZippedSuccessfully : event::kFailedToZip);
-    completion_(success_ ? std::optional(archiveUrl_) : std::nullopt);
+    completion_(success_ ? std::optional(archiveUrl_) : std::nullopt, report_);
 }
 
 }  // namespace pellumar

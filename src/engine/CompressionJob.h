@@ -32,7 +32,6 @@ class CompressionJob {
     // False if the step failed.
     bool addFile(const std::optional<archive::EntrySource>& source, const QUrl& url);
     void closeArchive();
-    void fail(const archive::Error& error);
     void tellDelegate(const std::weak_ptr<ZipManager>& manager) const;
 
     ZipManager::Environment environment_;
@@ -40,6 +39,7 @@ class CompressionJob {
     QUrl archiveUrl_;
     ZipManager::ArchiveCompletion completion_;
     std::optional<archive::Archive> archive_;
+    JobReport report_;
     bool success_ = true;
     qint64 finished_ = 0;
 };

@@ -55,7 +55,10 @@ class Discard {
 }  // namespace
 
 FileSystem::FileSystem(DocumentDirectory documents, Console& console, DispatchQueue* background)
-    : documents_(std::move(documents)), console_(console), background_(background) {}
+    : documents_(std::move(documents)),
+      console_(console),
+      discarded_(PendingDeletions::on(background)),
+      deletesLater_(background != nullptr) {}
 
 void FileSystem::createFolders() const {
     for (const char* folder : {kOutputs, kZipOutputs, kDownloads, kTempImages}) {
@@ -66,9 +69,9 @@ void FileSystem::createFolders() const {
 
 void FileSystem::clearWorkspace() const {
     const std::filesystem::path root = documents_.path();
-    if (const std::optional<QList<QUrl>> left = contents(root / kDiscarded)) {
-        for (const QUrl& folder : *left) {
-            deleteLater(*localPath(folder));
+    if (const std::optional<Contents> left = contents(root / kDiscarded)) {
+        for (const QUrl& folder : left->items) {
+            discarded_->add(*localPath(folder));
         }
     }
     for (const char* folder : {kOutputs, kDownloads, kZipOutputs, kTempImages}) {
@@ -85,32 +88,23 @@ void FileSystem::clearTempImages() const {
 }
 
 void FileSystem::empty(const std::filesystem::path& folder, Telling telling) const {
-    const std::optional<QList<QUrl>> children = contents(folder);
+    const std::optional<Contents> children = contents(folder);
     if (!children) {
         return;
     }
     Discard discard(documents_.path() / kDiscarded / newName());
-    for (const QUrl& child : *children) {
+    for (const QUrl& child : children->items) {
         if (telling == Telling::kEachItem) {
             console_.writeLine(QStringLiteral("Deleting: ") + child.toString(QUrl::FullyEncoded));
         }
         const std::optional<std::filesystem::path> path = localPath(child);
         // What cannot be moved, into another file system or for want of permission, goes at once.
-        if (path && (background_ == nullptr || !discard.take(*path))) {
+        if (path && (!deletesLater_ || !discard.take(*path))) {
             static_cast<void>(removeTree(*path));
         }
     }
     if (!discard.isEmpty()) {
-        deleteLater(discard.folder());
-    }
-}
-
-void FileSystem::deleteLater(const std::filesystem::path& folder) const {
-    const auto work = [folder] { static_cast<void>(removeTree(folder)); };
-    if (background_ == nullptr) {
-        work();
-    } else {
-        background_->async(work);
+        discarded_->add(discard.folder());
     }
 }
 
@@ -134,25 +128,28 @@ QUrl FileSystem::tempImages() const {
     return fileUrl(documents_.path() / kTempImages);
 }
 
-std::optional<QList<QUrl>> FileSystem::contents(const std::filesystem::path& folder) {
+std::optional<FileSystem::Contents> FileSystem::contents(const std::filesystem::path& folder) {
     const std::unique_ptr<DIR, int (*)(DIR*)> stream(::opendir(folder.c_str()), &::closedir);
     if (!stream) {
         return std::nullopt;
     }
     std::vector<std::string> names;
+    Contents found;
     errno = 0;
     while (const dirent* entry = ::readdir(stream.get())) {
-        if (entry->d_name[0] != '.') {
-            names.emplace_back(entry->d_name);
+        const std::string_view name = entry->d_name;
+        if (!name.starts_with('.')) {
+            names.emplace_back(name);
+        } else if (name != "." && name != "..") {
+            ++found.hidden;
         }
         errno = 0;
     }
     if (errno != 0) {
         return std::nullopt;
     }
-    QList<QUrl> found;
     for (const std::size_t position : naturalOrder(names)) {
-        found.append(fileUrl(folder / names[position]));
+        found.items.append(fileUrl(folder / names[position]));
     }
     return found;
 }

@@ -4,8 +4,10 @@
 #include <QString>
 #include <QUrl>
 #include <filesystem>
+#include <memory>
 #include <optional>
 
+#include "engine/PendingDeletions.h"
 #include "platform/Console.h"
 #include "platform/DispatchQueue.h"
 #include "platform/DocumentDirectory.h"
@@ -16,9 +18,9 @@ namespace pellumar {
 // ("outputs/zipOutputs"), pictures are staged ("outputs/tempImages"), and "downloads", below the
 // folder of documents.
 //
-// Nothing fails aloud: what cannot be created, listed or deleted is passed over. Keeps no state, so
-// every operation may be called from any thread. There is no lock: emptying a folder into which a
-// job is writing may take that job's files.
+// Nothing fails aloud: what cannot be created, listed or deleted is passed over. Knows nothing of
+// the folders but what waits to be deleted, and every operation may be called from any thread.
+// There is no lock: emptying a folder into which a job is writing may take that job's files.
 class FileSystem {
   public:
     // `console` must outlive this. With a queue, which is used by the three clearing operations
@@ -38,6 +40,10 @@ class FileSystem {
     void clearZipOutputs() const;
     void clearTempImages() const;
 
+    // Makes room: returns when what the clearing operations have moved out of sight is deleted.
+    // Takes its time; for any thread but the main one. False if there was nothing of that.
+    [[nodiscard]] bool finishDeletions() const { return discarded_->finish(); }
+
     // Deletes a file, a link or a folder with all that is in it.
     void removeItem(const QUrl& at) const;
 
@@ -48,18 +54,24 @@ class FileSystem {
     [[nodiscard]] QUrl newExtraction() const;
     [[nodiscard]] QUrl tempImages() const;
 
-    // What is in a folder: links too, wherever they lead, but nothing hidden. In natural
-    // order. Nothing if the folder cannot be read.
-    [[nodiscard]] static std::optional<QList<QUrl>> contents(const std::filesystem::path& folder);
+    // What is in a folder: links too, wherever they lead, in natural order.
+    struct Contents {
+        QList<QUrl> items;
+        // How many more there are, whose names begin with a dot.
+        qsizetype hidden = 0;
+    };
+    // Nothing if the folder cannot be read.
+    [[nodiscard]] static std::optional<Contents> contents(const std::filesystem::path& folder);
 
   private:
     enum class Telling { kSilent, kEachItem };
     void empty(const std::filesystem::path& folder, Telling telling) const;
-    void deleteLater(const std::filesystem::path& folder) const;
 
     DocumentDirectory documents_;
     Console& console_;
-    DispatchQueue* background_;
+    std::shared_ptr<PendingDeletions> discarded_;
+    // Whether it is worth while to move things out of sight.
+    bool deletesLater_;
 };
 
 }  // namespace pellumar

@@ -23,8 +23,8 @@ using std::filesystem::path;
 
 // Writes each picture into the folder under its position, and lists the folder. A picture that
 // cannot be encoded or written leaves a gap.
-std::optional<QList<QUrl>> stage(const std::vector<std::shared_ptr<const Image>>& images,
-                                 const QUrl& folderUrl) {
+std::optional<FileSystem::Contents> stage(const std::vector<std::shared_ptr<const Image>>& images,
+                                          const QUrl& folderUrl) {
     constexpr double kQuality = 0.5;
     const std::optional<path> folder = localPath(folderUrl);
     if (!folder) {
@@ -46,35 +46,15 @@ std::optional<QList<QUrl>> stage(const std::vector<std::shared_ptr<const Image>>
     return FileSystem::contents(*folder);
 }
 
-Result<QList<QUrl>> extract(const Environment& environment, const QUrl& archive, const QUrl& to) {
-    const std::optional<path> source = localPath(archive);
-    const std::optional<path> destination = localPath(to);
-    if (!source || !destination) {
-        return archive::failure(ErrorCode::kInvalidArgument);
-    }
-    if (environment.originals && !environment.originals->isUnchanged(*source)) {
-        return archive::Failure(
-            Error{.code = ErrorCode::kSourceChanged, .entry = source->filename().native()});
-    }
+// Into a folder that is made for it.
+Result<archive::UnzipReport> extract(const path& source, const path& destination) {
     std::error_code error;
-    std::filesystem::create_directories(*destination, error);
+    std::filesystem::create_directories(destination, error);
     if (error) {
-        return archive::Failure(Error{.code = ErrorCode::kWriteFailed,
-                                      .entry = destination->native(),
-                                      .systemError = error.value()});
+        return archive::Failure(
+            Error{.code = ErrorCode::kWriteFailed, .entry = {}, .systemError = error.value()});
     }
-    Result<archive::UnzipReport> report = archive::unzipItem(*source, *destination, false);
-    if (!report) {
-        return archive::passOn(report);
-    }
-    if (environment.diagnostics != nullptr && !report->warnings.empty()) {
-        environment.diagnostics->jobWarned(archive, report->warnings);
-    }
-    std::optional<QList<QUrl>> files = FileSystem::contents(*destination);
-    if (!files) {
-        return archive::systemFailure(ErrorCode::kReadFailed);
-    }
-    return *std::move(files);
+    return archive::unzipItem(source, destination, false);
 }
 
 // One run of ZipManager::unzip, with what it passes from the background queue to the main one.
@@ -83,24 +63,53 @@ struct ExtractionJob {
     QUrl archive;
     QUrl destination;
     ZipManager::FilesCompletion completion;
-    std::optional<QList<QUrl>> files;
+    JobReport report{OperationType::kUnzip, archive};
+    std::optional<QList<QUrl>> files = std::nullopt;
 
     void run() {
-        Result<QList<QUrl>> extracted = extract(environment, archive, destination);
+        Result<FileSystem::Contents> extracted = contents();
         if (extracted) {
-            files = *std::move(extracted);
+            files = std::move(extracted->items);
+            report.setHiddenItems(extracted->hidden);
             return;
         }
         environment.console.writeLine(QStringLiteral("FAILED!"));
-        if (environment.diagnostics != nullptr) {
-            environment.diagnostics->jobFailed(archive, extracted.error());
-        }
+        report.addFailure(std::move(extracted.error()));
     }
 
     void finish() {
         environment.analytics.logEvent(files ? event::kUnzippedSuccessfully
                                              : event::kFailedToUnzip);
-        completion(std::move(files));
+        completion(std::move(files), report);
+    }
+
+  private:
+    // What has been extracted.
+    Result<FileSystem::Contents> contents() {
+        const std::optional<path> from = localPath(archive);
+        const std::optional<path> to = localPath(destination);
+        if (!from || !to) {
+            return archive::failure(ErrorCode::kInvalidArgument);
+        }
+        if (environment.originals && !environment.originals->isUnchanged(*from)) {
+            return archive::Failure(
+                Error{.code = ErrorCode::kSourceChanged, .entry = from->filename().native()});
+        }
+        Result<archive::UnzipReport> extracted = extract(*from, *to);
+        if (!extracted && extracted.error().isShortOfRoom() &&
+            environment.fileSystem.finishDeletions()) {
+            environment.fileSystem.removeItem(destination);
+            extracted = extract(*from, *to);
+        }
+        if (!extracted) {
+            return archive::passOn(extracted);
+        }
+        report.addWarnings(extracted->warnings);
+        std::optional<FileSystem::Contents> found = FileSystem::contents(*to);
+        if (!found) {
+            return archive::systemFailure(ErrorCode::kReadFailed);
+        }
+        return *std::move(found);
     }
 };
 
@@ -120,25 +129,20 @@ struct PhotoJob {
   private:
     void stageAndZip(const std::weak_ptr<ZipManager>& manager) const {
         const QUrl folder = environment.fileSystem.tempImages();
-        const std::optional<QList<QUrl>> staged = stage(images, folder);
-        if (!staged) {
-            if (environment.diagnostics != nullptr) {
-                environment.diagnostics->jobFailed(
-                    folder, archive::systemFailure(ErrorCode::kReadFailed).value());
-            }
-            return;
-        }
-        if (const std::shared_ptr<ZipManager> alive = manager.lock()) {
-            alive->zip(*staged, title, cleaningUp());
+        const std::optional<FileSystem::Contents> staged = stage(images, folder);
+        const std::shared_ptr<ZipManager> alive = manager.lock();
+        if (staged && alive) {
+            alive->zip(staged->items, title, cleaningUp());
         }
     }
 
     // The completion in two steps on the main queue: the folder is empty before the caller knows.
     [[nodiscard]] ZipManager::ArchiveCompletion cleaningUp() const {
-        return [environment = environment,
-                completion = completion](const std::optional<QUrl>& archive) {
+        return [environment = environment, completion = completion](
+                   const std::optional<QUrl>& archive, const JobReport& report) {
             environment.fileSystem.clearTempImages();
-            environment.mainQueue.async([completion, archive] { completion(archive); });
+            environment.mainQueue.async(
+                [completion, archive, report] { completion(archive, report); });
         };
     }
 };
@@ -187,7 +191,6 @@ void ZipManager::unzip(const QUrl& url, FilesCompletion completion) const {
         .archive = url,
         .destination = environment_.fileSystem.newExtraction(),
         .completion = std::move(completion),
-        .files = std::nullopt,
     });
     environment_.fileSystem.removeItem(job->destination);
     environment_.backgroundQueue.async(

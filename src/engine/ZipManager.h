@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "engine/FileSystem.h"
-#include "engine/JobDiagnostics.h"
+#include "engine/JobReport.h"
 #include "engine/ZipManagerDelegate.h"
 #include "events/PellumarAnalytics.h"
 #include "platform/Console.h"
@@ -26,6 +26,9 @@ namespace pellumar {
 // whose value tells success; a usage event has been reported just before. Jobs know nothing of each
 // other: two of the same title write the same file.
 //
+// A job that finds too little room waits until what the workspace was emptied of is deleted, and
+// tries again.
+//
 // A job lives on when its manager is released: its completion comes, only the delegate hears no
 // more. Screens call the operations from the main thread; they return at once.
 class ZipManager : public std::enable_shared_from_this<ZipManager> {
@@ -37,14 +40,13 @@ class ZipManager : public std::enable_shared_from_this<ZipManager> {
         Console& console;
         DispatchQueue& mainQueue;
         DispatchQueue& backgroundQueue;
-        // May be null.
-        JobDiagnostics* diagnostics = nullptr;
         // Of files that may have changed since they were picked. May be null.
         std::shared_ptr<const Originals> originals = nullptr;
     };
 
-    using ArchiveCompletion = std::function<void(std::optional<QUrl>)>;
-    using FilesCompletion = std::function<void(std::optional<QList<QUrl>>)>;
+    // The value tells success. The report beside it tells why not, and is good for the call only.
+    using ArchiveCompletion = std::function<void(std::optional<QUrl>, const JobReport&)>;
+    using FilesCompletion = std::function<void(std::optional<QList<QUrl>>, const JobReport&)>;
 
     [[nodiscard]] static std::shared_ptr<ZipManager> create(const Environment& environment);
 

@@ -2,6 +2,8 @@
 
 #include <QCoreApplication>
 
+#include "engine/FailureReason.h"
+
 namespace pellumar {
 
 std::shared_ptr<MBProgressHUD> CanRunJobs::showHud(const QString& label) {
@@ -16,17 +18,19 @@ void CanRunJobs::compress(const QString& label, const Compression& compression) 
     hud_->setMode(MBProgressHUD::Mode::kAnnularDeterminate);
     const auto awake =
         services().sleep.keepAwake(QCoreApplication::translate("CanRunJobs", "Making an archive"));
-    compression(*zipManager_, whileAlive([this, shown, awake](const std::optional<QUrl>& archive) {
+    const auto finished = [this, shown, awake](const std::optional<QUrl>& archive,
+                                               const JobReport& report) {
         if (!archive) {
             // The overlay stays under the alert; the way out is to leave the screen.
-            showFailureAlert();
+            showFailureAlert(FailureReason::of(report));
             return;
         }
         shareFiles({*archive}, [this](const auto&...) { askForReviewOnce(); });
         if (const auto hud = shown.lock()) {
             hud->hide(true);
         }
-    }));
+    };
+    compression(*zipManager_, whileAlive(finished));
 }
 
 void CanRunJobs::zipManagerDidAddFile(qint64 done, qint64 total) {

@@ -11,11 +11,14 @@ const QString kFileCell = QStringLiteral("FileTableViewCell");
 
 }  // namespace
 
-UnzipViewController::UnzipViewController(const ScreenServices& services, QList<QUrl> urls)
+UnzipViewController::UnzipViewController(const ScreenServices& services,
+                                         QList<QUrl> urls,
+                                         JobReport report)
     : UIViewController(services.ui),
       services_(services),
       details_(services.mainQueue, services.documents.backgroundQueue),
-      urls_(std::move(urls)) {}
+      urls_(std::move(urls)),
+      report_(std::move(report)) {}
 
 void UnzipViewController::viewDidLoad() {
     UIViewController::viewDidLoad();

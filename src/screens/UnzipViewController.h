@@ -25,9 +25,13 @@ class UnzipViewController : public pellumar::UIViewController,
     Q_PROPERTY(bool isEmpty READ isEmpty CONSTANT)
 
   public:
-    UnzipViewController(const ScreenServices& services, QList<QUrl> urls);
+    // `report` is what the extraction said of itself.
+    UnzipViewController(const ScreenServices& services,
+                        QList<QUrl> urls,
+                        JobReport report = {OperationType::kUnzip, QUrl()});
 
     [[nodiscard]] const QList<QUrl>& urls() const { return urls_; }
+    [[nodiscard]] const JobReport& report() const { return report_; }
     [[nodiscard]] bool isEmpty() const { return urls_.isEmpty(); }
 
     Q_INVOKABLE void shareAll();
@@ -51,6 +55,7 @@ class UnzipViewController : public pellumar::UIViewController,
     FileDetails details_;
     QPointer<UITableView> tableView_;
     const QList<QUrl> urls_;
+    const JobReport report_;
 };
 
 }  // namespace pellumar

@@ -102,20 +102,21 @@ void ViewController::extract(const QUrl& url) {
     const std::weak_ptr<MBProgressHUD> shown = showHud(QStringLiteral("Unzipping"));
     const auto awake = services_.sleep.keepAwake(tr("Extracting an archive"));
     zipManager().unzip(url,
-                       whileAlive([this, shown, awake](const std::optional<QList<QUrl>>& urls) {
+                       whileAlive([this, shown, awake](const std::optional<QList<QUrl>>& urls,
+                                                       const JobReport& report) {
                            if (const auto hud = shown.lock()) {
                                hud->hide(true);
                            }
-                           showResults(urls);
+                           showResults(urls, report);
                        }));
 }
 
-void ViewController::showResults(const std::optional<QList<QUrl>>& urls) {
+void ViewController::showResults(const std::optional<QList<QUrl>>& urls, const JobReport& report) {
     if (!urls) {
-        showFailureAlert();
+        showFailureAlert(FailureReason::of(report));
         return;
     }
-    const auto results = makeController<UnzipViewController>(services_, *urls);
+    const auto results = makeController<UnzipViewController>(services_, *urls, report);
     results->setHidesBottomBarWhenPushed(true);
     if (const auto stack = navigationController()) {
         stack->pushViewController(results, true);

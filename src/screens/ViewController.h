@@ -48,7 +48,7 @@ class ViewController : public UIViewController,
     [[nodiscard]] const ScreenServices& services() const override { return services_; }
     void askForRating();
     void extract(const QUrl& url);
-    void showResults(const std::optional<QList<QUrl>>& urls);
+    void showResults(const std::optional<QList<QUrl>>& urls, const JobReport& report);
 
     const ScreenServices services_;
     RelevantActionCount& launches_;

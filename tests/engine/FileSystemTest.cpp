@@ -143,9 +143,12 @@ TEST_F(FileSystemTest, ListsLinksButNothingHiddenInNaturalOrder) {
     for (const char* name : {"1", "b", "c\xFF", "dangling", "File 2", "file 10"}) {
         expected.append(fileUrl(folder_ / "docs" / name));
     }
-    EXPECT_EQ(FileSystem::contents(folder_ / "docs"), expected);
-    EXPECT_EQ(FileSystem::contents(folder_ / "missing"), std::nullopt);
-    EXPECT_EQ(FileSystem::contents(folder_ / "docs/b"), std::nullopt);
+    const std::optional<FileSystem::Contents> found = FileSystem::contents(folder_ / "docs");
+    ASSERT_TRUE(found);
+    EXPECT_EQ(found->items, expected);
+    EXPECT_EQ(found->hidden, 1);
+    EXPECT_FALSE(FileSystem::contents(folder_ / "missing"));
+    EXPECT_FALSE(FileSystem::contents(folder_ / "docs/b"));
 }
 
 TEST_F(FileSystemTest, NamesItsPlaces) {

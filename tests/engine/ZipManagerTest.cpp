@@ -40,16 +40,6 @@ class RecordingDelegate : public ZipManagerDelegate {
     std::function<void()> told;
 };
 
-class RecordingDiagnostics : public JobDiagnostics {
-  public:
-    void jobFailed(const QUrl& /*archive*/, const archive::Error& error) override {
-        errors.push_back(error.code);
-    }
-    void jobWarned(const QUrl& /*archive*/, const archive::Warnings& /*warnings*/) override {}
-
-    std::vector<archive::ErrorCode> errors;
-};
-
 class Picture : public Image {
   public:
     explicit Picture(QByteArray jpeg) : jpeg_(std::move(jpeg)) {}
@@ -67,12 +57,21 @@ template <typename Value>
 struct Outcome {
     int calls = 0;
     std::optional<Value> value;
+    std::optional<JobReport> report;
 
-    std::function<void(std::optional<Value>)> completion() {
-        return [this](std::optional<Value> result) {
+    std::function<void(std::optional<Value>, const JobReport&)> completion() {
+        return [this](std::optional<Value> result, const JobReport& given) {
             ++calls;
             value = std::move(result);
+            report.emplace(given);
         };
+    }
+    [[nodiscard]] std::vector<archive::ErrorCode> errors() const {
+        std::vector<archive::ErrorCode> codes;
+        for (const archive::Error& error : report->failures()) {
+            codes.push_back(error.code);
+        }
+        return codes;
     }
 };
 
@@ -143,8 +142,7 @@ class ZipManagerTest : public testing::Test {
                 .analytics = analytics_,
                 .console = console_,
                 .mainQueue = mainQueue,
-                .backgroundQueue = backgroundQueue,
-                .diagnostics = &diagnostics_};
+                .backgroundQueue = backgroundQueue};
     }
 
     test::TemporaryFolder folder_;
@@ -154,7 +152,6 @@ class ZipManagerTest : public testing::Test {
     UserSettings settings_{defaults_};
     RecordingAnalytics engine_;
     PellumarAnalytics analytics_{settings_, engine_};
-    RecordingDiagnostics diagnostics_;
     test::ManualDispatchQueue mainQueue_;
     test::ManualDispatchQueue backgroundQueue_;
     std::shared_ptr<ZipManager> manager_ =
@@ -201,7 +198,7 @@ TEST_F(ZipManagerTest, AFailedFileFailsTheJobButTheOthersAreAdded) {
               "Compressing 4 items|Adding url to file|Finished: 1|Adding url to file|Failed|"
               "Adding url to file|Failed|Adding url to file|Finished: 2|FINISHED");
     EXPECT_EQ(
-        diagnostics_.errors,
+        archive_.errors(),
         (std::vector{archive::ErrorCode::kSourceUnreadable, archive::ErrorCode::kInvalidArgument}));
 }
 
@@ -212,13 +209,13 @@ TEST_F(ZipManagerTest, AnArchiveThatCannotBeCreatedCountsAsMade) {
         settle();
         EXPECT_EQ(archive_.value, fileSystem_.archive(title));
         EXPECT_EQ(delegate_->progress, (Progress{{1, 2}, {2, 2}}));
+        EXPECT_EQ(archive_.errors().size(), 1U);
         delegate_->progress.clear();
     }
     EXPECT_EQ(events(), QStringList({"zipped_successfuly", "zipped_successfuly"}));
     EXPECT_EQ(console_.lines().mid(0, 6).join("|"),
               "Compressing 2 items|Adding url to file|Finished: 1|Adding url to file|"
               "Finished: 2|FINISHED");
-    EXPECT_EQ(diagnostics_.errors.size(), 2U);
     EXPECT_TRUE(fs::is_empty(folder_ / "docs/downloads"));
 }
 
@@ -304,9 +301,8 @@ TEST_F(ZipManagerTest, WhatWasChangedSinceItWasPickedFailsByName) {
     manager_->unzip(archive, files_.completion());
     settle();
     EXPECT_FALSE(files_.value);
-    EXPECT_EQ(
-        diagnostics_.errors,
-        (std::vector{archive::ErrorCode::kSourceChanged, archive::ErrorCode::kSourceChanged}));
+    EXPECT_EQ(archive_.errors(), std::vector{archive::ErrorCode::kSourceChanged});
+    EXPECT_EQ(files_.errors(), std::vector{archive::ErrorCode::kSourceChanged});
 }
 
 TEST_F(ZipManagerTest, ExtractsIntoANewFolderAndListsItsTop) {
@@ -318,7 +314,9 @@ TEST_F(ZipManagerTest, ExtractsIntoANewFolderAndListsItsTop) {
     ASSERT_TRUE(files_.value);
     ASSERT_EQ(files_.value->size(), 2);
     const fs::path place = localPath(files_.value->first())->parent_path();
-    EXPECT_EQ(files_.value, FileSystem::contents(place));
+    EXPECT_EQ(files_.value, FileSystem::contents(place)->items);
+    EXPECT_EQ(files_.report->hiddenItems(), 1);
+    EXPECT_EQ(files_.report->failureCount(), 0U);
     EXPECT_EQ(test::readText(place / "folder/deep/a"), "folder/deep/a");
     EXPECT_EQ(test::readText(place / ".hidden"), ".hidden");
     EXPECT_EQ(events(), QStringList{"unzipped_successfuly"});
@@ -341,8 +339,8 @@ TEST_F(ZipManagerTest, ADamagedArchiveGivesNothingAndLeavesItsFolder) {
     EXPECT_EQ(files_.value, std::nullopt);
     EXPECT_EQ(console_.lines(), QStringList{"FAILED!"});
     EXPECT_EQ(events(), QStringList{"failed_to_unzip"});
-    EXPECT_EQ(diagnostics_.errors.size(), 1U);
-    EXPECT_EQ(FileSystem::contents(folder_ / "docs/outputs/zipOutputs")->size(), 1);
+    EXPECT_EQ(files_.errors(), std::vector{archive::ErrorCode::kChecksumMismatch});
+    EXPECT_EQ(FileSystem::contents(folder_ / "docs/outputs/zipOutputs")->items.size(), 1);
 }
 
 TEST_F(ZipManagerTest, PicturesAreStagedWithWhatIsThereAndClearedAway) {
@@ -354,9 +352,9 @@ TEST_F(ZipManagerTest, PicturesAreStagedWithWhatIsThereAndClearedAway) {
         std::make_shared<Picture>("third"),
     };
     manager_->setDelegate(delegate_);
-    manager_->zip(images, "Photos", [this](std::optional<QUrl> archive) {
+    manager_->zip(images, "Photos", [this](std::optional<QUrl> archive, const auto& report) {
         EXPECT_TRUE(fs::is_empty(folder_ / "docs/outputs/tempImages"));
-        archive_.completion()(std::move(archive));
+        archive_.completion()(std::move(archive), report);
     });
     settle();
     EXPECT_EQ(archive_.calls, 1);
@@ -411,20 +409,21 @@ TEST_F(ZipManagerTest, CompletesOnTheMainThreadAndCallsTheDelegateOnAnother) {
             loop.quit();
         }
     };
-    manager->zip(urls, "T", [&](const std::optional<QUrl>& url) {
+    manager->zip(urls, "T", [&](const std::optional<QUrl>& url, const auto& /*report*/) {
         EXPECT_EQ(screen->progress.size(), 50U);
         EXPECT_NE(screen->thread, application.thread());
         screen.reset();
         finish(url.has_value());
     });
     manager->unzip(archiveOf({"x"}),
-                   [&](const std::optional<QList<QUrl>>& files) { finish(files.has_value()); });
+                   [&](const auto& files, const auto& /*report*/) { finish(files.has_value()); });
     loop.exec();
 
     auto leaving = std::shared_ptr<RecordingDelegate>(new RecordingDelegate, release);
     manager->setDelegate(leaving);
     running = 1;
-    manager->zip(urls, "U", [&](const std::optional<QUrl>& url) { finish(url.has_value()); });
+    manager->zip(
+        urls, "U", [&](const auto& url, const auto& /*report*/) { finish(url.has_value()); });
     leaving.reset();
     loop.exec();
 }

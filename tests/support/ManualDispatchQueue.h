@@ -22,6 +22,13 @@ class ManualDispatchQueue : public DispatchQueue {
         }
     }
 
+    // Runs what was given last, before all that waits.
+    void runLast() {
+        const std::function<void()> work = std::move(waiting_.back());
+        waiting_.pop_back();
+        work();
+    }
+
   private:
     std::list<std::function<void()>> waiting_;
 };

@@ -59,6 +59,15 @@ struct Error {
     std::uint64_t offset = 0;
     // errno where the system gave one, else 0.
     int systemError = 0;
+    // kTooLarge: the room that the disk would have to have, and what is free; 0 and 0 where it is
+    // not bytes that are short.
+    std::uint64_t bytesNeeded = 0;
+    std::uint64_t bytesFree = 0;
+
+    // Whether room on the disk is what was missing.
+    [[nodiscard]] bool isShortOfRoom() const {
+        return code == ErrorCode::kNoSpace || code == ErrorCode::kTooLarge;
+    }
 
     // One line for a log or a terminal: reason, entry, offset and system error where present.
     [[nodiscard]] std::string describe() const;

@@ -26,6 +26,14 @@ std::string_view describe(WarningCode code) {
     return "unknown warning";
 }
 
+std::string Warning::describe() const {
+    std::string line(archive::describe(code));
+    if (!entry.empty()) {
+        line += ": " + entry;
+    }
+    return line + " (at offset " + std::to_string(offset) + ")";
+}
+
 void Warnings::add(WarningCode code, std::string_view entry, std::uint64_t offset) {
     ++count_;
     if (kept_.size() < kMostKept) {

@@ -25,6 +25,9 @@ struct Warning {
     std::string entry;
     std::uint64_t offset = 0;
 
+    // One line for a log or a terminal: what was odd, entry and offset.
+    [[nodiscard]] std::string describe() const;
+
     friend bool operator==(const Warning&, const Warning&) = default;
 };
 

@@ -100,7 +100,13 @@ class Extraction {
 
     Result<ExtractionResult> run() {
         const DestinationTree::Room room = tree_.room();
-        if (plan_.bytesOnDisk(room.blockSize) > room.bytes || plan_.nodes() > room.nodes) {
+        if (const std::uint64_t needed = plan_.bytesOnDisk(room.blockSize); needed > room.bytes) {
+            return Failure(Error{.code = ErrorCode::kTooLarge,
+                                 .entry = {},
+                                 .bytesNeeded = needed,
+                                 .bytesFree = room.bytes});
+        }
+        if (plan_.nodes() > room.nodes) {
             return failure(ErrorCode::kTooLarge);
         }
         if (auto checked = checkEntries(); !checked) {

@@ -1,6 +1,11 @@
 #include "platform/kit/UIAlertController.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <utility>
+
+#include "platform/kit/Notice.h"
+#include "platform/kit/UIWindow.h"
 
 namespace pellumar {
 
@@ -31,6 +36,13 @@ void UIAlertController::choose(int index) {
             handler();
         }
     });
+}
+
+void UIAlertController::copyReason() const {
+    QGuiApplication::clipboard()->setText(reason_.text + QStringLiteral("\n\n") + reason_.details);
+    if (window() != nullptr) {
+        Notice::show(context(), *window(), tr("Copied"));
+    }
 }
 
 bool UIAlertController::goBack() {

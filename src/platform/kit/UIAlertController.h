@@ -28,6 +28,11 @@ struct TextFieldRule {
     QString lengthHint;
 };
 
+struct AlertReason {
+    QString text;
+    QString details;
+};
+
 // A dialog with a title, a message, at most one text field, and buttons that all close it. A
 // button's handler is called when the dialog has gone. Escape chooses the cancelling button, or the
 // only one.
@@ -37,6 +42,7 @@ class UIAlertController : public pellumar::UIViewController {
     QML_UNCREATABLE("Made in C++")
     Q_PROPERTY(QString alertTitle READ alertTitle CONSTANT)
     Q_PROPERTY(QString message READ message CONSTANT)
+    Q_PROPERTY(QString reason READ reason CONSTANT)
     Q_PROPERTY(QStringList actionTitles READ actionTitles CONSTANT)
     Q_PROPERTY(int cancelIndex READ cancelIndex CONSTANT)
     Q_PROPERTY(bool hasTextField READ hasTextField CONSTANT)
@@ -50,16 +56,22 @@ class UIAlertController : public pellumar::UIViewController {
 
     // Before the view is loaded.
     void addTextField(const QString& placeholder, TextFieldRule rule = {});
+    // What lies behind the message: words of its own beneath it, and what its button copies.
+    // Without a text there is none.
+    void setReason(AlertReason reason) { reason_ = std::move(reason); }
     void addAction(UIAlertAction action) { actions_.append(std::move(action)); }
 
     // What the text field holds; nothing if there is none.
     [[nodiscard]] std::optional<QString> textFieldText() const;
 
     Q_INVOKABLE void choose(int index);
+    // Puts the reason and its details on the clipboard.
+    Q_INVOKABLE void copyReason() const;
     bool goBack() override;
 
     [[nodiscard]] QString alertTitle() const { return title_; }
     [[nodiscard]] QString message() const { return message_; }
+    [[nodiscard]] QString reason() const { return reason_.text; }
     [[nodiscard]] QStringList actionTitles() const;
     // The position of the cancelling button, -1 if there is none.
     [[nodiscard]] int cancelIndex() const;
@@ -75,6 +87,7 @@ class UIAlertController : public pellumar::UIViewController {
   private:
     const QString title_;
     const QString message_;
+    AlertReason reason_;
     std::optional<QString> placeholder_;
     TextFieldRule rule_;
     QString text_;

@@ -10,6 +10,7 @@ FocusScope {
 
     Accessible.role: Accessible.AlertMessage
     Accessible.name: controller.alertTitle + ". " + controller.message
+    Accessible.description: controller.reason
 
     Rectangle {
         anchors.fill: parent
@@ -50,6 +51,12 @@ FocusScope {
                 text: root.controller.message
                 color: Theme.textSecondary
                 horizontalAlignment: Text.AlignHCenter
+            }
+            AlertReason {
+                Layout.fillWidth: true
+                visible: root.controller.reason !== ""
+                text: root.controller.reason
+                onCopied: root.controller.copyReason()
             }
             InputField {
                 Layout.fillWidth: true

@@ -1,0 +1,72 @@
+#include "engine/Remarks.h"
+
+#include <QCoreApplication>
+#include <QLocale>
+
+#include "engine/ShownName.h"
+
+namespace pellumar {
+namespace {
+
+using archive::Warning;
+using archive::WarningCode;
+
+class Sentences {
+    Q_DECLARE_TR_FUNCTIONS(Remarks)
+
+  public:
+    static QString text(const Warning& warning) {
+        const QString name = shownName(QString::fromStdString(warning.entry));
+        switch (warning.code) {
+            case WarningCode::kBytesBeforeArchive:
+                return tr(
+                    "There is something in front of the archive that is no part of it. It "
+                    "was passed over.");
+            case WarningCode::kBytesAfterArchive:
+                return tr(
+                    "There is something behind the archive that is no part of it. It was "
+                    "passed over.");
+            case WarningCode::kDuplicatePath:
+                return tr("%1 is in the archive more than once. The last one was taken.").arg(name);
+            case WarningCode::kLegacyCharset:
+                return tr("The letters of the name %1 are a guess.").arg(name);
+            case WarningCode::kSpecialFile:
+                return tr("%1 was no common file. It was taken out as one.").arg(name);
+            case WarningCode::kSetIdBitsDropped:
+                return tr("%1 asked for special rights. It did not get them.").arg(name);
+            case WarningCode::kMetadataNotRestored:
+                return tr("%1 did not get its time or its permissions back.").arg(name);
+            case WarningCode::kUnlistedEntry:
+                return tr(
+                    "The archive holds something that its list of contents leaves out. It "
+                    "was passed over.");
+            case WarningCode::kNameMadePortable:
+                return tr("The name %1 would lead elsewhere on other systems, and was changed a "
+                          "little.")
+                    .arg(name);
+        }
+        return {};
+    }
+    static QString more(qsizetype count) {
+        return tr("And %1 more.").arg(QLocale().toString(count));
+    }
+};
+
+}  // namespace
+
+Remarks Remarks::of(const JobReport& report) {
+    const archive::Warnings& warnings = report.warnings();
+    Remarks remarks;
+    remarks.count = static_cast<qsizetype>(warnings.count());
+    remarks.details = report.archive().toString(QUrl::FullyEncoded);
+    for (const Warning& warning : warnings.kept()) {
+        remarks.lines.append(Sentences::text(warning));
+        remarks.details += '\n' + QString::fromStdString(warning.describe());
+    }
+    if (remarks.count > remarks.lines.size()) {
+        remarks.lines.append(Sentences::more(remarks.count - remarks.lines.size()));
+    }
+    return remarks;
+}
+
+}  // namespace pellumar
