@@ -33,7 +33,7 @@ constexpr int kSettleMs = 600;
 class WindowBench {
   public:
     WindowBench() : watch_(composition_.window()) {
-        composition_.delegate().applicationDidFinishLaunching();
+        composition_.launch({});
         const auto tabs = std::dynamic_pointer_cast<UITabBarController>(
             makeMainInterface(composition_.screens().ui, composition_.storyboard()));
         composition_.window().setRootViewController(tabs);

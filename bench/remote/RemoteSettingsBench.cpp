@@ -84,7 +84,8 @@ void BM_ReadMissing(benchmark::State& state) {
 void BM_LaunchWithActiveKeys(benchmark::State& state) {
     ActiveKeys& keys = ActiveKeys::shared();
     for ([[maybe_unused]] auto _ : state) {
-        const RemoteConfigService service(keys.options(), keys.console());
+        RemoteConfigService service(keys.options(), keys.console());
+        service.start();
         benchmark::DoNotOptimize(&service);
     }
 }

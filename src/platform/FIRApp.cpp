@@ -19,7 +19,8 @@ Configuration& configuration() {
 
 }  // namespace
 
-void FIRApp::configure(Services services) {
+void FIRApp::configure(const std::function<Services()>& start) {
+    Services services = start();
     Configuration& current = configuration();
     const std::lock_guard lock(current.mutex);
     current.services = std::move(services);

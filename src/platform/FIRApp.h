@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 
 #include "platform/FIRAnalytics.h"
@@ -16,9 +17,10 @@ class FIRApp {
         std::shared_ptr<FIRRemoteConfig> remoteConfig;
     };
 
-    // To be called at launch, before anything shared is asked for: that keeps the services it finds
-    // at its making. Neither pointer may be null.
-    static void configure(Services services);
+    // Has `start` start the services, and makes them known. The first thing of a launch: nothing of
+    // them runs before, and what is shared keeps the services it finds at its making. Neither
+    // pointer may be null.
+    static void configure(const std::function<Services()>& start);
 
     // Stops the process if nothing has been configured. May be called from any thread.
     [[nodiscard]] static Services services();

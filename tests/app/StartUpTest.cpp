@@ -55,8 +55,11 @@ class StartUpTest : public ScreenFixture {
     std::shared_ptr<AppDelegate> delegate = std::make_shared<AppDelegate>(
         AppDelegate::Environment{services.ui, storyboard, settings, fileSystem, console, [this] {
                                      areServicesConfigured = true;
-                                     FIRApp::configure({std::make_shared<RecordingAnalytics>(),
-                                                        std::make_shared<SilentRemoteConfig>()});
+                                     FIRApp::configure([] {
+                                         return FIRApp::Services{
+                                             std::make_shared<RecordingAnalytics>(),
+                                             std::make_shared<SilentRemoteConfig>()};
+                                     });
                                  }});
 };
 

@@ -77,7 +77,7 @@ class Desktop:
     def _start_bus(self, service):
         services = self.folder / "services"
         shutil.copy(A11Y_SERVICE, services)
-        ours = re.sub(r"(?m)^Exec=.*$", f"Exec={self.program}", pathlib.Path(service).read_text())
+        ours = re.sub(r"(?m)^Exec=\S+", f"Exec={self.program}", pathlib.Path(service).read_text())
         (services / f"{APP_ID}.service").write_text(ours)
         text = (HERE / "bus.conf.in").read_text()
         text = text.replace("@FOLDER@", str(self.folder)).replace("@SERVICES@", str(services))

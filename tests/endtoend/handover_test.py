@@ -26,6 +26,12 @@ class HandOverTest(road.RoadTest):
         self.assertEqual(self.until_file(self.home / "Downloads" / photo), data)
         application.find("heading", "Unzipped Files")
 
+    def counted_launches(self):
+        """How many launches the rule about the rating has counted."""
+        lines = (self.home / ".config/pellumar-zip/pellumar-zip.conf").read_text().splitlines()
+        counts = [line.split("=")[1] for line in lines if line.startswith("RELEVANT_ACTION_COUNT")]
+        return int(counts[0]) if counts else 0
+
     def test_to_the_running_application(self):
         archive, data = self.make_holiday(NAME, "photo.bin")
         running = self.start_at_home()
@@ -37,6 +43,9 @@ class HandOverTest(road.RoadTest):
         archive, data = self.make_holiday(NAME, "photo.bin")
         self.desktop.end(self.start_at_home())
         application = self.desktop.hand_over(archive)
+        application.find("dialog")
+        # Started for an archive, it asks for nothing else.
+        self.assertEqual(self.counted_launches(), 1)
         self.take_through(application, archive, "photo.bin", data)
         application.click("push button", "Back")
         application.find("push button", "Zip")
@@ -48,6 +57,8 @@ class HandOverTest(road.RoadTest):
         archive, data = self.make_holiday(NAME, "photo.bin")
         self.desktop.end(self.start_at_home())
         application = self.desktop.start(archive)
+        application.find("dialog")
+        self.assertEqual(self.counted_launches(), 1)
         self.take_through(application, archive, "photo.bin", data)
         # The list of the first is still open.
         archive, data = self.make_holiday("zweites ä.zip", "second.bin")

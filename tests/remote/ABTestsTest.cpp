@@ -114,7 +114,8 @@ TEST(SharedDeathTest, SharedStoresStandOnTheConfiguredServices) {
 
     const auto config = std::make_shared<test::FakeRemoteConfig>();
     const auto analytics = std::make_shared<RecordingAnalytics>();
-    FIRApp::configure({.analytics = analytics, .remoteConfig = config});
+    FIRApp::configure(
+        [&] { return FIRApp::Services{.analytics = analytics, .remoteConfig = config}; });
     std::vector<RemoteSettings*> found(4);
     std::vector<std::thread> threads(found.size());
     for (std::size_t i = 0; i < found.size(); ++i) {

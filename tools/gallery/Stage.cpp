@@ -35,7 +35,7 @@ bool isLoading(const QQuickItem& item) {
 }  // namespace
 
 Stage::Stage(const SampleHome& home) : home_(home) {
-    composition_.delegate().applicationDidFinishLaunching();
+    composition_.launch({});
 }
 
 void Stage::setDark(bool isDark) {

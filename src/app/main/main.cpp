@@ -1,15 +1,13 @@
-#include <QCommandLineParser>
-#include <QDir>
 #include <QGuiApplication>
 #include <QQuickStyle>
 #include <cstdio>
-#include <filesystem>
+#include <cstdlib>
 #include <optional>
 #include <string>
 
 #include "app/App.h"
 #include "app/Composition.h"
-#include "platform/FileUrl.h"
+#include "app/StartArguments.h"
 #include "platform/UserFolders.h"
 #include "platform/desktop/SingleInstance.h"
 #include "platform/desktop/TerminationSignals.h"
@@ -18,49 +16,23 @@ using namespace pellumar;
 
 namespace {
 
-struct Start {
-    QList<QUrl> urls;
-};
-
-// The arguments as text. A path that is none becomes the URL of its file, which keeps every byte.
-QStringList textOf(int argc, char** argv) {
-    QStringList arguments;
-    for (int i = 0; i < argc; ++i) {
-        const QByteArrayView bytes(argv[i]);
-        arguments.append(
-            bytes.isValidUtf8()
-                ? QString::fromUtf8(bytes)
-                : QString::fromLatin1(fileUrl(std::filesystem::absolute(argv[i])).toEncoded()));
+// Qt aborts where it finds no display, after some lines for programmers.
+void stopWithoutDisplay(QtMsgType type, const QMessageLogContext& /*context*/, const QString&) {
+    if (type == QtFatalMsg) {
+        std::fputs(
+            "pellumar-zip: There is no display to open a window on. Start it on a desktop, "
+            "or use pellumar in the terminal.\n",
+            stderr);
+        std::_Exit(EXIT_FAILURE);
     }
-    return arguments;
 }
 
-Start readCommandLine(const QStringList& arguments) {
-    QCommandLineParser parser;
-    parser.setApplicationDescription("Opens and makes ZIP archives.");
-    parser.addHelpOption();
-    parser.addVersionOption();
-    parser.addPositionalArgument("archive", "An archive to open", "[ARCHIVE...]");
-    parser.process(arguments);
-    Start start;
-    for (const QString& argument : parser.positionalArguments()) {
-        const QUrl url(argument);
-        start.urls.append(
-            url.isLocalFile() ? url : fileUrl(QDir().absoluteFilePath(argument).toStdString()));
-    }
-    return start;
-}
-
-int serve(QGuiApplication& application, SingleInstance& instance, const Start& start) {
+int serve(QGuiApplication& application, SingleInstance& instance, const StartArguments& start) {
+    const QList<QUrl> archives = start.archives + instance.takeWaiting(start.isByTheBus);
     const TerminationSignals termination;
     Composition composition;
-    AppDelegate& delegate = composition.delegate();
-    const auto open = [&delegate](const QList<QUrl>& urls) {
-        for (const QUrl& url : urls) {
-            static_cast<void>(delegate.applicationOpen(url));
-        }
-    };
     UIWindow& window = composition.window();
+    const auto open = [&composition](const QList<QUrl>& urls) { composition.open(urls); };
     const auto raise = [&window] {
         window.show();
         window.raise();
@@ -68,8 +40,7 @@ int serve(QGuiApplication& application, SingleInstance& instance, const Start& s
     };
     QObject::connect(&instance, &SingleInstance::openRequested, &window, open);
     QObject::connect(&instance, &SingleInstance::activated, &window, raise);
-    delegate.applicationDidFinishLaunching();
-    open(start.urls);
+    composition.launch(archives);
     const int code = application.exec();
     SingleInstance::release();
     if (!composition.stop()) {
@@ -86,23 +57,26 @@ int serve(QGuiApplication& application, SingleInstance& instance, const Start& s
 int main(int argc, char** argv) {
     QCoreApplication::setApplicationName("pellumar-zip");
     QCoreApplication::setApplicationVersion(PELLUMAR_VERSION);
+    StartArguments::answerQuestions(argc, argv);
     QGuiApplication::setApplicationDisplayName("Pellumar Zip");
     QGuiApplication::setDesktopFileName("org.pellumar.Zip");
     QQuickStyle::setStyle("Basic");
+    const QtMessageHandler usual = qInstallMessageHandler(stopWithoutDisplay);
     QGuiApplication application(argc, argv);
-    registerLayouts();
-    const Start start = readCommandLine(textOf(argc, argv));
+    qInstallMessageHandler(usual);
+    const StartArguments start = StartArguments::read(argc, argv);
     if (const std::optional<std::string> reason = UserFolders::whyMissing()) {
         std::fprintf(stderr, "pellumar-zip: %s\n", reason->c_str());
-        return 1;
+        return EXIT_FAILURE;
     }
+    registerLayouts();
     SingleInstance instance;
-    switch (instance.claim(start.urls)) {
+    switch (instance.claim(start.archives)) {
         case SingleInstance::Role::kForwarded:
-            return 0;
+            return EXIT_SUCCESS;
         case SingleInstance::Role::kNoAnswer:
             std::fputs("pellumar-zip: it is running already, but does not answer\n", stderr);
-            return 1;
+            return EXIT_FAILURE;
         case SingleInstance::Role::kFirst:
             break;
     }

@@ -1,5 +1,6 @@
 #include "platform/desktop/SingleInstance.h"
 
+#include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDBusError>
@@ -94,6 +95,30 @@ SingleInstance::Role SingleInstance::claim(const QList<QUrl>& urls) {
     return Role::kNoAnswer;
 }
 
+QList<QUrl> SingleInstance::takeWaiting(bool isExpected) {
+    const QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected()) {
+        return {};
+    }
+    QList<QUrl> waiting;
+    const auto collection =
+        QObject::connect(this, &SingleInstance::openRequested, [&waiting](const QList<QUrl>& urls) {
+            waiting.append(urls);
+        });
+    // Calls are held back until events are looked at for the first time.
+    QCoreApplication::processEvents();
+    // What the bus sends comes in order: when this is answered, the calls before it are here.
+    static_cast<void>(bus.interface()->call(QStringLiteral("GetId")));
+    QCoreApplication::processEvents();
+    const QDeadlineTimer deadline(patience_);
+    while (isExpected && !isCalled_ && !deadline.hasExpired()) {
+        constexpr int kTurnMs = 10;
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, kTurnMs);
+    }
+    QObject::disconnect(collection);
+    return waiting;
+}
+
 void SingleInstance::release() {
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (bus.isConnected()) {
@@ -103,6 +128,7 @@ void SingleInstance::release() {
 }
 
 void SingleInstance::Activate(const QVariantMap& platformData) {
+    isCalled_ = true;
     // Qt's Wayland platform takes the token from here when the window asks to be raised.
     const QString token = platformData.value(QStringLiteral("activation-token")).toString();
     if (!token.isEmpty()) {

@@ -37,6 +37,12 @@ class SingleInstance : public QObject {
     // instead of answering, this one takes its place.
     [[nodiscard]] Role claim(const QList<QUrl>& urls);
 
+    // For the first process, before it starts: answers the calls that came with the name, and
+    // returns what they want opened. They wait for it on a bus that has started this process for
+    // them; `isExpected` says that it has, so one is waited for. Later calls are told by the
+    // signals.
+    [[nodiscard]] QList<QUrl> takeWaiting(bool isExpected);
+
     // Gives the name back, so that the next start is the first. For a process that is about to end:
     // calls that have come and are not answered yet never are, by which their callers notice.
     static void release();
@@ -59,6 +65,8 @@ class SingleInstance : public QObject {
     [[nodiscard]] bool takeName();
 
     const std::chrono::milliseconds patience_;
+    // Somebody has called since the name was taken.
+    bool isCalled_ = false;
 };
 
 }  // namespace pellumar

@@ -7,11 +7,14 @@
 namespace pellumar {
 
 RemoteConfigService::RemoteConfigService(const Options& options, Console& console)
-    : worker_(std::make_shared<Worker>(options, console)),
-      thread_([worker = worker_, stop = stop_.get_token()] { worker->run(stop); }) {}
+    : worker_(std::make_shared<Worker>(options, console)) {}
 
 RemoteConfigService::~RemoteConfigService() {
     stop();
+}
+
+void RemoteConfigService::start() {
+    thread_ = std::thread([worker = worker_, stop = stop_.get_token()] { worker->run(stop); });
 }
 
 void RemoteConfigService::stop() {

@@ -40,12 +40,16 @@ class RemoteConfigService : public FIRRemoteConfig {
         std::function<qint64()> now = QDateTime::currentMSecsSinceEpoch;
     };
 
-    // Reads what is active. `console`, on which damaged files are said, must outlive this.
+    // Reads what is active; fetches and activations wait for the start. `console`, on which damaged
+    // files are said, must outlive this.
     RemoteConfigService(const Options& options, Console& console);
     // Stops. May run in one of the handlers.
     ~RemoteConfigService() override;
     RemoteConfigService(const RemoteConfigService&) = delete;
     RemoteConfigService& operator=(const RemoteConfigService&) = delete;
+
+    // Starts the thread; once. Of the thread that stops this.
+    void start();
 
     void fetchWithExpirationDuration(std::chrono::seconds duration, FetchHandler handler) override;
     void activateWithCompletion(ActivationHandler completion) override;

@@ -65,6 +65,26 @@ TEST(SingleInstanceTest, ForwardsAnyNameToTheFirst) {
     qunsetenv("XDG_ACTIVATION_TOKEN");
 }
 
+// The bus hands over what it has started a process for as soon as that has the name, and the
+// application must know of it before its first screen comes into view.
+TEST(SingleInstanceTest, TakesTheCallItWasStartedFor) {
+    SingleInstance first;
+    ASSERT_EQ(first.claim({}), Role::kFirst);
+    EXPECT_EQ(first.takeWaiting(false), QList<QUrl>());
+    int later = 0;
+    QObject::connect(&first, &SingleInstance::openRequested, [&later] { ++later; });
+
+    const QList<QUrl> urls{QUrl("file:///tmp/a.zip"), QUrl("file:///tmp/b.zip")};
+    const auto caller = startChild({kClaimArgument, urls[0].toString(), urls[1].toString()});
+    EXPECT_EQ(first.takeWaiting(true), urls);
+    ASSERT_TRUE(waitUntil([&caller] { return hasEnded(*caller); }));
+    EXPECT_EQ(caller->exitCode(), 0);
+
+    const auto next = startChild({kClaimArgument, urls[0].toString()});
+    EXPECT_TRUE(waitUntil([&later] { return later == 2; }));
+    ASSERT_TRUE(waitUntil([&next] { return hasEnded(*next); }));
+}
+
 TEST(SingleInstanceTest, OneOfManyThatStartTogetherIsFirst) {
     constexpr int kStarts = 6;
     std::vector<std::unique_ptr<QProcess>> children;

@@ -22,6 +22,7 @@ class AnswersTest : public test::ServiceTest {
         std::atomic<int> completions = 0;
         std::promise<void> first;
         const auto service = std::make_shared<RemoteConfigService>(options, console_);
+        service->start();
         const auto settings = std::make_shared<RemoteSettings>(service, lines);
         settings->fetch([&] {
             if (++completions == 1) {

@@ -18,6 +18,7 @@ void fetchAndActivateForEver(const char* folder, const char* address) {
     RemoteConfigService service(
         {.folder = folder, .endpoint = {.address = address, .bearerToken = {}, .apiKey = {}}},
         console);
+    service.start();
     while (true) {
         fetchAndWait(service, std::chrono::seconds(0));
         activateAndWait(service);

@@ -57,6 +57,7 @@ TEST(Example, ServesAParameterOfEachTypeAndAnExperiment) {
         {.folder = folder.path(),
          .endpoint = {.address = server.address(), .bearerToken = {}, .apiKey = {}}},
         console);
+    service.start();
     // The second time the server has nothing new.
     for (int i = 0; i < 2; ++i) {
         const test::FetchEnd end = test::fetchAndWait(service, std::chrono::seconds(0));

@@ -84,6 +84,7 @@ TEST_F(RemoteConfigServiceTest, FetchesAtTheSameTimeShareOneRequest) {
     RemoteConfigService::Options slowOptions = options();
     slowOptions.endpoint.address = slow.address();
     RemoteConfigService config(slowOptions, console_);
+    config.start();
     std::atomic<int> ends = 0;
     std::promise<void> last;
     const auto count = [&](Status, const std::optional<RemoteConfigError>& error) {
@@ -149,6 +150,7 @@ TEST_F(RemoteConfigServiceTest, ReadsGoOnDuringFetchesAndActivations) {
     RemoteConfigService::Options changingOptions = options();
     changingOptions.endpoint.address = changing.address();
     RemoteConfigService config(changingOptions, console_);
+    config.start();
     std::atomic<bool> done = false;
     std::vector<std::thread> readers(2);
     for (std::thread& reader : readers) {

@@ -65,7 +65,9 @@ class ServiceTest : public testing::Test {
                 .now = [this] { return now_.load(); }};
     }
     [[nodiscard]] std::unique_ptr<RemoteConfigService> service() {
-        return std::make_unique<RemoteConfigService>(options(), console_);
+        auto service = std::make_unique<RemoteConfigService>(options(), console_);
+        service->start();
+        return service;
     }
     [[nodiscard]] static std::string read(const FIRRemoteConfig& service) {
         return service.objectForKeyedSubscript("key").stringValue->toStdString();
