@@ -230,7 +230,7 @@ class Sentences {
             case ErrorCode::kChecksumMismatch:
                 return error_.entry.empty()
                            ? tr("%1 is damaged. Get it again.").arg(archive_)
-                           : tr("%1 inside it is damaged. Get the archive again.").arg(file_);
+                           : tr("%2 in %1 is damaged. Get the archive again.").arg(archive_, file_);
             default:
                 return tr("%1 contradicts itself, as if somebody meant harm. Take it only from a "
                           "place that you trust.")

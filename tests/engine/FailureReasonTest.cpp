@@ -71,7 +71,7 @@ TEST(FailureReason, SaysWhichFileWhatIsWrongAndWhatToDo) {
                         .bytesFree = 300'000'000}),
               "There is not enough room: 1.2 GB are needed, 300.0 MB are free.");
     EXPECT_EQ(reasonOf({.code = ErrorCode::kChecksumMismatch, .entry = "photos/a.jpg"}),
-              "“photos/a.jpg” inside it is damaged. Get the archive again.");
+              "“photos/a.jpg” in “Holiday pictures.zip” is damaged. Get the archive again.");
     EXPECT_EQ(reasonOf({.code = ErrorCode::kEncrypted, .entry = "a"}),
               "“Holiday pictures.zip” is protected with a password, which this version cannot open "
               "yet.");

@@ -7,7 +7,7 @@ namespace pellumar::gallery {
 namespace {
 
 // A small phone, a larger one, a desktop.
-constexpr QSize kSizes[] = {{360, 640}, {390, 844}, {1024, 720}};
+constexpr QSize kSizes[] = {{360, 640}, {390, 844}, {1280, 800}};
 
 bool areClean = true;
 

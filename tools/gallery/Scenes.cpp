@@ -1,6 +1,7 @@
 #include "gallery/Scenes.h"
 
 #include "app/FeedbackViewController.h"
+#include "engine/FailureReason.h"
 #include "platform/kit/MBProgressHUD.h"
 #include "platform/kit/UIAlertController.h"
 #include "screens/ConfirmationPopupViewController.h"
@@ -30,6 +31,20 @@ void showResults(Stage& stage) {
 void showFailure(Stage& stage) {
     stage.showHome()->didConfirmUnzip(stage.home().file(QStringLiteral("Downloads/gone.zip")));
     stage.until("the alert", [&stage] { return stage.top<UIAlertController>() != nullptr; });
+}
+
+// The reasons that a home of samples does not bring about by itself.
+void showReason(Stage& stage, const archive::Error& error) {
+    JobReport report(OperationType::kUnzip, stage.home().archive());
+    report.addFailure(error);
+    const FailureReason reason = FailureReason::of(report);
+    const auto alert =
+        makeController<UIAlertController>(stage.services().ui,
+                                          QStringLiteral("Error"),
+                                          QStringLiteral("Could not complete the operation."));
+    alert->setReason({reason.text, reason.details});
+    alert->addAction({QStringLiteral("OK"), UIAlertActionStyle::kDefault, {}});
+    stage.present(alert);
 }
 
 void showPicker(Stage& stage, const QString& type, bool several) {
@@ -100,6 +115,8 @@ std::vector<Scene> scenesOn(Stage& stage) {
         {"photos", [&] { showPhotos(stage); }},
         {"title-alert", [&, invoice] { showComposer(stage)->askTitleForFiles({invoice}); }},
         {"failure-alert", [&] { showFailure(stage); }},
+        {"reason-room", [&] { showReason(stage, {.code = archive::ErrorCode::kTooLarge, .entry = {}, .bytesNeeded = 1'200'000'000, .bytesFree = 300'000'000}); }},
+        {"reason-damaged", [&] { showReason(stage, {.code = archive::ErrorCode::kChecksumMismatch, .entry = "Pictures of the summer at the lake/IMG_20260714_181533_HDR.jpg", .offset = 4711}); }},
         {"overlay", [&] { showOverlay(stage); }},
     };
     // clang-format on

@@ -31,6 +31,7 @@ Rectangle {
             objectName: "copyReason"
             rightPadding: 0
             text: qsTr("Copy details")
+            color: Theme.textSecondary
             onClicked: block.copied()
         }
     }

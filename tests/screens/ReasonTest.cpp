@@ -1,0 +1,74 @@
+#include <QClipboard>
+#include <QGuiApplication>
+
+#include "gui/ScreenFixture.h"
+#include "platform/FileUrl.h"
+#include "platform/kit/Notice.h"
+#include "platform/kit/UIAlertController.h"
+#include "screens/ZipViewController.h"
+#include "support/FileContents.h"
+
+namespace pellumar::test {
+namespace {
+
+class ReasonTest : public ScreenFixture {
+  protected:
+    // What the alert of a failure says beside its own texts.
+    [[nodiscard]] QString reason() {
+        settle();
+        const auto alert = presented<UIAlertController>();
+        if (!alert || alert->message() != QStringLiteral("Could not complete the operation.")) {
+            return QStringLiteral("no alert");
+        }
+        return alert->reason();
+    }
+    static QQuickItem* button(UIViewController& screen, const char* name) {
+        return outlet<QQuickItem>(screen.view(), QString::fromLatin1(name));
+    }
+};
+
+TEST_F(ReasonTest, AnExtractionTellsWhyAndHandsOnTheDetails) {
+    const auto home = showHome();
+    writeFile(folder / "broken.zip", "this is no archive");
+    home->didConfirmUnzip(fileUrl(folder / "broken.zip"));
+    EXPECT_EQ(reason().toStdString(),
+              "“broken.zip” is not a ZIP archive. If it should be one, get it again.");
+    const auto alert = presented<UIAlertController>();
+    QGuiApplication::clipboard()->clear();
+    QMetaObject::invokeMethod(button(*alert, "copyReason"), "clicked");
+    const QString copied = QGuiApplication::clipboard()->text();
+    EXPECT_TRUE(copied.startsWith(alert->reason()));
+    EXPECT_TRUE(copied.contains(QStringLiteral("not a ZIP archive\n")) ||
+                copied.endsWith(QStringLiteral("not a ZIP archive")));
+    // It stays, to be read and closed.
+    EXPECT_EQ(presented<UIAlertController>(), alert);
+    ASSERT_TRUE(Notice::shownIn(window));
+    EXPECT_EQ(Notice::shownIn(window)->text(), "Copied");
+}
+
+TEST_F(ReasonTest, CompressionsFromTheHomeScreenAndTheComposerTellWhy) {
+    const auto home = showHome();
+    home->documentPickerDidPickDocuments({fileUrl(folder / "gone.txt")});
+    EXPECT_EQ(reason().toStdString(),
+              "“gone.txt” is not there any more. It may have been moved, renamed or deleted.");
+    EXPECT_TRUE(window.topViewController()->goBack());
+
+    const auto composer = makeController<ZipViewController>(services);
+    stack()->pushViewController(composer, false);
+    composer->askTitleForFiles({fileUrl(folder / "gone.txt"), fileUrl(folder / "lost.txt")});
+    presented<UIAlertController>()->choose(0);
+    EXPECT_EQ(reason().toStdString(),
+              "“gone.txt” is not there any more. It may have been moved, renamed or deleted.\n"
+              "One other file could not be added either.");
+}
+
+TEST_F(ReasonTest, OtherAlertsHaveNone) {
+    const auto home = showHome();
+    const auto alert = makeController<UIAlertController>(services.ui, "Title", "Message");
+    alert->addAction({"OK", UIAlertActionStyle::kDefault, {}});
+    home->present(alert, false);
+    EXPECT_FALSE(button(*alert, "copyReason")->isVisible());
+}
+
+}  // namespace
+}  // namespace pellumar::test
