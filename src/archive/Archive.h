@@ -141,8 +141,8 @@ struct UnzipReport {
 //
 // Up to eight threads extract, each with a buffer of a little over 1 MiB; while one of the last
 // very large entries is unpacked another thread and 1 MiB write behind it. Methods other than
-// Deflate add their windows, of up to 8 MiB each; larger ones, up to 128 MiB, are used one at a
-// time. Returns when all threads have ended.
+// Deflate add their windows, of up to 8 MiB each; larger ones, up to 128 MiB (PPMd: 256 MiB), are
+// used one at a time. Returns when all threads have ended.
 [[nodiscard]] Result<UnzipReport> unzipItem(const std::filesystem::path& at,
                                             const std::filesystem::path& to,
                                             bool skipCRC32 = false);

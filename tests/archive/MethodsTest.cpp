@@ -68,7 +68,8 @@ INSTANTIATE_TEST_SUITE_P(Methods,
                                          SevenZipMethod{"Deflate64", 9},
                                          SevenZipMethod{"BZip2", 12},
                                          SevenZipMethod{"LZMA", 14},
-                                         SevenZipMethod{"XZ", 95}),
+                                         SevenZipMethod{"XZ", 95},
+                                         SevenZipMethod{"PPMd", 98}),
                          labelOf<SevenZipMethod>);
 
 TEST_F(MethodsTest, WhatPythonWritesIsRead) {

@@ -25,7 +25,7 @@ TEST_F(RefusalsTest, EncryptionIsRefused) {
 }
 
 TEST_F(RefusalsTest, UnknownMethodsAreRefused) {
-    for (const unsigned method : {1U, 6U, 10U, 18U, 96U, 97U, 98U, 1000U, 65535U}) {
+    for (const unsigned method : {7U, 10U, 18U, 96U, 97U, 1000U, 65535U}) {
         expectRefused(ZipBuilder()
                           .file("first", "x")
                           .add(stored("entry", "data").with(&ZipHeader::method, method)),

@@ -8,9 +8,9 @@
 
 namespace pellumar::archive {
 
-// The bits of a DEFLATE stream, the lowest of each byte first (RFC 1951, 3.1.1), out of input that
-// comes in pieces. Up to eight bytes are held; give them back before a piece goes, or they are
-// taken for consumed.
+// The bits of a stream, the lowest of each byte first, as DEFLATE (RFC 1951, 3.1.1) and the older
+// methods have them, out of input that comes in pieces. Up to eight bytes are held; give them back
+// before a piece goes, or they are taken for consumed.
 class BitReader {
   public:
     void clear() {

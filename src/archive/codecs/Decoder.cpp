@@ -6,8 +6,12 @@
 
 #include "archive/codecs/Bzip2Decoder.h"
 #include "archive/codecs/Deflate64Decoder.h"
+#include "archive/codecs/ImplodeDecoder.h"
 #include "archive/codecs/InflateDecoder.h"
 #include "archive/codecs/LzmaDecoder.h"
+#include "archive/codecs/PpmdDecoder.h"
+#include "archive/codecs/ReduceDecoder.h"
+#include "archive/codecs/ShrinkDecoder.h"
 #include "archive/codecs/StoredDecoder.h"
 #include "archive/codecs/XzDecoder.h"
 #include "archive/codecs/ZstandardDecoder.h"
@@ -29,6 +33,8 @@ constexpr std::uint64_t kMostByDeflate64 = 65538ULL * 8 / 18;
 static_assert(kMostByDeflate64 * 18 == 65538ULL * 8);
 
 constexpr std::uint64_t kLargeWindowFrom = 8ULL * 1024 * 1024;
+// A model grows by some hundred bytes for each that does not repeat what was before.
+constexpr std::uint64_t kLargeModelFrom = 64ULL * 1024;
 
 std::uint64_t multiplyBounded(std::uint64_t size, std::uint64_t factor) {
     return size > kUnbounded / factor ? kUnbounded : size * factor;
@@ -52,6 +58,12 @@ Result<std::unique_ptr<Decoder>> make(Arguments&&... arguments) {
 bool isSupportedMethod(std::uint16_t method) {
     switch (method) {
         case format::kMethodStored:
+        case format::kMethodShrink:
+        case format::kMethodReduce1:
+        case format::kMethodReduce2:
+        case format::kMethodReduce3:
+        case format::kMethodReduce4:
+        case format::kMethodImplode:
         case format::kMethodDeflate:
         case format::kMethodDeflate64:
         case format::kMethodBzip2:
@@ -59,6 +71,7 @@ bool isSupportedMethod(std::uint16_t method) {
         case format::kMethodZstandardOld:
         case format::kMethodZstandard:
         case format::kMethodXz:
+        case format::kMethodPpmd:
             return true;
         default:
             return false;
@@ -72,6 +85,8 @@ bool needsLargeWindow(std::uint16_t method, std::uint64_t uncompressedSize) {
         case format::kMethodZstandard:
         case format::kMethodZstandardOld:
             return uncompressedSize > kLargeWindowFrom;
+        case format::kMethodPpmd:
+            return uncompressedSize > kLargeModelFrom;
         default:
             return false;
     }
@@ -94,6 +109,15 @@ Result<std::unique_ptr<Decoder>> makeDecoder(const DecoderParameters& parameters
     switch (parameters.method) {
         case format::kMethodStored:
             return make<StoredDecoder>(parameters.uncompressedSize);
+        case format::kMethodShrink:
+            return make<ShrinkDecoder>(parameters);
+        case format::kMethodReduce1:
+        case format::kMethodReduce2:
+        case format::kMethodReduce3:
+        case format::kMethodReduce4:
+            return make<ReduceDecoder>(parameters);
+        case format::kMethodImplode:
+            return make<ImplodeDecoder>(parameters);
         case format::kMethodDeflate:
             return make<InflateDecoder>();
         case format::kMethodDeflate64:
@@ -107,6 +131,8 @@ Result<std::unique_ptr<Decoder>> makeDecoder(const DecoderParameters& parameters
             return make<ZstandardDecoder>();
         case format::kMethodXz:
             return make<XzDecoder>();
+        case format::kMethodPpmd:
+            return make<PpmdDecoder>(parameters);
         default:
             return failure(ErrorCode::kUnsupportedMethod);
     }

@@ -53,10 +53,11 @@ inline constexpr std::uint64_t kLargestWindow = 128ULL * 1024 * 1024;
 // What a decoder has to know of its entry before the first byte.
 struct DecoderParameters {
     std::uint16_t method = 0;
-    std::uint16_t flags = 0;  // the entry's general purpose bits; LZMA needs one of them
+    std::uint16_t flags = 0;  // the entry's general purpose bits; LZMA and Implode need some
     // What the directory declares. A deflated stream may turn out otherwise, as may most; the
-    // caller compares. It ends a stored one, and an LZMA stream without end marker. A decoder
-    // touches no more memory for its window than this (but see needsLargeWindow).
+    // caller compares. It ends a stored one, an LZMA or PPMd stream without end marker, and those
+    // of methods 1 to 6. A decoder touches no more memory for its window than this (but see
+    // needsLargeWindow).
     std::uint64_t uncompressedSize = 0;
 };
 
@@ -64,8 +65,8 @@ struct DecoderParameters {
 [[nodiscard]] bool isSupportedMethod(std::uint16_t method);
 
 // Whether the decoder may use more than about 10 MiB for its window, so that the caller does well
-// to have one of them at a time: for an LZMA, XZ or Zstandard entry of over 8 MiB. The others need
-// less than 4 MiB, whatever their entry's size.
+// to have one of them at a time: for an LZMA, XZ or Zstandard entry of over 8 MiB, and for PPMd of
+// over 64 KiB, which may use 256 MiB. The others need less than 4 MiB, whatever their entry's size.
 [[nodiscard]] bool needsLargeWindow(std::uint16_t method, std::uint64_t uncompressedSize);
 
 // The most bytes that `compressedSize` bytes of this method can become, or UINT64_MAX where the

@@ -43,6 +43,15 @@ std::size_t WindowedOutput::repeat(std::size_t distance, std::size_t length) {
     return size;
 }
 
+std::size_t WindowedOutput::repeatOrZero(std::size_t distance, std::size_t length) {
+    std::size_t zeros = 0;
+    while (zeros < length && !full() && distance > reach()) {
+        put(0);
+        ++zeros;
+    }
+    return zeros + (zeros < length && !full() ? repeat(distance, length - zeros) : 0);
+}
+
 // The part of a match that lies in the ring, up to the ring's edge or the present buffer.
 std::size_t WindowedOutput::repeatKept(std::size_t distance, std::size_t length) {
     const std::size_t back = distance - produced_;

@@ -48,6 +48,10 @@ class WindowedOutput {
     // Returns how many that were. The caller has checked that 0 < distance <= reach().
     [[nodiscard]] std::size_t repeat(std::size_t distance, std::size_t length);
 
+    // The same for methods in whose streams zeros stand before the beginning: any distance up to
+    // kWindowSize will do.
+    [[nodiscard]] std::size_t repeatOrZero(std::size_t distance, std::size_t length);
+
   private:
     [[nodiscard]] std::size_t repeatKept(std::size_t distance, std::size_t length);
 

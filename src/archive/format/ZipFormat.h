@@ -33,6 +33,8 @@ inline constexpr std::uint32_t kMax32 = 0xFFFFFFFF;
 // General purpose bit flags (4.4.4).
 inline constexpr std::uint16_t kFlagEncrypted = 1U << 0U;
 inline constexpr std::uint16_t kFlagLzmaEndMarker = 1U << 1U;
+inline constexpr std::uint16_t kFlagImplodeLargeWindow = 1U << 1U;
+inline constexpr std::uint16_t kFlagImplodeLiteralCode = 1U << 2U;
 inline constexpr std::uint16_t kFlagDataDescriptor = 1U << 3U;
 inline constexpr std::uint16_t kFlagPatchData = 1U << 5U;
 inline constexpr std::uint16_t kFlagStrongEncryption = 1U << 6U;
@@ -41,6 +43,12 @@ inline constexpr std::uint16_t kFlagMaskedHeader = 1U << 13U;
 
 // Compression methods (4.4.5) that can be read; kDeflate is what is written.
 inline constexpr std::uint16_t kMethodStored = 0;
+inline constexpr std::uint16_t kMethodShrink = 1;
+inline constexpr std::uint16_t kMethodReduce1 = 2;  // with compression factor 1
+inline constexpr std::uint16_t kMethodReduce2 = 3;
+inline constexpr std::uint16_t kMethodReduce3 = 4;
+inline constexpr std::uint16_t kMethodReduce4 = 5;
+inline constexpr std::uint16_t kMethodImplode = 6;
 inline constexpr std::uint16_t kMethodDeflate = 8;
 inline constexpr std::uint16_t kMethodDeflate64 = 9;
 inline constexpr std::uint16_t kMethodBzip2 = 12;
@@ -48,6 +56,7 @@ inline constexpr std::uint16_t kMethodLzma = 14;
 inline constexpr std::uint16_t kMethodZstandardOld = 20;  // before 6.3.8
 inline constexpr std::uint16_t kMethodZstandard = 93;
 inline constexpr std::uint16_t kMethodXz = 95;
+inline constexpr std::uint16_t kMethodPpmd = 98;
 
 // Extra field identifiers (4.5.2, 4.6.1).
 inline constexpr std::uint16_t kExtraZip64 = 0x0001;              // 4.5.3

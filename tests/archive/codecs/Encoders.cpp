@@ -13,6 +13,7 @@
 #include <stdexcept>
 #include <string_view>
 
+#include "LegacyEncoders.h"
 #include "archive/format/ZipFormat.h"
 #include "support/FileContents.h"
 #include "support/Process.h"
@@ -139,11 +140,15 @@ Bytes zstandard(ByteView plain) {
     return out;
 }
 
-Encoded bySevenZip(const std::string& method, const Bytes& plain) {
+Encoded bySevenZip(const std::string& method,
+                   const Bytes& plain,
+                   const std::vector<std::string>& options) {
     const pellumar::test::TemporaryFolder folder;
     pellumar::test::writeFile(folder / "data", plain);
-    const auto made = pellumar::test::runProcess(
-        {"7zz", "a", "-tzip", "-mm=" + method, "-mmt=1", "a.zip", "data"}, folder.path());
+    std::vector<std::string> command = {"7zz", "a", "-tzip", "-mm=" + method, "-mmt=1"};
+    command.insert(command.end(), options.begin(), options.end());
+    command.insert(command.end(), {"a.zip", "data"});
+    const auto made = pellumar::test::runProcess(command, folder.path());
     require(made.exitCode == 0, "7zz");
     const Bytes archive = pellumar::test::readFile(folder / "a.zip");
     // The local file header, APPNOTE 4.3.7.
@@ -175,6 +180,18 @@ std::vector<Encoded> everyMethod(std::size_t size) {
         add("bzip2", format::kMethodBzip2, bzip2(plain));
         add("lzma", format::kMethodLzma, lzma(plain, false));
         add("lzma, marker", format::kMethodLzma, lzma(plain, true), format::kFlagLzmaEndMarker);
+        add("shrink", format::kMethodShrink, shrink(plain));
+        for (unsigned factor = 1; factor <= 4; ++factor) {
+            add("reduce",
+                static_cast<std::uint16_t>(format::kMethodReduce1 + factor - 1),
+                reduce(plain, factor));
+        }
+        for (const bool literals : {true, false}) {
+            for (const bool large : {true, false}) {
+                const ImplodeOptions options{.literalCode = literals, .largeWindow = large};
+                add("implode", format::kMethodImplode, implode(plain, options), options.flags());
+            }
+        }
         add("xz", format::kMethodXz, xz(plain));
         add("zstandard", format::kMethodZstandard, zstandard(plain));
         Bytes frames = zstandard(ByteView(plain).first(plain.size() / 2));
@@ -183,6 +200,7 @@ std::vector<Encoded> everyMethod(std::size_t size) {
         add("zstandard, two frames", format::kMethodZstandardOld, frames);
         if (plain.size() > 1) {
             all.push_back(bySevenZip("Deflate64", plain));
+            all.push_back(bySevenZip("PPMd", plain));
         }
     }
     return all;

@@ -36,9 +36,12 @@ struct Encoded {
 [[nodiscard]] Bytes zstandard(ByteView plain);
 
 // The first entry of an archive that 7zz makes with one of its methods.
-[[nodiscard]] Encoded bySevenZip(const std::string& method, const Bytes& plain);
+[[nodiscard]] Encoded bySevenZip(const std::string& method,
+                                 const Bytes& plain,
+                                 const std::vector<std::string>& options = {});
 
-// Each method with each of a few kinds of data, `size` bytes of it; Deflate64 only with 7zz.
+// Each method with each of a few kinds of data, `size` bytes of it; Deflate64 and PPMd only with
+// 7zz.
 [[nodiscard]] std::vector<Encoded> everyMethod(std::size_t size);
 
 }  // namespace pellumar::archive::test
