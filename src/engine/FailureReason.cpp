@@ -16,11 +16,11 @@ using archive::Error;
 using archive::ErrorCode;
 
 // The sentences for one failure.
-class Sentences {
+class FailureWords {
     Q_DECLARE_TR_FUNCTIONS(FailureReason)
 
   public:
-    Sentences(const JobReport& report, const Error& error)
+    FailureWords(const JobReport& report, const Error& error)
         : isZip_(report.operation() == OperationType::kZip),
           error_(error),
           archive_(shownName(lastPathComponent(report.archive()))),
@@ -251,13 +251,13 @@ FailureReason FailureReason::of(const JobReport& report) {
     if (report.failures().empty()) {
         return {};
     }
-    FailureReason reason{.text = Sentences(report, report.failures().front()).text(),
+    FailureReason reason{.text = FailureWords(report, report.failures().front()).text(),
                          .details = report.archive().toString(QUrl::FullyEncoded)};
     if (report.failureCount() > 1) {
         const auto others = static_cast<int>(report.failureCount() - 1);
         reason.text += '\n';
-        reason.text += others == 1 ? Sentences::tr("One other file could not be added either.")
-                                   : Sentences::tr("%1 other files could not be added either.")
+        reason.text += others == 1 ? FailureWords::tr("One other file could not be added either.")
+                                   : FailureWords::tr("%1 other files could not be added either.")
                                          .arg(QLocale().toString(others));
     }
     for (const Error& error : report.failures()) {

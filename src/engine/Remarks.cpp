@@ -11,7 +11,7 @@ namespace {
 using archive::Warning;
 using archive::WarningCode;
 
-class Sentences {
+class RemarkWords {
     Q_DECLARE_TR_FUNCTIONS(Remarks)
 
   public:
@@ -60,11 +60,11 @@ Remarks Remarks::of(const JobReport& report) {
     remarks.count = static_cast<qsizetype>(warnings.count());
     remarks.details = report.archive().toString(QUrl::FullyEncoded);
     for (const Warning& warning : warnings.kept()) {
-        remarks.lines.append(Sentences::text(warning));
+        remarks.lines.append(RemarkWords::text(warning));
         remarks.details += '\n' + QString::fromStdString(warning.describe());
     }
     if (remarks.count > remarks.lines.size()) {
-        remarks.lines.append(Sentences::more(remarks.count - remarks.lines.size()));
+        remarks.lines.append(RemarkWords::more(remarks.count - remarks.lines.size()));
     }
     return remarks;
 }
