@@ -125,7 +125,7 @@ void ComposerBench::measureFiles() {
     const fs::path folder = home_ / "Notes";
     makeFiles(folder);
     const DocumentServices& documents = composition_.screens().documents;
-    documents.memory.setValue("LastFolder", QByteArray::fromStdString(folder.string()));
+    documents.memory.setValue("LastFileFolder", QByteArray::fromStdString(folder.string()));
     const auto composer = makeController<ZipViewController>(composition_.screens());
     stack_.pushViewController(composer, true);
     composer->fromFilesTapped();

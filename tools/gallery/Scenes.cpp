@@ -52,6 +52,7 @@ void showPicker(Stage& stage, const QString& type, bool several) {
     const auto picker = makeController<UIDocumentPickerViewController>(
         services.ui, services.documents, QStringList{type}, several);
     stage.present(picker);
+    stage.settle();
     picker->placeTapped(static_cast<int>(picker->placeNames().indexOf("Downloads")));
     stage.settle();
     if (several) {

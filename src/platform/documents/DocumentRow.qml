@@ -14,6 +14,7 @@ PlainButton {
     required property bool isFolder
     required property bool isSelected
     required property UIDocumentPickerViewController controller
+    required property KeyedList keyedList
 
     text: name
     description: detail
@@ -25,7 +26,9 @@ PlainButton {
     checkable: !isFolder && controller.allowsMultipleSelection
     checked: isSelected
     Accessible.onToggleAction: if (enabled) clicked()
-    onClicked: controller.rowTapped(index)
+    onActiveFocusChanged: if (activeFocus) keyedList.currentIndex = index
+    // The second click of a double one on a folder is not meant for what stands there then.
+    onClicked: if (!keyedList.isFresh || focusReason !== Qt.MouseFocusReason) controller.rowTapped(index)
 
     background: Rectangle {
         color: row.isSelected ? Theme.accentTint
@@ -53,6 +56,7 @@ PlainButton {
             }
             BodyText {
                 Layout.fillWidth: true
+                visible: text !== ""
                 text: row.detail
                 color: Theme.textSecondary
                 font.pixelSize: Theme.fontCaption

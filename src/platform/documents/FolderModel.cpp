@@ -1,204 +1,160 @@
 #include "platform/documents/FolderModel.h"
 
-#include <QLocale>
-#include <QMimeDatabase>
 #include <algorithm>
-#include <chrono>
-#include <fstream>
-#include <system_error>
 #include <utility>
 
 #include "platform/DisplayText.h"
-#include "platform/FileUrl.h"
-#include "platform/NaturalOrder.h"
 #include "platform/documents/UIDocumentInteractionController.h"
 
 namespace pellumar {
-namespace {
 
 namespace fs = std::filesystem;
 
-// Enough for the system's database of types to judge a file.
-constexpr qsizetype kSniffedBytes = 4096;
-
-// Whether it is an archive: by its name, or, where the name tells nothing, by how it begins. Other
-// formats that are ZIP files inside have names of their own.
-bool isZipArchive(const fs::path& file, const QString& name) {
-    if (name.endsWith(QStringLiteral(".zip"), Qt::CaseInsensitive)) {
-        return true;
-    }
-    const QMimeDatabase types;
-    if (!types.mimeTypesForFileName(name).isEmpty()) {
-        return false;
-    }
-    // By its bytes: what Qt makes of a name loses those that are not UTF-8.
-    std::ifstream stream(file, std::ios::binary);
-    QByteArray start(kSniffedBytes, '\0');
-    stream.read(start.data(), start.size());
-    start.truncate(static_cast<qsizetype>(stream.gcount()));
-    return types.mimeTypeForData(start).name() == QStringLiteral("application/zip");
-}
-
-// Whether a document picker for these types offers a regular file.
-bool matches(const QStringList& types, const fs::path& file, const QString& name) {
-    return types.contains(QStringLiteral("public.item")) ||
-           (types.contains(QStringLiteral("public.zip-archive")) && isZipArchive(file, name));
-}
-
-QDateTime changedAt(const fs::directory_entry& entry) {
-    std::error_code unknown;
-    const auto time = entry.last_write_time(unknown);
-    if (unknown) {
-        return {};
-    }
-    const auto since = std::chrono::file_clock::to_sys(time).time_since_epoch();
-    return QDateTime::fromMSecsSinceEpoch(
-        std::chrono::duration_cast<std::chrono::milliseconds>(since).count());
-}
-
-}  // namespace
-
 FolderModel::FolderModel(QStringList types,
+                         PickedFiles& picked,
                          DispatchQueue& mainQueue,
-                         DispatchQueue& backgroundQueue)
-    : types_(std::move(types)), mainQueue_(mainQueue), backgroundQueue_(backgroundQueue) {}
+                         DispatchQueue& folderQueue)
+    : question_{.folder = {}, .types = std::move(types)},
+      picked_(picked),
+      mainQueue_(mainQueue),
+      folderQueue_(folderQueue) {
+    connect(&picked_, &PickedFiles::changed, this, [this] {
+        if (rowCount() > 0) {
+            emit dataChanged(index(0), index(rowCount() - 1), {kIsSelected});
+        }
+    });
+}
 
 FolderModel::~FolderModel() = default;
 
 void FolderModel::setFolder(const fs::path& folder) {
+    question_.folder = folder;
+    read();
+}
+
+void FolderModel::showHidden() {
+    question_.showsHidden = true;
+    read();
+}
+
+void FolderModel::read() {
     beginResetModel();
-    folder_ = folder;
-    rows_.clear();
-    selected_.clear();
+    listing_ = {};
     endResetModel();
     isLoading_ = true;
-    isUnreadable_ = false;
     emit loadingChanged();
-    emit selectionChanged();
     latest_ = std::make_shared<FolderModel*>(this);
     const std::weak_ptr<FolderModel*> asker = latest_;
-    backgroundQueue_.async([asker, folder, types = types_, &mainQueue = mainQueue_] {
-        auto listing = std::make_shared<Listing>(read(folder, types));
-        mainQueue.async([asker, listing] {
-            if (const auto model = asker.lock()) {
-                (*model)->take(std::move(*listing));
-            }
+    folderQueue_.async([asker, question = question_, &mainQueue = mainQueue_] {
+        const auto isWanted = [&asker] { return !asker.expired(); };
+        readFolder(question, isWanted, [&](FolderListing listing, bool isComplete) {
+            auto read = std::make_shared<FolderListing>(std::move(listing));
+            mainQueue.async([asker, read, isComplete] {
+                if (const auto model = asker.lock()) {
+                    (*model)->take(std::move(*read), isComplete);
+                }
+            });
         });
     });
 }
 
-void FolderModel::sort(std::vector<Row>& rows) {
-    std::vector<std::string> names;
-    names.reserve(rows.size());
-    for (const Row& row : rows) {
-        names.push_back(row.name);
-    }
-    std::vector<Row> sorted;
-    sorted.reserve(rows.size());
-    for (const std::size_t position : naturalOrder(names)) {
-        sorted.push_back(std::move(rows[position]));
-    }
-    std::stable_partition(
-        sorted.begin(), sorted.end(), [](const Row& row) { return row.isFolder; });
-    rows = std::move(sorted);
-}
-
-FolderModel::Listing FolderModel::read(const fs::path& folder, const QStringList& types) {
-    Listing listing;
-    std::error_code failure;
-    fs::directory_iterator each(folder, failure);
-    listing.isUnreadable = static_cast<bool>(failure);
-    for (; !failure && each != fs::directory_iterator(); each.increment(failure)) {
-        std::error_code unknown;
-        Row row;
-        row.name = each->path().filename().string();
-        row.shownName = QString::fromStdString(row.name);
-        row.isFolder = each->is_directory(unknown);
-        const bool isFile = !row.isFolder && each->is_regular_file(unknown);
-        if (row.name.starts_with('.') ||
-            (!row.isFolder && !(isFile && matches(types, each->path(), row.shownName)))) {
-            continue;
-        }
-        row.size = isFile ? each->file_size(unknown) : 0;
-        row.changed = changedAt(*each);
-        listing.rows.push_back(std::move(row));
-    }
-    sort(listing.rows);
-    return listing;
-}
-
-void FolderModel::take(Listing listing) {
+void FolderModel::take(FolderListing listing, bool isComplete) {
     beginResetModel();
-    rows_ = std::move(listing.rows);
+    listing_ = std::move(listing);
     endResetModel();
-    isLoading_ = false;
-    isUnreadable_ = listing.isUnreadable;
+    isLoading_ = !isComplete;
     emit loadingChanged();
 }
 
-void FolderModel::toggle(int row, bool several) {
+QString FolderModel::notShown() const {
+    const int others =
+        question_.types.contains(QStringLiteral("public.folder")) ? 0 : listing_.otherCount;
+    const int hidden = listing_.hiddenCount;
+    const QString ofOthers =
+        others == 1 ? tr("1 file of another kind") : tr("%1 files of other kinds").arg(others);
+    const QString ofHidden = hidden == 1 ? tr("1 hidden item") : tr("%1 hidden items").arg(hidden);
+    if (others > 0 && hidden > 0) {
+        return tr("%1 and %2 are not shown").arg(ofOthers, ofHidden);
+    }
+    if (others + hidden == 0) {
+        return {};
+    }
+    const QString what = others > 0 ? ofOthers : ofHidden;
+    return others + hidden == 1 ? tr("%1 is not shown").arg(what)
+                                : tr("%1 are not shown").arg(what);
+}
+
+void FolderModel::toggle(int row) {
     if (row < 0 || row >= rowCount() || isFolder(row)) {
         return;
     }
-    const bool wasSelected = several && selected_.contains(row);
-    if (!several) {
-        selected_.clear();
-    }
-    if (wasSelected) {
-        selected_.remove(row);
+    if (picked_.contains(path(row))) {
+        picked_.remove(path(row));
     } else {
-        selected_.insert(row);
+        picked_.add({path(row)});
     }
-    emit dataChanged(
-        index(several ? row : 0), index(several ? row : rowCount() - 1), {kIsSelected});
-    emit selectionChanged();
 }
 
-QList<QUrl> FolderModel::selectedUrls() const {
-    QList<int> rows(selected_.begin(), selected_.end());
-    std::sort(rows.begin(), rows.end());
-    QList<QUrl> urls;
-    for (const int row : rows) {
-        urls.append(fileUrl(path(row)));
+void FolderModel::pickAll() {
+    std::vector<fs::path> files;
+    for (int row = 0; row < rowCount(); ++row) {
+        if (!isFolder(row)) {
+            files.push_back(path(row));
+        }
     }
-    return urls;
+    picked_.add(files);
 }
 
 bool FolderModel::isFolder(int row) const {
-    return rows_[static_cast<std::size_t>(row)].isFolder;
+    return listing_.rows[static_cast<std::size_t>(row)].isFolder;
 }
 
 fs::path FolderModel::path(int row) const {
-    return folder_ / rows_[static_cast<std::size_t>(row)].name;
+    return question_.folder / listing_.rows[static_cast<std::size_t>(row)].name;
+}
+
+int FolderModel::rowOf(const std::string& name) const {
+    const auto row = std::find_if(listing_.rows.begin(),
+                                  listing_.rows.end(),
+                                  [&name](const auto& each) { return each.name == name; });
+    return row == listing_.rows.end() ? -1 : static_cast<int>(row - listing_.rows.begin());
+}
+
+int FolderModel::rowStartingWith(const QString& start, int from) const {
+    const int count = rowCount();
+    for (int i = 0; i < count; ++i) {
+        const int row = (std::max(from, 0) + i) % count;
+        const QString& name = listing_.rows[static_cast<std::size_t>(row)].shownName;
+        if (name.startsWith(start, Qt::CaseInsensitive)) {
+            return row;
+        }
+    }
+    return -1;
 }
 
 int FolderModel::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(rows_.size());
+    return parent.isValid() ? 0 : static_cast<int>(listing_.rows.size());
 }
 
 QVariant FolderModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid() || index.row() >= rowCount()) {
         return {};
     }
-    const Row& row = rows_[static_cast<std::size_t>(index.row())];
+    const auto& row = listing_.rows[static_cast<std::size_t>(index.row())];
     switch (role) {
         case kName:
             return row.shownName;
-        case kDetail: {
-            const QString time = timeText(row.changed);
-            return row.isFolder ? time : sizeText(static_cast<qint64>(row.size)) + ", " + time;
-        }
+        case kDetail:
+            return row.isFolder
+                       ? QString()
+                       : sizeText(static_cast<qint64>(row.size)) + ", " + timeText(row.changed);
         case kIconName:
             return row.isFolder ? QStringLiteral("folder")
-                                : UIDocumentInteractionController(fileUrl(folder_ / row.name))
-                                      .icons()
-                                      .last();
+                                : UIDocumentInteractionController::fileIcons(row.shownName).last();
         case kIsFolder:
             return row.isFolder;
         case kIsSelected:
-            return selected_.contains(index.row());
-        case kIsPickable:
-            return !row.isFolder;
+            return picked_.contains(path(index.row()));
         default:
             return {};
     }
@@ -209,8 +165,7 @@ QHash<int, QByteArray> FolderModel::roleNames() const {
             {kDetail, "detail"},
             {kIconName, "iconName"},
             {kIsFolder, "isFolder"},
-            {kIsSelected, "isSelected"},
-            {kIsPickable, "isPickable"}};
+            {kIsSelected, "isSelected"}};
 }
 
 }  // namespace pellumar

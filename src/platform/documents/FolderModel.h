@@ -2,20 +2,19 @@
 
 #include <QtQml/qqmlregistration.h>
 #include <QAbstractListModel>
-#include <QDateTime>
-#include <QSet>
 #include <QStringList>
-#include <QUrl>
 #include <filesystem>
 #include <memory>
-#include <vector>
 
 #include "platform/DispatchQueue.h"
+#include "platform/documents/FolderListing.h"
+#include "platform/documents/PickedFiles.h"
 
 namespace pellumar {
 
 // What of a folder can be picked, as a list: folders first, then by name. It is read in the
-// background. For the main thread.
+// background; a folder that does not answer holds up nobody, and can be left for another. For the
+// main thread.
 class FolderModel : public QAbstractListModel {
     Q_OBJECT
     Q_DISABLE_COPY_MOVE(FolderModel)
@@ -23,30 +22,42 @@ class FolderModel : public QAbstractListModel {
     QML_UNCREATABLE("Belongs to a picker")
     Q_PROPERTY(bool isLoading READ isLoading NOTIFY loadingChanged)
     Q_PROPERTY(bool isUnreadable READ isUnreadable NOTIFY loadingChanged)
-    Q_PROPERTY(int selectedCount READ selectedCount NOTIFY selectionChanged)
+    Q_PROPERTY(bool hasHidden READ hasHidden NOTIFY loadingChanged)
+    // What is in the folder and not shown, in a sentence; empty if nothing is.
+    Q_PROPERTY(QString notShown READ notShown NOTIFY loadingChanged)
 
   public:
-    enum Role { kName = Qt::UserRole, kDetail, kIconName, kIsFolder, kIsSelected, kIsPickable };
+    enum Role { kName = Qt::UserRole, kDetail, kIconName, kIsFolder, kIsSelected };
 
-    // `types` as a document picker takes them. The queues must outlive every listing.
-    FolderModel(QStringList types, DispatchQueue& mainQueue, DispatchQueue& backgroundQueue);
+    // `types` as a document picker takes them. `picked` is shown as selected, and must outlive
+    // this, as the queues must every listing.
+    FolderModel(QStringList types,
+                PickedFiles& picked,
+                DispatchQueue& mainQueue,
+                DispatchQueue& folderQueue);
     ~FolderModel() override;
 
-    // Goes to a folder; the list is empty until that is read, and the selection is dropped.
+    // Goes to a folder; the list is empty until that is read.
     void setFolder(const std::filesystem::path& folder);
-    [[nodiscard]] const std::filesystem::path& folder() const { return folder_; }
+    [[nodiscard]] const std::filesystem::path& folder() const { return question_.folder; }
+    Q_INVOKABLE void showHidden();
 
     [[nodiscard]] bool isLoading() const { return isLoading_; }
-    [[nodiscard]] bool isUnreadable() const { return isUnreadable_; }
+    [[nodiscard]] bool isUnreadable() const { return listing_.isUnreadable; }
+    [[nodiscard]] bool hasHidden() const { return listing_.hiddenCount > 0; }
+    [[nodiscard]] QString notShown() const;
 
-    // Selects a row that can be picked, or deselects it if it was. Without `several` it is selected
-    // in any case, and the others are not.
-    void toggle(int row, bool several);
-    [[nodiscard]] int selectedCount() const { return static_cast<int>(selected_.size()); }
-    // In the order of the list.
-    [[nodiscard]] QList<QUrl> selectedUrls() const;
+    // Picks the file of a row, or no longer if it was.
+    void toggle(int row);
+    // Picks all files.
+    void pickAll();
     [[nodiscard]] bool isFolder(int row) const;
     [[nodiscard]] std::filesystem::path path(int row) const;
+    // The row of this name, -1 if there is none.
+    [[nodiscard]] int rowOf(const std::string& name) const;
+    // The first row from `from` on, and then from the first on, whose name begins like this; -1 if
+    // there is none.
+    Q_INVOKABLE [[nodiscard]] int rowStartingWith(const QString& start, int from) const;
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
@@ -54,36 +65,19 @@ class FolderModel : public QAbstractListModel {
 
   signals:
     void loadingChanged();
-    void selectionChanged();
 
   private:
-    struct Row {
-        std::string name;
-        QString shownName;
-        QDateTime changed;
-        std::uint64_t size = 0;
-        bool isFolder = false;
-    };
-    struct Listing {
-        std::vector<Row> rows;
-        bool isUnreadable = false;
-    };
+    void read();
+    void take(FolderListing listing, bool isComplete);
 
-    [[nodiscard]] static Listing read(const std::filesystem::path& folder,
-                                      const QStringList& types);
-    static void sort(std::vector<Row>& rows);
-    void take(Listing listing);
-
-    const QStringList types_;
+    FolderQuestion question_;
+    PickedFiles& picked_;
     DispatchQueue& mainQueue_;
-    DispatchQueue& backgroundQueue_;
+    DispatchQueue& folderQueue_;
     // The latest listing is the one that counts; the others find this gone.
     std::shared_ptr<FolderModel*> latest_;
-    std::filesystem::path folder_;
-    std::vector<Row> rows_;
-    QSet<int> selected_;
+    FolderListing listing_;
     bool isLoading_ = false;
-    bool isUnreadable_ = false;
 };
 
 }  // namespace pellumar

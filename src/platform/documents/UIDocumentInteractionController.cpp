@@ -69,15 +69,18 @@ QString iconOf(const QMimeType& type) {
 }  // namespace
 
 QStringList UIDocumentInteractionController::icons() const {
-    QStringList icons{QStringLiteral("file")};
     std::error_code unknown;
     const auto path = localPath(url_);
     if (path && std::filesystem::is_directory(*path, unknown)) {
         return {QStringLiteral("folder")};
     }
+    return fileIcons(lastPathComponent(url_));
+}
+
+QStringList UIDocumentInteractionController::fileIcons(const QString& name) {
+    QStringList icons{QStringLiteral("file")};
     static const QMimeDatabase types;
-    const QString best =
-        iconOf(types.mimeTypeForFile(lastPathComponent(url_), QMimeDatabase::MatchExtension));
+    const QString best = iconOf(types.mimeTypeForFile(name, QMimeDatabase::MatchExtension));
     if (!best.isEmpty()) {
         icons.append(best);
     }

@@ -5,7 +5,7 @@
 
 namespace pellumar {
 
-// What the system knows of a document by its name. Reads no content, so it never waits.
+// What the system knows of a document by its name.
 class UIDocumentInteractionController {
   public:
     explicit UIDocumentInteractionController(QUrl url) : url_(std::move(url)) {}
@@ -13,6 +13,8 @@ class UIDocumentInteractionController {
     // Names of the theme's icons for this document, the plainest first and the best last. Never
     // empty.
     [[nodiscard]] QStringList icons() const;
+    // The same for a file of this name, without a look at it.
+    [[nodiscard]] static QStringList fileIcons(const QString& name);
 
   private:
     QUrl url_;

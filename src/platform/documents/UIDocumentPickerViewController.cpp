@@ -1,24 +1,21 @@
 #include "platform/documents/UIDocumentPickerViewController.h"
 
-#include <QStandardPaths>
-#include <QStorageInfo>
-#include <algorithm>
+#include <QTimer>
+#include <chrono>
 #include <system_error>
 #include <utility>
 
 #include "platform/FileUrl.h"
+#include "platform/kit/UIAlertController.h"
 
 namespace pellumar {
 namespace {
 
 namespace fs = std::filesystem;
 
-const QString kLastFolder = QStringLiteral("LastFolder");
-
-bool isFolder(const fs::path& path) {
-    std::error_code unknown;
-    return fs::is_directory(path, unknown);
-}
+// What takes less needs no overlay, which would only flicker.
+constexpr std::chrono::milliseconds kImportPause(300);
+constexpr qsizetype kLongestName = 255;
 
 }  // namespace
 
@@ -30,9 +27,14 @@ UIDocumentPickerViewController::UIDocumentPickerViewController(const UIContext& 
       services_(services),
       types_(std::move(documentTypes)),
       several_(allowsMultipleSelection),
-      places_(findPlaces()),
-      model_(types_, services.mainQueue, services.backgroundQueue) {
-    connect(&model_, &FolderModel::selectionChanged, this, [this] { emit confirmChanged(); });
+      places_(services.mainQueue, services.backgroundQueue),
+      model_(types_, picked_, services.mainQueue, services.backgroundQueue) {
+    connect(&picked_, &PickedFiles::changed, this, [this] { emit confirmChanged(); });
+    connect(&places_, &PickerPlaces::changed, this, [this] {
+        emit placesChanged();
+        emit folderChanged();
+    });
+    connect(&model_, &FolderModel::loadingChanged, this, [this] { listingChanged(); });
 }
 
 UIDocumentPickerViewController::~UIDocumentPickerViewController() {
@@ -41,59 +43,65 @@ UIDocumentPickerViewController::~UIDocumentPickerViewController() {
     }
 }
 
-std::vector<UIDocumentPickerViewController::Place> UIDocumentPickerViewController::findPlaces() {
-    std::vector<Place> places;
-    const auto add = [&places](const QString& name, const QString& icon, const QString& folder) {
-        const fs::path path(folder.toStdString());
-        const auto isSame = [&path](const Place& place) { return place.folder == path; };
-        if (!folder.isEmpty() && isFolder(path) &&
-            std::none_of(places.begin(), places.end(), isSame)) {
-            places.push_back({name, icon, path});
-        }
-    };
-    using Paths = QStandardPaths;
-    add(tr("Home"), "home", Paths::writableLocation(Paths::HomeLocation));
-    add(tr("Downloads"), "download", Paths::writableLocation(Paths::DownloadLocation));
-    add(tr("Documents"), "document", Paths::writableLocation(Paths::DocumentsLocation));
-    add(tr("Pictures"), "image", Paths::writableLocation(Paths::PicturesLocation));
-    add(tr("Videos"), "video", Paths::writableLocation(Paths::MoviesLocation));
-    for (const QStorageInfo& volume : QStorageInfo::mountedVolumes()) {
-        const QString root = volume.rootPath();
-        if (root.startsWith("/media/") || root.startsWith("/run/media/")) {
-            add(volume.displayName(), "drive", root);
-        }
+// Archives come from elsewhere than what is put into them, and neither is saved there.
+QString UIDocumentPickerViewController::memoryKey() const {
+    if (picksFolder()) {
+        return QStringLiteral("LastSaveFolder");
     }
-    return places;
+    return types_.contains(QStringLiteral("public.zip-archive"))
+               ? QStringLiteral("LastArchiveFolder")
+               : QStringLiteral("LastFileFolder");
 }
 
 void UIDocumentPickerViewController::viewDidLoad() {
     UIViewController::viewDidLoad();
-    const QByteArray last = services_.memory.value(kLastFolder).toByteArray();
-    const fs::path folder(last.toStdString());
-    if (!last.isEmpty() && isFolder(folder)) {
-        open(folder);
-    } else {
-        open(places_.empty() ? fs::path("/") : places_.front().folder);
-    }
+    const QByteArray last = services_.memory.value(memoryKey()).toByteArray();
+    model_.setFolder(last.isEmpty() ? places_.home() : fs::path(last.toStdString()));
+    emit folderChanged();
 }
 
 void UIDocumentPickerViewController::open(const fs::path& folder) {
+    if (state_ != State::kChoosing) {
+        return;
+    }
+    isFirstFolder_ = false;
+    const bool isAbove = folder == model_.folder().parent_path();
+    cameFrom_ = isAbove ? model_.folder().filename().string() : std::string();
+    setFailure({});
     model_.setFolder(folder);
     emit folderChanged();
-    emit confirmChanged();
+}
+
+void UIDocumentPickerViewController::listingChanged() {
+    if (model_.isLoading()) {
+        return;
+    }
+    if (std::exchange(isFirstFolder_, false) && model_.isUnreadable() &&
+        model_.folder() != places_.home()) {
+        open(places_.home());
+        return;
+    }
+    emit listed(std::max(0, model_.rowOf(cameFrom_)));
 }
 
 void UIDocumentPickerViewController::rowTapped(int row) {
-    if (row < 0 || row >= model_.rowCount()) {
+    if (row < 0 || row >= model_.rowCount() || state_ != State::kChoosing) {
         return;
     }
     if (model_.isFolder(row)) {
         open(model_.path(row));
-        return;
-    }
-    model_.toggle(row, several_);
-    if (!several_) {
+    } else if (several_) {
+        model_.toggle(row);
+    } else {
+        picked_.clear();
+        picked_.add({model_.path(row)});
         confirmTapped();
+    }
+}
+
+void UIDocumentPickerViewController::selectAllTapped() {
+    if (several_ && state_ == State::kChoosing) {
+        model_.pickAll();
     }
 }
 
@@ -104,54 +112,119 @@ void UIDocumentPickerViewController::upTapped() {
 }
 
 void UIDocumentPickerViewController::placeTapped(int place) {
-    if (place >= 0 && static_cast<std::size_t>(place) < places_.size()) {
-        open(places_[static_cast<std::size_t>(place)].folder);
+    if (place >= 0 && static_cast<std::size_t>(place) < places_.all().size()) {
+        open(places_.all()[static_cast<std::size_t>(place)].folder);
     }
 }
 
-void UIDocumentPickerViewController::confirmTapped() {
-    if (!canConfirm() || (import_ && !import_->isCancelled())) {
+void UIDocumentPickerViewController::stepTapped(int step) {
+    const auto way = places_.wayTo(model_.folder());
+    if (step >= 0 && static_cast<std::size_t>(step) < way.size()) {
+        open(way[static_cast<std::size_t>(step)].folder);
+    }
+}
+
+void UIDocumentPickerViewController::newFolderTapped() {
+    const auto alert = makeController<UIAlertController>(context(), tr("New folder"), QString());
+    alert->addTextField(tr("Name"),
+                        {.refused = QStringLiteral("/"),
+                         .refusedHint = tr("A name has no slash"),
+                         .mostBytes = kLongestName,
+                         .lengthHint = tr("A name is no longer than this")});
+    const std::weak_ptr<UIAlertController> asked = alert;
+    alert->addAction({tr("Create"), UIAlertActionStyle::kDefault, [asked, self = weakly(this)] {
+                          const auto closed = asked.lock();
+                          const auto picker = self.lock();
+                          if (closed && picker) {
+                              picker->makeFolder(closed->text());
+                          }
+                      }});
+    alert->addAction({tr("Cancel"), UIAlertActionStyle::kCancel, {}});
+    present(alert, true);
+}
+
+void UIDocumentPickerViewController::makeFolder(const QString& name) {
+    if (name.trimmed().isEmpty()) {
         return;
     }
-    services_.memory.setValue(kLastFolder, QByteArray::fromStdString(model_.folder().string()));
+    const fs::path folder = model_.folder() / name.toStdString();
+    services_.backgroundQueue.async(
+        [folder, name, self = weakly(this), &main = services_.mainQueue] {
+            std::error_code failure;
+            // One that is there already is as good.
+            fs::create_directory(folder, failure);
+            main.async([folder, name, failure, self] {
+                const auto picker = self.lock();
+                // Whoever has gone elsewhere meanwhile is not brought back.
+                if (!picker || picker->model_.folder() != folder.parent_path()) {
+                    return;
+                }
+                if (failure) {
+                    picker->setFailure(tr("%1 could not be created: %2")
+                                           .arg(name, QString::fromStdString(failure.message())));
+                } else {
+                    picker->open(folder);
+                }
+            });
+        });
+}
+
+void UIDocumentPickerViewController::confirmTapped() {
+    if (!canConfirm() || state_ != State::kChoosing) {
+        return;
+    }
+    services_.memory.setValue(memoryKey(), QByteArray::fromStdString(model_.folder().string()));
     if (picksFolder()) {
         finish({fileUrl(model_.folder())});
     } else {
-        import(model_.selectedUrls());
+        import(picked_.urls());
     }
 }
 
 void UIDocumentPickerViewController::import(const QList<QUrl>& urls) {
-    failure_.clear();
-    emit failureChanged();
-    hud_ = MBProgressHUD::showAddedTo(context(), view(), true);
-    hud_->setLabel(tr("Copying"));
-    hud_->setMode(MBProgressHUD::Mode::kAnnularDeterminate);
+    setFailure({});
+    state_ = State::kImporting;
     const auto self = weakly(this);
     import_ = services_.inbox.import(
         urls,
         [self](double done) {
-            if (const auto picker = self.lock()) {
+            const auto picker = self.lock();
+            if (picker && picker->hud_) {
                 picker->hud_->setProgress(static_cast<float>(done));
             }
         },
         [self](const tl::expected<QList<QUrl>, QString>& copies) {
-            const auto picker = self.lock();
-            if (!picker) {
-                return;
-            }
-            picker->import_.reset();
-            picker->hud_->hide(true);
-            if (copies) {
-                picker->finish(*copies);
-            } else {
-                picker->failure_ = tr("Could not be copied: %1").arg(copies.error());
-                emit picker->failureChanged();
+            if (const auto picker = self.lock()) {
+                picker->imported(copies);
             }
         });
+    QTimer::singleShot(kImportPause, this, [this, import = import_] {
+        if (import_ == import && !import->isCancelled()) {
+            hud_ = MBProgressHUD::showAddedTo(context(), view(), true);
+            hud_->setLabel(tr("Copying"));
+            hud_->setMode(MBProgressHUD::Mode::kAnnularDeterminate);
+        }
+    });
+}
+
+void UIDocumentPickerViewController::imported(const tl::expected<QList<QUrl>, QString>& copies) {
+    import_.reset();
+    if (hud_) {
+        std::exchange(hud_, nullptr)->hide(true);
+    }
+    if (copies) {
+        finish(*copies);
+        return;
+    }
+    state_ = State::kChoosing;
+    if (!several_) {
+        picked_.clear();
+    }
+    setFailure(tr("Could not be opened: %1").arg(copies.error()));
 }
 
 void UIDocumentPickerViewController::finish(const QList<QUrl>& urls) {
+    state_ = State::kDone;
     dismiss(true, [delegate = delegate_, urls] {
         if (const auto told = delegate.lock()) {
             told->documentPickerDidPickDocuments(urls);
@@ -160,6 +233,9 @@ void UIDocumentPickerViewController::finish(const QList<QUrl>& urls) {
 }
 
 void UIDocumentPickerViewController::cancelTapped() {
+    if (std::exchange(state_, State::kDone) == State::kDone) {
+        return;
+    }
     if (import_) {
         import_->cancel();
     }
@@ -175,12 +251,17 @@ bool UIDocumentPickerViewController::goBack() {
     return true;
 }
 
+void UIDocumentPickerViewController::setFailure(const QString& failure) {
+    failure_ = failure;
+    emit failureChanged();
+}
+
 bool UIDocumentPickerViewController::picksFolder() const {
     return types_.contains(QStringLiteral("public.folder"));
 }
 
 bool UIDocumentPickerViewController::canConfirm() const {
-    return picksFolder() || model_.selectedCount() > 0;
+    return picksFolder() || picked_.count() > 0;
 }
 
 QString UIDocumentPickerViewController::heading() const {
@@ -195,21 +276,27 @@ QString UIDocumentPickerViewController::confirmTitle() const {
     if (picksFolder()) {
         return tr("Save here");
     }
-    return several_ ? tr("Add") : tr("Open");
+    if (!several_) {
+        return tr("Open");
+    }
+    return picked_.count() > 1 ? tr("Add (%1)").arg(picked_.count()) : tr("Add");
 }
 
 QString UIDocumentPickerViewController::folderName() const {
-    const int place = currentPlace();
-    if (place >= 0) {
-        return places_[static_cast<std::size_t>(place)].name;
+    return way().last();
+}
+
+QStringList UIDocumentPickerViewController::way() const {
+    QStringList names;
+    for (const PickerPlaces::Place& step : places_.wayTo(model_.folder())) {
+        names.append(step.name);
     }
-    const std::string name = model_.folder().filename().string();
-    return name.empty() ? QStringLiteral("/") : QString::fromStdString(name);
+    return names;
 }
 
 QStringList UIDocumentPickerViewController::placeNames() const {
     QStringList names;
-    for (const Place& place : places_) {
+    for (const PickerPlaces::Place& place : places_.all()) {
         names.append(place.name);
     }
     return names;
@@ -217,19 +304,14 @@ QStringList UIDocumentPickerViewController::placeNames() const {
 
 QStringList UIDocumentPickerViewController::placeIcons() const {
     QStringList icons;
-    for (const Place& place : places_) {
+    for (const PickerPlaces::Place& place : places_.all()) {
         icons.append(place.icon);
     }
     return icons;
 }
 
 int UIDocumentPickerViewController::currentPlace() const {
-    for (std::size_t i = 0; i < places_.size(); ++i) {
-        if (places_[i].folder == model_.folder()) {
-            return static_cast<int>(i);
-        }
-    }
-    return -1;
+    return places_.indexOf(model_.folder());
 }
 
 }  // namespace pellumar

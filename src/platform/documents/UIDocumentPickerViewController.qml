@@ -16,6 +16,10 @@ Sheet {
     Accessible.role: Accessible.Dialog
     Accessible.name: controller.heading
 
+    Connections {
+        target: root.controller
+        function onListed(row: int): void { list.begin(row) }
+    }
     ColumnLayout {
         anchors.fill: parent
         spacing: 0
@@ -23,9 +27,7 @@ Sheet {
             Layout.fillWidth: true
             Layout.margins: Theme.space1
             title: root.controller.heading
-            confirmText: root.controller.model.selectedCount > 1
-                         ? root.controller.confirmTitle + " (" + root.controller.model.selectedCount + ")"
-                         : root.controller.confirmTitle
+            confirmText: root.controller.confirmTitle
             canConfirm: root.controller.canConfirm
             onCancelled: root.controller.cancelTapped()
             onConfirmed: root.controller.confirmTapped()
@@ -45,7 +47,7 @@ Sheet {
 
                 text: modelData
                 // qmllint disable unqualified
-                iconName: root.controller.placeIcons[index]
+                iconName: root.controller.placeIcons[index] ?? ""
                 isCurrent: index === root.controller.currentPlace
                 onClicked: root.controller.placeTapped(index)
                 // qmllint enable unqualified
@@ -54,7 +56,8 @@ Sheet {
         RowLayout {
             Layout.fillWidth: true
             Layout.leftMargin: Theme.space2
-            Layout.rightMargin: Theme.space4
+            Layout.rightMargin: Theme.space2
+            spacing: 0
             IconButton {
                 iconName: "up"
                 text: qsTr("Folder above")
@@ -62,22 +65,39 @@ Sheet {
                 opacity: enabled ? 1 : 0.4
                 onClicked: root.controller.upTapped()
             }
-            BodyText {
+            FolderWay {
                 Layout.fillWidth: true
-                text: root.controller.failure === "" ? root.controller.folderName
-                                                     : root.controller.failure
-                color: root.controller.failure === "" ? Theme.text : Theme.error
-                font.weight: Theme.weightStrong
-                elide: Text.ElideMiddle
-                maximumLineCount: 2
+                Layout.preferredHeight: Theme.touchTarget
+                controller: root.controller
             }
+            IconButton {
+                iconName: "newFolder"
+                text: qsTr("New folder")
+                visible: root.controller.picksFolder
+                onClicked: root.controller.newFolderTapped()
+            }
+        }
+        BodyText {
+            Layout.fillWidth: true
+            Layout.leftMargin: Theme.space4
+            Layout.rightMargin: Theme.space4
+            Layout.bottomMargin: Theme.space2
+            visible: text !== ""
+            text: root.controller.failure
+            color: Theme.error
+            Accessible.role: Accessible.AlertMessage
+        }
+        PickedRow {
+            Layout.fillWidth: true
+            visible: root.controller.allowsMultipleSelection && count > 0
+            picked: root.controller.picked
         }
         Rectangle {
             Layout.fillWidth: true
             Layout.preferredHeight: 1
             color: Theme.hairline
         }
-        ListView {
+        KeyedList {
             id: list
             Layout.fillWidth: true
             Layout.fillHeight: true
@@ -85,22 +105,30 @@ Sheet {
             reuseItems: true
             focus: true
             model: root.controller.model
+            find: (start, from) => root.controller.model.rowStartingWith(start, from)
+            onBackAsked: root.controller.upTapped()
+            onAllAsked: root.controller.selectAllTapped()
             ScrollBar.vertical: ScrollBar { Accessible.ignored: true }
             Accessible.role: Accessible.List
             Accessible.name: root.controller.folderName
             delegate: DocumentRow {
                 // qmllint disable unqualified
                 width: list.width
+                keyedList: list
                 controller: root.controller
                 // qmllint enable unqualified
             }
-            EmptyState {
+            footer: NotShownNote {
+                width: list.width
+                height: visible ? implicitHeight : 0
+                visible: list.count > 0 && controller.model.notShown !== ""
+                controller: root.controller
+            }
+            FolderState {
                 anchors.centerIn: parent
                 width: parent.width - 2 * Theme.space6
-                visible: list.count === 0 && !root.controller.model.isLoading
-                iconName: "folder"
-                text: root.controller.model.isUnreadable ? qsTr("This folder cannot be read")
-                                                         : qsTr("Nothing to choose here")
+                visible: list.count === 0
+                controller: root.controller
             }
         }
     }

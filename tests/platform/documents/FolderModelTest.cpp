@@ -34,6 +34,7 @@ class FolderModelTest : public testing::Test {
     TemporaryFolder folder;
     ManualDispatchQueue mainQueue;
     ManualDispatchQueue backgroundQueue;
+    PickedFiles picked;
 };
 
 TEST_F(FolderModelTest, ListsWhatCanBePickedAsPeopleOrderIt) {
@@ -43,18 +44,18 @@ TEST_F(FolderModelTest, ListsWhatCanBePickedAsPeopleOrderIt) {
         writeFile(folder / name, "text");
     }
     fs::create_symlink("nowhere", folder / "dangling.zip");
-    FolderModel archives({"public.zip-archive"}, mainQueue, backgroundQueue);
+    FolderModel archives({"public.zip-archive"}, picked, mainQueue, backgroundQueue);
     archives.setFolder(folder.path());
     EXPECT_TRUE(archives.isLoading());
     runAll();
     EXPECT_FALSE(archives.isLoading());
     EXPECT_EQ(names(archives),
               (QStringList{"z folder", "äpfel.zip", "Photo 9.zip", "photo 10.ZIP"}));
-    FolderModel items({"public.item"}, mainQueue, backgroundQueue);
+    FolderModel items({"public.item"}, picked, mainQueue, backgroundQueue);
     items.setFolder(folder.path());
     runAll();
     EXPECT_EQ(items.rowCount(), 5);
-    FolderModel folders({"public.folder"}, mainQueue, backgroundQueue);
+    FolderModel folders({"public.folder"}, picked, mainQueue, backgroundQueue);
     folders.setFolder(folder.path());
     runAll();
     EXPECT_EQ(names(folders), QStringList{"z folder"});
@@ -66,7 +67,7 @@ TEST_F(FolderModelTest, KnowsArchivesByTheirContentsWhereTheNameTellsNothing) {
     }
     writeFile(folder / "plain", "no archive");
     writeFile(folder / "nothing", "");
-    FolderModel model({"public.zip-archive"}, mainQueue, backgroundQueue);
+    FolderModel model({"public.zip-archive"}, picked, mainQueue, backgroundQueue);
     model.setFolder(folder.path());
     runAll();
     ASSERT_EQ(model.rowCount(), 2);
@@ -74,30 +75,80 @@ TEST_F(FolderModelTest, KnowsArchivesByTheirContentsWhereTheNameTellsNothing) {
     EXPECT_EQ(model.path(1), folder / "caf\xe9 2026-11");
 }
 
-TEST_F(FolderModelTest, SelectsFilesByTheirExactNames) {
+TEST_F(FolderModelTest, PicksFilesByTheirExactNamesAcrossFolders) {
     fs::create_directory(folder / "inner");
     writeFile(folder / "caf\xe9.zip", "text");
     writeFile(folder / "b.zip", "text");
-    FolderModel model({"public.item"}, mainQueue, backgroundQueue);
+    writeFile(folder / "inner" / "b.zip", "text");
+    FolderModel model({"public.item"}, picked, mainQueue, backgroundQueue);
     model.setFolder(folder.path());
     runAll();
     for (int row = -1; row <= model.rowCount(); ++row) {
-        model.toggle(row, true);
+        model.toggle(row);
     }
-    EXPECT_EQ(model.selectedUrls(),
-              (QList<QUrl>{fileUrl(folder / "b.zip"), fileUrl(folder / "caf\xe9.zip")}));
-    model.toggle(1, true);
-    EXPECT_EQ(model.selectedCount(), 1);
-    model.toggle(1, false);
-    EXPECT_EQ(model.selectedUrls(), QList<QUrl>{fileUrl(folder / "b.zip")});
     model.setFolder(folder / "inner");
-    EXPECT_EQ(model.selectedCount(), 0);
+    runAll();
+    EXPECT_EQ(model.data(model.index(0), FolderModel::kIsSelected), false);
+    model.pickAll();
+    EXPECT_EQ(model.data(model.index(0), FolderModel::kIsSelected), true);
+    model.pickAll();
+    const QUrl first = fileUrl(folder / "b.zip");
+    const QUrl second = fileUrl(folder / "caf\xe9.zip");
+    const QUrl third = fileUrl(folder / "inner" / "b.zip");
+    EXPECT_EQ(picked.urls(), (QList<QUrl>{first, second, third}));
+    picked.removeAt(1);
+    picked.removeAt(7);
+    model.toggle(0);
+    EXPECT_EQ(picked.urls(), QList<QUrl>{first});
+    model.setFolder(folder.path());
+    runAll();
+    EXPECT_EQ(model.data(model.index(model.rowOf("b.zip")), FolderModel::kIsSelected), true);
+}
+
+TEST_F(FolderModelTest, SaysWhatIsNotShownAndShowsWhatIsHidden) {
+    FolderModel model({"public.zip-archive"}, picked, mainQueue, backgroundQueue);
+    const auto list = [&](const std::vector<const char*>& files) {
+        for (const char* const name : files) {
+            writeFile(folder / name, "text");
+        }
+        model.setFolder(folder.path());
+        runAll();
+    };
+    list({"a.zip"});
+    EXPECT_EQ(model.notShown(), "");
+    list({".b.zip", ".c.txt"});
+    EXPECT_EQ(model.notShown(), "1 hidden item is not shown");
+    list({"d.txt"});
+    EXPECT_EQ(model.notShown(), "1 file of another kind and 1 hidden item are not shown");
+    fs::create_directory(folder / ".e");
+    list({"f.txt"});
+    EXPECT_EQ(model.notShown(), "2 files of other kinds and 2 hidden items are not shown");
+    model.showHidden();
+    runAll();
+    EXPECT_EQ(names(model), (QStringList{".e", ".b.zip", "a.zip"}));
+    EXPECT_FALSE(model.hasHidden());
+    EXPECT_EQ(model.notShown(), "2 files of other kinds are not shown");
+}
+
+TEST_F(FolderModelTest, FindsRowsByTheirFirstLetters) {
+    for (const char* const name : {"Alpha", "beta 1", "Beta 2", "gamma"}) {
+        writeFile(folder / name, "text");
+    }
+    FolderModel model({"public.item"}, picked, mainQueue, backgroundQueue);
+    EXPECT_EQ(model.rowStartingWith("a", 0), -1);
+    model.setFolder(folder.path());
+    runAll();
+    EXPECT_EQ(model.rowStartingWith("b", 0), 1);
+    EXPECT_EQ(model.rowStartingWith("b", 2), 2);
+    EXPECT_EQ(model.rowStartingWith("b", 3), 1) << "from the first on again";
+    EXPECT_EQ(model.rowStartingWith("GAM", 4), 3);
+    EXPECT_EQ(model.rowStartingWith("x", 0), -1);
 }
 
 TEST_F(FolderModelTest, TheLatestFolderIsTheOneShown) {
     fs::create_directory(folder / "inner");
     writeFile(folder / "inner" / "a.zip", "text");
-    FolderModel model({"public.item"}, mainQueue, backgroundQueue);
+    FolderModel model({"public.item"}, picked, mainQueue, backgroundQueue);
     model.setFolder(folder.path());
     model.setFolder(folder / "inner");
     runAll();
@@ -106,7 +157,7 @@ TEST_F(FolderModelTest, TheLatestFolderIsTheOneShown) {
     runAll();
     EXPECT_TRUE(model.isUnreadable());
     {
-        FolderModel brief({"public.item"}, mainQueue, backgroundQueue);
+        FolderModel brief({"public.item"}, picked, mainQueue, backgroundQueue);
         brief.setFolder(folder.path());
     }
     runAll();
@@ -117,7 +168,7 @@ TEST_F(FolderModelTest, ManyFilesDoNotHoldUpTheWindow) {
     for (int i = 0; i < kFiles; ++i) {
         std::ofstream(folder / ("IMG_" + std::to_string(i) + ".jpg"));
     }
-    FolderModel model({"public.item"}, mainQueue, backgroundQueue);
+    FolderModel model({"public.item"}, picked, mainQueue, backgroundQueue);
     model.setFolder(folder.path());
     backgroundQueue.runAll();
     QElapsedTimer standstill;

@@ -1,0 +1,81 @@
+import QtQuick
+
+// A list for the keyboard: arrows, pages, both ends, the first letters of a name. The row with the
+// keyboard shows it.
+ListView {
+    id: list
+
+    // The first row from `from` on whose name begins with `start`, or -1.
+    property var find: (start, from) => -1
+    property string typed: ""
+    // Whether the user has come with keys.
+    property bool isKeyed: false
+    // Whether the rows have only just come.
+    readonly property bool isFresh: fresh.running
+    readonly property int page: Math.max(1, Math.floor(height / Math.max(1, currentItem?.height ?? 56)) - 1)
+    signal backAsked
+    signal allAsked
+
+    currentIndex: -1
+    highlightFollowsCurrentItem: true
+    highlightMoveDuration: 0
+
+    Timer {
+        id: fresh
+        interval: 400
+    }
+    Timer {
+        id: pause
+        interval: 1000
+        onTriggered: list.typed = ""
+    }
+
+    function go(to: int): void {
+        isKeyed = true
+        currentIndex = Math.max(0, Math.min(count - 1, to))
+        positionViewAtIndex(currentIndex, ListView.Contain)
+        const row = currentItem as PlainButton
+        row?.forceActiveFocus(Qt.ShortcutFocusReason)
+        // Which the view has given it already, for no reason.
+        if (row !== null) row.focusReason = Qt.ShortcutFocusReason
+    }
+
+    // For new rows.
+    function begin(row: int): void {
+        const hadKeys = isKeyed && (activeFocus || currentItem?.activeFocus)
+        fresh.restart()
+        currentIndex = -1
+        positionViewAtIndex(row, ListView.Contain)
+        if (hadKeys && count > 0) go(row)
+    }
+
+    // Type on, or the same letter again for the next of its kind.
+    function seek(letter: string): void {
+        pause.restart()
+        typed = typed === letter ? letter : typed + letter
+        const row = find(typed, typed.length > 1 ? currentIndex : currentIndex + 1)
+        if (row >= 0) go(row)
+    }
+
+    function goesTo(key: int): int {
+        switch (key) {
+        case Qt.Key_Up: return currentIndex < 0 ? 0 : currentIndex - 1
+        case Qt.Key_Down: return currentIndex + 1
+        case Qt.Key_PageUp: return currentIndex - page
+        case Qt.Key_PageDown: return currentIndex + page
+        case Qt.Key_Home: return 0
+        case Qt.Key_End: return count - 1
+        default: return -2
+        }
+    }
+
+    Keys.onPressed: event => {
+        const row = goesTo(event.key)
+        event.accepted = true
+        if (row !== -2) go(row)
+        else if (event.key === Qt.Key_Backspace) backAsked()
+        else if (event.matches(StandardKey.SelectAll)) allAsked()
+        else if (event.text > " " && !(event.modifiers & (Qt.ControlModifier | Qt.AltModifier))) seek(event.text)
+        else event.accepted = false
+    }
+}
