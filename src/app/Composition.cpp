@@ -17,7 +17,7 @@ Composition::Composition()
       review_(platform_.memory,
               platform_.opener,
               QDateTime::currentDateTimeUtc,
-              SKStoreReviewController::desktopHasStore),
+              SoftwareCentre::isInstalled),
       launches_(settings_.userDefaults()),
       delegate_(std::make_shared<AppDelegate>(
           AppDelegate::Environment{window_.context(),
@@ -113,7 +113,7 @@ void Composition::fillStoryboard() {
                          [this] { return makeController<ViewController>(screens(), launches_); });
     storyboard_.addScene(QStringLiteral("SettingsViewController"), [this] {
         return makeController<SettingsViewController>(
-            screens().ui, settings_, screens().analytics, platform_.opener);
+            screens().ui, settings_, screens().analytics, links_, platform_.opener);
     });
     storyboard_.addScene(QStringLiteral("OnboardingViewController"), [this] {
         return makeController<OnboardingViewController>(

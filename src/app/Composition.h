@@ -6,10 +6,12 @@
 #include <optional>
 
 #include "app/AppDelegate.h"
+#include "app/OutboundLinks.h"
 #include "app/PlatformParts.h"
 #include "app/Services.h"
 #include "app/WindowParts.h"
 #include "platform/desktop/SKStoreReviewController.h"
+#include "platform/desktop/SoftwareCentre.h"
 #include "screens/RelevantActionCount.h"
 #include "screens/ScreenServices.h"
 
@@ -57,6 +59,7 @@ class Composition {
     const FileSystem fileSystem_;
     WindowParts window_;
     SKStoreReviewController review_;
+    const OutboundLinks links_{OutboundLinks::ofThisBuild(), SoftwareCentre::isInstalled};
     RelevantActionCount launches_;
     UIStoryboard storyboard_;
     // From the launch on.

@@ -4,18 +4,16 @@
 #include "platform/kit/UINavigationController.h"
 
 namespace pellumar {
-namespace {
-
-const QString kWebPage = QStringLiteral(WEB_PAGE);
-const QString kDeveloperPage = QStringLiteral(DEVELOPER_PAGE);
-
-}  // namespace
-
 SettingsViewController::SettingsViewController(const UIContext& context,
                                                const UserSettings& settings,
                                                const PellumarAnalytics& analytics,
+                                               const OutboundLinks& links,
                                                UrlOpener& opener)
-    : UIViewController(context), settings_(settings), analytics_(analytics), opener_(opener) {}
+    : UIViewController(context),
+      settings_(settings),
+      analytics_(analytics),
+      links_(links),
+      opener_(opener) {}
 
 void SettingsViewController::viewDidLoad() {
     UIViewController::viewDidLoad();
@@ -28,8 +26,10 @@ void SettingsViewController::viewWillAppear(bool animated) {
     if (const auto stack = navigationController()) {
         stack->setNavigationBarHidden(false, true);
     }
+    usageSwitch_->setProperty("animates", false);
     usageSwitch_->setProperty("checked",
                               settings_.userDefaults().boolForKey(settings_.sendUsageDataKey()));
+    usageSwitch_->setProperty("animates", true);
 }
 
 void SettingsViewController::appUsageSwitchChanged() {
@@ -38,7 +38,7 @@ void SettingsViewController::appUsageSwitchChanged() {
 }
 
 void SettingsViewController::seeMoreTapped() {
-    const QUrl page(kWebPage, QUrl::StrictMode);
+    const QUrl page = links_.webPage();
     if (page.isValid()) {
         opener_.open(page);
     }
@@ -49,11 +49,7 @@ void SettingsViewController::didSelectRow(int row) {
         return;
     }
     analytics_.logEvent(event::kDeveloperTapped);
-    const QUrl page(kDeveloperPage, QUrl::StrictMode);
-    if (!page.isValid()) {
-        qFatal("The developer's address is no URL.");
-    }
-    opener_.open(page);
+    opener_.open(links_.developerPage());
 }
 
 }  // namespace pellumar

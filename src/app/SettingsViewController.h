@@ -2,6 +2,7 @@
 
 #include <QPointer>
 
+#include "app/OutboundLinks.h"
 #include "events/PellumarAnalytics.h"
 #include "platform/UrlOpener.h"
 #include "platform/kit/StoryboardInstantiable.h"
@@ -25,6 +26,7 @@ class SettingsViewController : public UIViewController, public StoryboardInstant
     SettingsViewController(const UIContext& context,
                            const UserSettings& settings,
                            const PellumarAnalytics& analytics,
+                           const OutboundLinks& links,
                            UrlOpener& opener);
 
     // Keeps the setting, which is read at every event.
@@ -45,6 +47,7 @@ class SettingsViewController : public UIViewController, public StoryboardInstant
   private:
     const UserSettings& settings_;
     const PellumarAnalytics& analytics_;
+    const OutboundLinks& links_;
     UrlOpener& opener_;
     QPointer<QQuickItem> usageSwitch_;
 };

@@ -38,7 +38,8 @@ class StartUpTest : public ScreenFixture {
             return makeController<OnboardingViewController>(services.ui, settings, analytics);
         });
         storyboard.addScene("SettingsViewController", [this] {
-            return makeController<SettingsViewController>(services.ui, settings, analytics, opener);
+            return makeController<SettingsViewController>(
+                services.ui, settings, analytics, links, opener);
         });
         storyboard.setInitialScene("ViewController");
         delegate->setWindow(&window);
@@ -50,6 +51,8 @@ class StartUpTest : public ScreenFixture {
     }
 
     RecordingOpener opener;
+    bool hasStore = true;
+    const OutboundLinks links{{}, [this] { return hasStore; }};
     UIStoryboard storyboard;
     bool areServicesConfigured = false;
     std::shared_ptr<AppDelegate> delegate = std::make_shared<AppDelegate>(
@@ -153,6 +156,47 @@ TEST_F(StartUpTest, SettingsSwitchDecidesAboutEvents) {
     tabs->select(0);
     tabs->select(1);
     EXPECT_FALSE(usage->property("checked").toBool());
+}
+
+TEST_F(StartUpTest, TheSwitchStandsWhereItBelongsWhenTheSettingsAppear) {
+    const auto screen =
+        makeController<SettingsViewController>(services.ui, settings, analytics, links, opener);
+    auto* const usage = outlet<QQuickItem>(screen->view(), "usageSwitch");
+    auto* const knob = outlet<QQuickItem>(*usage, "knob");
+    window.setRootViewController(screen);
+    window.makeKeyAndVisible();
+    const qreal whenOn = knob->x();
+
+    defaults.setBool(false, "SEND_USAGE_DATA");
+    window.setRootViewController(nullptr);
+    window.setRootViewController(screen);
+    const qreal whenOff = knob->x();
+    EXPECT_LT(whenOff, whenOn);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(knob->x(), whenOff);
+    // Under the user's finger it slides.
+    QMetaObject::invokeMethod(usage, "flip");
+    EXPECT_TRUE(flag("SEND_USAGE_DATA"));
+    EXPECT_LT(knob->x(), whenOn);
+    EXPECT_TRUE(waitUntil([&] { return knob->x() == whenOn; }));
+}
+
+TEST_F(StartUpTest, TheLinksLeadSomewhere) {
+    SettingsViewController screen(services.ui, settings, analytics, links, opener);
+    screen.didSelectRow(SettingsViewController::kDeveloperRow);
+    screen.seeMoreTapped();
+    hasStore = false;
+    screen.didSelectRow(SettingsViewController::kDeveloperRow);
+    ASSERT_EQ(opener.opened.size(), 3);
+    // An identifier of a component keeps its case, wherever its address goes through.
+    EXPECT_EQ(opener.opened[0].toEncoded(), "appstream:org.pellumar.Zip");
+    EXPECT_TRUE(opener.opened[1].toLocalFile().endsWith("/share/pellumar-zip/about.html"));
+    EXPECT_EQ(opener.opened[2], opener.opened[1]);
+
+    const OutboundLinks chosen({"https://example.org/Zip", "appstream:org.example.More"},
+                               [] { return false; });
+    EXPECT_EQ(chosen.webPage(), QUrl("https://example.org/Zip"));
+    EXPECT_EQ(chosen.developerPage(), chosen.webPage());
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 #include "platform/desktop/SKStoreReviewController.h"
 
-#include <QDir>
-#include <QStandardPaths>
+#include "platform/desktop/SoftwareCentre.h"
 
 namespace pellumar {
 namespace {
@@ -11,19 +10,6 @@ constexpr qint64 kDays = 365;
 const QString kShown = QStringLiteral("ReviewsShown");
 
 }  // namespace
-
-bool SKStoreReviewController::desktopHasStore() {
-    const QString key = QStringLiteral("x-scheme-handler/appstream=");
-    const QStringList lists = QStandardPaths::locateAll(QStandardPaths::ApplicationsLocation,
-                                                        QStringLiteral("mimeinfo.cache"));
-    for (const QString& list : lists) {
-        QFile file(list);
-        if (file.open(QIODevice::ReadOnly) && file.readAll().contains(key.toLatin1())) {
-            return true;
-        }
-    }
-    return false;
-}
 
 void SKStoreReviewController::requestReview() {
     if (!hasStore_()) {
@@ -42,7 +28,7 @@ void SKStoreReviewController::requestReview() {
     }
     recent.append(now);
     memory_.setValue(kShown, recent);
-    opener_.open(QUrl(QStringLiteral("appstream://org.pellumar.Zip")));
+    opener_.open(SoftwareCentre::page(QStringLiteral("org.pellumar.Zip")));
 }
 
 }  // namespace pellumar

@@ -27,9 +27,6 @@ class SKStoreReviewController : public StoreReview {
           clock_(std::move(clock)),
           hasStore_(std::move(hasStore)) {}
 
-    // Whether some application of this desktop opens appstream: addresses.
-    [[nodiscard]] static bool desktopHasStore();
-
     void requestReview() override;
 
   private:

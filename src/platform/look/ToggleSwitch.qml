@@ -5,6 +5,9 @@ import QtQuick.Controls.Basic
 AbstractButton {
     id: toggle
 
+    // Whether the knob slides to where it belongs, or is there at once.
+    property bool animates: true
+
     implicitWidth: 52
     implicitHeight: Theme.touchTarget
     checkable: true
@@ -32,13 +35,14 @@ AbstractButton {
         radius: 16
         color: toggle.checked ? Theme.accentBottom : Theme.hairline
         Rectangle {
+            objectName: "knob"
             x: toggle.checked ? 22 : 2
             y: 2
             width: 28
             height: 28
             radius: 14
             color: Theme.onPicture
-            Behavior on x { NumberAnimation { duration: Theme.quick } }
+            Behavior on x { enabled: toggle.animates; NumberAnimation { duration: Theme.quick } }
         }
         FocusRing { control: toggle; radius: 18 }
     }

@@ -3,6 +3,7 @@
 #include <QSettings>
 
 #include "platform/desktop/SKStoreReviewController.h"
+#include "platform/desktop/SoftwareCentre.h"
 #include "support/FileContents.h"
 #include "support/TemporaryFolder.h"
 
@@ -35,7 +36,7 @@ TEST_F(StoreReviewTest, AsksThreeTimesAYearAcrossLaunches) {
         request();
         now = now.addDays(1);
     }
-    EXPECT_EQ(opener.opened, QList<QUrl>(3, QUrl("appstream://org.pellumar.Zip")));
+    EXPECT_EQ(opener.opened, QList<QUrl>(3, QUrl("appstream:org.pellumar.Zip")));
     // The first of the three is a year old, the others are not.
     now = now.addDays(355);
     request();
@@ -57,11 +58,11 @@ TEST_F(StoreReviewTest, AttemptsWithoutAStoreDoNotCount) {
 TEST_F(StoreReviewTest, FindsTheStoreInTheDesktopsLists) {
     qputenv("XDG_DATA_HOME", (folder / "data").c_str());
     qputenv("XDG_DATA_DIRS", (folder / "none").c_str());
-    EXPECT_FALSE(SKStoreReviewController::desktopHasStore());
+    EXPECT_FALSE(SoftwareCentre::isInstalled());
     std::filesystem::create_directories(folder / "data" / "applications");
     writeFile(folder / "data" / "applications" / "mimeinfo.cache",
               "[MIME Cache]\nx-scheme-handler/appstream=org.gnome.Software.desktop;\n");
-    EXPECT_TRUE(SKStoreReviewController::desktopHasStore());
+    EXPECT_TRUE(SoftwareCentre::isInstalled());
     qunsetenv("XDG_DATA_HOME");
     qunsetenv("XDG_DATA_DIRS");
 }
