@@ -5,6 +5,7 @@
 
 #include "app/OnboardingViewController.h"
 #include "app/SettingsViewController.h"
+#include "platform/sharing/KeptEdits.h"
 #include "screens/ViewController.h"
 
 namespace pellumar {
@@ -38,7 +39,7 @@ Composition::~Composition() {
 
 void Composition::launch(const QList<QUrl>& archives) {
     platform_.inbox.clear();
-    platform_.backgroundQueue.async([this] { platform_.sharedItems.forgetEarlier(); });
+    KeptEdits::recover(platform_.sharedItems, documents_, window_.context(), window());
     open(archives);
     delegate_->applicationDidFinishLaunching();
 }

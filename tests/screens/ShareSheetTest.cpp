@@ -8,6 +8,7 @@
 #include "platform/kit/Notice.h"
 #include "platform/sharing/ActivityType.h"
 #include "platform/sharing/ItemSaving.h"
+#include "platform/sharing/KeptEdits.h"
 #include "screens/UnzipViewController.h"
 #include "support/FileContents.h"
 #include "support/stoppable/StoppableFolder.h"
@@ -206,6 +207,28 @@ TEST_F(ShareSheetTest, WhatWasSharedOutlivesTheReturnHome) {
     ASSERT_EQ(other->given.size(), 1);
     EXPECT_EQ(readText(*localPath(other->given.first())),
               "content of Documents/outputs/zipOutputs/a.txt");
+}
+
+// The user opens a file elsewhere, changes it, and starts the application again.
+TEST_F(ShareSheetTest, WhatWasChangedElsewhereIsSaidAtTheNextStart) {
+    const QByteArray before = qgetenv("HOME");
+    qputenv("HOME", folder.path().c_str());
+    const SharedItems earlier(folder / "Shared");
+    for (const char* name : {"a.txt", "b.txt", "c.txt", "d.txt"}) {
+        writeFile(*localPath(earlier.keep({file(name)})->first()), "changed");
+    }
+    KeptEdits::recover(sharedItems, services.documents, services.ui, window);
+    settle();
+    qputenv("HOME", before);
+    ASSERT_NE(Notice::shownIn(window), nullptr);
+    EXPECT_TRUE(said().startsWith("You changed 4 files in other applications: "))
+        << qPrintable(said());
+    EXPECT_TRUE(said().endsWith(", …. They are kept in Documents/Pellumar Zip."))
+        << qPrintable(said());
+    EXPECT_EQ(namesIn("Documents/Pellumar Zip"),
+              (std::vector<std::string>{"a.txt", "b.txt", "c.txt", "d.txt"}));
+    EXPECT_EQ(KeptEdits::text({fileUrl(KeptEdits::standardFolder() / "a.txt")}),
+              "You changed a.txt in another application. It is kept in Documents/Pellumar Zip.");
 }
 
 // Saving all from a screen of results, without a sheet.

@@ -2,8 +2,12 @@
 
 #include "app/FeedbackViewController.h"
 #include "engine/FailureReason.h"
+#include "platform/FileUrl.h"
 #include "platform/kit/MBProgressHUD.h"
+#include "platform/kit/Notice.h"
 #include "platform/kit/UIAlertController.h"
+#include "platform/kit/UIWindow.h"
+#include "platform/sharing/KeptEdits.h"
 #include "screens/ConfirmationPopupViewController.h"
 #include "screens/UnzipViewController.h"
 #include "screens/ZipViewController.h"
@@ -92,6 +96,15 @@ void showOverlay(Stage& stage) {
     QObject::connect(composer.get(), &QObject::destroyed, [hud] {});
 }
 
+void showNotice(Stage& stage) {
+    UIWindow& window = *stage.showHome()->window();
+    Notice::show(stage.services().ui,
+                 window,
+                 KeptEdits::text({fileUrl(KeptEdits::standardFolder() / "Letter to Grandma.odt")}),
+                 {QStringLiteral("Show in files"), [] {}},
+                 Notice::Stay::kUntilClosed);
+}
+
 }  // namespace
 
 std::vector<Scene> scenesOn(Stage& stage) {
@@ -112,6 +125,8 @@ std::vector<Scene> scenesOn(Stage& stage) {
         {"picker-archive", [&] { showPicker(stage, "public.zip-archive", false); }},
         {"picker-folder", [&] { showPicker(stage, "public.folder", false); }},
         {"share", [&, archive] { stage.present(makeController<UIActivityViewController>(ui, with.sharing, QList<QUrl>{archive})); }},
+        {"share-gone", [&] { stage.present(makeController<UIActivityViewController>(ui, with.sharing, QList<QUrl>{QUrl::fromLocalFile("/gone/Invoice.pdf")})); }},
+        {"notice", [&] { showNotice(stage); }},
         {"composer", [&] { showComposer(stage); }},
         {"photos", [&] { showPhotos(stage); }},
         {"title-alert", [&, invoice] { showComposer(stage)->askTitleForFiles({invoice}); }},

@@ -7,6 +7,7 @@
 #include <QTimer>
 
 #include "app/MainInterface.h"
+#include "platform/kit/Notice.h"
 #include "platform/kit/UINavigationController.h"
 #include "platform/kit/UITabBarController.h"
 #include "platform/look/Look.h"
@@ -46,12 +47,20 @@ bool Stage::savePicture(const QString& file) {
     return composition_.window().grabWindow().save(file);
 }
 
+void Stage::closeNotice() {
+    if (Notice* const notice = Notice::shownIn(composition_.window())) {
+        notice->close();
+    }
+}
+
 void Stage::showOnboarding() {
+    closeNotice();
     composition_.window().setRootViewController(composition_.storyboard().instantiateViewController(
         QStringLiteral("OnboardingViewController")));
 }
 
 std::shared_ptr<ViewController> Stage::showHome() {
+    closeNotice();
     composition_.window().setRootViewController(
         makeMainInterface(services().ui, composition_.storyboard()));
     return top<ViewController>();

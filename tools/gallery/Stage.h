@@ -46,6 +46,8 @@ class Stage {
   private:
     [[nodiscard]] std::shared_ptr<UIViewController> topScreen();
     [[nodiscard]] bool isAtRest();
+    // It belongs to the window, and would stay in the next picture.
+    void closeNotice();
     void drawFrame();
 
     const SampleHome& home_;

@@ -29,26 +29,41 @@ Surface {
         onClicked: root.controller.close()
         onWheel: wheel => wheel.accepted = true
     }
-    RowLayout {
+    GridLayout {
         id: content
-        anchors.fill: parent
-        anchors.leftMargin: Theme.space4
-        anchors.rightMargin: Theme.space1
-        spacing: Theme.space1
+
+        // Beside the text there is room for the button only while that is short.
+        readonly property bool isStacked: action.visible
+            && label.implicitWidth > width - action.implicitWidth - closing.implicitWidth - Theme.space2
+
+        anchors.verticalCenter: parent.verticalCenter
+        x: Theme.space4
+        width: parent.width - x - Theme.space1
+        columnSpacing: Theme.space1
+        rowSpacing: 0
         BodyText {
+            id: label
             Layout.fillWidth: true
+            Layout.topMargin: content.isStacked ? Theme.space2 : 0
             text: root.controller.text
-            maximumLineCount: 4
+            maximumLineCount: 6
             elide: Text.ElideRight
         }
         QuietButton {
             id: action
+            Layout.row: content.isStacked ? 1 : 0
+            Layout.column: content.isStacked ? 0 : 1
+            Layout.columnSpan: content.isStacked ? 3 : 1
+            Layout.alignment: Qt.AlignRight
             visible: text !== ""
             text: root.controller.actionTitle
             onClicked: root.controller.act()
         }
         IconButton {
             id: closing
+            Layout.row: 0
+            Layout.column: 2
+            Layout.alignment: Qt.AlignTop
             iconName: "close"
             color: Theme.textSecondary
             text: qsTr("Close")

@@ -1,5 +1,7 @@
 #include "platform/sharing/EmailTarget.h"
 
+#include <fcntl.h>
+
 #include <QCoreApplication>
 #include <QDBusMetaType>
 #include <QProcess>
@@ -50,7 +52,7 @@ void EmailTarget::perform(const QList<QUrl>& urls, const Done& done) {
     qDBusRegisterMetaType<QList<QDBusUnixFileDescriptor>>();
     QList<QDBusUnixFileDescriptor> files;
     for (const QUrl& url : urls) {
-        files.append(PortalRequest::openFile(url));
+        files.append(PortalRequest::openFile(url, O_RDONLY));
     }
     PortalRequest::send(QStringLiteral("org.freedesktop.portal.Email"),
                         QStringLiteral("ComposeEmail"),

@@ -130,8 +130,7 @@ ItemSaver::Result ItemSaver::save(const QList<QUrl>& items,
     if (failure) {
         return tl::unexpected(FileCopyError{folder, failure});
     }
-    const auto settled =
-        settle(inner.empty() ? *staged : Copies{{inner, inner.filename()}}, folder);
+    auto settled = settle(inner.empty() ? *staged : Copies{{inner, inner.filename()}}, folder);
     if (!settled || inner.empty()) {
         return settled;
     }

@@ -1,5 +1,7 @@
 #include "platform/sharing/OpenWithTarget.h"
 
+#include <fcntl.h>
+
 #include <QCoreApplication>
 #include <QDesktopServices>
 
@@ -37,10 +39,16 @@ bool OpenWithTarget::canPerform(const ItemSummary& summary) const {
 
 void OpenWithTarget::perform(const QList<QUrl>& urls, const Done& done) {
     const QUrl& url = urls.first();
+    // An application in a sandbox can save what it has changed only if it is said beforehand.
+    QDBusUnixFileDescriptor file = PortalRequest::openFile(url, O_RDWR);
+    const bool isWritable = file.isValid();
+    if (!isWritable) {
+        file = PortalRequest::openFile(url, O_RDONLY);
+    }
     PortalRequest::send(QStringLiteral("org.freedesktop.portal.OpenURI"),
                         QStringLiteral("OpenFile"),
-                        {QString(), QVariant::fromValue(PortalRequest::openFile(url))},
-                        {{QStringLiteral("ask"), true}},
+                        {QString(), QVariant::fromValue(file)},
+                        {{QStringLiteral("ask"), true}, {QStringLiteral("writable"), isWritable}},
                         [url, done](PortalRequest::Outcome outcome) {
                             if (outcome == PortalRequest::Outcome::kUnavailable) {
                                 openByDesktop(url, done);

@@ -38,10 +38,10 @@ void PortalRequest::send(const QString& interface,
     request->call(interface, method, arguments);
 }
 
-QDBusUnixFileDescriptor PortalRequest::openFile(const QUrl& url) {
+QDBusUnixFileDescriptor PortalRequest::openFile(const QUrl& url, int access) {
     QDBusUnixFileDescriptor file;
     const auto path = localPath(url);
-    const int number = path ? ::open(path->c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK) : -1;
+    const int number = path ? ::open(path->c_str(), access | O_CLOEXEC | O_NONBLOCK) : -1;
     if (number >= 0) {
         file.giveFileDescriptor(number);
     }

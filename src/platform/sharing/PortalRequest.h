@@ -33,9 +33,9 @@ class PortalRequest : public QObject {
                      QVariantMap options,
                      Handler handler);
 
-    // The file for the portal to read; an invalid one, which makes the call fail as unavailable, if
-    // it cannot be opened.
-    [[nodiscard]] static QDBusUnixFileDescriptor openFile(const QUrl& url);
+    // The file for the portal, with an access mode as of open(2); an invalid one, which makes the
+    // call fail as unavailable, if it cannot be opened like that.
+    [[nodiscard]] static QDBusUnixFileDescriptor openFile(const QUrl& url, int access);
 
   private slots:
     void responded(uint response, const QVariantMap& results);

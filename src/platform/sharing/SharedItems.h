@@ -4,12 +4,17 @@
 #include <QUrl>
 #include <filesystem>
 #include <string>
+#include <tl/expected.hpp>
+#include <vector>
+
+#include "platform/documents/FileCopy.h"
 
 namespace pellumar {
 
 // Second names for what is handed to other applications by its path. Those may read it long after
-// the sheet has gone (the clipboard, the draft of a mail), and the workspace is emptied meanwhile.
-// Any thread.
+// the sheet has gone (the clipboard, the draft of a mail), and the workspace is emptied meanwhile;
+// and the user may change it there. What it was when it was handed out is noted on disk, as this
+// process may be killed at any moment. Any thread.
 class SharedItems {
   public:
     // `folder` is this class's own, and need not exist. It is best on the file system of the items.
@@ -19,14 +24,22 @@ class SharedItems {
     [[nodiscard]] static std::filesystem::path standardFolder();
 
     // The items under second names, in their order and called as they are, folders with all that
-    // is in them; the contents are not copied. What cannot have one (on another file system, no
-    // file of this machine) stays as it is in the list. Takes its time for large folders.
-    [[nodiscard]] QList<QUrl> keep(const QList<QUrl>& items) const;
+    // is in them; the contents are copied only where a file system knows no second names. All are
+    // in one folder, but for namesakes. What is no file of this machine stays as it is in the list.
+    // Takes its time for large folders. After a failure nothing is to be handed out.
+    [[nodiscard]] tl::expected<QList<QUrl>, FileCopyError> keep(const QList<QUrl>& items) const;
 
-    // Removes the second names that earlier runs have given. Takes its time.
-    void forgetEarlier() const;
+    // Copies the files that were changed, replaced or added since earlier runs have handed them
+    // out, to `into`, which is made for the first, beside what is there; then forgets what those
+    // runs have handed out. Returns the copies. A single file of the last
+    // day stays, if it is not large, as it may
+    // still be open somewhere, and what was changed but cannot be copied stays until it can. Takes
+    // its time.
+    [[nodiscard]] QList<QUrl> recoverChanged(const std::filesystem::path& into) const;
 
   private:
+    [[nodiscard]] std::vector<std::filesystem::path> earlier() const;
+
     const std::filesystem::path folder_;
     const std::string run_;
 };

@@ -8,6 +8,16 @@
 #include "platform/sharing/SaveToTarget.h"
 
 namespace pellumar {
+namespace {
+
+// What cannot be kept for others is not handed to them: they would lose it.
+QString failureText(const FileCopyError& error) {
+    return UIActivityViewController::tr("%1 could not be handed on: %2")
+        .arg(QString::fromStdString(error.path.filename().string()),
+             QString::fromStdString(error.reason.message()));
+}
+
+}  // namespace
 
 UIActivityViewController::UIActivityViewController(const UIContext& context,
                                                    const SharingServices& services,
@@ -66,8 +76,11 @@ void UIActivityViewController::targetTapped(int index) {
                                                &shared = services_.sharedItems,
                                                &mainQueue = services_.documents.mainQueue] {
         mainQueue.async([self, target, kept = shared.keep(items)] {
-            if (const auto sheet = self.lock()) {
-                sheet->perform(*target, kept);
+            const auto sheet = self.lock();
+            if (sheet && kept) {
+                sheet->perform(*target, *kept);
+            } else if (sheet) {
+                sheet->end(target->activityType(), {.error = failureText(kept.error())});
             }
         });
     });

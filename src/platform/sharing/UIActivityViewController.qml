@@ -72,6 +72,7 @@ Sheet {
             Rectangle {
                 Layout.fillWidth: true
                 Layout.preferredHeight: 1
+                visible: root.controller.titles.length > 0
                 color: Theme.hairline
             }
             BodyText {
