@@ -2,6 +2,8 @@
 
 #include <climits>
 
+#include "platform/FileUrl.h"
+
 namespace pellumar {
 namespace {
 
@@ -39,7 +41,7 @@ std::string numberedName(const std::string& name, int number, bool isFolder) {
 }
 
 std::string lastComponent(const fs::path& path) {
-    return (path.has_filename() ? path.filename() : path.parent_path().filename()).string();
+    return withoutTrailingSlash(path).filename().string();
 }
 
 std::string DistinctNames::take(const std::string& name, bool isFolder) {

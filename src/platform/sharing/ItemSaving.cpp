@@ -19,7 +19,7 @@ QString savingText(const char* source) {
 }
 
 QString nameOf(const fs::path& path) {
-    return QString::fromStdString((path.has_filename() ? path : path.parent_path()).filename());
+    return QString::fromStdString(withoutTrailingSlash(path).filename());
 }
 
 QString failureText(const FileCopyError& error, const fs::path& folder) {
