@@ -14,6 +14,7 @@
 
 #include "analytics/AnalyticsEngine.h"
 #include "analytics/HttpTransport.h"
+#include "analytics/MeasurementFolder.h"
 
 namespace {
 
@@ -47,8 +48,9 @@ AnalyticsEnvironment environmentOf(const QString& folder, const char* address) {
     environment.folder = folder.toStdString();
     environment.versions = {
         .serviceName = "load", .serviceVersion = "1", .osType = "linux", .osVersion = "Debian 12"};
+    environment.consent = ConsentStatus::kGranted;
     environment.idle = std::chrono::milliseconds(0);
-    environment.transport = HttpTransport::maker({.address = address, .bearerToken = {}});
+    environment.transport = HttpTransport::maker(address, {});
     return environment;
 }
 
@@ -69,6 +71,7 @@ int main(int argc, char** argv) {
     const long before = memory("VmRSS:");
     const auto start = std::chrono::steady_clock::now();
     AnalyticsEngine engine(environmentOf(folder.path(), argc > 2 ? argv[2] : ""));
+    engine.start();
     for (int i = 0; i < events; ++i) {
         engine.logEventWithName("evaluated_app",
                                 QVariantMap{{"rating", i % 5}, {"screen", "home"}});
@@ -81,7 +84,8 @@ int main(int argc, char** argv) {
     const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - start;
     const long grown = memory("VmHWM:") - before;
     const std::filesystem::path path = folder.path().toStdString();
-    const auto file = static_cast<long>(std::filesystem::file_size(AnalyticsStore::fileIn(path)));
+    const auto file =
+        static_cast<long>(std::filesystem::file_size(MeasurementFolder::storeIn(path)));
     std::printf(
         "%d events in %.1f s, %.0f a second\n", events, seconds.count(), events / seconds.count());
     const bool smallMemory = isWithin("peak memory of the engine", grown, kMostMemory);

@@ -16,6 +16,8 @@ constexpr int kBurst = 500;
 
 class RunningEngine {
   public:
+    RunningEngine() { engine_.start(); }
+
     AnalyticsEngine& operator*() { return engine_; }
     void catchUp() { static_cast<void>(engine_.waitUntilStored(std::chrono::seconds(60))); }
 
@@ -27,6 +29,7 @@ class RunningEngine {
                                 .serviceVersion = "1",
                                 .osType = "linux",
                                 .osVersion = "Debian 12"};
+        environment.consent = ConsentStatus::kGranted;
         return environment;
     }
 

@@ -4,61 +4,71 @@
 
 #include "analytics/AnalyticsWorker.h"
 #include "analytics/EventValidator.h"
+#include "analytics/MeasurementFolder.h"
 
 namespace pellumar {
 
-AnalyticsEngine::AnalyticsEngine(AnalyticsEnvironment environment, CrashCatching crashes)
-    : clock_(environment.clock) {
-    if (crashes == CrashCatching::kOn) {
-        marker_.emplace(CrashReport::markerIn(environment.folder),
-                        environment.versions.serviceVersion.toStdString());
-    }
-    CrashMarker* const marker = marker_ ? &*marker_ : nullptr;
-    // The worker reads the disk while it is made, so the thread makes it.
-    thread_ = std::thread([this, marker, given = std::move(environment)]() mutable {
-        AnalyticsWorker(std::move(given), queue_, marker).run(stop_.get_token());
-    });
-}
+AnalyticsEngine::AnalyticsEngine(AnalyticsEnvironment environment)
+    : environment_(std::move(environment)), intake_(Consent(environment_.consent)) {}
 
 AnalyticsEngine::~AnalyticsEngine() {
     stop();
 }
 
+void AnalyticsEngine::start() {
+    if (environment_.crashes == AnalyticsEnvironment::CrashCatching::kOn) {
+        marker_.emplace(MeasurementFolder::crashIn(environment_.folder),
+                        environment_.versions.serviceVersion.toStdString());
+    }
+    CrashMarker* const marker = marker_ ? &*marker_ : nullptr;
+    thread_ = std::thread(
+        [this, marker] { AnalyticsWorker(environment_, intake_, marker).run(stop_.get_token()); });
+}
+
 void AnalyticsEngine::logEventWithName(const QString& name,
                                        const std::optional<QVariantMap>& parameters) {
-    LoggedEvent event{.name = validation::bounded(name), .parameters = {}};
-    if (parameters) {
-        event.parameters = validation::bounded(*parameters);
+    validation::CheckedEvent checked =
+        validation::checkEvent(name, parameters.value_or(QVariantMap()));
+    if (checked.error != MeasurementError::kNone) {
+        intake_.noteInvalid();
     }
-    const std::size_t bytes =
-        validation::bytesOf(event.name) + validation::bytesOf(event.parameters);
-    say(std::move(event), bytes);
+    if (checked.event) {
+        intake_.add({.moment = environment_.clock->now(), .what = std::move(*checked.event)});
+    }
 }
 
 void AnalyticsEngine::setUserPropertyString(const QString& value, const QString& forName) {
-    UserPropertyChange change{.name = validation::bounded(forName),
-                              .value = validation::bounded(value)};
-    const std::size_t bytes = validation::bytesOf(change.name) + validation::bytesOf(change.value);
-    say(std::move(change), bytes);
+    validation::CheckedProperty checked = validation::checkUserProperty(forName, value);
+    if (checked.error != MeasurementError::kNone) {
+        intake_.noteInvalid();
+    }
+    if (checked.property) {
+        intake_.add({.moment = environment_.clock->now(), .what = std::move(*checked.property)});
+    }
 }
 
 void AnalyticsEngine::setConsent(ConsentKind kind, ConsentStatus status) {
-    say(ConsentChange{.kind = kind, .status = status});
+    intake_.answer(kind, status, environment_.clock->now().wall);
+}
+
+void AnalyticsEngine::setCollecting(bool collecting) {
+    intake_.pause(!collecting);
 }
 
 void AnalyticsEngine::resetInstallation() {
-    say(InstallationReset{});
+    intake_.erase();
 }
 
 void AnalyticsEngine::setActive(bool active) {
-    say(ActivityChange{.active = active});
+    intake_.add({.moment = environment_.clock->now(), .what = ActivityChange{.inFront = active}});
 }
 
 bool AnalyticsEngine::waitUntilStored(std::chrono::milliseconds timeout) {
-    const auto promise = std::make_shared<std::promise<bool>>();
-    std::future<bool> stored = promise->get_future();
-    return say(Fence{.stored = promise}) && stored.wait_for(timeout) == std::future_status::ready &&
-           stored.get();
+    return intake_.waitUntilDone(timeout).isStored;
+}
+
+bool AnalyticsEngine::waitUntilObeyed(std::chrono::milliseconds timeout) {
+    return intake_.waitUntilDone(timeout).isObeyed;
 }
 
 void AnalyticsEngine::stop() {
@@ -66,10 +76,8 @@ void AnalyticsEngine::stop() {
     if (thread_.joinable()) {
         thread_.join();
     }
-}
-
-bool AnalyticsEngine::say(decltype(QueueItem::what) what, std::size_t bytes) {
-    return queue_.add({.moment = clock_->now(), .bytes = bytes, .what = std::move(what)});
+    intake_.close();
+    marker_.reset();
 }
 
 }  // namespace pellumar

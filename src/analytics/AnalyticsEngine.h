@@ -7,9 +7,9 @@
 #include <thread>
 
 #include "analytics/AnalyticsEnvironment.h"
-#include "analytics/ConsentState.h"
+#include "analytics/Consent.h"
 #include "analytics/CrashMarker.h"
-#include "analytics/EventQueue.h"
+#include "analytics/Intake.h"
 #include "platform/FIRAnalytics.h"
 
 namespace pellumar {
@@ -17,23 +17,23 @@ namespace pellumar {
 // Measures, keeps and sends on. docs/analytics.md says what is measured, what leaves the machine
 // and when.
 //
-// What is said to it goes into a queue and is worked off in that order by a thread of its own; no
+// What is said to it is accepted at once and worked off in that order by a thread of its own; no
 // caller ever touches the disk or the network. All operations may be called from any thread but for
-// the constructor, stop() and the destructor, which belong to one. A QCoreApplication must exist.
+// start(), stop() and the destructor, which belong to one. A QCoreApplication must exist.
 class AnalyticsEngine : public FIRAnalytics {
   public:
-    enum class CrashCatching { kOff, kOn };
-
-    // Starts. Only one engine in a process may catch crashes, and it should be made by the main
-    // thread.
-    explicit AnalyticsEngine(AnalyticsEnvironment environment,
-                             CrashCatching crashes = CrashCatching::kOff);
+    // Touches nothing: what is said waits for start().
+    explicit AnalyticsEngine(AnalyticsEnvironment environment);
     ~AnalyticsEngine() override;
     AnalyticsEngine(const AnalyticsEngine&) = delete;
     AnalyticsEngine& operator=(const AnalyticsEngine&) = delete;
 
+    // To be called once. Begins the thread, catches crashes if it is to, and takes the folder,
+    // which it makes; as long as another process holds that, nothing is measured.
+    void start();
+
     // Event and property are held to the limits of EventValidator.h. They are dropped, and counted,
-    // if the thread is EventQueue::kCapacity items behind.
+    // if Intake::kCapacity of them wait.
     void logEventWithName(const QString& name,
                           const std::optional<QVariantMap>& parameters) override;
     // An empty value removes the property.
@@ -42,6 +42,11 @@ class AnalyticsEngine : public FIRAnalytics {
     // Takes effect with whatever is said after it, and outlives the process. Denial of
     // "analytics_storage" erases all that was measured, with the identifier of the installation.
     void setConsent(ConsentKind kind, ConsentStatus status);
+    // Stops collecting and sending, or goes on, and outlives the process. Erases nothing.
+    void setCollecting(bool collecting);
+    // The consent in force, with the times of its answers; `isErasureOwed` says whether something
+    // has still to be erased. Nothing as long as it has not been read.
+    [[nodiscard]] std::optional<Consent> consent() const { return intake_.consent(); }
 
     // Gives the installation a new identifier, and erases all that was measured under the old one.
     void resetInstallation();
@@ -52,6 +57,8 @@ class AnalyticsEngine : public FIRAnalytics {
     // Waits until everything said before is on disk; false if it does not come to that in time,
     // or not at all. Not for the main thread.
     [[nodiscard]] bool waitUntilStored(std::chrono::milliseconds timeout);
+    // The same for answers and resets: they are on disk, and what they erase is gone.
+    [[nodiscard]] bool waitUntilObeyed(std::chrono::milliseconds timeout);
 
     // Records what was said before it, sends what can be sent in AnalyticsWorker::kLongestFarewell,
     // and ends the thread. What is said later is dropped. To be called before the QCoreApplication
@@ -59,11 +66,8 @@ class AnalyticsEngine : public FIRAnalytics {
     void stop();
 
   private:
-    // `bytes`: about what it takes beside itself. False if there was no room for it.
-    bool say(decltype(QueueItem::what) what, std::size_t bytes = 0);
-
-    const std::shared_ptr<const AnalyticsClock> clock_;
-    EventQueue queue_;
+    const AnalyticsEnvironment environment_;
+    Intake intake_;
     std::optional<CrashMarker> marker_;
     std::stop_source stop_;
     std::thread thread_;

@@ -9,25 +9,31 @@
 
 #include "analytics/AnalyticsClock.h"
 #include "analytics/AnalyticsStore.h"
-#include "analytics/Audience.h"
+#include "analytics/Audiences.h"
 #include "analytics/LogTransport.h"
 #include "analytics/MeasurementConfig.h"
-#include "analytics/ProductVersions.h"
+#include "analytics/Recorder.h"
 
 namespace pellumar {
 
 // All that the engine has from outside. Functions are called on the engine's thread.
 struct AnalyticsEnvironment {
-    // For the engine alone. Made when something is to be kept.
+    enum class CrashCatching { kOff, kOn };
+
+    // For the engine alone. Made when it starts.
     std::filesystem::path folder;
     ProductVersions versions;
+    // "analytics_storage" as long as nobody has answered.
+    ConsentStatus consent = ConsentStatus::kUnset;
     // Makes the way to the collector; empty: nothing leaves the machine.
     std::function<std::unique_ptr<LogTransport>()> transport;
-    // Asked for before a piece of work; empty: everything is as it is by default.
+    // Asked for once a minute at most; empty: everything is as it is by default.
     MeasurementParameters parameters;
     std::vector<Audience> audiences;
     // The user came into an audience or left it, and that is kept.
     std::function<void(const QString& audience, bool member)> audienceChanged;
+    // Only one engine in a process may, and it should be started by the main thread.
+    CrashCatching crashes = CrashCatching::kOff;
     std::shared_ptr<const AnalyticsClock> clock = std::make_shared<SystemClock>();
     // How long nothing has to be said before something is sent.
     std::chrono::milliseconds idle{2000};

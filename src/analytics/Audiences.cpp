@@ -1,26 +1,26 @@
 #include "analytics/Audiences.h"
 
 #include <algorithm>
-#include <set>
-
-#include "analytics/EventNaming.h"
+#include <map>
 
 namespace pellumar {
 namespace {
 
+using Properties = std::map<QString, UserProperty>;
+
 struct Holds {
     AnalyticsStore& store;
+    const Properties& properties;
     qint64 today;
 
     bool operator()(const EventHappened& condition) const {
-        const qint64 times =
-            condition.lastDays
-                ? store.counts().between(condition.event, today - *condition.lastDays + 1, today)
-                : store.counts().total(condition.event);
-        return times >= condition.atLeast;
+        const auto from =
+            condition.lastDays ? std::optional(today - *condition.lastDays + 1) : std::nullopt;
+        return store.times(condition.event, from) >= condition.atLeast;
     }
     bool operator()(const PropertyIs& condition) const {
-        return store.userProperties().value(condition.name) == condition.value;
+        const auto found = properties.find(condition.name);
+        return (found == properties.end() ? QString() : found->second.value) == condition.value;
     }
 };
 
@@ -32,44 +32,47 @@ bool isMember(const Audience& audience, const Holds& holds) {
                        });
 }
 
-void keep(AnalyticsStore& store, const Audiences::Change& change, bool advertising, qint64 time) {
-    if (change.member) {
-        store.memberships().add(change.audience, time);
-    } else {
-        store.memberships().remove(change.audience);
-    }
-    // There is always room for one that begins with the prefix.
-    static_cast<void>(
-        store.userProperties().set({.name = kAudiencePrefix + change.audience,
-                                    .value = change.member ? QStringLiteral("1") : QString(),
-                                    .time = time,
-                                    .advertising = advertising}));
-}
-
 }  // namespace
 
-std::vector<Audiences::Change> Audiences::evaluate(AnalyticsStore& store,
-                                                   const Consent& consent,
-                                                   qint64 time,
-                                                   qint64 today) const {
-    std::vector<Change> changes;
-    std::set<QString> left = store.memberships().all();
-    for (const Audience& audience : declared_) {
-        const bool wasMember = left.erase(audience.name) > 0;
-        const bool allowed = !audience.forAdvertising || consent.allowsAdvertisingAudiences();
-        const bool member = allowed && isMember(audience, Holds{store, today});
-        const Change change{.audience = audience.name, .member = member};
-        if (member != wasMember) {
-            changes.push_back(change);
-        }
-        // Of a member, what the audience is for may have become another thing.
-        if (member || wasMember) {
-            keep(store, change, audience.forAdvertising, time);
+std::vector<AudienceChange> followAudiences(const std::vector<Audience>& declared,
+                                            AnalyticsStore& store,
+                                            const Consent& consent,
+                                            qint64 today) {
+    Properties properties;
+    Properties left;
+    for (const UserProperty& property : store.properties()) {
+        properties.emplace(property.name, property);
+        if (property.name.startsWith(kAudiencePrefix)) {
+            left.emplace(property.name, property);
         }
     }
-    for (const QString& audience : left) {
-        changes.push_back({.audience = audience, .member = false});
-        keep(store, changes.back(), false, time);
+    std::vector<AudienceChange> changes;
+    Change change{.memory = store.memory()};
+    for (const Audience& audience : declared) {
+        const QString name = kAudiencePrefix + audience.name;
+        const auto before = left.extract(name);
+        const bool isAllowed =
+            consent.mayMeasure() && (!audience.forAdvertising || consent.mayAdvertise());
+        const bool member = isAllowed && isMember(audience, Holds{store, properties, today});
+        // Of a member, what the audience is for may have become another thing.
+        if (member == before.empty() ||
+            (member && before.mapped().advertising != audience.forAdvertising)) {
+            const UserProperty property{.name = name,
+                                        .value = member ? QStringLiteral("1") : QString(),
+                                        .advertising = audience.forAdvertising};
+            properties[name] = property;
+            change.properties.push_back(property);
+        }
+        if (member == before.empty()) {
+            changes.push_back({.audience = audience.name, .member = member});
+        }
+    }
+    for (const auto& [name, property] : left) {
+        changes.push_back({.audience = name.sliced(kAudiencePrefix.size()), .member = false});
+        change.properties.push_back({.name = name, .value = {}});
+    }
+    if (!change.properties.empty() && store.write(change) != DatabaseOutcome::kDone) {
+        changes.clear();
     }
     return changes;
 }

@@ -1,35 +1,56 @@
 #pragma once
 
+#include <QString>
+#include <optional>
+#include <variant>
 #include <vector>
 
 #include "analytics/AnalyticsStore.h"
-#include "analytics/Audience.h"
-#include "analytics/ConsentState.h"
+#include "analytics/Consent.h"
 
 namespace pellumar {
 
-// Finds out which audiences the user is in.
-class Audiences {
-  public:
-    // The user came in or left.
-    struct Change {
-        QString audience;
-        bool member = false;
-
-        friend bool operator==(const Change&, const Change&) = default;
-    };
-
-    explicit Audiences(std::vector<Audience> declared) : declared_(std::move(declared)) {}
-
-    // Within a transaction: holds all conditions against the store, keeps what has changed together
-    // with the user properties, and tells it. Audiences that are declared no more are left.
-    [[nodiscard]] std::vector<Change> evaluate(AnalyticsStore& store,
-                                               const Consent& consent,
-                                               qint64 time,
-                                               qint64 today) const;
-
-  private:
-    std::vector<Audience> declared_;
+// An event has happened so often: ever, or on the last days with today as the first, 1 to 60.
+struct EventHappened {
+    QString event;
+    qint64 atLeast = 1;
+    std::optional<int> lastDays = std::nullopt;
 };
+
+// A user property, one of another audience among them, has this value; an empty one: it is not set.
+struct PropertyIs {
+    QString name;
+    QString value;
+};
+
+struct AudienceCondition {
+    std::variant<EventHappened, PropertyIs> what;
+    // The contrary: has not happened so often lately, has another value.
+    bool negated = false;
+};
+
+// Users who have something in common. Being in it shows as the user property "pz_in_" and the name,
+// with the value "1".
+struct Audience {
+    // At most 18 letters, digits and underscores.
+    QString name;
+    // All of them hold. None: everybody.
+    std::vector<AudienceCondition> conditions;
+    // Advertising is made for it, so it needs the consent to that.
+    bool forAdvertising = false;
+};
+
+// The user came in or left.
+struct AudienceChange {
+    QString audience;
+    bool member = false;
+};
+
+// Holds all conditions against the store, keeps who is in which audience, and tells what has
+// changed; audiences that are declared no more are left. Nothing if it could not be kept.
+[[nodiscard]] std::vector<AudienceChange> followAudiences(const std::vector<Audience>& declared,
+                                                          AnalyticsStore& store,
+                                                          const Consent& consent,
+                                                          qint64 today);
 
 }  // namespace pellumar

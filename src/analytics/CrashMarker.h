@@ -5,14 +5,14 @@
 
 namespace pellumar {
 
-// Leaves a small file behind when a fatal signal ends the process: the signal, the time, the
-// version and the places on the stack. What handled the signal before handles it afterwards, so
-// that the process ends as it would have.
+// Leaves a file behind when a fatal signal ends the process: the signal, the time, the version, the
+// return addresses and where which library stands in memory, of which CrashReport makes offsets.
+// Nothing of the memory's contents. What handled the signal before handles it afterwards, so that
+// the process ends as it would have.
 //
-// The handler does nothing but what POSIX allows in one (signal-safety(7)): it opens, reads, writes
-// and compares numbers, on memory that has always been there. For want of a safe unwinder it looks
-// over the words of the stack for addresses that a call instruction stands in front of; a stale one
-// may be among them.
+// The handler does nothing but what is allowed in one: it opens, reads and writes
+// (signal-safety(7)), on memory that has always been there, and walks the stack with the compiler's
+// unwinder, which neither allocates nor locks once it was used. What is surest is written first.
 //
 // At most one at a time may exist in a process; the thread that makes it also gets a stack of its
 // own for the handler, so that an overflow of the usual one is seen too.

@@ -17,21 +17,12 @@ struct CrashReport {
     // Of the marker, unlike every other's.
     QString fingerprint;
     // A line for each place, "library+0x1f": the file's name without its folder, and the offset in
-    // it. The place of the crash comes first.
+    // it. The place of the crash comes first. Nothing else gets here from the marker.
     QString stack;
 
-    // Where the marker of a folder stands, and where while it is told.
-    [[nodiscard]] static std::filesystem::path markerIn(const std::filesystem::path& folder);
-    [[nodiscard]] static std::filesystem::path claimedIn(const std::filesystem::path& folder);
-
-    // Takes the folder's marker out of the way of the next crash, and reads it; nothing if there is
-    // none, or if it cannot be read now, when it stays. One that the process could not finish
-    // yields what there is. Another process that does the same at once may read the same one.
-    [[nodiscard]] static std::optional<CrashReport> claim(const std::filesystem::path& folder);
-    // What was claimed has been told, or is not to be.
-    static void forget(const std::filesystem::path& folder);
-    // Removes the marker, claimed or not.
-    static void erase(const std::filesystem::path& folder);
+    // Nothing if there is no marker, or if it cannot be read now. One that the process could not
+    // finish yields what there is.
+    [[nodiscard]] static std::optional<CrashReport> read(const std::filesystem::path& marker);
 };
 
 }  // namespace pellumar

@@ -7,7 +7,8 @@
 namespace pellumar {
 namespace {
 
-constexpr std::chrono::milliseconds kBusyStep(2);
+// Only who looks at what is kept from outside is waited for.
+constexpr int kPatienceMilliseconds = 20;
 
 DatabaseOutcome outcomeOf(int result) {
     switch (result & 0xff) {
@@ -17,15 +18,8 @@ DatabaseOutcome outcomeOf(int result) {
             return DatabaseOutcome::kDone;
         case SQLITE_FULL:
             return DatabaseOutcome::kFull;
-        case SQLITE_BUSY:
-        case SQLITE_LOCKED:
-            return DatabaseOutcome::kBusy;
         case SQLITE_CORRUPT:
         case SQLITE_NOTADB:
-        // The schema is not the one that its version promises.
-        case SQLITE_ERROR:
-        case SQLITE_MISMATCH:
-        case SQLITE_CONSTRAINT:
             return DatabaseOutcome::kDamaged;
         default:
             return DatabaseOutcome::kUnavailable;
@@ -34,13 +28,68 @@ DatabaseOutcome outcomeOf(int result) {
 
 }  // namespace
 
-Database::Database(const std::filesystem::path& path, std::stop_token ending)
-    : ending_(std::move(ending)) {
-    const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX |
-                      SQLITE_OPEN_NOFOLLOW | SQLITE_OPEN_EXRESCODE;
+Database::Rows::~Rows() {
+    if (statement_ != nullptr) {
+        // Says once more what the last step has said.
+        static_cast<void>(sqlite3_reset(statement_));
+        sqlite3_clear_bindings(statement_);
+    }
+}
+
+void Database::Rows::bind(qint64 value) {
+    if (statement_ != nullptr) {
+        database_.note(sqlite3_bind_int64(statement_, ++bound_, value));
+    }
+}
+
+void Database::Rows::bind(const QByteArray& text) {
+    if (statement_ != nullptr) {
+        database_.note(sqlite3_bind_text64(statement_,
+                                           ++bound_,
+                                           text.constData(),
+                                           static_cast<sqlite3_uint64>(text.size()),
+                                           SQLITE_TRANSIENT,
+                                           SQLITE_UTF8));
+    }
+}
+
+bool Database::Rows::next() {
+    if (statement_ == nullptr || database_.failed()) {
+        return false;
+    }
+    const int result = sqlite3_step(statement_);
+    database_.note(result);
+    return result == SQLITE_ROW;
+}
+
+qint64 Database::Rows::number(int column) const {
+    return sqlite3_column_int64(statement_, column);
+}
+
+QByteArray Database::Rows::bytes(int column) const {
+    const void* const bytes = sqlite3_column_text(statement_, column);
+    return {static_cast<const char*>(bytes), sqlite3_column_bytes(statement_, column)};
+}
+
+bool Database::Rows::isNumber(int column) const {
+    return sqlite3_column_type(statement_, column) == SQLITE_INTEGER;
+}
+
+int Database::Rows::columns() const {
+    return statement_ == nullptr ? 0 : sqlite3_column_count(statement_);
+}
+
+QString Database::Rows::name(int column) const {
+    return QString::fromUtf8(sqlite3_column_name(statement_, column));
+}
+
+Database::Database(const std::filesystem::path& path, Mode mode) {
+    const int access =
+        mode == Mode::kMake ? SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE : SQLITE_OPEN_READONLY;
+    const int flags = access | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_NOFOLLOW | SQLITE_OPEN_EXRESCODE;
     note(sqlite3_open_v2(path.c_str(), &connection_, flags, nullptr));
     if (connection_ != nullptr) {
-        sqlite3_busy_handler(connection_, waitForOthers, this);
+        sqlite3_busy_timeout(connection_, kPatienceMilliseconds);
         // The end of a process is not the time to wait for the disk: the next one goes on with the
         // log as it is.
         sqlite3_db_config(connection_, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
@@ -48,35 +97,10 @@ Database::Database(const std::filesystem::path& path, std::stop_token ending)
 }
 
 Database::~Database() {
-    finalizeAll();
-    sqlite3_close(connection_);
-}
-
-void Database::finalizeAll() {
     for (const auto& [sql, statement] : statements_) {
         sqlite3_finalize(statement);
     }
-    statements_.clear();
-}
-
-int Database::waitForOthers(void* self, int times) {
-    const auto& database = *static_cast<const Database*>(self);
-    const std::chrono::milliseconds patience =
-        database.ending_.stop_requested() ? kLastPatience : kPatience;
-    if (times * kBusyStep >= patience) {
-        return 0;
-    }
-    sqlite3_sleep(static_cast<int>(kBusyStep.count()));
-    return 1;
-}
-
-void Database::begin() {
-    if (isCheckpointing_ && ending_.stop_requested()) {
-        // A checkpoint waits for the disk.
-        sqlite3_wal_autocheckpoint(connection_, 0);
-        isCheckpointing_ = false;
-    }
-    run("BEGIN IMMEDIATE");
+    sqlite3_close(connection_);
 }
 
 DatabaseOutcome Database::commit() {
@@ -92,10 +116,9 @@ DatabaseOutcome Database::takeOutcome() {
     return std::exchange(outcome_, DatabaseOutcome::kDone);
 }
 
-bool Database::isMoved() {
-    int moved = 0;
-    return sqlite3_file_control(connection_, "main", SQLITE_FCNTL_HAS_MOVED, &moved) == SQLITE_OK &&
-           moved != 0;
+void Database::hurry() {
+    // A checkpoint waits for the disk.
+    sqlite3_wal_autocheckpoint(connection_, 0);
 }
 
 void Database::run(const char* sql) {
@@ -104,39 +127,29 @@ void Database::run(const char* sql) {
     }
 }
 
-Statement Database::statement(std::string_view sql) {
+sqlite3_stmt* Database::prepared(std::string_view sql) {
     if (failed()) {
-        return {*this, nullptr};
+        return nullptr;
     }
-    auto kept = statements_.find(sql);
-    if (kept == statements_.end()) {
-        sqlite3_stmt* prepared = nullptr;
-        note(sqlite3_prepare_v3(connection_,
-                                sql.data(),
-                                static_cast<int>(sql.size()),
-                                SQLITE_PREPARE_PERSISTENT,
-                                &prepared,
-                                nullptr));
-        if (prepared == nullptr) {
-            return {*this, nullptr};
-        }
-        kept = statements_.emplace(sql, prepared).first;
+    const auto kept = statements_.find(sql);
+    if (kept != statements_.end()) {
+        return kept->second;
     }
-    return {*this, kept->second};
-}
-
-std::optional<qint64> Database::number(std::string_view sql) {
-    Statement query = statement(sql);
-    return query.step() ? std::optional(query.number(0)) : std::nullopt;
-}
-
-std::optional<QString> Database::text(std::string_view sql) {
-    Statement query = statement(sql);
-    return query.step() ? std::optional(query.text(0)) : std::nullopt;
+    sqlite3_stmt* made = nullptr;
+    note(sqlite3_prepare_v3(connection_,
+                            sql.data(),
+                            static_cast<int>(sql.size()),
+                            SQLITE_PREPARE_PERSISTENT,
+                            &made,
+                            nullptr));
+    if (made != nullptr) {
+        statements_.emplace(sql, made);
+    }
+    return made;
 }
 
 qint64 Database::changes() const {
-    return sqlite3_changes64(connection_);
+    return failed() ? 0 : sqlite3_changes64(connection_);
 }
 
 void Database::note(int result) {

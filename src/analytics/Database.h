@@ -4,12 +4,11 @@
 #include <chrono>
 #include <filesystem>
 #include <map>
-#include <memory>
 #include <optional>
-#include <stop_token>
 #include <string_view>
 
-#include "analytics/Statement.h"
+struct sqlite3;
+struct sqlite3_stmt;
 
 namespace pellumar {
 
@@ -18,11 +17,10 @@ enum class DatabaseOutcome {
     kDone,
     // Neither the disk nor the bound has room.
     kFull,
-    // Another process is at it.
-    kBusy,
-    // The file is no database, or no longer one.
+    // SQLite says that the file is corrupt, or no database.
     kDamaged,
-    // It cannot be opened, read or written, for any other reason.
+    // It cannot be opened, read or written, or we have asked for nonsense: no reason to throw
+    // anything away.
     kUnavailable,
 };
 
@@ -31,53 +29,92 @@ enum class DatabaseOutcome {
 // thread at a time.
 class Database {
   public:
-    // While another process writes, so long is waited for it: the second is for when the process
-    // is about to end.
-    static constexpr std::chrono::milliseconds kPatience{500};
-    static constexpr std::chrono::milliseconds kLastPatience{20};
+    // A statement on its way, which is stepped through row by row. Reset when this goes.
+    class Rows {
+      public:
+        ~Rows();
+        Rows(const Rows&) = delete;
+        Rows& operator=(const Rows&) = delete;
 
-    // `path` is made if there is nothing. Nothing is looked at yet. When `ending` is requested,
-    // nothing waits for the disk any more.
-    explicit Database(const std::filesystem::path& path, std::stop_token ending = {});
+        // True if there is a row to read.
+        [[nodiscard]] bool next();
+
+        // Of the row, from 0.
+        [[nodiscard]] qint64 number(int column) const;
+        [[nodiscard]] QByteArray bytes(int column) const;
+        [[nodiscard]] QString text(int column) const { return QString::fromUtf8(bytes(column)); }
+        [[nodiscard]] bool isNumber(int column) const;
+        [[nodiscard]] int columns() const;
+        [[nodiscard]] QString name(int column) const;
+
+      private:
+        friend class Database;
+        // `statement` may be null if the database has failed.
+        template <typename... Values>
+        Rows(Database& database, sqlite3_stmt* statement, const Values&... values)
+            : database_(database), statement_(statement) {
+            (bind(values), ...);
+        }
+
+        void bind(qint64 value);
+        void bind(const QString& value) { bind(value.toUtf8()); }
+        void bind(const QByteArray& text);
+
+        Database& database_;
+        sqlite3_stmt* statement_;
+        int bound_ = 0;
+    };
+
+    enum class Mode { kMake, kRead };
+
+    // Nothing is looked at yet.
+    Database(const std::filesystem::path& path, Mode mode);
     ~Database();
     Database(const Database&) = delete;
     Database& operator=(const Database&) = delete;
 
-    // Begins to write, as the only one.
-    void begin();
+    // Begins to write.
+    void begin() { run("BEGIN IMMEDIATE"); }
     // Rolls back if something has failed, says what, and forgets it.
     [[nodiscard]] DatabaseOutcome commit();
     // What the first failure was, which is then forgotten. For work outside begin() and commit().
     [[nodiscard]] DatabaseOutcome takeOutcome();
 
-    [[nodiscard]] bool failed() const { return outcome_ != DatabaseOutcome::kDone; }
+    // Nothing waits for the disk any more.
+    void hurry();
 
-    // Whether the file at the path is no longer the one that was opened: another process has
-    // removed it.
-    [[nodiscard]] bool isMoved();
-
-    // Runs statements that yield nothing, outside the kept ones.
+    // Rows of a statement that is kept for the next time, so `sql` must live as long as this;
+    // values take the places of the question marks.
+    template <typename... Values>
+    [[nodiscard]] Rows query(std::string_view sql, const Values&... values) {
+        return {*this, prepared(sql), values...};
+    }
+    // A statement without rows. How many it has changed.
+    template <typename... Values>
+    qint64 execute(std::string_view sql, const Values&... values) {
+        Rows rows = query(sql, values...);
+        while (rows.next()) {
+        }
+        return changes();
+    }
+    // The first column of the first row; 0 if there is none.
+    template <typename... Values>
+    [[nodiscard]] qint64 number(std::string_view sql, const Values&... values) {
+        Rows rows = query(sql, values...);
+        return rows.next() ? rows.number(0) : 0;
+    }
+    // Statements that are not kept.
     void run(const char* sql);
-    // A statement that is kept for the next time. `sql` must live as long as this.
-    [[nodiscard]] Statement statement(std::string_view sql);
-    // The first column of the first row; nothing if there is none, or after a failure.
-    [[nodiscard]] std::optional<qint64> number(std::string_view sql);
-    [[nodiscard]] std::optional<QString> text(std::string_view sql);
-
-    // Rows that the last statement changed.
-    [[nodiscard]] qint64 changes() const;
 
   private:
-    friend class Statement;
-
-    // For SQLite: whether to try again after so many times.
-    static int waitForOthers(void* self, int times);
+    [[nodiscard]] bool failed() const { return outcome_ != DatabaseOutcome::kDone; }
+    // Null after a failure.
+    [[nodiscard]] sqlite3_stmt* prepared(std::string_view sql);
+    // Of the last statement; none after a failure.
+    [[nodiscard]] qint64 changes() const;
     void note(int result);
-    void finalizeAll();
 
-    const std::stop_token ending_;
     sqlite3* connection_ = nullptr;
-    bool isCheckpointing_ = true;
     DatabaseOutcome outcome_ = DatabaseOutcome::kDone;
     std::map<std::string_view, sqlite3_stmt*> statements_;
 };

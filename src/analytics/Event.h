@@ -1,11 +1,8 @@
 #pragma once
 
-#include <QByteArray>
 #include <QString>
 #include <variant>
 #include <vector>
-
-#include "analytics/ConsentState.h"
 
 namespace pellumar {
 
@@ -26,19 +23,33 @@ struct Event {
     int droppedParameters = 0;
 };
 
-// An event as it is kept until it has left.
-struct StoredEvent {
-    // Of the row; grows with every event.
-    qint64 row = 0;
-    // Random, for the receiver to tell doubles by.
-    QString uid;
-    // Milliseconds since 1970 in UTC.
-    qint64 time = 0;
-    qint64 sessionNumber = 0;
-    QString sessionUid;
-    // As it was when the event was recorded.
-    Consent consent;
-    Event event;
+struct UserProperty {
+    QString name;
+    // Empty: there is none.
+    QString value;
+    // Found out for advertising.
+    bool advertising = false;
 };
+
+// Names of our own in what is measured. The application's may not begin with this.
+inline const QString kReservedPrefix = QStringLiteral("pz_");
+// The user property that shows membership of an audience is this and the audience's name.
+inline const QString kAudiencePrefix = QStringLiteral("pz_in_");
+
+// Why something was lost, as it leaves the machine.
+namespace loss {
+// The application was faster than the disk.
+inline const QString kQueueFull = QStringLiteral("queue_full");
+// An event, a parameter or a property that broke a limit.
+inline const QString kInvalid = QStringLiteral("invalid");
+// Left out by sampling.
+inline const QString kSampledOut = QStringLiteral("sampled_out");
+// The oldest, for want of room.
+inline const QString kNoRoom = QStringLiteral("no_room");
+// Too old.
+inline const QString kExpired = QStringLiteral("expired");
+// The collector did not want them.
+inline const QString kRefused = QStringLiteral("refused");
+}  // namespace loss
 
 }  // namespace pellumar

@@ -6,27 +6,34 @@
 #include <limits>
 #include <utility>
 
-#include "analytics/EventNaming.h"
 #include "platform/TextLength.h"
 
 namespace pellumar::validation {
 namespace {
+
+// What an event says of a parameter that broke a limit: the code and the name of the first one.
+const QString kErrorParameter = QStringLiteral("pz_error");
+const QString kErrorNameParameter = QStringLiteral("pz_error_name");
 
 bool isLetter(QChar c) {
     return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z');
 }
 
 bool isName(const QString& name, qsizetype mostLength) {
-    return !name.isEmpty() && name.size() <= mostLength && isLetter(name.front()) &&
+    return !name.isEmpty() && textLength(name) <= mostLength && isLetter(name.front()) &&
            std::all_of(name.begin(), name.end(), [](QChar c) {
                return isLetter(c) || (c >= u'0' && c <= u'9') || c == u'_';
            });
 }
 
-// Longer than every limit, so that a text of this length is seen to be too long.
-constexpr qsizetype kLongestSeen = kMostTextLength + 1;
-// Wrong ones do not count, so that there may be more of them than of those that are kept.
-constexpr qsizetype kMostSeen = 4 * qsizetype{kMostParameters};
+// In memory of its own.
+QString copied(const QString& text) {
+    return QString(text.constData(), text.size());
+}
+
+QString cutTo(const QString& text, qsizetype most) {
+    return textLength(text) <= most ? copied(text) : textCutTo(text, most);
+}
 
 std::optional<ParameterValue> valueOf(const QVariant& value) {
     switch (value.typeId()) {
@@ -55,22 +62,10 @@ std::optional<ParameterValue> valueOf(const QVariant& value) {
             }
             return value.toDouble();
         case QMetaType::QString:
-            return value.toString();
+            return cutTo(*static_cast<const QString*>(value.constData()), kMostTextLength);
         default:
             return std::nullopt;
     }
-}
-
-// With the room that has been reserved for it, and its own: one without any stands in memory that
-// may be somebody's, who is not asked to keep it.
-bool isSmall(const QString& text) {
-    return text.size() <= kLongestSeen && text.capacity() <= 2 * kLongestSeen &&
-           text.capacity() >= text.size();
-}
-
-bool isSmall(const QVariant& value) {
-    return value.typeId() == QMetaType::QString ? isSmall(value.toString())
-                                                : !value.isValid() || valueOf(value).has_value();
 }
 
 struct CheckedParameter {
@@ -85,61 +80,17 @@ CheckedParameter checkParameter(const QString& name, const QVariant& given) {
     if (name.startsWith(kReservedPrefix)) {
         return {.value = std::nullopt, .error = MeasurementError::kReservedParameterName};
     }
-    std::optional<ParameterValue> value = valueOf(given);
-    if (!value) {
-        return {.value = std::nullopt, .error = MeasurementError::kParameterType};
+    CheckedParameter checked{.value = valueOf(given)};
+    if (!checked.value) {
+        checked.error = MeasurementError::kParameterType;
+    } else if (given.typeId() == QMetaType::QString &&
+               textLength(*static_cast<const QString*>(given.constData())) > kMostTextLength) {
+        checked.error = MeasurementError::kParameterTextCut;
     }
-    auto* const text = std::get_if<QString>(&*value);
-    if (text != nullptr && text->size() > kMostTextLength) {
-        return {.value = textCutTo(*text, kMostTextLength),
-                .error = MeasurementError::kParameterTextCut};
-    }
-    return {.value = std::move(value)};
+    return checked;
 }
 
 }  // namespace
-
-QString bounded(const QString& text) {
-    return isSmall(text) ? text : QString(text.constData(), std::min(text.size(), kLongestSeen));
-}
-
-QVariantMap bounded(const QVariantMap& parameters) {
-    const bool isBounded =
-        parameters.size() <= kMostSeen &&
-        std::all_of(parameters.keyValueBegin(), parameters.keyValueEnd(), [](const auto& each) {
-            return isSmall(each.first) && isSmall(each.second);
-        });
-    if (isBounded) {
-        return parameters;
-    }
-    QVariantMap small;
-    for (auto each = parameters.begin(); each != parameters.end() && small.size() < kMostSeen;
-         ++each) {
-        const bool isText = each.value().typeId() == QMetaType::QString;
-        small.insert(bounded(each.key()),
-                     isText                  ? QVariant(bounded(each.value().toString()))
-                     : isSmall(each.value()) ? each.value()
-                                             : QVariant());
-    }
-    return small;
-}
-
-std::size_t bytesOf(const QString& text) {
-    constexpr qsizetype kHeader = 24;
-    const qsizetype units = std::max(text.size(), text.capacity());
-    return static_cast<std::size_t>(kHeader + units * qsizetype{sizeof(QChar)});
-}
-
-std::size_t bytesOf(const QVariantMap& parameters) {
-    // Of a node of the map.
-    constexpr std::size_t kNode = 96;
-    std::size_t bytes = 0;
-    for (auto each = parameters.begin(); each != parameters.end(); ++each) {
-        const bool isText = each.value().typeId() == QMetaType::QString;
-        bytes += kNode + bytesOf(each.key()) + (isText ? bytesOf(each.value().toString()) : 0);
-    }
-    return bytes;
-}
 
 CheckedEvent checkEvent(const QString& name, const QVariantMap& parameters) {
     if (!isName(name, kMostNameLength)) {
@@ -148,7 +99,8 @@ CheckedEvent checkEvent(const QString& name, const QVariantMap& parameters) {
     if (name.startsWith(kReservedPrefix)) {
         return {.event = std::nullopt, .error = MeasurementError::kReservedEventName};
     }
-    Event event{.name = name, .parameters = {}};
+    Event event{.name = copied(name), .parameters = {}};
+    event.parameters.reserve(std::min<std::size_t>(parameters.size(), kMostParameters));
     MeasurementError firstError = MeasurementError::kNone;
     QString wrongName;
     for (auto given = parameters.begin(); given != parameters.end(); ++given) {
@@ -157,13 +109,14 @@ CheckedEvent checkEvent(const QString& name, const QVariantMap& parameters) {
             checked = {.value = std::nullopt, .error = MeasurementError::kTooManyParameters};
         }
         if (checked.value) {
-            event.parameters.push_back({.name = given.key(), .value = std::move(*checked.value)});
+            event.parameters.push_back(
+                {.name = copied(given.key()), .value = std::move(*checked.value)});
         } else {
             ++event.droppedParameters;
         }
         if (firstError == MeasurementError::kNone && checked.error != MeasurementError::kNone) {
             firstError = checked.error;
-            wrongName = textCutTo(given.key(), kMostNameLength);
+            wrongName = cutTo(given.key(), kMostNameLength);
         }
     }
     if (firstError != MeasurementError::kNone) {
@@ -176,16 +129,15 @@ CheckedEvent checkEvent(const QString& name, const QVariantMap& parameters) {
 
 CheckedProperty checkUserProperty(const QString& name, const QString& value) {
     if (!isName(name, kMostPropertyNameLength)) {
-        return {.value = std::nullopt, .error = MeasurementError::kPropertyName};
+        return {.property = std::nullopt, .error = MeasurementError::kPropertyName};
     }
     if (name.startsWith(kReservedPrefix)) {
-        return {.value = std::nullopt, .error = MeasurementError::kReservedPropertyName};
+        return {.property = std::nullopt, .error = MeasurementError::kReservedPropertyName};
     }
-    if (value.size() > kMostPropertyValueLength) {
-        return {.value = textCutTo(value, kMostPropertyValueLength),
-                .error = MeasurementError::kPropertyValueCut};
-    }
-    return {.value = value};
+    const bool isCut = textLength(value) > kMostPropertyValueLength;
+    return {.property =
+                UserProperty{.name = copied(name), .value = cutTo(value, kMostPropertyValueLength)},
+            .error = isCut ? MeasurementError::kPropertyValueCut : MeasurementError::kNone};
 }
 
 }  // namespace pellumar::validation

@@ -24,8 +24,9 @@ enum class MeasurementError {
     kPropertyValueCut = 10,
 };
 
-// Holds what the application says to the limits. A name is a letter of ASCII, then letters, digits
-// and underscores. Lengths count UTF-16 units, and a cut leaves no half of a pair.
+// Holds what the application says to the limits, and copies it, so that what is kept in memory is
+// small and nobody else's. A name is a letter of ASCII, then letters, digits and underscores.
+// Lengths are those of TextLength.h.
 namespace validation {
 
 inline constexpr qsizetype kMostNameLength = 40;
@@ -33,16 +34,6 @@ inline constexpr std::size_t kMostParameters = 25;
 inline constexpr qsizetype kMostTextLength = 100;
 inline constexpr qsizetype kMostPropertyNameLength = 24;
 inline constexpr qsizetype kMostPropertyValueLength = FIRAnalytics::kMostUserPropertyText;
-
-// What is kept in memory of a text that may be of any length: no more than shows that it is too
-// long, and in memory of its own. So for the parameters of an event, of which the first hundred are
-// kept; values that cannot be parameters lose what they hold. The checks below find in it what they
-// would find in the whole, if fewer of what they drop.
-[[nodiscard]] QString bounded(const QString& text);
-[[nodiscard]] QVariantMap bounded(const QVariantMap& parameters);
-// About how much memory they take.
-[[nodiscard]] std::size_t bytesOf(const QString& text);
-[[nodiscard]] std::size_t bytesOf(const QVariantMap& parameters);
 
 struct CheckedEvent {
     // Nothing if the name is not allowed.
@@ -58,7 +49,7 @@ struct CheckedEvent {
 
 struct CheckedProperty {
     // Nothing if the name is not allowed.
-    std::optional<QString> value;
+    std::optional<UserProperty> property;
     MeasurementError error = MeasurementError::kNone;
 };
 

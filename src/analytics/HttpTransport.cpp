@@ -5,6 +5,8 @@
 #include <chrono>
 #include <utility>
 
+#include "platform/ServiceAddress.h"
+
 namespace pellumar {
 namespace {
 
@@ -13,6 +15,10 @@ constexpr int kTimeoutMilliseconds = 30'000;
 constexpr qsizetype kMostAnswerBytes = 64 << 10;
 // Qt looks up an address again after a minute (QHostInfo's cache).
 constexpr std::chrono::seconds kWayKnown(50);
+
+bool isThisMachine(const QUrl& url) {
+    return url.host() == QLatin1String("localhost") || QHostAddress(url.host()).isLoopback();
+}
 
 }  // namespace
 
@@ -23,13 +29,14 @@ HttpTransport::~HttpTransport() {
     HttpTransport::cancel();
 }
 
-std::function<std::unique_ptr<LogTransport>()> HttpTransport::maker(
-    const CollectorEndpoint& endpoint) {
-    const std::optional<QUrl> url = endpoint.logsUrl();
-    if (!url) {
+std::function<std::unique_ptr<LogTransport>()> HttpTransport::maker(const QString& address,
+                                                                    const QString& bearerToken) {
+    const std::optional<QUrl> url = serviceUrl(address, QStringLiteral("/v1/logs"));
+    const bool isEncrypted = url && url->scheme() == QLatin1String("https");
+    if (!url || (!isEncrypted && !isThisMachine(*url))) {
         return {};
     }
-    return [url = *url, token = endpoint.bearerToken] {
+    return [url = *url, token = isEncrypted ? bearerToken : QString()] {
         return std::make_unique<HttpTransport>(url, token);
     };
 }

@@ -6,8 +6,8 @@
 #include <QUrl>
 #include <functional>
 #include <memory>
+#include <optional>
 
-#include "analytics/CollectorEndpoint.h"
 #include "analytics/LogTransport.h"
 
 namespace pellumar {
@@ -21,9 +21,13 @@ class HttpTransport : public LogTransport {
     HttpTransport(const HttpTransport&) = delete;
     HttpTransport& operator=(const HttpTransport&) = delete;
 
-    // What makes one for an endpoint; empty if that has no usable address.
+    // What makes one for a collector at `address`, "https://collector.example.org:4318" or with a
+    // path. Empty without an address, and for one that would let others read along: HTTP without
+    // encryption is for this machine only, and a token, sent as "Authorization: Bearer", is left
+    // out then.
     [[nodiscard]] static std::function<std::unique_ptr<LogTransport>()> maker(
-        const CollectorEndpoint& endpoint);
+        const QString& address,
+        const QString& bearerToken);
 
     void send(const QByteArray& gzippedBody) override;
     [[nodiscard]] std::optional<Answer> takeAnswer() override;

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <optional>
 
-#include "analytics/EventNaming.h"
+#include "analytics/Event.h"
 
 namespace pellumar {
 namespace {
@@ -13,10 +13,6 @@ std::optional<int> numberOf(const QString& text) {
     bool isNumber = false;
     const int number = text.trimmed().toInt(&isNumber);
     return isNumber ? std::optional(number) : std::nullopt;
-}
-
-int within(int least, int most, const QString& text, int otherwise) {
-    return std::clamp(numberOf(text).value_or(otherwise), least, most);
 }
 
 QStringList itemsOf(const QString& list) {
@@ -30,8 +26,11 @@ MeasurementConfig MeasurementConfig::read(const MeasurementParameters& parameter
     if (!parameters) {
         return config;
     }
-    config.samplingPermille =
-        within(0, kAll, parameters(QStringLiteral("measurement_sampling")), kAll);
+    const auto number = [&](const QString& key, int least, int most, auto otherwise) {
+        const int text = numberOf(parameters(key)).value_or(static_cast<int>(otherwise));
+        return std::clamp(text, least, most);
+    };
+    config.samplingPermille = number(QStringLiteral("measurement_sampling"), 0, kAll, kAll);
     for (const QString& item : itemsOf(parameters(QStringLiteral("measurement_event_sampling")))) {
         if (const std::optional<int> permille = numberOf(item.section(u'=', 1))) {
             config.eventSamplingPermille[item.section(u'=', 0, 0).trimmed()] =
@@ -42,17 +41,13 @@ MeasurementConfig MeasurementConfig::read(const MeasurementParameters& parameter
         config.blockedEvents.insert(name.trimmed());
     }
     config.batchEvents =
-        within(1, 1000, parameters(QStringLiteral("measurement_batch_events")), config.batchEvents);
-    config.interval =
-        std::chrono::seconds(within(60,
-                                    24 * 60 * 60,
-                                    parameters(QStringLiteral("measurement_interval_seconds")),
-                                    static_cast<int>(config.interval.count())));
-    config.retention =
-        std::chrono::days(within(1,
-                                 60,
-                                 parameters(QStringLiteral("measurement_retention_days")),
-                                 static_cast<int>(config.retention.count())));
+        number(QStringLiteral("measurement_batch_events"), 1, 1000, config.batchEvents);
+    config.interval = std::chrono::seconds(number(
+        QStringLiteral("measurement_interval_seconds"), 60, 24 * 60 * 60, config.interval.count()));
+    config.retention = std::chrono::days(
+        number(QStringLiteral("measurement_retention_days"), 1, 60, config.retention.count()));
+    config.identifierLife = std::chrono::days(number(
+        QStringLiteral("measurement_identifier_days"), 1, 365, config.identifierLife.count()));
     return config;
 }
 

@@ -31,6 +31,9 @@ struct MeasurementConfig {
     std::chrono::seconds interval{15 * 60};
     // How long an event waits to be sent, 1 to 60 days. "measurement_retention_days".
     std::chrono::days retention{30};
+    // How long an installation is known by the same identifier, 1 to 365 days.
+    // "measurement_identifier_days".
+    std::chrono::days identifierLife{90};
 
     [[nodiscard]] static MeasurementConfig read(const MeasurementParameters& parameters);
 

@@ -1,15 +1,18 @@
 #include "analytics/OtlpEncoder.h"
 
+#include <libdeflate.h>
+
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <memory>
 
 namespace pellumar::otlp {
 namespace {
 
 // SEVERITY_NUMBER_INFO.
 constexpr int kInfo = 9;
-constexpr qint64 kNanosecondsInMillisecond = 1'000'000;
+constexpr int kCompression = 6;
 
 struct ValueEncoder {
     QJsonObject operator()(bool value) const { return {{"boolValue", value}}; }
@@ -22,8 +25,11 @@ void add(QJsonArray& attributes, const QString& key, const ParameterValue& value
     attributes.append(QJsonObject{{"key", key}, {"value", std::visit(ValueEncoder{}, value)}});
 }
 
+// To the minute: nobody has to know more.
 QString nanoseconds(qint64 milliseconds) {
-    return QString::number(milliseconds * kNanosecondsInMillisecond);
+    constexpr qint64 kMinute = 60'000;
+    constexpr qint64 kNanosecondsInMillisecond = 1'000'000;
+    return QString::number(milliseconds / kMinute * kMinute * kNanosecondsInMillisecond);
 }
 
 QJsonObject resourceOf(const BatchSource& source) {
@@ -33,13 +39,16 @@ QJsonObject resourceOf(const BatchSource& source) {
     add(attributes, QStringLiteral("os.type"), source.versions.osType);
     add(attributes, QStringLiteral("os.version"), source.versions.osVersion);
     add(attributes, QStringLiteral("app.installation.id"), source.installation);
-    for (const UserProperty& property : source.userProperties) {
-        if (property.advertising && !source.consent.allowsSendingAdvertisingData()) {
-            continue;
+    for (const ConsentKind kind : kConsentKinds) {
+        if (const ConsentStatus status = source.consent.status(kind);
+            status != ConsentStatus::kUnset) {
+            add(attributes, QStringLiteral("pz.consent.") + toText(kind), toText(status));
         }
-        const QString key = QStringLiteral("pz.user_property.") + property.name;
-        add(attributes, key, property.value);
-        add(attributes, key + QStringLiteral(".set_at"), property.time);
+    }
+    for (const UserProperty& property : source.userProperties) {
+        if (!property.advertising || source.consent.maySendAdvertisingData()) {
+            add(attributes, QStringLiteral("pz.user_property.") + property.name, property.value);
+        }
     }
     for (const auto& [reason, number] : source.losses) {
         add(attributes, QStringLiteral("pz.lost.") + reason, number);
@@ -47,34 +56,39 @@ QJsonObject resourceOf(const BatchSource& source) {
     return {{"attributes", attributes}};
 }
 
-QJsonObject recordOf(const StoredEvent& stored) {
+QJsonObject recordOf(const StoredEvent& event) {
     QJsonArray attributes;
     // For receivers that are older than the member "eventName".
-    add(attributes, QStringLiteral("event.name"), stored.event.name);
-    add(attributes, QStringLiteral("log.record.uid"), stored.uid);
-    add(attributes, QStringLiteral("session.id"), stored.sessionUid);
-    for (const ConsentKind kind : kConsentKinds) {
-        if (stored.consent.status(kind) != ConsentStatus::kUnset) {
-            add(attributes,
-                QStringLiteral("pz.consent.") + toText(kind),
-                toText(stored.consent.status(kind)));
-        }
+    add(attributes, QStringLiteral("event.name"), event.name);
+    add(attributes, QStringLiteral("log.record.uid"), event.uid);
+    add(attributes, QStringLiteral("session.id"), event.session);
+    const QJsonArray parameters = QJsonDocument::fromJson(event.parameters).array();
+    for (const QJsonValue parameter : parameters) {
+        attributes.append(parameter);
     }
-    for (const EventParameter& parameter : stored.event.parameters) {
-        add(attributes, parameter.name, parameter.value);
-    }
-    QJsonObject record{{"timeUnixNano", nanoseconds(stored.time)},
-                       {"observedTimeUnixNano", nanoseconds(stored.time)},
+    QJsonObject record{{"timeUnixNano", nanoseconds(event.time)},
+                       {"observedTimeUnixNano", nanoseconds(event.time)},
                        {"severityNumber", kInfo},
-                       {"eventName", stored.event.name},
+                       {"eventName", event.name},
                        {"attributes", attributes}};
-    if (stored.event.droppedParameters > 0) {
-        record.insert("droppedAttributesCount", stored.event.droppedParameters);
+    if (event.droppedParameters > 0) {
+        record.insert("droppedAttributesCount", event.droppedParameters);
     }
     return record;
 }
 
 }  // namespace
+
+QByteArray encode(const std::vector<EventParameter>& parameters) {
+    if (parameters.empty()) {
+        return "[]";
+    }
+    QJsonArray attributes;
+    for (const EventParameter& parameter : parameters) {
+        add(attributes, parameter.name, parameter.value);
+    }
+    return QJsonDocument(attributes).toJson(QJsonDocument::Compact);
+}
 
 QByteArray encode(const BatchSource& source, const std::vector<StoredEvent>& events) {
     QJsonArray records;
@@ -88,6 +102,20 @@ QByteArray encode(const BatchSource& source, const std::vector<StoredEvent>& eve
                                    {"scopeLogs", QJsonArray{scopeLogs}}};
     return QJsonDocument(QJsonObject{{"resourceLogs", QJsonArray{resourceLogs}}})
         .toJson(QJsonDocument::Compact);
+}
+
+QByteArray gzip(const QByteArray& bytes) {
+    const std::unique_ptr<libdeflate_compressor, decltype(&libdeflate_free_compressor)> compressor(
+        libdeflate_alloc_compressor(kCompression), libdeflate_free_compressor);
+    if (!compressor) {
+        return {};
+    }
+    const auto size = static_cast<std::size_t>(bytes.size());
+    const std::size_t bound = libdeflate_gzip_compress_bound(compressor.get(), size);
+    QByteArray compressed(static_cast<qsizetype>(bound), Qt::Uninitialized);
+    compressed.resize(static_cast<qsizetype>(libdeflate_gzip_compress(
+        compressor.get(), bytes.constData(), size, compressed.data(), bound)));
+    return compressed;
 }
 
 qint64 rejectedRecords(const QByteArray& body) {

@@ -4,31 +4,36 @@
 #include <map>
 #include <vector>
 
-#include "analytics/ConsentState.h"
-#include "analytics/Event.h"
-#include "analytics/ProductVersions.h"
-#include "analytics/UserPropertyTable.h"
+#include "analytics/AnalyticsStore.h"
+#include "analytics/Consent.h"
+#include "analytics/Recorder.h"
 
 namespace pellumar {
 
 // What all events of a batch have in common.
 struct BatchSource {
-    ProductVersions versions;
+    const ProductVersions& versions;
     QString installation;
     std::vector<UserProperty> userProperties;
     // By reason.
     std::map<QString, qint64> losses;
     // As it is now.
-    Consent consent;
+    const Consent& consent;
 };
 
 // The logs of OTLP/HTTP in JSON (OpenTelemetry protocol 1.x, "JSON Protobuf Encoding"): names in
 // lowerCamelCase, 64-bit integers as decimal texts, enumerations as numbers.
 namespace otlp {
 
+// A list of attributes.
+[[nodiscard]] QByteArray encode(const std::vector<EventParameter>& parameters);
+
 // The body of POST /v1/logs, an ExportLogsServiceRequest. `events` must not be empty: an envelope
-// without a letter is not sent.
+// without a letter is not sent. Moments are those of the minute.
 [[nodiscard]] QByteArray encode(const BatchSource& source, const std::vector<StoredEvent>& events);
+
+// RFC 1952. Empty if there is not enough memory.
+[[nodiscard]] QByteArray gzip(const QByteArray& bytes);
 
 // How many records of a batch a collector has rejected that took the others, by the body of its
 // answer, an ExportLogsServiceResponse. None if it is something else.

@@ -4,14 +4,15 @@
 #include <algorithm>
 #include <utility>
 
-#include "analytics/Gzip.h"
 #include "analytics/OtlpEncoder.h"
+#include "platform/RetryAfter.h"
 
 namespace pellumar {
 namespace {
 
-// After the lock was another's, or the store could not be read.
 constexpr qint64 kLaterMilliseconds = 1000;
+// Of two, so that nothing overflows.
+constexpr qint64 kMostDoublings = 12;
 
 // OTLP/HTTP, "Failures" and "Throttling".
 bool isWorthAnotherTry(int status) {
@@ -31,19 +32,32 @@ bool isPage(const LogTransport::Answer& answer) {
 
 }  // namespace
 
-std::filesystem::path Uploader::lockIn(const std::filesystem::path& folder) {
-    return folder / "upload.lock";
+void RetryHold::fail(qint64 now, const QByteArray& retryAfter, double chance) {
+    const qint64 longest =
+        std::min(kFirstWait << std::min(failures, kMostDoublings), kLongestBackoff);
+    // At least half of it, so that the collector is spared in any case.
+    const qint64 half = longest / 2;
+    ++failures;
+    from = now;
+    until = retryMoment(retryAfter, now)
+                .value_or(now + half + static_cast<qint64>(chance * static_cast<double>(half)));
 }
 
-Uploader::Uploader(AnalyticsStore& store,
-                   LogTransport& transport,
-                   ProductVersions versions,
-                   const std::filesystem::path& folder)
+qint64 RetryHold::waitAt(qint64 now) const {
+    if (now < from) {
+        return 0;
+    }
+    const qint64 whole = std::clamp<qint64>(until - from, 0, kLongestHold);
+    return std::clamp<qint64>(until - now, 0, whole);
+}
+
+Uploader::Uploader(AnalyticsStore& store, LogTransport& transport, const ProductVersions& versions)
     : store_(store),
       transport_(transport),
-      versions_(std::move(versions)),
-      lock_(lockIn(folder)),
-      hold_(store.state()) {}
+      versions_(versions),
+      hold_{.failures = store.memory().failures,
+            .from = store.memory().heldFrom,
+            .until = store.memory().heldUntil} {}
 
 Uploader::~Uploader() {
     if (isUnderway()) {
@@ -72,32 +86,29 @@ std::optional<qint64> Uploader::nextPoll(const Situation& situation) {
     if (isUnderway()) {
         return std::nullopt;
     }
-    const qint64 waiting = store_.events().count(situation.config.batchEvents);
+    const qint64 waiting = store_.waiting(situation.config.batchEvents);
     if (waiting == 0) {
         return std::nullopt;
     }
-    const qint64 sinceActivity = situation.now.elapsed - situation.lastActivity;
-    const qint64 idleIn = std::max<qint64>(0, situation.idle - sinceActivity);
-    const qint64 heldFor = hold_.waitAt(situation.now.wall);
+    const qint64 now = situation.now.elapsed;
+    const qint64 idleIn = std::max<qint64>(0, situation.idle - (now - situation.lastActivity));
+    const qint64 triedIn =
+        triedInVain_ ? std::max<qint64>(0, *triedInVain_ + kLaterMilliseconds - now) : 0;
     qint64 dueIn = 0;
     if (!draining_ && drained_ && waiting < situation.config.batchEvents) {
         const std::chrono::milliseconds interval = situation.config.interval;
-        dueIn = std::max<qint64>(0, *drained_ + interval.count() - situation.now.elapsed);
+        dueIn = std::max<qint64>(0, *drained_ + interval.count() - now);
     }
-    return std::max({idleIn, heldFor, dueIn});
+    return std::max({idleIn, triedIn, hold_.waitAt(situation.now.wall), dueIn});
 }
 
 DatabaseOutcome Uploader::takeAnswer(const Situation& situation) {
-    if (!isUnderway()) {
-        return DatabaseOutcome::kDone;
-    }
-    const std::optional<LogTransport::Answer> answer = transport_.takeAnswer();
+    const auto answer = isUnderway() ? transport_.takeAnswer() : std::nullopt;
     if (!answer) {
         return DatabaseOutcome::kDone;
     }
     const DatabaseOutcome outcome = judge(*answer, situation.now.wall);
-    lock_.release();
-    if (store_.events().count(1) == 0) {
+    if (store_.waiting(1) == 0) {
         draining_ = false;
         drained_ = situation.now.elapsed;
     }
@@ -105,82 +116,51 @@ DatabaseOutcome Uploader::takeAnswer(const Situation& situation) {
 }
 
 DatabaseOutcome Uploader::judge(const LogTransport::Answer& answer, qint64 now) {
-    const std::vector<qint64> rows = std::exchange(underway_, {});
+    std::vector<qint64> rows = std::exchange(underway_, {});
     const bool accepted = isSuccess(answer.status);
     if ((accepted && isPage(answer)) || isWorthAnotherTry(answer.status)) {
-        hold_.fail(now, answer.retryAfter, QRandomGenerator::global()->generateDouble());
-        store_.database().begin();
-        hold_.save(store_.state());
         // Unwritten, it holds this process nevertheless.
-        return store_.database().commit();
+        hold_.fail(now, answer.retryAfter, QRandomGenerator::global()->generateDouble());
+        return settle(0);
     }
-    hold_.succeed();
+    hold_ = {};
     const auto all = static_cast<qint64>(rows.size());
-    return remove(rows,
-                  accepted ? std::clamp<qint64>(otlp::rejectedRecords(answer.body), 0, all) : all);
+    answered_.insert(answered_.end(), rows.begin(), rows.end());
+    return settle(accepted ? std::clamp<qint64>(otlp::rejectedRecords(answer.body), 0, all) : all);
 }
 
-DatabaseOutcome Uploader::remove(const std::vector<qint64>& rows, qint64 refused) {
-    store_.database().begin();
-    store_.events().remove(rows);
-    store_.losses().add(loss::kRefused, refused);
-    hold_.save(store_.state());
-    const DatabaseOutcome outcome = store_.database().commit();
-    if (outcome != DatabaseOutcome::kDone) {
-        unremoved_ = rows;
+DatabaseOutcome Uploader::settle(qint64 refused) {
+    Change change{.memory = store_.memory(), .losses = {{loss::kRefused, refused}}};
+    change.gone = answered_;
+    change.memory.failures = hold_.failures;
+    change.memory.heldFrom = hold_.from;
+    change.memory.heldUntil = hold_.until;
+    const DatabaseOutcome outcome = store_.write(change);
+    if (outcome == DatabaseOutcome::kDone) {
+        answered_.clear();
     }
     return outcome;
 }
 
 DatabaseOutcome Uploader::sendBatch(const Situation& situation) {
-    const qint64 now = situation.now.wall;
-    if (!lock_.take()) {
-        hold_.pause(now, kLaterMilliseconds);
-        return DatabaseOutcome::kDone;
-    }
-    DatabaseOutcome outcome = DatabaseOutcome::kDone;
-    if (!unremoved_.empty()) {
-        outcome = remove(std::exchange(unremoved_, {}), 0);
-    }
-    if (outcome == DatabaseOutcome::kDone) {
-        outcome = readAndSend(situation);
-    }
-    if (!isUnderway()) {
-        lock_.release();
-        if (hold_.waitAt(now) == 0) {
-            hold_.pause(now, kLaterMilliseconds);
-        }
-    }
-    return outcome;
-}
-
-DatabaseOutcome Uploader::readAndSend(const Situation& situation) {
-    // One snapshot, in which events, properties and hold belong together.
-    store_.database().begin();
+    DatabaseOutcome outcome = answered_.empty() ? DatabaseOutcome::kDone : settle(0);
     const std::vector<StoredEvent> events =
-        store_.events().oldest(situation.config.batchEvents, kMostBatchBytes);
-    const BatchSource source{
-        .versions = versions_,
-        .installation = store_.installation().current(),
-        .userProperties = store_.userProperties().all(),
-        .losses = store_.losses().all(),
-        .consent = situation.consent,
-    };
-    const RetryHold kept(store_.state());
-    const DatabaseOutcome outcome = store_.database().commit();
-    if (outcome != DatabaseOutcome::kDone || events.empty()) {
+        outcome == DatabaseOutcome::kDone
+            ? store_.oldest(situation.config.batchEvents, kMostBatchBytes)
+            : std::vector<StoredEvent>();
+    triedInVain_ = events.empty() ? std::optional(situation.now.elapsed) : std::nullopt;
+    if (events.empty()) {
         return outcome;
     }
-    // Another process may have been told to wait.
-    if (kept.waitAt(situation.now.wall) > 0) {
-        hold_ = kept;
-        return outcome;
+    for (const StoredEvent& event : events) {
+        underway_.push_back(event.row);
     }
-    std::transform(
-        events.begin(), events.end(), std::back_inserter(underway_), [](const StoredEvent& event) {
-            return event.row;
-        });
-    transport_.send(gzip(otlp::encode(source, events)));
+    transport_.send(otlp::gzip(otlp::encode({.versions = versions_,
+                                             .installation = store_.memory().installation,
+                                             .userProperties = store_.properties(),
+                                             .losses = store_.losses(),
+                                             .consent = situation.consent},
+                                            events)));
     return outcome;
 }
 

@@ -1,23 +1,38 @@
 #pragma once
 
-#include <filesystem>
 #include <optional>
 #include <vector>
 
 #include "analytics/AnalyticsClock.h"
 #include "analytics/AnalyticsStore.h"
-#include "analytics/ConsentState.h"
-#include "analytics/FileLock.h"
+#include "analytics/Consent.h"
 #include "analytics/LogTransport.h"
 #include "analytics/MeasurementConfig.h"
-#include "analytics/ProductVersions.h"
-#include "analytics/RetryHold.h"
+#include "analytics/Recorder.h"
 
 namespace pellumar {
 
+// How long a collector that could not take a batch is left alone: as long as it asked for, else
+// twice as long with every failure, with some chance in it so that not all come back at once. It is
+// kept, for the next process has to wait as well. Moments are milliseconds since 1970 in UTC.
+struct RetryHold {
+    static constexpr qint64 kFirstWait = 10'000;
+    static constexpr qint64 kLongestBackoff = 60LL * 60 * 1000;
+
+    qint64 failures = 0;
+    qint64 from = 0;
+    qint64 until = 0;
+
+    // A failure at `now`, with the header Retry-After if there was one. `chance` is from 0 to 1.
+    void fail(qint64 now, const QByteArray& retryAfter, double chance);
+    // Milliseconds to wait from `now` on; 0: none. A clock that was set back to before the failure
+    // ends it: one try too early is better than none as long as the clock was ahead.
+    [[nodiscard]] qint64 waitAt(qint64 now) const;
+};
+
 // Brings the events of a store to the collector, in batches, oldest first. An event is removed when
 // the collector has answered for it, so it leaves at least once: a process that ends in between
-// sends it again, with the same identifier.
+// sends it again, with the same identifier. Nothing leaves without an event.
 //
 // What the protocol calls worth another try (429, 502, 503, 504, no answer) is tried again when the
 // hold is over; a batch that gets any other answer is never sent again. One thread at a time.
@@ -34,17 +49,11 @@ class Uploader {
         // How long nothing has to be said before something is sent.
         qint64 idle = 0;
         const MeasurementConfig& config;
-        Consent consent;
+        const Consent& consent;
     };
 
-    // The lock that one who sends holds: two would send everything twice.
-    [[nodiscard]] static std::filesystem::path lockIn(const std::filesystem::path& folder);
-
-    // All must outlive this. The lock stands in `folder`.
-    Uploader(AnalyticsStore& store,
-             LogTransport& transport,
-             ProductVersions versions,
-             const std::filesystem::path& folder);
+    // All must outlive this.
+    Uploader(AnalyticsStore& store, LogTransport& transport, const ProductVersions& versions);
     // Cancels what is on its way.
     ~Uploader();
     Uploader(const Uploader&) = delete;
@@ -64,23 +73,24 @@ class Uploader {
   private:
     [[nodiscard]] DatabaseOutcome takeAnswer(const Situation& situation);
     [[nodiscard]] DatabaseOutcome judge(const LogTransport::Answer& answer, qint64 now);
-    [[nodiscard]] DatabaseOutcome remove(const std::vector<qint64>& rows, qint64 refused);
+    // Removes what is answered for.
+    [[nodiscard]] DatabaseOutcome settle(qint64 refused);
     [[nodiscard]] DatabaseOutcome sendBatch(const Situation& situation);
-    [[nodiscard]] DatabaseOutcome readAndSend(const Situation& situation);
 
     AnalyticsStore& store_;
     LogTransport& transport_;
-    const ProductVersions versions_;
-    FileLock lock_;
+    const ProductVersions& versions_;
     RetryHold hold_;
     // The rows that are on their way.
     std::vector<qint64> underway_;
-    // Answered for, but the store could not be written: to be removed, not sent.
-    std::vector<qint64> unremoved_;
+    // Answered for and to be removed, not sent; some stay while the store cannot be written.
+    std::vector<qint64> answered_;
     // A batch was due, and what there is more goes with it.
     bool draining_ = false;
     // When there was last nothing left, by the clock that nobody sets.
     std::optional<qint64> drained_;
+    // When the store could not be read, by the same clock.
+    std::optional<qint64> triedInVain_;
 };
 
 }  // namespace pellumar

@@ -8,13 +8,18 @@
 
 namespace pellumar {
 
-// What this application's measurement engine works with: a place in the data folder, the collector
-// that is configured, if there is one, and the remote parameters that are active. No consent is
-// given or denied: the switch about usage data holds back the application's own events before they
-// come here, and what the engine measures by itself is not its matter. Stops the process if there
-// is no data folder.
+// What this application's measurement engine works with: a place in the data folder, and from the
+// environment, the preferences or the build (serviceSetting) the collector as ANALYTICS_URL and
+// ANALYTICS_TOKEN and the deployer's word on "analytics_storage" as ANALYTICS_CONSENT; and the
+// remote parameters that are active. The application itself answers no question of consent. Stops
+// the process if there is no data folder.
 [[nodiscard]] AnalyticsEnvironment measurementEnvironment(
     const UserSettings& settings,
     const std::shared_ptr<const FIRRemoteConfig>& remoteConfig);
+
+// Writes what is kept of the measurements into a file, or to the standard output as "-": JSON
+// Lines, an object for each row, and the answers about consent first. The exit code, 1 if that
+// failed.
+[[nodiscard]] int exportUsageData(const QString& file);
 
 }  // namespace pellumar

@@ -13,8 +13,9 @@ std::unique_ptr<Services> Services::start(const UserSettings& settings, Console&
             .endpoint = RemoteConfigEndpoint::configured(settings.userDefaults())},
         console);
     remoteConfig->start();
-    const auto measurement = std::make_shared<AnalyticsEngine>(
-        measurementEnvironment(settings, remoteConfig), AnalyticsEngine::CrashCatching::kOn);
+    const auto measurement =
+        std::make_shared<AnalyticsEngine>(measurementEnvironment(settings, remoteConfig));
+    measurement->start();
     return std::unique_ptr<Services>(new Services(settings, remoteConfig, measurement));
 }
 

@@ -51,7 +51,7 @@ ScreenView {
                     }
                     BodyText {
                         Layout.fillWidth: true
-                        text: qsTr("Which buttons are used, and whether archives could be read. Never what is in them.")
+                        text: qsTr("Which buttons are used, and whether archives could be read or made. Never what is in them. Switched off, nothing about this is kept or sent. What was kept before may still be sent.")
                         color: Theme.textSecondary
                     }
                     QuietButton {

@@ -3,8 +3,10 @@
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QDir>
+#include <cstdlib>
 #include <filesystem>
 
+#include "app/Measurement.h"
 #include "platform/FileUrl.h"
 
 namespace pellumar {
@@ -12,6 +14,7 @@ namespace {
 
 // By this name, desktops say it to all applications.
 const QString kByTheBus = QStringLiteral("gapplication-service");
+const QString kExportUsageData = QStringLiteral("export-usage-data");
 
 // The arguments as text. A path that is none becomes the URL of its file, which keeps every byte.
 QStringList textOf(int count, char** arguments) {
@@ -35,6 +38,10 @@ void describe(QCommandLineParser& parser) {
     QCommandLineOption byTheBus(kByTheBus);
     byTheBus.setFlags(QCommandLineOption::HiddenFromHelp);
     parser.addOption(byTheBus);
+    parser.addOption(
+        {kExportUsageData,
+         QStringLiteral("Write what is kept about the use of this program to FILE; - shows it."),
+         QStringLiteral("FILE")});
     parser.addPositionalArgument(QStringLiteral("archive"),
                                  QStringLiteral("An archive to open"),
                                  QStringLiteral("[ARCHIVE...]"));
@@ -54,6 +61,10 @@ void StartArguments::answerQuestions(int count, char** arguments) {
             const QCoreApplication withoutWindow(count, arguments);
             parser.process({texts.first(), QStringLiteral("--") + question});
         }
+    }
+    if (parser.isSet(kExportUsageData)) {
+        const QCoreApplication withoutWindow(count, arguments);
+        std::exit(exportUsageData(parser.value(kExportUsageData)));
     }
 }
 

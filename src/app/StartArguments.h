@@ -11,8 +11,8 @@ struct StartArguments {
     // The session bus has started the process, to hand something to it.
     bool isByTheBus = false;
 
-    // Answers --help and --version, and ends the process if it was asked for one of them. Needs no
-    // display: to be called before there is an application object.
+    // Answers --help, --version and --export-usage-data, and ends the process if it was asked for
+    // one of them. Needs no display: to be called before there is an application object.
     static void answerQuestions(int count, char** arguments);
 
     // What is left of the arguments when Qt has taken its own. Ends the process in words if there

@@ -22,22 +22,9 @@ AnalyticsEnvironment environmentIn(const char* folder) {
                             .serviceVersion = "0.9",
                             .osType = "linux",
                             .osVersion = "Debian 12"};
+    environment.consent = ConsentStatus::kGranted;
     environment.idle = std::chrono::milliseconds(0);
     return environment;
-}
-
-int log(const char* folder, const char* address, const char* name, int count) {
-    AnalyticsEnvironment environment = environmentIn(folder);
-    environment.transport = HttpTransport::maker({.address = address, .bearerToken = {}});
-    AnalyticsEngine engine(std::move(environment));
-    for (int i = 0; i < count; ++i) {
-        engine.logEventWithName(name, QVariantMap{{"n", i}});
-        // So that the two of them are at it at the same time.
-        if (i % 10 == 0 && !engine.waitUntilStored(kDeadline)) {
-            return 1;
-        }
-    }
-    return engine.waitUntilStored(kDeadline) ? 0 : 1;
 }
 
 // Calls itself until there is no stack left, which the compiler is not to see.
@@ -53,7 +40,9 @@ int overflow(int depth) {
 int crash(const char* folder, std::string_view how) {
     const rlimit noCore{.rlim_cur = 0, .rlim_max = 0};
     ::setrlimit(RLIMIT_CORE, &noCore);
-    AnalyticsEngine engine(environmentIn(folder), AnalyticsEngine::CrashCatching::kOn);
+    AnalyticsEnvironment environment = environmentIn(folder);
+    environment.crashes = AnalyticsEnvironment::CrashCatching::kOn;
+    RunningEngine engine(std::move(environment));
     engine.logEventWithName("before", {});
     static_cast<void>(engine.waitUntilStored(kDeadline));
     if (how == "fault") {
@@ -79,19 +68,12 @@ void fill(const std::filesystem::path& filler) {
     }
 }
 
-bool isFull(AnalyticsStore& store) {
-    store.database().begin();
-    // More than the log has room for already.
-    store.state().set("large", QString(1 << 20, u'x'));
-    return store.database().commit() == DatabaseOutcome::kFull;
-}
-
 int fillDisk(const char* folder) {
     if (::mount("tmpfs", folder, "tmpfs", 0, "size=1m") != 0) {
         return kNoDisk;
     }
     const std::filesystem::path filler = std::filesystem::path(folder) / "filler";
-    AnalyticsEngine engine(environmentIn(folder));
+    RunningEngine engine(environmentIn(folder));
     const auto log = [&engine](const char* name, int times) {
         for (int i = 0; i < times; ++i) {
             engine.logEventWithName(name, QVariantMap{{"text", QString(100, u'a')}});
@@ -101,14 +83,10 @@ int fillDisk(const char* folder) {
     if (!log("before", 100)) {
         return complain("nothing was stored");
     }
-    std::unique_ptr<AnalyticsStore> store = AnalyticsStore::open(folder);
     fill(filler);
-    if (!store || !isFull(*store)) {
+    if (log("meanwhile", 5000)) {
         return complain("the disk was not full");
     }
-    // What it has open would take room though it is erased.
-    store.reset();
-    static_cast<void>(log("meanwhile", 5000));
     std::filesystem::remove(filler);
     // The first one may still tell of what was dropped.
     static_cast<void>(log("after", 1));
@@ -117,20 +95,16 @@ int fillDisk(const char* folder) {
     }
     fill(filler);
     engine.setConsent(ConsentKind::kAnalyticsStorage, ConsentStatus::kDenied);
-    if (engine.waitUntilStored(kDeadline) || ConsentState(folder).current().allowsStorage()) {
+    if (!engine.waitUntilObeyed(kDeadline)) {
         return complain("the denial was not kept");
     }
-    return std::filesystem::exists(AnalyticsStore::fileIn(folder)) ? complain("not erased") : 0;
+    return std::filesystem::exists(MeasurementFolder::storeIn(folder)) ? complain("not erased") : 0;
 }
 
 }  // namespace
 
 bool runAsChild(int argc, char** argv, int& exitCode) {
     const std::string_view what = argc > 1 ? argv[1] : "";
-    if (what == "--log" && argc == 6) {
-        exitCode = log(argv[2], argv[3], argv[4], std::atoi(argv[5]));
-        return true;
-    }
     if (what == "--crash" && argc == 4) {
         exitCode = crash(argv[2], argv[3]);
         return true;

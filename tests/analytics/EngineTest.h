@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QJsonObject>
 #include <QMap>
 #include <QStringList>
 #include <atomic>
@@ -13,6 +14,7 @@
 
 #include "analytics/AnalyticsEngine.h"
 #include "analytics/HttpTransport.h"
+#include "analytics/MeasurementFolder.h"
 #include "support/TemporaryFolder.h"
 #include "support/collector/Collector.h"
 
@@ -50,13 +52,26 @@ class ManualClock : public AnalyticsClock {
     std::atomic<qint64> slept_ = 0;
 };
 
-// What stands in the store of a folder that no engine works on.
+// Started at once.
+class RunningEngine : public AnalyticsEngine {
+  public:
+    explicit RunningEngine(AnalyticsEnvironment environment)
+        : AnalyticsEngine(std::move(environment)) {
+        start();
+    }
+};
+
+// What stands in the store of a folder, which an engine may work on.
+[[nodiscard]] std::vector<QJsonObject> storedRows(const std::filesystem::path& folder,
+                                                  const QString& table);
 [[nodiscard]] std::vector<StoredEvent> storedEvents(const std::filesystem::path& folder);
 [[nodiscard]] QStringList namesOf(const std::vector<StoredEvent>& events);
 // Without the automatic ones.
 [[nodiscard]] QStringList ownNames(const std::filesystem::path& folder);
-// An empty value if the event has no such parameter.
-[[nodiscard]] ParameterValue parameterOf(const StoredEvent& event, const QString& name);
+// As a text; empty if the event has no such parameter.
+[[nodiscard]] QString parameterOf(const StoredEvent& event, const QString& name);
+// Of a folder that no engine works on.
+[[nodiscard]] std::unique_ptr<AnalyticsStore> openStore(const std::filesystem::path& folder);
 
 // Engines over one folder, with a clock that the test moves.
 class EngineTest : public testing::Test {
@@ -69,6 +84,8 @@ class EngineTest : public testing::Test {
                                 .osType = "linux",
                                 .osVersion = "Debian 12"};
         environment.clock = clock;
+        // Unless a test says otherwise, everything is measured.
+        environment.consent = ConsentStatus::kGranted;
         environment.idle = std::chrono::milliseconds(0);
         return environment;
     }
@@ -85,7 +102,7 @@ class EngineTest : public testing::Test {
     // Sends to `address`.
     [[nodiscard]] static AnalyticsEnvironment sending(const QString& address,
                                                       AnalyticsEnvironment environment) {
-        environment.transport = HttpTransport::maker({.address = address, .bearerToken = {}});
+        environment.transport = HttpTransport::maker(address, {});
         return environment;
     }
     // Polls; false when the deadline has passed.

@@ -1,5 +1,4 @@
-#include <array>
-#include <mutex>
+#include <thread>
 
 #include "EngineTest.h"
 
@@ -24,7 +23,7 @@ class MeasurementTest : public EngineTest {
 
 TEST_F(MeasurementTest, WhatIsSampledOutCountsAndWhatIsBlockedDoesNot) {
     {
-        AnalyticsEngine engine(
+        RunningEngine engine(
             configured({{"measurement_sampling", "0"},
                         {"measurement_event_sampling", "kept = 1000, half=500 ,,=,odd=x"},
                         {"measurement_blocked_events", "blocked, pz_first_open"}}));
@@ -37,11 +36,11 @@ TEST_F(MeasurementTest, WhatIsSampledOutCountsAndWhatIsBlockedDoesNot) {
     const qsizetype halves = names.removeAll("half");
     EXPECT_TRUE(halves > 350 && halves < 650) << halves;
     EXPECT_EQ(names, (QStringList{"pz_session_start", "kept"}));
-    const std::unique_ptr<AnalyticsStore> store = AnalyticsStore::open(folder);
-    EXPECT_EQ(store->counts().total("left_out"), 1);
-    EXPECT_EQ(store->counts().total("half"), 1000);
-    EXPECT_EQ(store->counts().total("blocked"), 0);
-    EXPECT_EQ(store->losses().all()["sampled_out"], 2 + 1000 - halves);
+    const std::unique_ptr<AnalyticsStore> store = openStore(folder);
+    EXPECT_EQ(store->times("left_out", std::nullopt), 1);
+    EXPECT_EQ(store->times("half", std::nullopt), 1000);
+    EXPECT_EQ(store->times("blocked", std::nullopt), 0);
+    EXPECT_EQ(store->losses()["sampled_out"], 2 + 1000 - halves);
 }
 
 TEST_F(MeasurementTest, ParametersOutOfRangeAreAtItsEndAndNonsenseIsIgnored) {
@@ -61,7 +60,7 @@ TEST_F(MeasurementTest, ParametersOutOfRangeAreAtItsEndAndNonsenseIsIgnored) {
 
 TEST_F(MeasurementTest, WhatIsTooOldIsForgotten) {
     {
-        AnalyticsEngine engine(quiet());
+        RunningEngine engine(quiet());
         logAndSettle(engine, "old");
         clock->advance(20 * kDay);
         logAndSettle(engine, "young");
@@ -70,12 +69,12 @@ TEST_F(MeasurementTest, WhatIsTooOldIsForgotten) {
         logAndSettle(engine, "new");
     }
     EXPECT_EQ(ownNames(folder), (QStringList{"young", "new"}));
-    EXPECT_EQ(AnalyticsStore::open(folder)->losses().all()["expired"], 1);
+    EXPECT_EQ(openStore(folder)->losses()["expired"], 1);
 }
 
 TEST_F(MeasurementTest, AClockThatIsSetExpiresNothing) {
     const auto start = [this](const QString& name) {
-        AnalyticsEngine engine(quiet());
+        RunningEngine engine(quiet());
         logAndSettle(engine, name);
     };
     start("first");
@@ -111,7 +110,7 @@ TEST_F(MeasurementTest, AudiencesFollowEventsPropertiesAndDays) {
     };
     const auto take = [&] { return std::exchange(changes, {}); };
     {
-        AnalyticsEngine engine(with);
+        RunningEngine engine(with);
         log(engine, "zip", 2);
         EXPECT_EQ(take(), QStringList{"+new_here"});
         engine.setUserPropertyString("de", "language");
@@ -120,7 +119,7 @@ TEST_F(MeasurementTest, AudiencesFollowEventsPropertiesAndDays) {
         EXPECT_EQ(take(), (QStringList{"+busy", "+German_busy"}));
     }
     {
-        AnalyticsEngine engine(with);
+        RunningEngine engine(with);
         log(engine, "other");
         EXPECT_EQ(take(), QStringList());
         clock->advance(kDay);
@@ -132,80 +131,76 @@ TEST_F(MeasurementTest, AudiencesFollowEventsPropertiesAndDays) {
     }
     with.audiences = {{.name = "everybody", .conditions = {}}};
     {
-        AnalyticsEngine engine(with);
+        RunningEngine engine(with);
         log(engine, "other");
     }
-    const std::unique_ptr<AnalyticsStore> store = AnalyticsStore::open(folder);
-    EXPECT_EQ(store->userProperties().value("pz_in_everybody"), "1");
-    EXPECT_EQ(store->userProperties().all().size(), 1U);
-    EXPECT_FALSE(store->userProperties().all()[0].advertising);
+    const std::unique_ptr<AnalyticsStore> store = openStore(folder);
+    ASSERT_EQ(store->properties().size(), 1U);
+    EXPECT_EQ(store->properties()[0].name, "pz_in_everybody");
+    EXPECT_FALSE(store->properties()[0].advertising);
     // Of those who are in it already too.
     with.audiences[0].forAdvertising = true;
     {
-        AnalyticsEngine engine(with);
+        RunningEngine engine(with);
         log(engine, "other");
     }
-    EXPECT_TRUE(store->userProperties().all()[0].advertising);
+    EXPECT_TRUE(store->properties()[0].advertising);
 }
 
-TEST_F(MeasurementTest, PropertiesKeepTheTimeOfTheirValueAndAreNoMoreThan25) {
-    AnalyticsEngine engine(quiet());
-    engine.setUserPropertyString("a", "p0");
-    clock->advance(1000);
-    engine.setUserPropertyString("a", "p0");
-    for (int i = 1; i < 30; ++i) {
+TEST_F(MeasurementTest, PropertiesAreNoMoreThan25) {
+    RunningEngine engine(quiet());
+    for (int i = 0; i < 30; ++i) {
         engine.setUserPropertyString("b", QStringLiteral("p%1").arg(i));
     }
     ASSERT_TRUE(engine.waitUntilStored(kDeadline));
     engine.stop();
-    const std::unique_ptr<AnalyticsStore> store = AnalyticsStore::open(folder);
-    const std::vector<UserProperty> properties = store->userProperties().all();
+    const std::unique_ptr<AnalyticsStore> store = openStore(folder);
+    const std::vector<UserProperty> properties = store->properties();
     ASSERT_EQ(properties.size(), 25U);
-    EXPECT_EQ(properties[0].name, "p0");
-    EXPECT_EQ(properties[0].time, kNoon);
-    EXPECT_EQ(properties[1].time, kNoon + 1000);
-    EXPECT_EQ(store->losses().all()["invalid"], 5);
+    EXPECT_EQ(store->losses()["invalid"], 5);
 }
 
-TEST_F(MeasurementTest, AFullQueueDropsEventsButNoAnswersOfTheUser) {
-    EventQueue queue;
-    std::size_t kept = 0;
-    for (std::size_t i = 0; i < EventQueue::kCapacity + 10; ++i) {
-        kept +=
-            queue.add({.moment = {}, .what = LoggedEvent{.name = "e", .parameters = {}}}) ? 1 : 0;
+TEST_F(MeasurementTest, WhatWaitsIsBoundedAndAnAnswerIsNeverDropped) {
+    Intake intake{Consent()};
+    intake.learn(Consent());
+    const auto add = [&intake](auto what) { intake.add({.moment = {}, .what = std::move(what)}); };
+    for (std::size_t i = 0; i < Intake::kCapacity + 10; ++i) {
+        add(Event{.name = "e", .parameters = {}});
     }
-    EXPECT_EQ(kept, EventQueue::kCapacity);
-    // However often they are given; a no erases, though it is taken back, and a fence waits for all
-    // that stands before it.
-    constexpr std::size_t kFences = EventQueue::kCapacity / 4;
-    const std::array answers{ConsentStatus::kGranted, ConsentStatus::kDenied};
-    for (std::size_t i = 0; i < 3 * EventQueue::kCapacity; ++i) {
-        EXPECT_TRUE(queue.add({.moment = {}, .what = ConsentChange{.status = answers.at(i % 2)}}));
-        EXPECT_TRUE(queue.add({.moment = {}, .what = ActivityChange{.active = i % 2 == 0}}));
-        EXPECT_TRUE(queue.add({.moment = {}, .what = InstallationReset{}}));
-        EXPECT_EQ(queue.add({.moment = {}, .what = Fence{}}), i < kFences);
+    for (int i = 0; i < 1000; ++i) {
+        add(ActivityChange{.inFront = i % 2 == 0});
     }
-    std::vector<QueueItem> items;
-    queue.take(items);
-    EXPECT_EQ(items.size(), 2 * EventQueue::kCapacity + 5);
-    std::vector<ConsentStatus> given;
-    for (const QueueItem& item : items) {
-        if (const auto* const change = std::get_if<ConsentChange>(&item.what)) {
-            given.push_back(change->status);
-        }
+    Intake::Work work = intake.take();
+    EXPECT_EQ(work.items.size(), Intake::kCapacity + 1);
+    EXPECT_FALSE(std::get<ActivityChange>(work.items.back().what).inFront);
+    EXPECT_EQ(work.dropped, 10);
+    // With large ones there is room for less, also when what came first comes back.
+    for (int i = 0; i < 1000; ++i) {
+        add(Event{.name = QString(5000, 'e'), .parameters = {}});
     }
-    ASSERT_EQ(given.size(), kFences + 2);
-    for (std::size_t i = 0; i < given.size(); ++i) {
-        EXPECT_EQ(given[i], answers.at(i % 2));
-    }
-    EXPECT_EQ(queue.takeDropped(), 10);
-    EXPECT_EQ(queue.takeDropped(), 0);
+    intake.putBack(std::move(work));
+    work = intake.take();
+    EXPECT_LE(work.items.size(), Intake::kCapacity);
+    EXPECT_GT(work.dropped, 900);
+    // A no empties it at once, and what was taken before does not come back.
+    add(Event{.name = "e", .parameters = {}});
+    intake.answer(ConsentKind::kAnalyticsStorage, ConsentStatus::kDenied, kNoon);
+    intake.answer(ConsentKind::kAnalyticsStorage, ConsentStatus::kGranted, kNoon);
+    add(Event{.name = "later", .parameters = {}});
+    intake.putBack(std::move(work));
+    work = intake.take();
+    EXPECT_TRUE(work.items.empty());
+    intake.erased(work.erasures);
+    work = intake.take();
+    ASSERT_EQ(work.items.size(), 1U);
+    EXPECT_EQ(std::get<Event>(work.items[0].what).name, "later");
+    EXPECT_EQ(work.dropped, 0);
 }
 
 TEST_F(MeasurementTest, ManyThreadsAtOnce) {
     constexpr int kThreads = 4;
     constexpr int kEvents = 100;
-    AnalyticsEngine engine(quiet());
+    RunningEngine engine(quiet());
     {
         std::vector<std::jthread> threads;
         threads.reserve(kThreads);

@@ -1,8 +1,6 @@
 #include <optional>
 
 #include "EngineTest.h"
-#include "analytics/FileLock.h"
-#include "analytics/RetryHold.h"
 #include "analytics/Uploader.h"
 
 namespace pellumar::test {
@@ -18,39 +16,28 @@ class UploadTest : public EngineTest {
     [[nodiscard]] AnalyticsEnvironment eager(const QMap<QString, QString>& parameters = {}) const {
         return sending(collector.address(), quiet(parameters));
     }
-    // Tries again while the engine is at it.
-    [[nodiscard]] std::unique_ptr<AnalyticsStore> openBesideAnEngine() const {
-        std::unique_ptr<AnalyticsStore> store;
-        EXPECT_TRUE(becomesTrue([&] {
-            if (!store) {
-                store = AnalyticsStore::open(folder);
-            }
-            return store != nullptr;
-        }));
-        return store;
-    }
     // Waits until it is kept how long the collector is left alone.
     [[nodiscard]] qint64 waitForHold() const {
-        const std::unique_ptr<AnalyticsStore> store = openBesideAnEngine();
         qint64 hold = 0;
         EXPECT_TRUE(becomesTrue([&] {
-            hold = RetryHold(store->state()).waitAt(clock->now().wall);
+            for (const QJsonObject& row : storedRows(folder, "state")) {
+                hold = row["key"].toString() == "upload_held_until"
+                           ? row["value"].toInteger() - clock->now().wall
+                           : hold;
+            }
             return hold > 0;
         }));
         return hold;
     }
     void waitUntilNothingIsLeft() const {
-        const std::unique_ptr<AnalyticsStore> store = openBesideAnEngine();
-        EXPECT_TRUE(becomesTrue([&] { return store->events().count(1) == 0; }));
+        EXPECT_TRUE(becomesTrue([&] { return storedEvents(folder).empty(); }));
     }
-    // Whether the engine has looked whether there is something to send, and sent nothing: what is
-    // still on its way holds the lock.
+    // Whether the engine has looked whether there is something to send, and sent nothing.
     [[nodiscard]] bool isPatient(AnalyticsEngine& engine) const {
         const std::size_t before = collector.batches().size();
         const bool hasLooked =
             engine.waitUntilStored(kDeadline) && engine.waitUntilStored(kDeadline);
-        const bool isSending = !FileLock(Uploader::lockIn(folder)).take();
-        return hasLooked && !isSending && collector.batches().size() == before;
+        return hasLooked && collector.batches().size() == before;
     }
 
     Collector collector;
@@ -58,7 +45,7 @@ class UploadTest : public EngineTest {
 
 TEST_F(UploadTest, ABatchHoldsEverythingTheEventsCameWith) {
     {
-        AnalyticsEngine engine(sending(collector.address(), environment()));
+        RunningEngine engine(sending(collector.address(), environment()));
         engine.setUserPropertyString("|1|7|", "participating_tests");
         engine.setConsent(ConsentKind::kAdUserData, ConsentStatus::kDenied);
         engine.logEventWithName("evaluated",
@@ -75,15 +62,13 @@ TEST_F(UploadTest, ABatchHoldsEverythingTheEventsCameWith) {
     EXPECT_EQ(batch.resource["service.name"], "test");
     EXPECT_EQ(batch.resource["app.installation.id"].size(), 36);
     EXPECT_EQ(batch.resource["pz.user_property.participating_tests"], "|1|7|");
-    EXPECT_EQ(batch.resource["pz.user_property.participating_tests.set_at"],
-              QString::number(kNoon));
+    EXPECT_EQ(batch.resource["pz.consent.ad_user_data"], "denied");
     const CollectedRecord event = batch.records.back();
     EXPECT_EQ(event.milliseconds, kNoon);
     EXPECT_EQ(event.attributes["rating"], "4611686018427387904");
     EXPECT_EQ(event.attributes["share"], "0.5");
     EXPECT_EQ(event.attributes["first"], "true");
     EXPECT_EQ(event.attributes["where"], "Grüße \"an\" 😀");
-    EXPECT_EQ(event.attributes["pz.consent.ad_user_data"], "denied");
     EXPECT_EQ(event.attributes["session.id"].size(), 36);
     EXPECT_EQ(batch.head.find("cookie"), std::string::npos);
     EXPECT_NE(batch.head.find("accept-language: *"), std::string::npos);
@@ -116,13 +101,13 @@ TEST_F(UploadTest, TheseAnswersAreTheEndOfABatch) {
         folder = parent / name;
         const std::size_t before = collector.batches().size();
         collector.setAnswers({expected.first});
-        AnalyticsEngine engine(eager());
+        RunningEngine engine(eager());
         engine.logEventWithName("tapped", {});
         ASSERT_TRUE(collector.waitForBatches(before + 1));
         waitUntilNothingIsLeft();
         EXPECT_TRUE(isPatient(engine));
         engine.stop();
-        EXPECT_EQ(AnalyticsStore::open(folder)->losses().all()["refused"], expected.second);
+        EXPECT_EQ(openStore(folder)->losses()["refused"], expected.second);
     }
 }
 
@@ -150,7 +135,7 @@ TEST_F(UploadTest, TheseAnswersAreWaitedOutAcrossRestarts) {
         collector.setAnswers(std::deque<HttpAnswer>(10, expected.first));
         qint64 hold = 0;
         {
-            AnalyticsEngine engine(eager());
+            RunningEngine engine(eager());
             engine.logEventWithName("tapped", {});
             ASSERT_TRUE(collector.waitForBatches(before + 1));
             hold = waitForHold();
@@ -160,7 +145,7 @@ TEST_F(UploadTest, TheseAnswersAreWaitedOutAcrossRestarts) {
                         ? hold == *expected.second
                         : hold >= RetryHold::kFirstWait / 2 && hold <= RetryHold::kFirstWait)
             << hold;
-        AnalyticsEngine engine(eager());
+        RunningEngine engine(eager());
         EXPECT_TRUE(isPatient(engine));
         const std::size_t sent = collector.batches().size();
         collector.setAnswers({});
@@ -176,8 +161,7 @@ TEST_F(UploadTest, TheseAnswersAreWaitedOutAcrossRestarts) {
 }
 
 TEST_F(UploadTest, WaitsTwiceAsLongWithEveryFailureUpToABound) {
-    const std::unique_ptr<AnalyticsStore> store = AnalyticsStore::open(folder);
-    RetryHold hold(store->state());
+    RetryHold hold;
     for (const qint64 longest : {10'000, 20'000, 40'000, 80'000}) {
         hold.fail(kNoon, {}, 0);
         EXPECT_EQ(hold.waitAt(kNoon), longest / 2);
@@ -188,15 +172,12 @@ TEST_F(UploadTest, WaitsTwiceAsLongWithEveryFailureUpToABound) {
     EXPECT_EQ(hold.waitAt(kNoon), RetryHold::kLongestBackoff);
     // The clock is set back by a year.
     EXPECT_EQ(hold.waitAt(kNoon - 365 * kDay), 0);
-    hold.succeed();
-    hold.fail(kNoon, {}, 1);
-    EXPECT_EQ(hold.waitAt(kNoon), RetryHold::kFirstWait);
 }
 
 TEST_F(UploadTest, ACollectorThatNeverAnswersDoesNotHoldUpTheEnd) {
     collector.setAnswers({{.bytes = "", .then = Then::kKeepSilent}});
     {
-        AnalyticsEngine engine(eager());
+        RunningEngine engine(eager());
         engine.logEventWithName("tapped", {});
         ASSERT_TRUE(collector.waitForBatches(1));
         const auto start = std::chrono::steady_clock::now();
@@ -205,34 +186,17 @@ TEST_F(UploadTest, ACollectorThatNeverAnswersDoesNotHoldUpTheEnd) {
         EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
     }
     EXPECT_EQ(ownNames(folder), QStringList{"tapped"});
-    const AnalyticsEngine engine(eager());
+    const RunningEngine engine(eager());
     ASSERT_TRUE(collector.waitForBatches(2));
     waitUntilNothingIsLeft();
     EXPECT_EQ(collector.batches()[0].records[0].attributes["log.record.uid"],
               collector.batches()[1].records[0].attributes["log.record.uid"]);
 }
 
-TEST_F(UploadTest, AnotherProcessAtTheStoreDoesNotHoldUpTheEnd) {
-    collector.setAnswers({{.bytes = "", .then = Then::kKeepSilent}});
-    AnalyticsEngine engine(eager());
-    engine.setActive(true);
-    engine.logEventWithName("tapped", {});
-    ASSERT_TRUE(collector.waitForBatches(1));
-    const std::unique_ptr<AnalyticsStore> another = openBesideAnEngine();
-    another->database().begin();
-    ASSERT_FALSE(another->database().failed());
-    engine.logEventWithName("tapped", {});
-    const auto start = std::chrono::steady_clock::now();
-    engine.stop();
-    // The bound is 200 ms; a busy machine is allowed some more.
-    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
-    static_cast<void>(another->database().commit());
-}
-
 TEST_F(UploadTest, WaitsForIdlenessButNotAtTheEnd) {
     AnalyticsEnvironment patient = eager();
     patient.idle = std::chrono::hours(1);
-    AnalyticsEngine engine(std::move(patient));
+    RunningEngine engine(std::move(patient));
     engine.logEventWithName("tapped", {});
     EXPECT_TRUE(isPatient(engine));
     engine.stop();
@@ -240,7 +204,7 @@ TEST_F(UploadTest, WaitsForIdlenessButNotAtTheEnd) {
 }
 
 TEST_F(UploadTest, SendsWhenABatchIsFullOrTheIntervalIsOver) {
-    AnalyticsEngine engine(
+    RunningEngine engine(
         eager({{"measurement_batch_events", "10"}, {"measurement_interval_seconds", "600"}}));
     engine.logEventWithName("first", {});
     ASSERT_TRUE(collector.waitForBatches(1));
@@ -262,12 +226,29 @@ TEST_F(UploadTest, SendsWhenABatchIsFullOrTheIntervalIsOver) {
     EXPECT_EQ(collector.batches()[2].records[0].name, "later");
 }
 
-TEST_F(UploadTest, WithoutAUsableAddressThereIsNoTransport) {
-    for (const char* address : {"", "collector", "ftp://host", "http://", "http://[bad"}) {
-        EXPECT_FALSE(HttpTransport::maker({.address = address, .bearerToken = {}})) << address;
+TEST_F(UploadTest, NothingGoesWhereOthersReadAlong) {
+    for (const char* address : {"",
+                                "collector",
+                                "ftp://host",
+                                "http://",
+                                "http://[bad",
+                                "http://collector.example.org:4318",
+                                "http://localhost.example.org",
+                                "http://192.168.1.7"}) {
+        EXPECT_FALSE(HttpTransport::maker(address, {})) << address;
     }
-    const CollectorEndpoint behindPath{.address = "https://host:1/otlp/", .bearerToken = {}};
-    EXPECT_EQ(behindPath.logsUrl()->toString(), "https://host:1/otlp/v1/logs");
+    for (const char* address :
+         {"https://host:1/otlp/", "http://localhost:4318", "http://127.1.2.3", "http://[::1]:1"}) {
+        EXPECT_TRUE(HttpTransport::maker(address, {})) << address;
+    }
+    // Nor a token, to nobody.
+    AnalyticsEnvironment with = quiet();
+    with.transport = HttpTransport::maker(collector.address(), "secret");
+    RunningEngine engine(std::move(with));
+    engine.logEventWithName("tapped", {});
+    ASSERT_TRUE(collector.waitForBatches(1));
+    EXPECT_EQ(collector.batches()[0].head.find("authorization"), std::string::npos);
+    EXPECT_EQ(collector.batches()[0].head.find("secret"), std::string::npos);
 }
 
 }  // namespace

@@ -20,6 +20,7 @@
 #include "LoggingChild.h"
 #include "analytics/AnalyticsEngine.h"
 #include "analytics/HttpTransport.h"
+#include "analytics/MeasurementFolder.h"
 #include "support/TemporaryFolder.h"
 #include "support/collector/Collector.h"
 
@@ -117,13 +118,15 @@ void sendAll(const std::filesystem::path& folder, const Collector& collector) {
     environment.versions = {
         .serviceName = "last", .serviceVersion = "1", .osType = "linux", .osVersion = "Debian"};
     environment.idle = std::chrono::milliseconds(0);
-    environment.transport =
-        HttpTransport::maker({.address = collector.address(), .bearerToken = {}});
-    const std::unique_ptr<AnalyticsStore> store = AnalyticsStore::open(folder);
-    ASSERT_TRUE(store);
-    const AnalyticsEngine engine(std::move(environment));
+    environment.transport = HttpTransport::maker(collector.address(), {});
+    AnalyticsEngine engine(std::move(environment));
+    engine.start();
+    const auto isAnythingLeft = [&] {
+        const std::optional<QByteArray> lines = AnalyticsStore::jsonLines(folder);
+        return !lines || lines->contains(R"("table":"events")");
+    };
     const auto deadline = std::chrono::steady_clock::now() + kDeadline;
-    while (store->events().count(1) > 0 && std::chrono::steady_clock::now() < deadline) {
+    while (isAnythingLeft() && std::chrono::steady_clock::now() < deadline) {
         std::this_thread::sleep_for(std::chrono::milliseconds(5));
     }
 }
@@ -132,19 +135,19 @@ void sendAll(const std::filesystem::path& folder, const Collector& collector) {
 // would tidy up what the engine has to cope with next.
 std::string soundness(const std::filesystem::path& folder) {
     const TemporaryFolder copy;
-    for (const char* name : {"events.db", "events.db-wal"}) {
+    for (const char* name : {"usage.db", "usage.db-wal"}) {
         if (std::filesystem::exists(folder / name)) {
             std::filesystem::copy_file(folder / name, copy / name);
         }
     }
     sqlite3* database = nullptr;
     std::string said = "ok";
-    if (std::filesystem::exists(AnalyticsStore::fileIn(copy.path()))) {
+    if (std::filesystem::exists(MeasurementFolder::storeIn(copy.path()))) {
         const auto note = [](void* text, int, char** row, char**) {
             *static_cast<std::string*>(text) = row[0];
             return 0;
         };
-        if (sqlite3_open(AnalyticsStore::fileIn(copy.path()).c_str(), &database) != SQLITE_OK ||
+        if (sqlite3_open(MeasurementFolder::storeIn(copy.path()).c_str(), &database) != SQLITE_OK ||
             sqlite3_exec(database, "PRAGMA quick_check(1)", note, &said, nullptr) != SQLITE_OK) {
             said = sqlite3_errmsg(database);
         }

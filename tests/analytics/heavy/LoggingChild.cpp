@@ -16,7 +16,7 @@ AnalyticsEnvironment environmentOf(const char* folder, const char* address) {
     environment.versions = {
         .serviceName = "child", .serviceVersion = "1", .osType = "linux", .osVersion = "Debian"};
     environment.idle = std::chrono::milliseconds(0);
-    environment.transport = HttpTransport::maker({.address = address, .bearerToken = {}});
+    environment.transport = HttpTransport::maker(address, {});
     environment.parameters = [](const QString& key) {
         return key == QLatin1String("measurement_batch_events") ? "20" : QString();
     };
@@ -32,6 +32,7 @@ void say(int number) {
 
 void logForEver(const char* folder, const char* address, int first, std::string_view beginning) {
     AnalyticsEngine engine(environmentOf(folder, address));
+    engine.start();
     if (beginning == kForbidden) {
         engine.setConsent(ConsentKind::kAnalyticsStorage, ConsentStatus::kDenied);
         for (int i = 0; i < 20; ++i) {
