@@ -1,5 +1,6 @@
 #include <QElapsedTimer>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <algorithm>
 
 #include "gui/ScreenFixture.h"
@@ -108,6 +109,39 @@ TEST_F(DocumentPickerTest, KeepsTheSelectionAcrossFoldersAndImportsItOnce) {
     EXPECT_EQ(delegate->picks[0][1].fileName(), "Beach (2).jpg");
     EXPECT_EQ(readText(*localPath(delegate->picks[0][1])), "two");
     EXPECT_EQ(memory.value("LastFileFolder").toByteArray().toStdString(), folder / "in" / "inner");
+}
+
+// The second click of a double one on a folder picked the file that had come into its place, and on
+// a file it took the selection back.
+TEST_F(DocumentPickerTest, ADoubleClickIsOne) {
+    fs::create_directories(folder / "in" / "album");
+    writeFile(folder / "in" / "album" / "photo.jpg", "one");
+    const auto picker = showFiles(folder / "in");
+    auto* const list = outlet<QQuickItem>(picker->view(), "documents");
+    EXPECT_TRUE(waitUntil([&] { return shows(*list, "album"); }));
+    const QPointF place = list->mapToScene({list->width() / 2, 20});
+    const auto send = [&](QEvent::Type type) {
+        const auto held = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
+        QMouseEvent event(type, place, place, Qt::LeftButton, held, Qt::NoModifier);
+        QCoreApplication::sendEvent(&window, &event);
+    };
+    const auto click = [&] {
+        send(QEvent::MouseButtonPress);
+        send(QEvent::MouseButtonRelease);
+    };
+    const auto clickAgain = [&] {
+        send(QEvent::MouseButtonPress);
+        send(QEvent::MouseButtonDblClick);
+        send(QEvent::MouseButtonRelease);
+    };
+    click();
+    EXPECT_TRUE(waitUntil([&] { return shows(*list, "photo.jpg"); }));
+    clickAgain();
+    EXPECT_EQ(picker->model()->folder(), folder / "in" / "album");
+    EXPECT_EQ(picker->picked()->count(), 0);
+    click();
+    clickAgain();
+    EXPECT_EQ(picker->picked()->count(), 1);
 }
 
 TEST_F(DocumentPickerTest, BeginsWhereTheSameKindWasPickedLast) {

@@ -27,8 +27,11 @@ PlainButton {
     checked: isSelected
     Accessible.onToggleAction: if (enabled) clicked()
     onActiveFocusChanged: if (activeFocus) keyedList.currentIndex = index
-    // The second click of a double one on a folder is not meant for what stands there then.
-    onClicked: if (!keyedList.isFresh || focusReason !== Qt.MouseFocusReason) controller.rowTapped(index)
+    onClicked: controller.rowTapped(index)
+    // Is one click, also where the second falls on what the first has opened.
+    onDoubleClicked: {}
+    // The button has counted both.
+    onReleased: checked = Qt.binding(() => isSelected)
 
     background: Rectangle {
         color: row.isSelected ? Theme.accentTint

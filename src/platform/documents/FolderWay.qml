@@ -2,7 +2,7 @@ import QtQuick
 import Pellumar.Documents
 import Pellumar.Look
 
-// The folders that lead to the one that is shown, each a way back to it.
+// The folder that is shown, after those that lead to it, each a way back to it.
 ListView {
     id: way
 
@@ -10,24 +10,31 @@ ListView {
 
     orientation: ListView.Horizontal
     clip: true
-    model: controller.way
+    model: controller.way.slice(0, -1)
     // Where the user is stands at the end.
-    onCountChanged: positionViewAtEnd()
     onContentWidthChanged: positionViewAtEnd()
+    footer: BodyText {
+        height: way.height
+        leftPadding: Theme.space2
+        rightPadding: Theme.space2
+        text: way.controller.folderName
+        font.weight: Theme.weightStrong
+        verticalAlignment: Text.AlignVCenter
+        wrapMode: Text.NoWrap
+    }
     delegate: PlainButton {
         id: step
 
         required property int index
         required property string modelData
-        // qmllint disable unqualified
-        readonly property bool isLast: index === way.count - 1
 
+        // qmllint disable unqualified
         height: way.height
-        text: modelData
-        leftPadding: Theme.space2
-        rightPadding: 0
         onClicked: way.controller.stepTapped(index)
         // qmllint enable unqualified
+        text: qsTr("Up to %1").arg(modelData)
+        leftPadding: Theme.space2
+        rightPadding: 0
         background: Rectangle {
             radius: Theme.space2
             color: step.down || step.hovered ? Theme.pressed : "transparent"
@@ -37,9 +44,8 @@ ListView {
             spacing: Theme.space1
             BodyText {
                 anchors.verticalCenter: parent.verticalCenter
-                text: step.text
-                color: step.isLast ? Theme.text : Theme.textSecondary
-                font.weight: step.isLast ? Theme.weightStrong : Theme.weightNormal
+                text: step.modelData
+                color: Theme.textSecondary
                 wrapMode: Text.NoWrap
                 Accessible.ignored: true
             }
@@ -49,7 +55,6 @@ ListView {
                 height: 16
                 name: "chevron"
                 color: Theme.textSecondary
-                visible: !step.isLast
             }
         }
     }

@@ -99,6 +99,7 @@ Sheet {
         }
         KeyedList {
             id: list
+            objectName: "documents"
             Layout.fillWidth: true
             Layout.fillHeight: true
             clip: true

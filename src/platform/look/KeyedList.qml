@@ -10,8 +10,6 @@ ListView {
     property string typed: ""
     // Whether the user has come with keys.
     property bool isKeyed: false
-    // Whether the rows have only just come.
-    readonly property bool isFresh: fresh.running
     readonly property int page: Math.max(1, Math.floor(height / Math.max(1, currentItem?.height ?? 56)) - 1)
     signal backAsked
     signal allAsked
@@ -20,10 +18,6 @@ ListView {
     highlightFollowsCurrentItem: true
     highlightMoveDuration: 0
 
-    Timer {
-        id: fresh
-        interval: 400
-    }
     Timer {
         id: pause
         interval: 1000
@@ -43,7 +37,6 @@ ListView {
     // For new rows.
     function begin(row: int): void {
         const hadKeys = isKeyed && (activeFocus || currentItem?.activeFocus)
-        fresh.restart()
         currentIndex = -1
         positionViewAtIndex(row, ListView.Contain)
         if (hadKeys && count > 0) go(row)
