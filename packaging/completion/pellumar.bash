@@ -6,7 +6,7 @@ _pellumar() {
     # Which command stands on the line, and how many arguments it has before the cursor.
     for ((i = 1; i < COMP_CWORD; ++i)); do
         word=${COMP_WORDS[i]}
-        if [[ $word == --documents ]]; then
+        if [[ $word == --documents || $word == --password-file ]]; then
             ((++i))
         elif [[ $word != -* ]]; then
             if [[ -z $command ]]; then
@@ -19,6 +19,12 @@ _pellumar() {
     if [[ ${COMP_WORDS[COMP_CWORD - 1]} == --documents ]]; then
         compopt -o filenames
         mapfile -t COMPREPLY < <(compgen -d -- "$current")
+    elif [[ ${COMP_WORDS[COMP_CWORD - 1]} == --password-file ]]; then
+        compopt -o filenames
+        mapfile -t COMPREPLY < <(compgen -f -- "$current")
+    elif [[ $current == -* && $command == unzip ]]; then
+        mapfile -t COMPREPLY < <(compgen \
+            -W '--documents --help --null --password-file --quiet --version' -- "$current")
     elif [[ $current == -* ]]; then
         mapfile -t COMPREPLY < <(
             compgen -W '--documents --help --null --quiet --version' -- "$current")

@@ -13,12 +13,13 @@ namespace {
 
 Result<UnzipReport> unzip(const std::filesystem::path& at,
                           const std::filesystem::path& to,
-                          bool skipCRC32) {
+                          bool skipCRC32,
+                          const Password* password) {
     auto archive = ArchiveReader::open(at);
     if (!archive) {
         return passOn(archive);
     }
-    auto extracted = extractAll(**archive, to, {.skipChecksum = skipCRC32});
+    auto extracted = extractAll(**archive, to, {.skipChecksum = skipCRC32, .password = password});
     if (!extracted) {
         return passOn(extracted);
     }
@@ -96,8 +97,9 @@ const Warnings& Archive::warnings() const {
 
 Result<UnzipReport> unzipItem(const std::filesystem::path& at,
                               const std::filesystem::path& to,
-                              bool skipCRC32) {
-    return withinMemory([&] { return unzip(at, to, skipCRC32); });
+                              bool skipCRC32,
+                              const Password* password) {
+    return withinMemory([&] { return unzip(at, to, skipCRC32, password); });
 }
 
 }  // namespace pellumar::archive

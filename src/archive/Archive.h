@@ -10,6 +10,7 @@
 #include "archive/base/Entry.h"
 #include "archive/base/EntrySource.h"
 #include "archive/base/Error.h"
+#include "archive/base/Password.h"
 #include "archive/base/Warning.h"
 
 namespace pellumar::archive {
@@ -135,6 +136,10 @@ struct UnzipReport {
 // their permissions, less the umask (set-id and sticky bits excepted), and modification times. With
 // `skipCRC32` the checksums are not verified.
 //
+// Encrypted entries (traditionally, or by WinZip's AES) need `password`: without it kEncrypted, and
+// kWrongPassword as their check bytes tell, before anything is written. An archive can be opened
+// and listed without.
+//
 // After an error the entries that were finished stay where they are, and no file stands under the
 // name of one that was not. Of several errors the one of the first entry in the archive is told, in
 // so far as the others were reached.
@@ -145,6 +150,7 @@ struct UnzipReport {
 // used one at a time. Returns when all threads have ended.
 [[nodiscard]] Result<UnzipReport> unzipItem(const std::filesystem::path& at,
                                             const std::filesystem::path& to,
-                                            bool skipCRC32 = false);
+                                            bool skipCRC32 = false,
+                                            const Password* password = nullptr);
 
 }  // namespace pellumar::archive

@@ -108,6 +108,9 @@ void addUnzip(CLI::App& app, CommandLine& line) {
         ->required()
         ->check(mayNotBeEmpty)
         ->option_text(" ");
+    unzip->add_option("--password-file", line.passwordFile, "File whose first line is the password")
+        ->check(mayNotBeEmpty)
+        ->option_text("FILE");
 }
 
 }  // namespace

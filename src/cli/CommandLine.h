@@ -21,6 +21,7 @@ struct CommandLine {
     std::string title;                         // kZip; without a "/"
     std::vector<std::filesystem::path> files;  // kZip: at least one
     std::filesystem::path archive;             // kUnzip
+    std::filesystem::path passwordFile;        // kUnzip; empty: none was named
     std::optional<std::filesystem::path> documents;
     bool quiet = false;
     // Each path that is printed ends with a NUL instead of a line end.

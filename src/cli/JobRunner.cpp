@@ -13,6 +13,7 @@
 #include <unordered_map>
 #include <utility>
 
+#include "cli/PasswordSource.h"
 #include "cli/PrintableText.h"
 #include "cli/ReportLines.h"
 #include "cli/TerminalProgress.h"
@@ -105,12 +106,22 @@ int JobRunner::unzip() {
     if (const std::optional<std::string> reason = whyNoArchive(commandLine_.archive)) {
         return fail(*reason);
     }
+    std::shared_ptr<const archive::Password> password;
+    if (commandLine_.passwordFile.empty()) {
+        password = askForPassword(paths->front());
+    } else if (auto read = passwordIn(commandLine_.passwordFile)) {
+        password = *std::move(read);
+    } else {
+        return fail(read.error());
+    }
     fileSystem_.createFolders();
     QEventLoop loop;
-    zipManager_.unzip(fileUrl(paths->front()),
-                      [&](const std::optional<QList<QUrl>>& files, const JobReport& report) {
-                          loop.exit(finish(files.value_or(QList<QUrl>()), report));
-                      });
+    zipManager_.unzip(
+        fileUrl(paths->front()),
+        [&](const std::optional<QList<QUrl>>& files, const JobReport& report) {
+            loop.exit(finish(files.value_or(QList<QUrl>()), report));
+        },
+        std::move(password));
     return loop.exec();
 }
 

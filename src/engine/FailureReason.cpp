@@ -55,6 +55,7 @@ class FailureWords {
                 return aboutName();
             case ErrorCode::kOutOfMemory:
             case ErrorCode::kEncrypted:
+            case ErrorCode::kWrongPassword:
             case ErrorCode::kUnsupportedMethod:
             case ErrorCode::kOverlap:
             case ErrorCode::kSizeMismatch:
@@ -222,6 +223,8 @@ class FailureWords {
             case ErrorCode::kEncrypted:
                 return tr("%1 is protected with a password, which this version cannot open yet.")
                     .arg(archive_);
+            case ErrorCode::kWrongPassword:
+                return tr("The password does not fit %1. Check it, then try again.").arg(archive_);
             case ErrorCode::kUnsupportedMethod:
                 return tr("%1 is packed in a way that this version cannot open. Ask for a common "
                           "ZIP archive.")

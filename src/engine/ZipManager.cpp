@@ -47,14 +47,16 @@ std::optional<FileSystem::Contents> stage(const std::vector<std::shared_ptr<cons
 }
 
 // Into a folder that is made for it.
-Result<archive::UnzipReport> extract(const path& source, const path& destination) {
+Result<archive::UnzipReport> extract(const path& source,
+                                     const path& destination,
+                                     const archive::Password* password) {
     std::error_code error;
     std::filesystem::create_directories(destination, error);
     if (error) {
         return archive::Failure(
             Error{.code = ErrorCode::kWriteFailed, .entry = {}, .systemError = error.value()});
     }
-    return archive::unzipItem(source, destination, false);
+    return archive::unzipItem(source, destination, false, password);
 }
 
 // One run of ZipManager::unzip, with what it passes from the background queue to the main one.
@@ -63,6 +65,7 @@ struct ExtractionJob {
     QUrl archive;
     QUrl destination;
     ZipManager::FilesCompletion completion;
+    std::shared_ptr<const archive::Password> password;
     JobReport report{OperationType::kUnzip, archive};
     std::optional<QList<QUrl>> files = std::nullopt;
 
@@ -95,11 +98,11 @@ struct ExtractionJob {
             return archive::Failure(
                 Error{.code = ErrorCode::kSourceChanged, .entry = from->filename().native()});
         }
-        Result<archive::UnzipReport> extracted = extract(*from, *to);
+        Result<archive::UnzipReport> extracted = extract(*from, *to, password.get());
         if (!extracted && extracted.error().isShortOfRoom() &&
             environment.fileSystem.finishDeletions()) {
             environment.fileSystem.removeItem(destination);
-            extracted = extract(*from, *to);
+            extracted = extract(*from, *to, password.get());
         }
         if (!extracted) {
             return archive::passOn(extracted);
@@ -185,12 +188,15 @@ void ZipManager::zip(std::vector<std::shared_ptr<const Image>> images,
          manager = weak_from_this()]() mutable { job.run(manager); });
 }
 
-void ZipManager::unzip(const QUrl& url, FilesCompletion completion) const {
+void ZipManager::unzip(const QUrl& url,
+                       FilesCompletion completion,
+                       std::shared_ptr<const archive::Password> password) const {
     auto job = std::make_shared<ExtractionJob>(ExtractionJob{
         .environment = environment_,
         .archive = url,
         .destination = environment_.fileSystem.newExtraction(),
         .completion = std::move(completion),
+        .password = std::move(password),
     });
     environment_.fileSystem.removeItem(job->destination);
     environment_.backgroundQueue.async(

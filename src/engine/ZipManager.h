@@ -9,6 +9,7 @@
 #include <optional>
 #include <vector>
 
+#include "archive/base/Password.h"
 #include "engine/FileSystem.h"
 #include "engine/JobReport.h"
 #include "engine/ZipManagerDelegate.h"
@@ -75,8 +76,10 @@ class ZipManager : public std::enable_shared_from_this<ZipManager> {
 
     // Extracts an archive into a new folder of the workspace. The completion gets what stands at
     // the top of it, hidden things left out, in natural order. After a failure what was
-    // extracted stays.
-    void unzip(const QUrl& url, FilesCompletion completion) const;
+    // extracted stays. Encrypted archives need `password`, which may be null.
+    void unzip(const QUrl& url,
+               FilesCompletion completion,
+               std::shared_ptr<const archive::Password> password = nullptr) const;
 
   private:
     explicit ZipManager(const Environment& environment) : environment_(environment) {}

@@ -12,6 +12,8 @@ import shutil
 import subprocess
 import sys
 import tempfile
+import termios
+import time
 import unittest
 import zipfile
 
@@ -43,8 +45,11 @@ class ProgramTest(unittest.TestCase):
         done = subprocess.run([PROGRAM, *place, *arguments], check=False, **options)
         return done.returncode, done.stdout, done.stderr
 
-    def run_on_terminal(self, *arguments):
-        """Returns (exit code, what the terminal was sent) with both streams on it."""
+    def run_on_terminal(self, *arguments, asked=None, answer=b""):
+        """Returns (exit code, what the terminal was sent) with both streams on it.
+
+        Once what was sent ends with `asked`, the answer is typed.
+        """
         ours, theirs = pty.openpty()
         process = subprocess.Popen([PROGRAM, "--documents", "W", *arguments], cwd=self.folder,
                                    env=self.environment, stdin=theirs, stdout=theirs, stderr=theirs)
@@ -53,6 +58,12 @@ class ProgramTest(unittest.TestCase):
         try:
             while block := os.read(ours, 4096):
                 sent += block
+                if asked and sent.endswith(asked):
+                    # What is typed before the echo is off is dropped.
+                    while termios.tcgetattr(ours)[3] & termios.ECHO:
+                        time.sleep(0.01)
+                    os.write(ours, answer)
+                    asked = None
         except OSError:
             pass  # The other side is closed.
         os.close(ours)
@@ -182,6 +193,27 @@ class UnzipTest(ProgramTest):
         self.assertRegex(err, rb"^pellumar: /.*/a\.zip: warning: bytes before the archive.*\n$")
         self.assertEqual(self.run_program("-q", "unzip", "a.zip")[2], b"")
 
+    def test_opens_what_is_protected_with_a_password(self):
+        self.write("secret", b"what nobody knows")
+        self.write("right", b"geheim\nsecond line\n")
+        self.write("wrong", b"falsch")
+        subprocess.run(["7zz", "a", "-tzip", "-mem=AES256", "-pgeheim", "a.zip", "secret"],
+                       cwd=self.folder, check=True, stdout=subprocess.DEVNULL)
+        code, out, err = self.run_program("-q", "unzip", "--password-file", "right", "a.zip")
+        self.assertEqual((code, err), (0, b""))
+        self.assertEqual(pathlib.Path(out.decode().strip()).read_bytes(), b"what nobody knows")
+        for arguments in ([], ["--password-file", "wrong"]):
+            code, out, err = self.run_program("-q", "unzip", "a.zip", *arguments)
+            self.assertEqual((code, out, err.count(b"\n")), (1, b"", 1))
+            self.assertIn(b"password", err)
+        code, _, err = self.run_program("-q", "unzip", "a.zip", "--password-file", "missing")
+        self.assertEqual((code, err), (1, b"pellumar: missing: No such file or directory\n"))
+        for answer, expected in ((b"geheim\n", 0), (b"falsch\n", 1)):
+            code, sent = self.run_on_terminal("-q", "unzip", "a.zip", answer=answer,
+                                              asked=b"Password of a.zip: ")
+            self.assertEqual(code, expected, sent)
+            self.assertNotIn(answer.strip(), sent)
+
     def test_names_cannot_command_the_terminal(self):
         self.archive(["evil\x1b]0;title\x07\u009b31m"])
         code, sent = self.run_on_terminal("unzip", "a.zip")
@@ -278,6 +310,9 @@ class PackagingTest(ProgramTest):
                 (["zip", "--n"], {"--null"}),
                 (["zip", ""], set()),
                 (["zip", "T", "c"], {"c.txt"}),
+                (["unzip", "--pa"], {"--password-file"}),
+                (["unzip", "--password-file", "c"], {"c.txt"}),
+                (["unzip", "--password-file", "c.txt", ""], {"a.zip", "B.ZIP", "dir"}),
                 (["unzip", ""], {"a.zip", "B.ZIP", "dir"})):
             script = (f"compopt() {{ :; }}; . '{self.BASH}'; COMP_WORDS=(pellumar \"$@\"); "
                       "COMP_CWORD=$#; _pellumar; printf '%s\\n' \"${COMPREPLY[@]}\"")

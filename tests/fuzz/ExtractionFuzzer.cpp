@@ -44,7 +44,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         }
     }
     const pellumar::test::TemporaryFolder folder;
-    const auto report = archive::unzipItem(path, folder / "destination");
+    const archive::Password password("geheim");  // that of the inputs which are encrypted
+    const auto report = archive::unzipItem(path, folder / "destination", false, &password);
     require(report || !report.error().describe().empty(), "an error has a description");
     for (const auto& entry : std::filesystem::directory_iterator(folder.path())) {
         require(entry.path().filename() == "destination", "nothing is written beside it");

@@ -17,6 +17,8 @@ struct Entry {
     EntryType type = EntryType::kFile;
     // The format's number of the compression method (APPNOTE 4.4.5).
     std::uint16_t method = 0;
+    // Its data can only be read with a password.
+    bool encrypted = false;
     // Permission bits as chmod takes them, without set-id and sticky bits.
     std::uint32_t permissions = 0;
     std::uint32_t crc32 = 0;

@@ -40,7 +40,9 @@ std::string_view describe(ErrorCode code) {
         case ErrorCode::kUnsafeLink:
             return "symbolic link that leaves the destination";
         case ErrorCode::kEncrypted:
-            return "encrypted";
+            return "encrypted, needs a password";
+        case ErrorCode::kWrongPassword:
+            return "wrong password";
         case ErrorCode::kUnsupportedMethod:
             return "unsupported compression method";
         case ErrorCode::kOverlap:

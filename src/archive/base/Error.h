@@ -34,7 +34,8 @@ enum class ErrorCode : std::uint8_t {
     kNameTooLong,
     kConflictingNames,  // a file that is a folder as well
     kUnsafeLink,        // a symbolic link that leaves the destination
-    kEncrypted,
+    kEncrypted,         // and no password was given, or it is a way that cannot be read
+    kWrongPassword,
     kUnsupportedMethod,
     kOverlap,
     kSizeMismatch,  // declared sizes that cannot be true, or were not

@@ -57,6 +57,8 @@ inline constexpr std::uint16_t kMethodZstandardOld = 20;  // before 6.3.8
 inline constexpr std::uint16_t kMethodZstandard = 93;
 inline constexpr std::uint16_t kMethodXz = 95;
 inline constexpr std::uint16_t kMethodPpmd = 98;
+// The true method stands in the AES field (WinZip's AES Encryption Information).
+inline constexpr std::uint16_t kMethodAes = 99;
 
 // Extra field identifiers (4.5.2, 4.6.1).
 inline constexpr std::uint16_t kExtraZip64 = 0x0001;              // 4.5.3
@@ -65,6 +67,10 @@ inline constexpr std::uint16_t kExtraUnixOld = 0x000D;            // 4.5.7
 inline constexpr std::uint16_t kExtraExtendedTimestamp = 0x5455;  // Info-ZIP "UT"
 inline constexpr std::uint16_t kExtraInfoZipUnix1 = 0x5855;       // Info-ZIP "UX"
 inline constexpr std::uint16_t kExtraUnicodePath = 0x7075;        // 4.6.9
+
+// Version (1, 2: AE-1, AE-2), "AE", strength (1 to 3), true method: seven bytes.
+inline constexpr std::uint16_t kExtraAes = 0x9901;
+inline constexpr std::size_t kAesFieldSize = 7;
 
 inline constexpr std::size_t kExtraFieldHeaderSize = 4;
 

@@ -134,13 +134,43 @@ void setTypeAndPermissions(const CentralDirectoryHeader& header,
     }
 }
 
+// What the header says of encryption, or nothing if it is a way that cannot be read. Puts the true
+// method in its place.
+std::optional<Encryption> encryptionOf(CentralDirectoryHeader& header) {
+    if ((header.flags & (kFlagStrongEncryption | kFlagMaskedHeader)) != 0) {
+        return std::nullopt;
+    }
+    if ((header.flags & kFlagEncrypted) == 0) {
+        return Encryption();
+    }
+    if (header.method != kMethodAes) {
+        const auto check = static_cast<std::uint8_t>(header.crc32 >> 24U);
+        const bool described = (header.flags & kFlagDataDescriptor) != 0;
+        return Encryption{.kind = Encryption::Kind::kTraditional,
+                          .check = check,
+                          .otherCheck = described
+                                            ? static_cast<std::uint8_t>(header.modified.time >> 8U)
+                                            : check};
+    }
+    const auto field = findExtraField(header.extra, kExtraAes);
+    if (!field || field->size() < kAesFieldSize) {
+        return std::nullopt;
+    }
+    const auto version = loadLittleEndian<std::uint16_t>(*field);
+    const std::uint8_t strength = (*field)[4];
+    if (version < 1 || version > 2 || strength < 1 || strength > 3) {
+        return std::nullopt;
+    }
+    header.method = loadLittleEndian<std::uint16_t>(*field, 5);
+    return Encryption{
+        .kind = Encryption::Kind::kAes, .aesStrength = strength, .hidesChecksum = version == 2};
+}
+
 // What a single header shows to be impossible or not to be had.
 std::optional<ErrorCode> refusalOf(const CentralDirectoryHeader& header,
-                                   const Entry& entry,
+                                   const EntryData& data,
                                    bool sizesAreCut) {
-    if ((header.flags & (kFlagEncrypted | kFlagStrongEncryption | kFlagMaskedHeader)) != 0) {
-        return ErrorCode::kEncrypted;
-    }
+    const Entry& entry = data.entry;
     if (header.disk != 0) {
         return ErrorCode::kMultipleDisks;
     }
@@ -150,12 +180,16 @@ std::optional<ErrorCode> refusalOf(const CentralDirectoryHeader& header,
     if (isAmbiguous(rawNameOf(header))) {
         return ErrorCode::kUnsafeName;
     }
+    const std::uint64_t around = data.encryption.headerSize() + data.encryption.trailerSize();
+    if (header.compressedSize < around && entry.type != EntryType::kFolder) {
+        return ErrorCode::kSizeMismatch;
+    }
+    const std::uint64_t packed = header.compressedSize - std::min(around, header.compressedSize);
     const bool folderWithData = entry.type == EntryType::kFolder && header.uncompressedSize != 0;
     const bool storedOtherwise =
-        header.method == kMethodStored && header.compressedSize != header.uncompressedSize;
+        header.method == kMethodStored && packed != header.uncompressedSize;
     if (folderWithData || storedOtherwise ||
-        (!sizesAreCut &&
-         header.uncompressedSize > mostUncompressedSize(header.method, header.compressedSize))) {
+        (!sizesAreCut && header.uncompressedSize > mostUncompressedSize(header.method, packed))) {
         return ErrorCode::kSizeMismatch;
     }
     return std::nullopt;
@@ -182,7 +216,7 @@ class TableBuilder {
         table_.expect(entries, namesSize);
     }
 
-    Result<> add(const CentralDirectoryHeader& header, std::uint64_t offset) {
+    Result<> add(CentralDirectoryHeader header, std::uint64_t offset) {
         const DecodedName name = names_.decode(rawNameOf(header));
         auto path = judgeEntryName(name.text, pathStorage_);
         if (!path) {
@@ -190,7 +224,14 @@ class TableBuilder {
         }
         EntryData data;
         setTypeAndPermissions(header, path->isFolder, data);
-        if (const auto reason = refusalOf(header, data.entry, location_.cutTo32Bits)) {
+        const auto encryption = encryptionOf(header);
+        if (!encryption) {
+            return Failure(
+                Error{.code = ErrorCode::kEncrypted, .entry = name.text, .offset = offset});
+        }
+        data.encryption = *encryption;
+        data.entry.encrypted = static_cast<bool>(*encryption);
+        if (const auto reason = refusalOf(header, data, location_.cutTo32Bits)) {
             return Failure(Error{.code = *reason, .entry = name.text, .offset = offset});
         }
         const auto localHeader = localHeaderOf(header);

@@ -27,6 +27,10 @@ constexpr std::size_t kUsualExtra = 256;
 // How much is read at once of entries that are needed one after another. Stays in the cache.
 constexpr std::size_t kWindowSize = 128UL * 1024;
 
+// Of AES with the longest salt.
+constexpr std::size_t kLongestEncryptionHeader = 18;
+constexpr std::size_t kLongestEncryptionTrailer = 10;
+
 // The bits that change what an entry is; the compression options in bits 1 and 2 do not, and what
 // the name's letters are is asked with the name.
 constexpr std::uint16_t kComparedFlags =
@@ -69,11 +73,20 @@ bool sizesAgree(std::uint64_t local, std::uint64_t central, const EntryData& dat
            (data.sizesMayBeCut && local == static_cast<std::uint32_t>(central));
 }
 
+// Info-ZIP, before a data descriptor, has the time in place of the checksum that the header of
+// traditional encryption is checked by.
+bool holdsCheckOnly(const LocalFileHeader& local, const Encryption& encryption) {
+    return encryption.kind == Encryption::Kind::kTraditional && (local.crc32 & kMax16) == 0 &&
+           local.crc32 >> 24U == encryption.otherCheck;
+}
+
 bool agrees(const LocalFileHeader& local, const EntryData& data) {
     const Entry& entry = data.entry;
     const bool described = hasDescriptor(local);
-    return flagsAgree(local, data) && local.method == entry.method &&
-           agreesOrUnknown(local.crc32, entry.crc32, described) &&
+    const bool aes = data.encryption.kind == Encryption::Kind::kAes;
+    return flagsAgree(local, data) && local.method == (aes ? kMethodAes : entry.method) &&
+           (agreesOrUnknown(local.crc32, entry.crc32, described) ||
+            (described && holdsCheckOnly(local, data.encryption))) &&
            sizesAgree(local.compressedSize, entry.compressedSize, data, described) &&
            sizesAgree(local.uncompressedSize, entry.uncompressedSize, data, described) &&
            namesAgree(local, data);
@@ -81,18 +94,20 @@ bool agrees(const LocalFileHeader& local, const EntryData& data) {
 
 }  // namespace
 
-EntryReader::EntryReader(const File& file, OneShotInflater inflater)
+EntryReader::EntryReader(const File& file, const Password* password, OneShotInflater inflater)
     : file_(file),
+      password_(password),
       inflater_(std::move(inflater)),
       input_(std::make_unique_for_overwrite<std::uint8_t[]>(kInputSize)),
       output_(std::make_unique_for_overwrite<std::uint8_t[]>(kOutputSize)) {}
 
-Result<std::unique_ptr<EntryReader>> EntryReader::create(const File& file) {
+Result<std::unique_ptr<EntryReader>> EntryReader::create(const File& file,
+                                                         const Password* password) {
     auto inflater = OneShotInflater::create();
     if (!inflater) {
         return passOn(inflater);
     }
-    return std::unique_ptr<EntryReader>(new EntryReader(file, std::move(*inflater)));
+    return std::unique_ptr<EntryReader>(new EntryReader(file, password, std::move(*inflater)));
 }
 
 Result<> EntryReader::read(const EntryData& data,
@@ -150,6 +165,9 @@ Result<> EntryReader::readUnnamed(const EntryData& data,
     if (auto described = checkDescriptor(data, *located); !described) {
         return described;
     }
+    if (data.encryption) {
+        return streamEncrypted(data, *located, skipChecksum, sink);
+    }
     const bool whole = located->buffered.size() >= entry.compressedSize &&
                        entry.uncompressedSize <= kOutputSize &&
                        (entry.method == kMethodStored || entry.method == kMethodDeflate);
@@ -158,7 +176,58 @@ Result<> EntryReader::readUnnamed(const EntryData& data,
             located->buffered.first(static_cast<std::size_t>(entry.compressedSize));
         return unpackWhole(entry, compressed, skipChecksum, sink);
     }
-    return stream(data, *located, skipChecksum, sink);
+    return stream(data, *located, skipChecksum, sink, nullptr);
+}
+
+Result<> EntryReader::checkPassword(const EntryData& data) {
+    auto located = locate(data, usualHeaderSize(data), 0);
+    if (!located) {
+        return Failure(
+            std::move(located.error()).about(data.entry.path, data.entry.localHeaderOffset));
+    }
+    auto decryptor = decryptorFor(data, located->dataOffset);
+    if (!decryptor) {
+        return Failure(
+            std::move(decryptor.error()).about(data.entry.path, data.entry.localHeaderOffset));
+    }
+    return {};
+}
+
+Result<std::unique_ptr<Decryptor>> EntryReader::decryptorFor(const EntryData& data,
+                                                             std::uint64_t dataOffset) const {
+    if (password_ == nullptr) {
+        return failure(ErrorCode::kEncrypted);
+    }
+    std::array<std::uint8_t, kLongestEncryptionHeader> buffer{};
+    const MutableBytes header = MutableBytes(buffer).first(data.encryption.headerSize());
+    if (auto read = file_.readExactlyAt(dataOffset, header); !read) {
+        return passOn(read);
+    }
+    return makeDecryptor(data.encryption, *password_, header);
+}
+
+// Whatever its size it streams, and what the buffer holds of it is read again.
+Result<> EntryReader::streamEncrypted(const EntryData& data,
+                                      Located located,
+                                      bool skipChecksum,
+                                      DataSink& sink) {
+    auto decryptor = decryptorFor(data, located.dataOffset);
+    if (!decryptor) {
+        return passOn(decryptor);
+    }
+    std::array<std::uint8_t, kLongestEncryptionTrailer> buffer{};
+    const MutableBytes trailer = MutableBytes(buffer).first(data.encryption.trailerSize());
+    located.buffered = {};
+    located.dataOffset += data.encryption.headerSize();
+    located.dataEnd -= trailer.size();
+    if (auto read = file_.readExactlyAt(located.dataEnd, trailer); !read) {
+        return read;
+    }
+    const bool checked = skipChecksum || data.encryption.hidesChecksum;
+    if (auto done = stream(data, located, checked, sink, decryptor->get()); !done) {
+        return done;
+    }
+    return (*decryptor)->finish(trailer);
 }
 
 Result<ByteView> EntryReader::window(std::uint64_t offset,
@@ -297,7 +366,8 @@ Result<ByteView> EntryReader::Located::next(const File& file, MutableBytes buffe
 Result<> EntryReader::stream(const EntryData& data,
                              Located located,
                              bool skipChecksum,
-                             DataSink& sink) {
+                             DataSink& sink,
+                             Decryptor* decryptor) {
     auto decoder = decoderFor(data);
     if (!decoder) {
         return passOn(decoder);
@@ -315,6 +385,12 @@ Result<> EntryReader::stream(const EntryData& data,
             auto next = located.next(file_, MutableBytes(input_.get(), kPieceSize));
             if (!next) {
                 return passOn(next);
+            }
+            if (decryptor != nullptr) {
+                const MutableBytes piece(input_.get(), next->size());
+                if (auto decrypted = decryptor->decrypt(piece); !decrypted) {
+                    return decrypted;
+                }
             }
             input = *next;
         }

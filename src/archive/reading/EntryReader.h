@@ -24,8 +24,14 @@ namespace pellumar::archive {
 // an error shows.
 class EntryReader {
   public:
-    // `file` outlives the reader; other readers may use it at the same time.
-    [[nodiscard]] static Result<std::unique_ptr<EntryReader>> create(const File& file);
+    // `file` and `password`, which may be null, outlive the reader; other readers may use them at
+    // the same time.
+    [[nodiscard]] static Result<std::unique_ptr<EntryReader>> create(
+        const File& file,
+        const Password* password = nullptr);
+
+    // Of an encrypted entry: kWrongPassword by its check bytes, kEncrypted if there is no password.
+    [[nodiscard]] Result<> checkPassword(const EntryData& data);
 
     // Reads the entry's local header alone and holds it against the central directory:
     // kHeaderMismatch if they disagree, kOverlap if the data would not lie within the entry's slot.
@@ -57,7 +63,7 @@ class EntryReader {
         [[nodiscard]] Result<ByteView> next(const File& file, MutableBytes buffer);
     };
 
-    EntryReader(const File& file, OneShotInflater inflater);
+    EntryReader(const File& file, const Password* password, OneShotInflater inflater);
 
     [[nodiscard]] Result<> readUnnamed(const EntryData& data,
                                        bool skipChecksum,
@@ -76,14 +82,23 @@ class EntryReader {
                                        ByteView compressed,
                                        bool skipChecksum,
                                        DataSink& sink);
+    // With the data decrypted first, if there is a decryptor.
     [[nodiscard]] Result<> stream(const EntryData& data,
                                   Located located,
                                   bool skipChecksum,
-                                  DataSink& sink);
+                                  DataSink& sink,
+                                  Decryptor* decryptor);
+    [[nodiscard]] Result<> streamEncrypted(const EntryData& data,
+                                           Located located,
+                                           bool skipChecksum,
+                                           DataSink& sink);
+    [[nodiscard]] Result<std::unique_ptr<Decryptor>> decryptorFor(const EntryData& data,
+                                                                  std::uint64_t dataOffset) const;
     [[nodiscard]] Result<> checkDescriptor(const EntryData& data, const Located& located);
     [[nodiscard]] Result<Decoder*> decoderFor(const EntryData& data);
 
     const File& file_;
+    const Password* password_;
     OneShotInflater inflater_;
     std::unique_ptr<Decoder> inflateDecoder_;  // kept: nearly every large entry needs it
     std::unique_ptr<Decoder> otherDecoder_;

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "archive/base/Entry.h"
+#include "archive/codecs/Decryptor.h"
 
 namespace pellumar::archive {
 
@@ -18,6 +19,7 @@ struct EntryData {
     // Where the next entry or the directory begins: no byte of this entry's lies behind.
     std::uint64_t slotEnd = 0;
     std::uint16_t flags = 0;
+    Encryption encryption;
     bool namedAsFolder = false;
     // The sizes may be the lower 32 bits of the true ones: the archive has no ZIP64 records.
     bool sizesMayBeCut = false;

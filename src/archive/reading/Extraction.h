@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "archive/base/Error.h"
+#include "archive/base/Password.h"
 #include "archive/base/Warning.h"
 #include "archive/reading/ArchiveReader.h"
 
@@ -12,6 +13,8 @@ namespace pellumar::archive {
 
 struct ExtractionOptions {
     bool skipChecksum = false;
+    // For encrypted entries; may be null, and has to live until the extraction is over.
+    const Password* password = nullptr;
     // How many threads work, the calling one included; 0 means as many as the machine has, up to
     // eight.
     unsigned threads = 0;

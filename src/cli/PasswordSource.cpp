@@ -1,0 +1,111 @@
+#include "cli/PasswordSource.h"
+
+#include <fcntl.h>
+#include <termios.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <string_view>
+#include <system_error>
+#include <utility>
+
+#include "archive/Archive.h"
+#include "archive/base/File.h"
+#include "cli/PrintableText.h"
+
+namespace pellumar {
+namespace {
+
+// No password is longer; a file that has no line end would be read whole.
+constexpr std::size_t kLongest = 4096;
+
+tl::expected<std::string, int> firstLineOf(int descriptor) {
+    std::string line;
+    char byte = 0;
+    line.reserve(kLongest);
+    while (line.size() < kLongest) {
+        const ssize_t count = ::read(descriptor, &byte, 1);
+        if (count < 0 && errno == EINTR) {
+            continue;
+        }
+        if (count < 0) {
+            return tl::unexpected(errno);
+        }
+        if (count == 0 || byte == '\n') {
+            break;
+        }
+        line.push_back(byte);
+    }
+    if (line.ends_with('\r')) {
+        line.pop_back();
+    }
+    return line;
+}
+
+bool needsPassword(const std::filesystem::path& path) {
+    const auto opened = archive::Archive::open(path, archive::AccessMode::kRead);
+    return opened && std::any_of(opened->begin(), opened->end(), [](const archive::Entry& entry) {
+               return entry.encrypted;
+           });
+}
+
+// Types without an echo as long as it lives.
+class SilentTyping {
+  public:
+    explicit SilentTyping(int terminal) : terminal_(terminal) {
+        changed_ = ::tcgetattr(terminal, &before_) == 0;
+        if (changed_) {
+            termios silent = before_;
+            silent.c_lflag &= ~static_cast<tcflag_t>(ECHO);
+            ::tcsetattr(terminal, TCSAFLUSH, &silent);
+        }
+    }
+    SilentTyping(const SilentTyping&) = delete;
+    SilentTyping& operator=(const SilentTyping&) = delete;
+    ~SilentTyping() {
+        if (changed_) {
+            ::tcsetattr(terminal_, TCSAFLUSH, &before_);
+        }
+    }
+
+  private:
+    int terminal_;
+    termios before_{};
+    bool changed_ = false;
+};
+
+void say(int terminal, std::string_view text) {
+    static_cast<void>(!::write(terminal, text.data(), text.size()));
+}
+
+}  // namespace
+
+tl::expected<std::shared_ptr<const archive::Password>, std::string> passwordIn(
+    const std::filesystem::path& file) {
+    const archive::File opened(::open(file.c_str(), O_RDONLY | O_CLOEXEC));
+    tl::expected<std::string, int> line = tl::unexpected(errno);
+    if (opened.isOpen()) {
+        line = firstLineOf(opened.descriptor());
+    }
+    if (!line) {
+        return tl::unexpected(file.native() + ": " + std::generic_category().message(line.error()));
+    }
+    return std::make_shared<const archive::Password>(*std::move(line));
+}
+
+std::shared_ptr<const archive::Password> askForPassword(const std::filesystem::path& archive) {
+    if (::isatty(STDIN_FILENO) == 0 || ::isatty(STDERR_FILENO) == 0 || !needsPassword(archive)) {
+        return nullptr;
+    }
+    say(STDERR_FILENO, "Password of " + printable(archive.filename().native()) + ": ");
+    tl::expected<std::string, int> line;
+    {
+        const SilentTyping silent(STDIN_FILENO);
+        line = firstLineOf(STDIN_FILENO);
+    }
+    say(STDERR_FILENO, "\n");
+    return line ? std::make_shared<const archive::Password>(*std::move(line)) : nullptr;
+}
+
+}  // namespace pellumar
