@@ -35,10 +35,10 @@ void FeedbackViewController::starEvaluationViewDidSelectRating(int rating) {
 void FeedbackViewController::sendTapped() {
     analytics_.logEvaluatedApp(evaluation_);
     if (evaluation_ <= kThreshold) {
-        dismiss(true);
+        dismissSelf(true);
         return;
     }
-    dismiss(true, [&settings = settings_, &review = review_] {
+    dismissSelf(true, [&settings = settings_, &review = review_] {
         settings.userDefaults().setBool(true, settings.achievedSuccessKey());
         review.requestReview();
     });

@@ -27,7 +27,7 @@ class FeedbackViewController : public pellumar::UIViewController,
                            StoreReview& review);
 
     Q_INVOKABLE void sendTapped();
-    Q_INVOKABLE void closeTapped() { dismiss(true); }
+    Q_INVOKABLE void closeTapped() { dismissSelf(true); }
 
     [[nodiscard]] int evaluation() const { return evaluation_; }
     [[nodiscard]] UIStatusBarStyle preferredStatusBarStyle() const override {

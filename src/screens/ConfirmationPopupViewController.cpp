@@ -20,7 +20,7 @@ void ConfirmationPopupViewController::viewDidLoad() {
 }
 
 void ConfirmationPopupViewController::unzipTapped() {
-    dismiss(true, [self = weakly(this)] {
+    dismissSelf(true, [self = weakly(this)] {
         const auto popup = self.lock();
         const auto delegate = popup ? popup->delegate_.lock() : nullptr;
         if (delegate) {
@@ -30,7 +30,7 @@ void ConfirmationPopupViewController::unzipTapped() {
 }
 
 void ConfirmationPopupViewController::cancelTapped() {
-    dismiss(true);
+    dismissSelf(true);
 }
 
 }  // namespace pellumar

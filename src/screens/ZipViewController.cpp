@@ -80,9 +80,9 @@ void ZipViewController::pickerDidFinishPicking(
         }
     }
     if (!identifiers.isEmpty()) {
-        picker->dismiss(true, whileAlive([this, identifiers] { takeAssets(identifiers); }));
+        picker->dismissSelf(true, whileAlive([this, identifiers] { takeAssets(identifiers); }));
     } else {
-        picker->dismiss(true);
+        picker->dismissSelf(true);
     }
 }
 

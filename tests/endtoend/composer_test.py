@@ -23,6 +23,7 @@ class ComposerTest(road.RoadTest):
     def save_under(self, title, application):
         """Answers the question for the title, saves what is shared, and returns where it is."""
         field = application.find("text", "Filename")
+        road.until(lambda: "focused" in field.states, "the keyboard in the field")
         application.type(title)
         road.until(lambda: field.text == title, lambda: f"the title, is {field.text!r}")
         application.press("push button", "Save")

@@ -8,6 +8,7 @@
 #include <functional>
 #include <memory>
 
+#include "gui/SteppedAnimator.h"
 #include "platform/RecordingAnalytics.h"
 #include "platform/kit/QmlViewLoader.h"
 #include "platform/kit/UINavigationController.h"
@@ -22,18 +23,6 @@
 #include "support/TemporaryFolder.h"
 
 namespace pellumar::test {
-
-// Nothing moves: all that is animated is done at once.
-class InstantAnimator : public Animator {
-  public:
-    void animate(std::chrono::milliseconds /*duration*/,
-                 const QEasingCurve& /*easing*/,
-                 Step step,
-                 Finished finished) override {
-        step(1);
-        finished();
-    }
-};
 
 class CountingReview : public StoreReview {
   public:
@@ -102,7 +91,7 @@ class ScreenFixture : public testing::Test {
     NoInhibitor sleep;
     QQmlEngine engine;
     QmlViewLoader viewLoader;
-    InstantAnimator animator;
+    SteppedAnimator animator;
     RelevantActionCount launches;
     ScreenServices services;
     UIWindow window;

@@ -6,61 +6,47 @@
 namespace pellumar::test {
 namespace {
 
-// Animations end when they are told.
-class HeldAnimator : public Animator {
-  public:
-    void animate(std::chrono::milliseconds /*duration*/,
-                 const QEasingCurve& /*easing*/,
-                 Step /*step*/,
-                 Finished finished) override {
-        held_.push_back(std::move(finished));
-    }
-    void finishAll() {
-        for (const Finished& each : std::exchange(held_, {})) {
-            each();
-        }
-    }
-
-  private:
-    std::vector<Finished> held_;
-};
-
 class PresentationTest : public ScreenFixture {
   protected:
-    PresentationTest() : root(makeController<UIAlertController>(held, "root", "")) {
+    PresentationTest() : root(make("root")) {
         window.setRootViewController(root);
         window.makeKeyAndVisible();
+        animator.hold();
     }
     std::shared_ptr<UIAlertController> make(const QString& title) {
-        return makeController<UIAlertController>(held, title, QString());
+        return makeController<UIAlertController>(services.ui, title, QString());
+    }
+    // Presented, and come to its place.
+    std::shared_ptr<UIAlertController> show(const QString& title) {
+        const auto shown = make(title);
+        root->present(shown, true);
+        animator.finishAll();
+        return shown;
     }
 
-    HeldAnimator holding;
-    const UIContext held{viewLoader, holding, {}};
     std::shared_ptr<UIAlertController> root;
 };
 
 // An archive that is handed over just as a sheet closes must still be asked about: it hung from the
 // sheet and went with it.
 TEST_F(PresentationTest, WhatIsPresentedWhileAnotherLeavesComesAfterIt) {
-    const auto leaving = make("leaving");
-    root->present(leaving, true);
-    holding.finishAll();
+    const auto leaving = show("leaving");
     QStringList order;
-    leaving->dismiss(true, [&order] { order.append("gone"); });
+    EXPECT_TRUE(leaving->dismissSelf(true, [&order] { order.append("gone"); }));
     root->present(make("next"), true, [&order] { order.append("next"); });
     leaving->present(make("lost with its presenter"), true);
     EXPECT_EQ(window.topViewController(), leaving);
 
-    holding.finishAll();
+    animator.finish();
     const auto next = presented<UIAlertController>();
     ASSERT_TRUE(next);
     EXPECT_EQ(next->alertTitle(), "next");
     EXPECT_EQ(next->presentingViewController(), root);
     EXPECT_EQ(window.topLayer(), &next->view());
-    holding.finishAll();
+    animator.finishAll();
     EXPECT_EQ(order, (QStringList{"gone", "next"}));
     EXPECT_FALSE(next->presentedViewController());
+    EXPECT_FALSE(leaving->presentingViewController());
 }
 
 TEST_F(PresentationTest, EveryScreenAskedForStandsAboveTheLast) {
@@ -71,9 +57,89 @@ TEST_F(PresentationTest, EveryScreenAskedForStandsAboveTheLast) {
     EXPECT_EQ(second->alertTitle(), "second");
     EXPECT_TRUE(second->view().isEnabled());
     EXPECT_FALSE(root->view().isEnabled());
-    root->dismiss(false);
+    window.setRootViewController(root);
     EXPECT_EQ(window.topViewController(), root);
     EXPECT_TRUE(root->view().isEnabled());
+}
+
+// Two taps on "Unzip" were two dismissals, and the second ran its completion as well.
+TEST_F(PresentationTest, AScreenThatLeavesIsNotDismissedAgain) {
+    const auto shown = show("shown");
+    int completions = 0;
+    const auto count = [&completions] { ++completions; };
+    EXPECT_TRUE(shown->dismissSelf(true, count));
+    EXPECT_FALSE(shown->view().isEnabled());
+    EXPECT_FALSE(shown->dismissSelf(true, count));
+    EXPECT_FALSE(shown->dismissSelf(false, count));
+    EXPECT_TRUE(shown->goBack());
+    animator.finishAll();
+    EXPECT_EQ(completions, 1);
+    EXPECT_FALSE(shown->dismissSelf(true, count));
+    EXPECT_EQ(completions, 1);
+    EXPECT_EQ(window.topViewController(), root);
+    EXPECT_TRUE(root->view().isEnabled());
+}
+
+TEST_F(PresentationTest, WhatStillComesCanLeave) {
+    const auto shown = make("shown");
+    bool hasCome = false;
+    root->present(shown, true, [&hasCome] { hasCome = true; });
+    animator.stepTo(0.5);
+    EXPECT_EQ(shown->presentation(), 0.5);
+    EXPECT_TRUE(shown->dismissSelf(true));
+    animator.stepTo(0.5);
+    EXPECT_EQ(shown->presentation(), 0.25);
+    animator.finishAll();
+    EXPECT_FALSE(hasCome);
+    EXPECT_EQ(shown->presentation(), 0);
+    EXPECT_EQ(shown->appearance(), UIViewController::Appearance::kDisappeared);
+    // It can be shown once more.
+    root->present(shown, true);
+    animator.finishAll();
+    EXPECT_EQ(presented<UIAlertController>(), shown);
+}
+
+// A picker that had copied took the question for another archive with it, which stood above.
+TEST_F(PresentationTest, WhatStandsAboveAScreenOutlivesIt) {
+    const auto picker = show("picker");
+    const auto popup = show("popup");
+    int completions = 0;
+    picker->dismissSelf(true, [&completions] { ++completions; });
+    EXPECT_EQ(window.topViewController(), popup);
+    EXPECT_TRUE(popup->view().isEnabled());
+    animator.finishAll();
+    EXPECT_EQ(completions, 1);
+    EXPECT_EQ(window.topViewController(), popup);
+    EXPECT_EQ(popup->presentingViewController(), root);
+    EXPECT_EQ(window.topLayer(), &popup->view());
+    EXPECT_TRUE(popup->view().window());
+    EXPECT_FALSE(picker->presentedViewController());
+    popup->dismissSelf(true);
+    animator.finishAll();
+    EXPECT_EQ(window.topViewController(), root);
+}
+
+TEST_F(PresentationTest, TheKeyboardComesWithTheScreenAndReturns) {
+    const auto shown = make("shown");
+    QQuickItem* const before = window.activeFocusItem();
+    root->present(shown, true);
+    EXPECT_FALSE(shown->view().hasActiveFocus());
+    animator.finishAll();
+    EXPECT_TRUE(shown->view().hasActiveFocus());
+    shown->dismissSelf(true);
+    EXPECT_FALSE(shown->view().hasActiveFocus());
+    animator.finishAll();
+    EXPECT_EQ(window.activeFocusItem(), before);
+}
+
+TEST_F(PresentationTest, AMaximisedWindowStaysSoWhenTheRootChanges) {
+    window.showMaximized();
+    window.setRootViewController(make("another"));
+    window.makeKeyAndVisible();
+    EXPECT_TRUE(window.windowStates() & Qt::WindowMaximized);
+    window.showFullScreen();
+    window.makeKeyAndVisible();
+    EXPECT_TRUE(window.windowStates() & Qt::WindowFullScreen);
 }
 
 }  // namespace

@@ -225,7 +225,7 @@ void UIDocumentPickerViewController::imported(const tl::expected<QList<QUrl>, QS
 
 void UIDocumentPickerViewController::finish(const QList<QUrl>& urls) {
     state_ = State::kDone;
-    dismiss(true, [delegate = delegate_, urls] {
+    dismissSelf(true, [delegate = delegate_, urls] {
         if (const auto told = delegate.lock()) {
             told->documentPickerDidPickDocuments(urls);
         }
@@ -239,7 +239,7 @@ void UIDocumentPickerViewController::cancelTapped() {
     if (import_) {
         import_->cancel();
     }
-    dismiss(true, [delegate = delegate_] {
+    dismissSelf(true, [delegate = delegate_] {
         if (const auto told = delegate.lock()) {
             told->documentPickerWasCancelled();
         }

@@ -11,8 +11,7 @@ void FrameAnimator::animate(std::chrono::milliseconds duration,
                             Finished finished) {
     if (isStill_()) {
         step(1);
-        finished();
-        return;
+        step = [](qreal) {};
     }
     auto* animation = new QVariantAnimation(&running_);
     animation->setDuration(static_cast<int>(duration.count()));

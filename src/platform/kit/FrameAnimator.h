@@ -6,8 +6,9 @@
 
 namespace pellumar {
 
-// Animates in step with the frames of the window, or does all at once where the user wants nothing
-// to move. Animations that run when it goes away end where they are, unfinished.
+// Animates in step with the frames of the window. Where the user wants nothing to move, the first
+// step is the last; the time is taken all the same, as what it is for needs it. Animations that run
+// when it goes away end where they are, unfinished.
 class FrameAnimator : public Animator {
   public:
     // `isStill` tells whether nothing is to move; it is asked at every beginning.

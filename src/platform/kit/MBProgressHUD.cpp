@@ -32,22 +32,21 @@ std::shared_ptr<MBProgressHUD> MBProgressHUD::showAddedTo(const UIContext& conte
     }
     hud->shown_ = hud;
     connect(&view, &QObject::destroyed, hud.get(), [self = hud.get()] { self->shown_.reset(); });
-    hud->fade(0, 1, animated, [] {});
+    hud->transition_.come(animated ? kFadeTime : Transition::kAtOnce);
     return hud;
 }
 
 void MBProgressHUD::hide(bool animated) {
-    if (isHidden_) {
+    if (isHidden()) {
         return;
     }
-    isHidden_ = true;
     // The view has its controls back at once; what fades is a picture.
     item_->setEnabled(false);
     item_->setFocus(false);
     uncover();
     const std::shared_ptr<MBProgressHUD> self = shared_from_this();
     shown_.reset();
-    fade(presence_, 0, animated, [self] {
+    transition_.leave(animated ? kFadeTime : Transition::kAtOnce, [self] {
         self->item_->setVisible(false);
         self->item_->setParentItem(nullptr);
     });
@@ -74,24 +73,6 @@ void MBProgressHUD::uncover() {
     }
     if (focusBefore_) {
         focusBefore_->setFocus(true);
-    }
-}
-
-void MBProgressHUD::fade(qreal from, qreal to, bool animated, const Animator::Finished& finished) {
-    const std::weak_ptr<MBProgressHUD> self = weak_from_this();
-    const bool hides = isHidden_;
-    const auto step = [self, from, to, hides](qreal progress) {
-        const auto hud = self.lock();
-        if (hud && hud->isHidden_ == hides) {
-            hud->presence_ = from + (to - from) * progress;
-            emit hud->presenceChanged();
-        }
-    };
-    if (animated) {
-        context_.animator.animate(kFadeTime, QEasingCurve::OutCubic, step, finished);
-    } else {
-        step(1);
-        finished();
     }
 }
 

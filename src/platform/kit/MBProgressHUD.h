@@ -36,7 +36,7 @@ class MBProgressHUD : public QObject, public std::enable_shared_from_this<MBProg
                                                                     bool animated);
     // Takes the overlay away for good.
     void hide(bool animated);
-    [[nodiscard]] bool isHidden() const { return isHidden_; }
+    [[nodiscard]] bool isHidden() const { return !transition_.canLeave(); }
 
     void setMode(Mode mode);
     [[nodiscard]] Mode mode() const { return mode_; }
@@ -48,7 +48,7 @@ class MBProgressHUD : public QObject, public std::enable_shared_from_this<MBProg
     [[nodiscard]] qreal progress() const { return progress_; }
 
     [[nodiscard]] bool isDeterminate() const { return mode_ == Mode::kAnnularDeterminate; }
-    [[nodiscard]] qreal presence() const { return presence_; }
+    [[nodiscard]] qreal presence() const { return transition_.presence(); }
 
   signals:
     void changed();
@@ -56,13 +56,13 @@ class MBProgressHUD : public QObject, public std::enable_shared_from_this<MBProg
     void presenceChanged();
 
   private:
-    explicit MBProgressHUD(const UIContext& context) : context_(context) {}
+    explicit MBProgressHUD(const UIContext& context)
+        : transition_(context.animator, [this] { emit presenceChanged(); }) {}
 
     void cover(QQuickItem& view);
     void uncover();
-    void fade(qreal from, qreal to, bool animated, const Animator::Finished& finished);
 
-    const UIContext context_;
+    Transition transition_;
     OwnedItem item_;
     // Itself, while it is to be seen.
     std::shared_ptr<MBProgressHUD> shown_;
@@ -73,8 +73,6 @@ class MBProgressHUD : public QObject, public std::enable_shared_from_this<MBProg
     QString label_;
     QString detailsLabel_;
     qreal progress_ = 0;
-    qreal presence_ = 0;
-    bool isHidden_ = false;
 };
 
 }  // namespace pellumar

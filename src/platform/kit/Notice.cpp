@@ -28,12 +28,12 @@ void Notice::show(const UIContext& context,
     if (Notice* const earlier = shownIn(window)) {
         earlier->close();
     }
-    (new Notice(context, window, text, std::move(action), stay))->appear();
+    (new Notice(context, window, text, std::move(action), stay))->appear(context.viewLoader);
 }
 
 Notice* Notice::shownIn(const UIWindow& window) {
     for (Notice* each : window.findChildren<Notice*>(Qt::FindDirectChildrenOnly)) {
-        if (!each->isClosing_) {
+        if (each->transition_.canLeave()) {
             return each;
         }
     }
@@ -42,27 +42,27 @@ Notice* Notice::shownIn(const UIWindow& window) {
 
 Notice::Notice(const UIContext& context, UIWindow& window, QString text, Action action, Stay stay)
     : QObject(&window),
-      context_(context),
       window_(window),
       text_(std::move(text)),
       action_(std::move(action)),
-      stay_(stay) {
+      stay_(stay),
+      transition_(context.animator, [this] { emit presenceChanged(); }) {
     time_.setSingleShot(true);
     time_.setInterval(action_.handler ? kTimeToAct : kTimeToRead);
     connect(&time_, &QTimer::timeout, this, &Notice::close);
 }
 
-void Notice::appear() {
-    item_ = context_.viewLoader.load(*this);
+void Notice::appear(ViewLoader& loader) {
+    item_ = loader.load(*this);
     item_->setParentItem(window_.contentItem());
+    transition_.come(kFadeTime);
     setHeld(false);
-    fade(1, [] {});
     tellScreenReaders(window_, QAccessible::ObjectReorder);
     tellScreenReaders(*item_, QAccessible::Alert);
 }
 
 void Notice::setHeld(bool isHeld) {
-    if (isHeld || isClosing_ || stay_ == Stay::kUntilClosed) {
+    if (isHeld || !transition_.canLeave() || stay_ == Stay::kUntilClosed) {
         time_.stop();
     } else {
         time_.start();
@@ -70,7 +70,7 @@ void Notice::setHeld(bool isHeld) {
 }
 
 void Notice::close() {
-    if (std::exchange(isClosing_, true)) {
+    if (!transition_.canLeave()) {
         return;
     }
     time_.stop();
@@ -81,36 +81,18 @@ void Notice::close() {
     if (hadKeyboard && window_.topLayer() != nullptr) {
         window_.topLayer()->forceActiveFocus(Qt::OtherFocusReason);
     }
-    tellScreenReaders(window_, QAccessible::ObjectReorder);
-    fade(0, [self = QPointer<Notice>(this)] {
-        if (Notice* const gone = self.data()) {
-            gone->item_->setVisible(false);
-            gone->deleteLater();
-        }
+    transition_.leave(kFadeTime, [this] {
+        item_->setVisible(false);
+        deleteLater();
     });
+    tellScreenReaders(window_, QAccessible::ObjectReorder);
 }
 
 void Notice::act() {
-    if (!isClosing_ && action_.handler) {
+    if (transition_.canLeave() && action_.handler) {
         close();
         action_.handler();
     }
-}
-
-void Notice::fade(qreal to, const Animator::Finished& finished) {
-    const bool closes = isClosing_;
-    const qreal from = presence_;
-    context_.animator.animate(
-        kFadeTime,
-        QEasingCurve::OutCubic,
-        [self = QPointer<Notice>(this), from, to, closes](qreal progress) {
-            Notice* const notice = self.data();
-            if (notice != nullptr && notice->isClosing_ == closes) {
-                notice->presence_ = from + (to - from) * progress;
-                emit notice->presenceChanged();
-            }
-        },
-        finished);
 }
 
 }  // namespace pellumar

@@ -57,7 +57,7 @@ class Notice : public QObject {
 
     [[nodiscard]] const QString& text() const { return text_; }
     [[nodiscard]] const QString& actionTitle() const { return action_.title; }
-    [[nodiscard]] qreal presence() const { return presence_; }
+    [[nodiscard]] qreal presence() const { return transition_.presence(); }
     [[nodiscard]] QQuickItem* item() const { return item_.get(); }
 
   signals:
@@ -66,18 +66,15 @@ class Notice : public QObject {
   private:
     Notice(const UIContext& context, UIWindow& window, QString text, Action action, Stay stay);
 
-    void appear();
-    void fade(qreal to, const Animator::Finished& finished);
+    void appear(ViewLoader& loader);
 
-    const UIContext context_;
     UIWindow& window_;
     const QString text_;
     const Action action_;
     const Stay stay_;
+    Transition transition_;
     OwnedItem item_;
     QTimer time_;
-    qreal presence_ = 0;
-    bool isClosing_ = false;
 };
 
 }  // namespace pellumar

@@ -25,17 +25,10 @@ std::optional<QString> UIAlertController::textFieldText() const {
 }
 
 void UIAlertController::choose(int index) {
-    if (isChosen_ || index < 0 || index >= actions_.size()) {
+    if (index < 0 || index >= actions_.size()) {
         return;
     }
-    isChosen_ = true;
-    // The handler may be all that keeps what it captured, and reads the field's text.
-    const std::shared_ptr<UIViewController> self = shared_from_this();
-    dismiss(true, [self, handler = actions_[index].handler] {
-        if (handler) {
-            handler();
-        }
-    });
+    dismissSelf(true, actions_[index].handler);
 }
 
 void UIAlertController::copyReason() const {

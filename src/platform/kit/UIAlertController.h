@@ -93,7 +93,6 @@ class UIAlertController : public pellumar::UIViewController {
     QString text_;
     QString hint_;
     QList<UIAlertAction> actions_;
-    bool isChosen_ = false;
 };
 
 }  // namespace pellumar

@@ -32,7 +32,6 @@ FocusScope {
         width: Math.min(parent.width - 2 * Theme.space4, Math.round(320 * Math.min(1.5, Theme.textScale)))
         height: content.implicitHeight + 2 * Theme.space5
         opacity: root.controller.presentation
-        scale: 0.94 + 0.06 * root.controller.presentation
 
         ColumnLayout {
             id: content

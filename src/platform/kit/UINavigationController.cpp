@@ -1,6 +1,9 @@
 #include "platform/kit/UINavigationController.h"
 
+#include <algorithm>
 #include <utility>
+
+#include "platform/kit/UIWindow.h"
 
 namespace pellumar {
 namespace {
@@ -20,10 +23,11 @@ UINavigationController::UINavigationController(const UIContext& context,
 void UINavigationController::viewDidLoad() {
     UIViewController::viewDidLoad();
     contentHost_ = outlet<QQuickItem>(view(), QStringLiteral("contentHost"));
+    connect(contentHost_, &QQuickItem::widthChanged, this, [this] { arrange(); });
     for (const std::shared_ptr<UIViewController>& each : stack_) {
-        each->setParent(shared_from_this());
+        putIntoPlace(*each);
+        each->transition().come(Transition::kAtOnce);
     }
-    stack_.back()->view().setParentItem(contentHost_);
     stack_.back()->view().setFocus(true);
 }
 
@@ -31,81 +35,110 @@ QList<UIViewController*> UINavigationController::visibleChildren() const {
     return {stack_.back().get()};
 }
 
+bool UINavigationController::isMoving() const {
+    return leaving_ || UIViewController::isMoving();
+}
+
+void UINavigationController::putIntoPlace(UIViewController& screen) {
+    screen.setParent(shared_from_this());
+    screen.view().setParentItem(contentHost_);
+    connect(&screen, &UIViewController::presentationChanged, this, [this] { arrange(); });
+}
+
 void UINavigationController::pushViewController(const std::shared_ptr<UIViewController>& pushed,
                                                 bool animated) {
-    const std::shared_ptr<UIViewController> leaving = stack_.back();
+    const std::shared_ptr<UIViewController> covered = stack_.back();
     pushed->setParent(shared_from_this());
     stack_.push_back(pushed);
     emit stackChanged();
-    replaceTop(leaving, true, animated);
-}
-
-void UINavigationController::popViewController(bool animated) {
-    if (!canPop() || isPopping_) {
-        return;
-    }
-    const std::shared_ptr<UIViewController> leaving = stack_.back();
-    stack_.pop_back();
-    emit stackChanged();
-    replaceTop(leaving, false, animated);
-}
-
-void UINavigationController::replaceTop(const std::shared_ptr<UIViewController>& leaving,
-                                        bool isPush,
-                                        bool animated) {
     if (!isViewLoaded()) {
         return;
     }
-    const std::shared_ptr<UIViewController> coming = stack_.back();
-    const bool isSeen = appearance() == Appearance::kAppeared;
-    const bool moves = animated && isSeen;
-    if (isSeen) {
-        leaving->beginAppearance(false, animated);
-        coming->beginAppearance(true, animated);
-    }
-    QQuickItem& in = coming->view();
-    in.setParentItem(contentHost_);
-    in.setVisible(true);
-    in.setZ(isPush ? 1 : 0);
-    leaving->view().setZ(isPush ? 0 : 1);
-    isPopping_ = !isPush;
-    const int move = ++moves_;
-    // What comes can be used at once; what leaves takes no second tap.
-    in.setEnabled(true);
-    in.setFocus(true);
-    leaving->view().setEnabled(false);
+    tellOfChange(*covered, *pushed, animated);
+    putIntoPlace(*pushed);
+    const bool moves = animated && appearance() == Appearance::kAppeared;
+    pushed->transition().come(moves ? kPushTime : Transition::kAtOnce,
+                              [self = weakly(this), covered, pushed = pushed.get(), animated] {
+                                  if (const auto stack = self.lock()) {
+                                      stack->endChange(*covered, *pushed, animated);
+                                  }
+                              });
+}
 
-    const std::weak_ptr<UINavigationController> self = weakly(this);
-    const auto step = [self, leaving, coming, isPush, move](qreal progress) {
-        const auto stack = self.lock();
-        if (stack && stack->moves_ == move) {
-            const qreal width = stack->contentHost_->width();
-            const qreal covered = isPush ? progress : 1 - progress;
-            (isPush ? coming : leaving)->view().setX(width * (1 - covered));
-            (isPush ? leaving : coming)->view().setX(-width * kParallax * covered);
+void UINavigationController::popViewController(bool animated) {
+    if (!canPop() || leaving_) {
+        return;
+    }
+    const std::shared_ptr<UIViewController> popped = stack_.back();
+    stack_.pop_back();
+    emit stackChanged();
+    if (!isViewLoaded()) {
+        return;
+    }
+    leaving_ = popped;
+    const std::shared_ptr<UIViewController> uncovered = stack_.back();
+    tellOfChange(*popped, *uncovered, animated);
+    const bool moves = animated && appearance() == Appearance::kAppeared;
+    popped->transition().leave(moves ? kPushTime : Transition::kAtOnce,
+                               [self = weakly(this), uncovered, animated] {
+                                   if (const auto stack = self.lock()) {
+                                       stack->finishPop(*uncovered, animated);
+                                   }
+                               });
+}
+
+void UINavigationController::finishPop(UIViewController& uncovered, bool animated) {
+    const std::shared_ptr<UIViewController> gone = std::exchange(leaving_, nullptr);
+    gone->view().setParentItem(nullptr);
+    gone->disconnect(this);
+    endChange(*gone, uncovered, animated);
+}
+
+void UINavigationController::tellOfChange(UIViewController& leaving,
+                                          UIViewController& coming,
+                                          bool animated) const {
+    if (appearance() == Appearance::kAppeared) {
+        leaving.beginAppearance(false, animated);
+        coming.beginAppearance(true, animated);
+    }
+}
+
+void UINavigationController::endChange(UIViewController& leaving,
+                                       UIViewController& coming,
+                                       bool animated) {
+    arrange();
+    leaving.endAppearance(animated);
+    coming.endAppearance(animated);
+    if (UIWindow* const where = window()) {
+        where->layersChanged();
+    }
+}
+
+void UINavigationController::arrange() {
+    const qreal width = contentHost_->width();
+    // How far what stands above has come over a screen.
+    qreal covered = 0;
+    if (leaving_) {
+        covered = leaving_->presentation();
+        leaving_->view().setEnabled(false);
+        leaving_->view().setX(width * (1 - covered));
+    }
+    for (auto each = stack_.rbegin(); each != stack_.rend(); ++each) {
+        QQuickItem& view = (*each)->view();
+        const bool isTop = *each == stack_.back();
+        view.setX(width * (1 - (*each)->presentation() - kParallax * covered));
+        view.setVisible(covered < 1);
+        view.setEnabled(isTop);
+        if (isTop && !isMoving()) {
+            view.setFocus(true);
         }
-    };
-    const auto finished = [self, leaving, coming, animated, move] {
-        const auto stack = self.lock();
-        if (!stack) {
-            return;
-        }
-        if (stack->moves_ == move) {
-            stack->isPopping_ = false;
-            coming->view().setX(0);
-        }
-        if (stack->stack_.back() != leaving) {
-            leaving->view().setVisible(false);
-            leaving->view().setParentItem(nullptr);
-        }
-        leaving->endAppearance(animated);
-        coming->endAppearance(animated);
-    };
-    if (moves) {
-        step(0);
-        context().animator.animate(kPushTime, QEasingCurve::OutCubic, step, finished);
-    } else {
-        finished();
+        covered = std::max(covered, (*each)->presentation());
+    }
+}
+
+void UINavigationController::rightTapped() {
+    if (!isMoving()) {
+        topItem()->rightTapped();
     }
 }
 

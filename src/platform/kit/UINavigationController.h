@@ -42,6 +42,9 @@ class UINavigationController : public UIViewController {
     // leaves, no other does.
     void popViewController(bool animated);
     Q_INVOKABLE void backTapped() { popViewController(true); }
+    // The button at the right end, which belongs to the topmost screen.
+    Q_INVOKABLE void rightTapped();
+    [[nodiscard]] bool isMoving() const override;
 
     void setNavigationBarHidden(bool hidden, bool animated);
     [[nodiscard]] bool isNavigationBarHidden() const { return isBarHidden_; }
@@ -69,16 +72,20 @@ class UINavigationController : public UIViewController {
     [[nodiscard]] QList<UIViewController*> visibleChildren() const override;
 
   private:
-    void replaceTop(const std::shared_ptr<UIViewController>& leaving, bool isPush, bool animated);
+    void putIntoPlace(UIViewController& screen);
+    void tellOfChange(UIViewController& leaving, UIViewController& coming, bool animated) const;
+    void endChange(UIViewController& leaving, UIViewController& coming, bool animated);
+    void finishPop(UIViewController& uncovered, bool animated);
+    // Where each screen stands, as far as those above it have come.
+    void arrange();
 
     std::vector<std::shared_ptr<UIViewController>> stack_;
     QPointer<QQuickItem> contentHost_;
     BarAppearance standard_;
     BarAppearance scrollEdge_;
     bool isBarHidden_ = false;
-    // How often the top was replaced: a move that goes on while the next has begun is over.
-    int moves_ = 0;
-    bool isPopping_ = false;
+    // What was popped, until it has left.
+    std::shared_ptr<UIViewController> leaving_;
 };
 
 }  // namespace pellumar

@@ -57,7 +57,7 @@ FocusScope {
             QuietButton {
                 visible: text !== ""
                 text: root.controller.topItem.rightTitle
-                onClicked: root.controller.topItem.rightTapped()
+                onClicked: root.controller.rightTapped()
             }
         }
         Rectangle {

@@ -41,7 +41,7 @@ class UINavigationItem : public QObject {
         emit changed();
     }
 
-    Q_INVOKABLE void rightTapped() {
+    void rightTapped() {
         if (rightAction_) {
             rightAction_();
         }

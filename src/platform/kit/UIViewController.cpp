@@ -1,5 +1,6 @@
 #include "platform/kit/UIViewController.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/kit/UINavigationController.h"
@@ -14,7 +15,8 @@ constexpr std::chrono::milliseconds kDismissalTime{180};
 
 }  // namespace
 
-UIViewController::UIViewController(const UIContext& context) : context_(context) {}
+UIViewController::UIViewController(const UIContext& context)
+    : context_(context), transition_(context.animator, [this] { emit presentationChanged(); }) {}
 
 UIViewController::~UIViewController() = default;
 
@@ -73,9 +75,12 @@ bool UIViewController::isPopover() const {
            window_->userInterfaceIdiom() == UIUserInterfaceIdiom::kPad;
 }
 
-void UIViewController::setPresentation(qreal presentation) {
-    presentation_ = presentation;
-    emit presentationChanged();
+bool UIViewController::isMoving() const {
+    const QList<UIViewController*> children = visibleChildren();
+    return transition_.isMoving() ||
+           std::any_of(children.begin(), children.end(), [](const UIViewController* child) {
+               return child->isMoving();
+           });
 }
 
 void UIViewController::present(const std::shared_ptr<UIViewController>& presented,
@@ -87,8 +92,8 @@ void UIViewController::present(const std::shared_ptr<UIViewController>& presente
     }
     // The whole window is covered, so the topmost of its screens presents, whichever asked for it.
     const std::shared_ptr<UIViewController> top = where->topViewController();
-    if (top && top->isDismissing_) {
-        top->afterDismissal_.push_back([self = weak_from_this(), presented, animated, completion] {
+    if (top && top->transition_.isLeaving()) {
+        top->transition_.whenSettled([self = weak_from_this(), presented, animated, completion] {
             const auto presenter = self.lock();
             if (presenter && presenter->window() != nullptr) {
                 presenter->present(presented, animated, completion);
@@ -100,117 +105,66 @@ void UIViewController::present(const std::shared_ptr<UIViewController>& presente
         top->present(presented, animated, completion);
         return;
     }
+    if (presented->transition_.state() != Transition::State::kGone) {
+        return;
+    }
     presented_ = presented;
     presented->presenting_ = weak_from_this();
-    presented->focusBefore_ = where->activeFocusItem();
     presented->setWindow(where);
-    presented->setPresentation(0);
     presented->beginAppearance(true, animated);
     where->addLayer(presented->view());
-    const std::weak_ptr<UIViewController> weak = presented;
-    const auto finished = [weak, animated, completion] {
-        const auto shown = weak.lock();
-        if (!shown || shown->isDismissing_) {
-            return;
-        }
-        shown->endAppearance(animated);
-        if (completion) {
-            completion();
-        }
-    };
-    if (!animated) {
-        presented->setPresentation(1);
-        finished();
-        return;
-    }
-    context_.animator.animate(
-        kPresentationTime,
-        QEasingCurve::OutCubic,
-        [weak](qreal progress) {
-            const auto shown = weak.lock();
-            if (shown && !shown->isDismissing_) {
-                shown->setPresentation(progress);
-            }
-        },
-        finished);
+    presented->transition_.come(animated ? kPresentationTime : Transition::kAtOnce,
+                                [presented = presented.get(), animated, completion] {
+                                    presented->endAppearance(animated);
+                                    if (presented->window_) {
+                                        presented->window_->layersChanged();
+                                    }
+                                    if (completion) {
+                                        completion();
+                                    }
+                                });
 }
 
-void UIViewController::dismiss(bool animated, const Completion& completion) {
-    const std::shared_ptr<UIViewController> gone = presented_;
-    if (!gone) {
-        if (const auto from = presenting_.lock()) {
-            from->dismiss(animated, completion);
-        } else if (completion) {
-            completion();
-        }
-        return;
+bool UIViewController::dismissSelf(bool animated, const Completion& completion) {
+    if (presenting_.expired() || !transition_.canLeave()) {
+        return false;
     }
-    if (gone->isDismissing_) {
-        if (completion) {
-            gone->afterDismissal_.push_back(completion);
-        }
-        return;
+    // The completion may still want this.
+    const std::shared_ptr<UIViewController> self = shared_from_this();
+    beginAppearance(false, animated);
+    transition_.leave(animated ? kDismissalTime : Transition::kAtOnce,
+                      [this, weak = weak_from_this(), animated, completion] {
+                          const auto held = weak.lock();
+                          leavePresentation();
+                          endAppearance(animated);
+                          if (completion) {
+                              completion();
+                          }
+                      });
+    if (window_) {
+        window_->layersChanged();
     }
-    // Already now: what waits for the inner one to go must not be presented on one that goes too.
-    gone->isDismissing_ = true;
-    if (gone->presented_) {
-        gone->dismiss(false);
-    }
-    gone->beginAppearance(false, animated);
-    if (!animated) {
-        finishDismissal(gone, completion);
-        return;
-    }
-    const std::weak_ptr<UIViewController> self = weak_from_this();
-    const std::weak_ptr<UIViewController> weak = gone;
-    const qreal from = gone->presentation_;
-    context_.animator.animate(
-        kDismissalTime,
-        QEasingCurve::InCubic,
-        [weak, from](qreal progress) {
-            if (const auto shown = weak.lock()) {
-                shown->setPresentation(from * (1 - progress));
-            }
-        },
-        [self, weak, completion] {
-            const auto presenter = self.lock();
-            const auto shown = weak.lock();
-            if (presenter && shown) {
-                presenter->finishDismissal(shown, completion);
-            }
-        });
+    return true;
 }
 
-void UIViewController::finishDismissal(const std::shared_ptr<UIViewController>& gone,
-                                       const Completion& completion) {
-    gone->setPresentation(0);
-    if (UIWindow* const where = gone->window()) {
-        where->removeLayer(gone->view());
+void UIViewController::leavePresentation() {
+    const auto below = presenting_.lock();
+    if (presented_) {
+        presented_->presenting_ = presenting_;
     }
-    gone->endAppearance(true);
-    gone->setWindow(nullptr);
-    gone->isDismissing_ = false;
-    if (presented_ == gone) {
-        presented_.reset();
+    if (below) {
+        below->presented_ = std::exchange(presented_, nullptr);
     }
-    if (gone->focusBefore_) {
-        gone->focusBefore_->forceActiveFocus(Qt::OtherFocusReason);
-    }
-    const std::vector<Completion> waiting = std::exchange(gone->afterDismissal_, {});
-    if (completion) {
-        completion();
-    }
-    for (const Completion& next : waiting) {
-        next();
+    presenting_.reset();
+    UIWindow* const where = std::exchange(window_, nullptr);
+    if (where != nullptr) {
+        where->removeLayer(view());
     }
 }
 
 bool UIViewController::goBack() {
-    if (!presenting_.expired()) {
-        dismiss(true);
-        return true;
-    }
-    return false;
+    // A second Escape finds a screen that leaves, and goes no further.
+    return dismissSelf(true) || transition_.isLeaving();
 }
 
 void UIViewController::beginAppearance(bool appearing, bool animated) {

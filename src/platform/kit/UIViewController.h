@@ -6,9 +6,8 @@
 #include <QQuickItem>
 #include <functional>
 #include <memory>
-#include <vector>
 
-#include "platform/kit/Animator.h"
+#include "platform/kit/Transition.h"
 #include "platform/kit/UIDevice.h"
 #include "platform/kit/UINavigationItem.h"
 #include "platform/kit/ViewLoader.h"
@@ -47,8 +46,10 @@ class UIViewController : public QObject, public std::enable_shared_from_this<UIV
     QML_UNCREATABLE("Made in C++")
     Q_DISABLE_COPY_MOVE(UIViewController)
     Q_PROPERTY(pellumar::UINavigationItem* navigationItem READ navigationItem CONSTANT)
-    // How far the screen has come into view as a presented one: from 0 to 1.
+    // How far the screen has come into view: from 0 to 1.
     Q_PROPERTY(qreal presentation READ presentation NOTIFY presentationChanged)
+    // Whether it fades in and out in its place, instead of moving there.
+    Q_PROPERTY(bool isDissolving READ isDissolving CONSTANT)
     // Whether it is anchored to a point, as on a large window, instead of to the lower edge.
     Q_PROPERTY(bool isPopover READ isPopover NOTIFY presentationChanged)
 
@@ -73,16 +74,16 @@ class UIViewController : public QObject, public std::enable_shared_from_this<UIV
     [[nodiscard]] std::shared_ptr<UIViewController> parent() const { return parent_.lock(); }
 
     // Shows `presented` over the whole window, above whatever is presented already, and holds it
-    // until it is dismissed. This must be in a window. While the topmost screen leaves, it waits
-    // for that; if this has left the window by then, it is let go. `completion` follows its
+    // until it has been dismissed. This must be in a window. While the topmost screen leaves, it
+    // waits for that; if this has left the window by then, it is let go. `completion` follows its
     // viewDidAppear.
     void present(const std::shared_ptr<UIViewController>& presented,
                  bool animated,
                  const Completion& completion = {});
-    // Takes away what this presents, and what that presents; or, if it presents nothing, this
-    // itself. `completion` follows the viewDidDisappear, and is called also if there is nothing to
-    // take away.
-    void dismiss(bool animated, const Completion& completion = {});
+    // Takes this presented screen away. What stands above it stays, on what was below it.
+    // `completion` follows the viewDidDisappear. A screen that is not presented, or leaves already,
+    // is not dismissed again: false, and `completion` is not called.
+    bool dismissSelf(bool animated, const Completion& completion = {});
     [[nodiscard]] std::shared_ptr<UIViewController> presentedViewController() const {
         return presented_;
     }
@@ -116,8 +117,15 @@ class UIViewController : public QObject, public std::enable_shared_from_this<UIV
     void setParent(const std::shared_ptr<UIViewController>& parent) { parent_ = parent; }
     void setWindow(UIWindow* window);
     [[nodiscard]] UIWindow* window() const;
+    // Its way on and off the screen, as a presented or a pushed one or as the window's root.
+    [[nodiscard]] Transition& transition() { return transition_; }
+    // Whether it, or what it contains, comes or goes just now; nothing takes input meanwhile.
+    [[nodiscard]] virtual bool isMoving() const;
 
-    [[nodiscard]] qreal presentation() const { return presentation_; }
+    [[nodiscard]] qreal presentation() const { return transition_.presence(); }
+    [[nodiscard]] bool isDissolving() const {
+        return transitionStyle_ == UIModalTransitionStyle::kCrossDissolve;
+    }
     [[nodiscard]] bool isPopover() const;
 
   signals:
@@ -143,28 +151,21 @@ class UIViewController : public QObject, public std::enable_shared_from_this<UIV
     }
 
   private:
-    void setPresentation(qreal presentation);
-    void finishDismissal(const std::shared_ptr<UIViewController>& gone,
-                         const Completion& completion);
+    void leavePresentation();
 
     const UIContext context_;
     UINavigationItem navigationItem_;
+    Transition transition_;
     OwnedItem view_;
     std::weak_ptr<UIViewController> parent_;
     QPointer<UIWindow> window_;
     std::shared_ptr<UIViewController> presented_;
     std::weak_ptr<UIViewController> presenting_;
-    // What had the keyboard when this was presented.
-    QPointer<QQuickItem> focusBefore_;
-    // What was to be presented while this leaves.
-    std::vector<Completion> afterDismissal_;
     Appearance appearance_ = Appearance::kDisappeared;
     UIModalPresentationStyle presentationStyle_ = UIModalPresentationStyle::kPageSheet;
     UIModalTransitionStyle transitionStyle_ = UIModalTransitionStyle::kCoverVertical;
-    qreal presentation_ = 0;
     bool capturesBar_ = false;
     bool hidesBottomBar_ = false;
-    bool isDismissing_ = false;
 };
 
 }  // namespace pellumar

@@ -1,10 +1,19 @@
 #include "platform/kit/UIWindow.h"
 
 #include <QAccessible>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QStyleHints>
+#include <utility>
 
 namespace pellumar {
+namespace {
+
+// Nobody aims at what has been on the screen for less than that.
+constexpr std::chrono::milliseconds kTimeToSee{220};
+
+}  // namespace
 
 UIWindow::UIWindow() {
     host_.setParentItem(contentItem());
@@ -18,36 +27,48 @@ UIWindow::~UIWindow() {
 void UIWindow::setRootViewController(const std::shared_ptr<UIViewController>& root) {
     const std::shared_ptr<UIViewController> old = root_;
     if (old) {
-        if (old->presentedViewController()) {
-            old->dismiss(false);
+        for (auto top = topViewController(); top != old; top = topViewController()) {
+            if (!top->dismissSelf(false)) {
+                top->transition().hurry();
+            }
         }
         old->beginAppearance(false, false);
+        old->transition().leave(Transition::kAtOnce);
         removeLayer(old->view());
         old->endAppearance(false);
         old->setWindow(nullptr);
     }
     root_ = root;
-    if (!root) {
-        return;
-    }
-    root->setWindow(this);
-    if (isShown_) {
-        root->beginAppearance(true, false);
-    }
-    addLayer(root->view());
-    if (isShown_) {
-        root->endAppearance(false);
+    if (root) {
+        root->setWindow(this);
+        showRoot();
     }
 }
 
 void UIWindow::makeKeyAndVisible() {
-    show();
-    requestActivate();
-    isShown_ = true;
-    if (root_) {
-        root_->beginAppearance(true, false);
-        root_->endAppearance(false);
+    if (isVisible()) {
+        setWindowStates(windowStates() & ~Qt::WindowMinimized);
+        raise();
+    } else {
+        show();
     }
+    requestActivate();
+    if (!std::exchange(isShown_, true) && root_) {
+        showRoot();
+    }
+}
+
+void UIWindow::showRoot() {
+    if (!isShown_) {
+        // It is loaded, and comes into view with the window.
+        addLayer(root_->view());
+        return;
+    }
+    root_->beginAppearance(true, false);
+    addLayer(root_->view());
+    root_->endAppearance(false);
+    // It is there at once; but who taps just then meant what was there before.
+    root_->transition().come(kTimeToSee, [this] { layersChanged(); });
 }
 
 std::shared_ptr<UIViewController> UIWindow::topViewController() const {
@@ -71,30 +92,55 @@ UIStatusBarStyle UIWindow::statusBarStyle() const {
 void UIWindow::addLayer(QQuickItem& view) {
     view.setParentItem(&host_);
     view.setPosition({0, 0});
-    layers_.emplace_back(&view);
     layersChanged();
-    view.forceActiveFocus(Qt::OtherFocusReason);
 }
 
 void UIWindow::removeLayer(QQuickItem& view) {
-    std::erase_if(layers_,
-                  [&view](const QPointer<QQuickItem>& layer) { return !layer || layer == &view; });
     view.setParentItem(nullptr);
     layersChanged();
 }
 
 QQuickItem* UIWindow::topLayer() const {
-    return layers_.empty() ? nullptr : layers_.back().data();
+    const std::shared_ptr<UIViewController> top = topViewController();
+    return top && top->isViewLoaded() ? &top->view() : nullptr;
 }
 
 void UIWindow::layersChanged() {
-    for (const QPointer<QQuickItem>& layer : layers_) {
-        if (layer) {
-            layer->setEnabled(layer == topLayer());
-        }
+    const std::shared_ptr<UIViewController> top = topViewController();
+    for (auto each = root_; each; each = each->presentedViewController()) {
+        each->view().setEnabled(each == top && !each->transition().isLeaving());
     }
+    if (top && top->transition().isHere()) {
+        top->view().forceActiveFocus(Qt::OtherFocusReason);
+    }
+    lastPress_.isOutdated = true;
     QAccessibleEvent reordered(this, QAccessible::ObjectReorder);
     QAccessible::updateAccessibility(&reordered);
+    emit screensChanged();
+}
+
+bool UIWindow::refusesPress(const QPointerEvent& press) {
+    const std::shared_ptr<UIViewController> top = topViewController();
+    const QPointF place = press.points().isEmpty() ? QPointF() : press.points().first().position();
+    const QStyleHints& hints = *QGuiApplication::styleHints();
+    const auto interval = static_cast<quint64>(hints.mouseDoubleClickInterval());
+    const bool isSecond =
+        lastPress_.isOutdated && press.timestamp() - lastPress_.time < interval &&
+        (place - lastPress_.place).manhattanLength() <= hints.mouseDoubleClickDistance();
+    const bool isRefused = isSecond || (top && top->isMoving());
+    lastPress_ = {press.timestamp(), place, isSecond, isRefused};
+    return isRefused;
+}
+
+bool UIWindow::event(QEvent* event) {
+    const QEvent::Type type = event->type();
+    const bool isPress = type == QEvent::MouseButtonPress || type == QEvent::TouchBegin;
+    if ((isPress && refusesPress(static_cast<QPointerEvent&>(*event))) ||
+        (type == QEvent::MouseButtonDblClick && lastPress_.isRefused)) {
+        event->accept();
+        return true;
+    }
+    return QQuickWindow::event(event);
 }
 
 void UIWindow::keyPressEvent(QKeyEvent* event) {

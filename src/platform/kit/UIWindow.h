@@ -2,7 +2,6 @@
 
 #include <QQuickWindow>
 #include <memory>
-#include <vector>
 
 #include "platform/kit/UIViewController.h"
 #include "platform/kit/ViewHost.h"
@@ -27,7 +26,8 @@ class UIWindow : public QQuickWindow {
     void setRootViewController(const std::shared_ptr<UIViewController>& root);
     [[nodiscard]] std::shared_ptr<UIViewController> rootViewController() const { return root_; }
 
-    // Shows the window and gives it the keyboard; the root screen comes into view.
+    // Shows the window in front and gives it the keyboard; one that fills the screen goes on to do
+    // so. The root screen comes into view.
     void makeKeyAndVisible();
 
     [[nodiscard]] UIUserInterfaceIdiom userInterfaceIdiom() const {
@@ -46,22 +46,38 @@ class UIWindow : public QQuickWindow {
     // keyboard until it is taken away.
     void addLayer(QQuickItem& view);
     void removeLayer(QQuickItem& view);
-    // The one that has pointer and keyboard; null if there is none.
+    // For the screens: gives pointer and keyboard to the topmost, once it has come and until it
+    // leaves.
+    void layersChanged();
+    // The view of the topmost screen; null if there is none.
     [[nodiscard]] QQuickItem* topLayer() const;
 
+  signals:
+    // A screen was presented, has come, leaves or has gone.
+    void screensChanged();
+
   protected:
+    bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
   private:
-    void layersChanged();
+    void showRoot();
+    // A press while screens come and go, or the second one of a double click whose first has
+    // changed the screen, was meant for what is no more.
+    [[nodiscard]] bool refusesPress(const QPointerEvent& press);
 
     ViewHost host_;
     std::shared_ptr<UIViewController> root_;
-    // From the root's view to the topmost.
-    std::vector<QPointer<QQuickItem>> layers_;
     bool isShown_ = false;
+    // When and where the last press was, and whether screens have changed since.
+    struct {
+        quint64 time = 0;
+        QPointF place;
+        bool isOutdated = false;
+        bool isRefused = false;
+    } lastPress_;
 };
 
 }  // namespace pellumar

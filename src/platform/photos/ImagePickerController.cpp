@@ -14,7 +14,7 @@ ImagePickerController::ImagePickerController(const UIContext& context,
       onFinish_(std::move(onFinish)) {}
 
 void ImagePickerController::finish(const std::vector<PHAsset>& assets) {
-    dismiss(true, [onFinish = onFinish_, assets] {
+    dismissSelf(true, [onFinish = onFinish_, assets] {
         if (!assets.empty()) {
             onFinish(assets);
         }

@@ -128,7 +128,7 @@ void UIActivityViewController::finish(const std::optional<QString>& activityType
     }
     // With them goes what one of them is still saving.
     targets_.clear();
-    dismiss(true, [handler = std::exchange(handler_, {}), activityType, result] {
+    dismissSelf(true, [handler = std::exchange(handler_, {}), activityType, result] {
         if (handler) {
             handler(activityType,
                     result.isCompleted,
