@@ -20,13 +20,15 @@ Composition::Composition()
               QDateTime::currentDateTimeUtc,
               SoftwareCentre::isInstalled),
       launches_(settings_.userDefaults()),
-      delegate_(std::make_shared<AppDelegate>(
-          AppDelegate::Environment{window_.context(),
-                                   storyboard_,
-                                   settings_,
-                                   fileSystem_,
-                                   platform_.console,
-                                   [this] { configureServices(); }})) {
+      delegate_(
+          std::make_shared<AppDelegate>(AppDelegate::Environment{window_.context(),
+                                                                 storyboard_,
+                                                                 settings_,
+                                                                 fileSystem_,
+                                                                 platform_.console,
+                                                                 [this] { configureServices(); }})),
+      handedOver_(
+          {*delegate_, window(), window_.context(), platform_.mainQueue, platform_.folderQueue}) {
     fillStoryboard();
     delegate_->setWindow(&window());
 }
@@ -45,9 +47,7 @@ void Composition::launch(const QList<QUrl>& archives) {
 }
 
 void Composition::open(const QList<QUrl>& archives) {
-    for (const QUrl& archive : archives) {
-        static_cast<void>(delegate_->applicationOpen(archive));
-    }
+    handedOver_.add(archives);
 }
 
 bool Composition::stop() {

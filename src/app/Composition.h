@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "app/AppDelegate.h"
+#include "app/HandedOverArchives.h"
 #include "app/OutboundLinks.h"
 #include "app/PlatformParts.h"
 #include "app/Services.h"
@@ -66,6 +67,7 @@ class Composition {
     std::unique_ptr<Services> services_;
     std::optional<ScreenServices> screens_;
     const std::shared_ptr<AppDelegate> delegate_;
+    HandedOverArchives handedOver_;
 };
 
 }  // namespace pellumar

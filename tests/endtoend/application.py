@@ -3,6 +3,7 @@
 from waiting import Gone, until
 
 APP_ID = "org.pellumar.Zip"
+DOUBLE_CLICK_MS = 90
 
 
 class Application:
@@ -53,8 +54,9 @@ class Application:
 
         until(probe, lambda: f"a {role} {name!r} to press in\n{self.outline()}")
 
-    def click(self, role, name=None):
-        """Clicks on the middle of a control, once it stands still."""
+    def click(self, role, name=None, times=1):
+        """Clicks on the middle of a control, once it stands still; more than once as fast as a
+        hand does."""
         seen = []
 
         def probe():
@@ -64,11 +66,12 @@ class Application:
 
         x, y, width, height = until(
             probe, lambda: f"a {role} {name!r} to stand still, was at {seen}, in\n{self.outline()}")
-        self.desktop.xdotool("mousemove", x + width // 2, y + height // 2, "click", 1)
+        self.desktop.xdotool("mousemove", x + width // 2, y + height // 2,
+                             "click", "--repeat", times, "--delay", DOUBLE_CLICK_MS, 1)
 
-    def key(self, *keys):
+    def key(self, *keys, times=1):
         """Presses keys, one after the other; by xdotool's names."""
-        self.desktop.xdotool("key", *keys)
+        self.desktop.xdotool("key", "--repeat", times, "--repeat-delay", DOUBLE_CLICK_MS, *keys)
 
     def type(self, text):
         """Types a text into what has the keyboard."""

@@ -33,13 +33,8 @@ int serve(QGuiApplication& application, SingleInstance& instance, const StartArg
     Composition composition;
     UIWindow& window = composition.window();
     const auto open = [&composition](const QList<QUrl>& urls) { composition.open(urls); };
-    const auto raise = [&window] {
-        window.show();
-        window.raise();
-        window.requestActivate();
-    };
     QObject::connect(&instance, &SingleInstance::openRequested, &window, open);
-    QObject::connect(&instance, &SingleInstance::activated, &window, raise);
+    QObject::connect(&instance, &SingleInstance::activated, &window, &UIWindow::makeKeyAndVisible);
     composition.launch(archives);
     const int code = application.exec();
     SingleInstance::release();
