@@ -30,9 +30,6 @@ class FeedbackViewController : public pellumar::UIViewController,
     Q_INVOKABLE void closeTapped() { dismissSelf(true); }
 
     [[nodiscard]] int evaluation() const { return evaluation_; }
-    [[nodiscard]] UIStatusBarStyle preferredStatusBarStyle() const override {
-        return UIStatusBarStyle::kLightContent;
-    }
     bool goBack() override;
     void starEvaluationViewDidSelectRating(int rating) override;
 

@@ -12,7 +12,6 @@ void MainNavigationController::viewDidLoad() {
     auto appearance = std::make_shared<UINavigationBarAppearance>();
     // Light grey, half transparent.
     appearance->shadowColor = QColor::fromRgbF(2.0F / 3, 2.0F / 3, 2.0F / 3, 0.5F);
-    appearance->hasBlur = true;
     setStandardAppearance(appearance);
     setScrollEdgeAppearance(appearance);
 }

@@ -30,10 +30,6 @@ class OnboardingViewController : public UIViewController, public StoryboardInsta
 
     Q_INVOKABLE void okTapped();
 
-    [[nodiscard]] UIStatusBarStyle preferredStatusBarStyle() const override {
-        return UIStatusBarStyle::kLightContent;
-    }
-
   protected:
     void viewDidLoad() override;
     void viewWillAppear(bool animated) override;

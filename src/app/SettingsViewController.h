@@ -36,10 +36,6 @@ class SettingsViewController : public UIViewController, public StoryboardInstant
 
     [[nodiscard]] int developerRow() const { return kDeveloperRow; }
 
-    [[nodiscard]] UIStatusBarStyle preferredStatusBarStyle() const override {
-        return UIStatusBarStyle::kLightContent;
-    }
-
   protected:
     void viewDidLoad() override;
     void viewWillAppear(bool animated) override;

@@ -8,9 +8,7 @@ namespace pellumar {
 
 ConfirmationPopupViewController::ConfirmationPopupViewController(const UIContext& context, QUrl url)
     : UIViewController(context), url_(std::move(url)) {
-    setModalPresentationStyle(UIModalPresentationStyle::kOverFullScreen);
     setModalTransitionStyle(UIModalTransitionStyle::kCrossDissolve);
-    setModalPresentationCapturesStatusBarAppearance(true);
 }
 
 void ConfirmationPopupViewController::viewDidLoad() {

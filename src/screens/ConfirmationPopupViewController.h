@@ -27,10 +27,6 @@ class ConfirmationPopupViewController : public pellumar::UIViewController {
     Q_INVOKABLE void unzipTapped();
     Q_INVOKABLE void cancelTapped();
 
-    [[nodiscard]] UIStatusBarStyle preferredStatusBarStyle() const override {
-        return UIStatusBarStyle::kLightContent;
-    }
-
   protected:
     void viewDidLoad() override;
 

@@ -9,6 +9,7 @@ Sheet {
     required property ConfirmationPopupViewController controller
 
     progress: controller.presentation
+    dissolves: controller.isDissolving
     preferredHeight: content.implicitHeight + 2 * Theme.space5
     preferredWidth: 400
     Accessible.role: Accessible.Dialog

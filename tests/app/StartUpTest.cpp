@@ -81,7 +81,6 @@ TEST_F(StartUpTest, FirstRunShowsTheOnboardingWhichCountsAsSeenAtOnce) {
     EXPECT_TRUE(flag("ONBOARDING_KEY"));
     EXPECT_EQ(outlet<NSLayoutConstraint>(onboarding->view(), "topConstraint")->constant(), 16);
     EXPECT_EQ(outlet<QQuickItem>(onboarding->view(), "logoContainerView")->opacity(), 1);
-    EXPECT_EQ(onboarding->preferredStatusBarStyle(), UIStatusBarStyle::kLightContent);
     onboarding->okTapped();
     EXPECT_TRUE(root<UITabBarController>());
     EXPECT_EQ(eventNames(), (QStringList{"started_tutorial", "finished_tutorial"}));

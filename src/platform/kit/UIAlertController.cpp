@@ -11,7 +11,6 @@ namespace pellumar {
 
 UIAlertController::UIAlertController(const UIContext& context, QString title, QString message)
     : UIViewController(context), title_(std::move(title)), message_(std::move(message)) {
-    setModalPresentationStyle(UIModalPresentationStyle::kOverFullScreen);
     setModalTransitionStyle(UIModalTransitionStyle::kCrossDissolve);
 }
 

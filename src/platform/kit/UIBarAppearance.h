@@ -10,12 +10,9 @@ struct UINavigationBarAppearance {
     Q_GADGET
     // The hairline below the bar.
     Q_PROPERTY(QColor shadowColor MEMBER shadowColor)
-    // Whether what scrolls below shines through, blurred.
-    Q_PROPERTY(bool hasBlur MEMBER hasBlur)
 
   public:
     QColor shadowColor = QColor(0, 0, 0, 77);
-    bool hasBlur = true;
 
     friend bool operator==(const UINavigationBarAppearance&,
                            const UINavigationBarAppearance&) = default;

@@ -165,10 +165,6 @@ QVariant UINavigationController::shadowColor() const {
     return standard_ ? QVariant(standard_->shadowColor) : QVariant();
 }
 
-bool UINavigationController::hasBlur() const {
-    return standard_ && standard_->hasBlur;
-}
-
 bool UINavigationController::goBack() {
     if (UIViewController::goBack()) {
         return true;

@@ -20,10 +20,8 @@ class UINavigationController : public UIViewController {
     Q_PROPERTY(bool canPop READ canPop NOTIFY stackChanged)
     Q_PROPERTY(QString backTitle READ backTitle NOTIFY stackChanged)
     Q_PROPERTY(bool isBarHidden READ isNavigationBarHidden NOTIFY barChanged)
-    // The hairline's colour and whether the bar lets its background through; both invalid where the
-    // bar has the platform's own look.
+    // The hairline's colour; invalid where the bar has the platform's own look.
     Q_PROPERTY(QVariant shadowColor READ shadowColor NOTIFY barChanged)
-    Q_PROPERTY(bool hasBlur READ hasBlur NOTIFY barChanged)
 
   public:
     UINavigationController(const UIContext& context, std::shared_ptr<UIViewController> root);
@@ -61,7 +59,6 @@ class UINavigationController : public UIViewController {
     [[nodiscard]] UINavigationItem* topItem() const { return stack_.back()->navigationItem(); }
     [[nodiscard]] QString backTitle() const;
     [[nodiscard]] QVariant shadowColor() const;
-    [[nodiscard]] bool hasBlur() const;
 
   signals:
     void stackChanged();

@@ -70,11 +70,6 @@ UIWindow* UIViewController::window() const {
     return nullptr;
 }
 
-bool UIViewController::isPopover() const {
-    return presentationStyle_ == UIModalPresentationStyle::kPopover && window_ != nullptr &&
-           window_->userInterfaceIdiom() == UIUserInterfaceIdiom::kPad;
-}
-
 bool UIViewController::isMoving() const {
     const QList<UIViewController*> children = visibleChildren();
     return transition_.isMoving() ||

@@ -18,8 +18,6 @@ class UINavigationController;
 class UITabBarController;
 class UIWindow;
 
-enum class UIStatusBarStyle { kDefault, kLightContent };
-enum class UIModalPresentationStyle { kPageSheet, kOverFullScreen, kPopover };
 enum class UIModalTransitionStyle { kCoverVertical, kCrossDissolve };
 
 // What every screen stands on. All of it must outlive the screens.
@@ -50,8 +48,6 @@ class UIViewController : public QObject, public std::enable_shared_from_this<UIV
     Q_PROPERTY(qreal presentation READ presentation NOTIFY presentationChanged)
     // Whether it fades in and out in its place, instead of moving there.
     Q_PROPERTY(bool isDissolving READ isDissolving CONSTANT)
-    // Whether it is anchored to a point, as on a large window, instead of to the lower edge.
-    Q_PROPERTY(bool isPopover READ isPopover NOTIFY presentationChanged)
 
   public:
     using Completion = std::function<void()>;
@@ -91,17 +87,8 @@ class UIViewController : public QObject, public std::enable_shared_from_this<UIV
         return presenting_.lock();
     }
 
-    void setModalPresentationStyle(UIModalPresentationStyle style) { presentationStyle_ = style; }
-    [[nodiscard]] UIModalPresentationStyle modalPresentationStyle() const {
-        return presentationStyle_;
-    }
     void setModalTransitionStyle(UIModalTransitionStyle style) { transitionStyle_ = style; }
     [[nodiscard]] UIModalTransitionStyle modalTransitionStyle() const { return transitionStyle_; }
-    void setModalPresentationCapturesStatusBarAppearance(bool captures) { capturesBar_ = captures; }
-    [[nodiscard]] bool modalPresentationCapturesStatusBarAppearance() const { return capturesBar_; }
-    [[nodiscard]] virtual UIStatusBarStyle preferredStatusBarStyle() const {
-        return UIStatusBarStyle::kDefault;
-    }
 
     void setHidesBottomBarWhenPushed(bool hides) { hidesBottomBar_ = hides; }
     [[nodiscard]] bool hidesBottomBarWhenPushed() const { return hidesBottomBar_; }
@@ -126,7 +113,6 @@ class UIViewController : public QObject, public std::enable_shared_from_this<UIV
     [[nodiscard]] bool isDissolving() const {
         return transitionStyle_ == UIModalTransitionStyle::kCrossDissolve;
     }
-    [[nodiscard]] bool isPopover() const;
 
   signals:
     void presentationChanged();
@@ -162,9 +148,7 @@ class UIViewController : public QObject, public std::enable_shared_from_this<UIV
     std::shared_ptr<UIViewController> presented_;
     std::weak_ptr<UIViewController> presenting_;
     Appearance appearance_ = Appearance::kDisappeared;
-    UIModalPresentationStyle presentationStyle_ = UIModalPresentationStyle::kPageSheet;
     UIModalTransitionStyle transitionStyle_ = UIModalTransitionStyle::kCoverVertical;
-    bool capturesBar_ = false;
     bool hidesBottomBar_ = false;
 };
 

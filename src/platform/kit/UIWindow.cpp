@@ -79,16 +79,6 @@ std::shared_ptr<UIViewController> UIWindow::topViewController() const {
     return top;
 }
 
-UIStatusBarStyle UIWindow::statusBarStyle() const {
-    std::shared_ptr<UIViewController> decides = root_;
-    for (auto each = root_; each; each = each->presentedViewController()) {
-        if (each == root_ || each->modalPresentationCapturesStatusBarAppearance()) {
-            decides = each;
-        }
-    }
-    return decides ? decides->preferredStatusBarStyle() : UIStatusBarStyle::kDefault;
-}
-
 void UIWindow::addLayer(QQuickItem& view) {
     view.setParentItem(&host_);
     view.setPosition({0, 0});

@@ -36,9 +36,6 @@ class UIWindow : public QQuickWindow {
     // The area that screens have, as the screen of a phone.
     [[nodiscard]] QSizeF bounds() const { return size(); }
 
-    // The style of the screen that decides about it.
-    [[nodiscard]] UIStatusBarStyle statusBarStyle() const;
-
     // The innermost presented screen, or the root.
     [[nodiscard]] std::shared_ptr<UIViewController> topViewController() const;
 

@@ -7,6 +7,8 @@ FocusScope {
 
     property real progress: 1
     property bool centered: width >= 600
+    // Fades in its place instead of coming to it.
+    property bool dissolves: false
     property real preferredHeight: 0
     property real preferredWidth: Theme.sheetWidth
     property bool fullHeight: false
@@ -23,14 +25,15 @@ FocusScope {
         id: frame
 
         readonly property real available: sheet.height - (sheet.centered ? 2 : 1) * Theme.space5
+        readonly property real moved: sheet.dissolves ? 1 : sheet.progress
 
         width: sheet.centered ? Math.min(sheet.width - 2 * Theme.space5, sheet.preferredWidth)
                               : sheet.width
         height: sheet.fullHeight ? available : Math.min(available, sheet.preferredHeight)
         x: (sheet.width - width) / 2
-        y: sheet.centered ? (sheet.height - height) / 2 + Theme.space5 * (1 - sheet.progress)
-                          : sheet.height - height * sheet.progress
-        opacity: sheet.centered ? sheet.progress : 1
+        y: sheet.centered ? (sheet.height - height) / 2 + Theme.space5 * (1 - moved)
+                          : sheet.height - height * moved
+        opacity: sheet.centered || sheet.dissolves ? sheet.progress : 1
 
         // Keeps the pointer from what lies below.
         TapHandler {}

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QList>
-#include <QRectF>
 #include <QStringList>
 #include <QUrl>
 #include <functional>
@@ -54,9 +53,6 @@ class UIActivityViewController : public pellumar::UIViewController {
     // Before the view is loaded.
     void setExcludedActivityTypes(const QStringList& types) { excluded_ = types; }
     [[nodiscard]] const QStringList& excludedActivityTypes() const { return excluded_; }
-    // Where a popover is anchored, in the presenting view. Phones have none.
-    void setPopoverSourceRect(const QRectF& rect) { sourceRect_ = rect; }
-    [[nodiscard]] const std::optional<QRectF>& popoverSourceRect() const { return sourceRect_; }
     // Called exactly once, when the sheet has gone.
     void setCompletionWithItemsHandler(CompletionWithItems handler) {
         handler_ = std::move(handler);
@@ -96,7 +92,6 @@ class UIActivityViewController : public pellumar::UIViewController {
     const QList<QUrl> items_;
     std::vector<std::shared_ptr<ShareTarget>> targets_;
     QStringList excluded_;
-    std::optional<QRectF> sourceRect_;
     CompletionWithItems handler_;
     // Nothing before the items have been looked at.
     std::optional<ItemSummary> summary_;
