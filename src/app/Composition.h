@@ -11,6 +11,7 @@
 #include "app/PlatformParts.h"
 #include "app/Services.h"
 #include "app/WindowParts.h"
+#include "app/WindowReviewPrompt.h"
 #include "platform/desktop/SKStoreReviewController.h"
 #include "platform/desktop/SoftwareCentre.h"
 #include "screens/RelevantActionCount.h"
@@ -59,6 +60,7 @@ class Composition {
     const DocumentServices documents_;
     const FileSystem fileSystem_;
     WindowParts window_;
+    WindowReviewPrompt reviewPrompt_;
     SKStoreReviewController review_;
     const OutboundLinks links_{OutboundLinks::ofThisBuild(), SoftwareCentre::isInstalled};
     RelevantActionCount launches_;

@@ -63,6 +63,7 @@ SampleHome::SampleHome() : home_(folder_.filePath(QStringLiteral("anna"))) {
     for (const char* const address : {"PELLUMAR_ANALYTICS_URL", "PELLUMAR_REMOTE_CONFIG_URL"}) {
         qputenv(address, "");
     }
+    addSoftwareCentre();
     fillFolders();
     paintPhotos();
     pack();
@@ -74,6 +75,15 @@ QUrl SampleHome::file(const QString& name) const {
 
 QUrl SampleHome::archive() const {
     return file(QStringLiteral("Downloads/%1.zip").arg(kHoliday));
+}
+
+void SampleHome::addSoftwareCentre() const {
+    const QDir applications(folder_.filePath(QStringLiteral("DATA/applications")));
+    applications.mkpath(QStringLiteral("."));
+    QFile list(applications.filePath(QStringLiteral("mimeinfo.cache")));
+    if (list.open(QIODevice::WriteOnly)) {
+        list.write("[MIME Cache]\nx-scheme-handler/appstream=centre.desktop;\n");
+    }
 }
 
 // A file that does not shrink in an archive; what is in it nobody sees.

@@ -24,6 +24,7 @@ class SampleHome {
 
   private:
     void write(const QString& name, qint64 bytes, int hoursAgo) const;
+    void addSoftwareCentre() const;
     void fillFolders() const;
     void paintPhotos() const;
     void pack() const;

@@ -26,6 +26,12 @@ void showFeedback(Stage& stage) {
         ->starSelected(&fourthStar);
 }
 
+void showRating(Stage& stage) {
+    stage.showHome();
+    stage.services().review.requestReview();
+    stage.until("the alert", [&stage] { return stage.top<UIAlertController>() != nullptr; });
+}
+
 // By the road that an archive takes.
 void showResults(Stage& stage) {
     stage.showHome()->didConfirmUnzip(stage.home().archive());
@@ -118,6 +124,7 @@ std::vector<Scene> scenesOn(Stage& stage) {
         {"home", [&] { stage.showHome(); }},
         {"settings", [&] { stage.showSettings(); }},
         {"feedback", [&] { showFeedback(stage); }},
+        {"rating", [&] { showRating(stage); }},
         {"popup", [&, archive] { stage.present(makeController<ConfirmationPopupViewController>(ui, archive)); }},
         {"results", [&] { showResults(stage); }},
         {"results-empty", [&] { stage.push(makeController<UnzipViewController>(with, QList<QUrl>())); }},

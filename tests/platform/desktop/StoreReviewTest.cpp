@@ -16,43 +16,71 @@ class RecordingOpener : public UrlOpener {
     QList<QUrl> opened;
 };
 
+// Is answered at once, or never.
+class QuickPrompt : public ReviewPrompt {
+  public:
+    void ask(Answered answered) override {
+        ++asked;
+        if (answer) {
+            answered(*answer);
+        }
+    }
+    int asked = 0;
+    std::optional<bool> answer = false;
+};
+
 class StoreReviewTest : public testing::Test {
   protected:
+    // In a process of its own, as it were.
     void request() {
         QSettings memory(QString::fromStdString(folder / "memory.ini"), QSettings::IniFormat);
         SKStoreReviewController(
-            memory, opener, [this] { return now; }, [this] { return hasStore; })
+            memory, prompt, opener, [this] { return now; }, [this] { return hasStore; })
             .requestReview();
+    }
+    void requestDaily(int days) {
+        for (int day = 0; day < days; ++day) {
+            request();
+            now = now.addDays(1);
+        }
     }
 
     TemporaryFolder folder;
+    QuickPrompt prompt;
     RecordingOpener opener;
     QDateTime now{QDate(2026, 3, 1), QTime(12, 0), Qt::UTC};
     bool hasStore = true;
 };
 
-TEST_F(StoreReviewTest, AsksThreeTimesAYearAcrossLaunches) {
-    for (int day = 0; day < 10; ++day) {
-        request();
-        now = now.addDays(1);
-    }
-    EXPECT_EQ(opener.opened, QList<QUrl>(3, QUrl("appstream:org.pellumar.Zip")));
-    // The first of the three is a year old, the others are not.
-    now = now.addDays(355);
+TEST_F(StoreReviewTest, NotNowIsRememberedForMonths) {
+    requestDaily(120);
+    EXPECT_EQ(prompt.asked, 1);
+    requestDaily(240);
+    EXPECT_EQ(prompt.asked, 3);
+    // The first of the three is less than a year old, then it is not.
+    requestDaily(5);
+    EXPECT_EQ(prompt.asked, 3);
     request();
-    request();
-    EXPECT_EQ(opener.opened.size(), 4);
+    EXPECT_EQ(prompt.asked, 4);
+    EXPECT_TRUE(opener.opened.isEmpty());
 }
 
-TEST_F(StoreReviewTest, AttemptsWithoutAStoreDoNotCount) {
+TEST_F(StoreReviewTest, WhoWentToRateIsNotAskedAgain) {
+    prompt.answer = true;
+    requestDaily(1000);
+    EXPECT_EQ(prompt.asked, 1);
+    ASSERT_EQ(opener.opened.size(), 1);
+    EXPECT_EQ(opener.opened[0].toEncoded(), "appstream:org.pellumar.Zip");
+}
+
+TEST_F(StoreReviewTest, OnlyAnAnswerCounts) {
     hasStore = false;
-    for (int i = 0; i < 5; ++i) {
-        request();
-    }
-    EXPECT_TRUE(opener.opened.isEmpty());
+    requestDaily(5);
+    EXPECT_EQ(prompt.asked, 0);
     hasStore = true;
-    request();
-    EXPECT_EQ(opener.opened.size(), 1);
+    prompt.answer.reset();
+    requestDaily(5);
+    EXPECT_EQ(prompt.asked, 5);
 }
 
 TEST_F(StoreReviewTest, FindsTheStoreInTheDesktopsLists) {

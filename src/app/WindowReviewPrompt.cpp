@@ -1,0 +1,44 @@
+#include "app/WindowReviewPrompt.h"
+
+#include <utility>
+
+namespace pellumar {
+
+WindowReviewPrompt::WindowReviewPrompt(UIWindow& window, const UIContext& context)
+    : window_(window), context_(context) {
+    // Screens that come and go take the keyboard with them.
+    connect(&window,
+            &QQuickWindow::activeFocusItemChanged,
+            this,
+            &WindowReviewPrompt::presentWhenFree,
+            Qt::QueuedConnection);
+}
+
+void WindowReviewPrompt::ask(Answered answered) {
+    if (shown_.expired()) {
+        waiting_ = std::move(answered);
+        // Whoever asks may be about to present something more important.
+        QMetaObject::invokeMethod(this, &WindowReviewPrompt::presentWhenFree, Qt::QueuedConnection);
+    }
+}
+
+void WindowReviewPrompt::presentWhenFree() {
+    const std::shared_ptr<UIViewController> root = window_.rootViewController();
+    if (!waiting_ || !root || window_.topViewController() != root ||
+        root->appearance() != UIViewController::Appearance::kAppeared) {
+        return;
+    }
+    const auto alert = makeController<UIAlertController>(
+        context_,
+        tr("Do you like Pellumar Zip?"),
+        tr("A rating in the software centre helps others find it."));
+    const Answered answered = std::exchange(waiting_, nullptr);
+    alert->addAction({.title = tr("Rate"), .handler = [answered] { answered(true); }});
+    alert->addAction({.title = tr("Not now"),
+                      .style = UIAlertActionStyle::kCancel,
+                      .handler = [answered] { answered(false); }});
+    shown_ = alert;
+    root->present(alert, true);
+}
+
+}  // namespace pellumar
