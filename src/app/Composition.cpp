@@ -5,6 +5,7 @@
 
 #include "app/OnboardingViewController.h"
 #include "app/SettingsViewController.h"
+#include "app/Shortcuts.h"
 #include "platform/sharing/KeptEdits.h"
 #include "screens/ViewController.h"
 
@@ -32,6 +33,7 @@ Composition::Composition()
       handedOver_(
           {*delegate_, window(), window_.context(), platform_.mainQueue, platform_.folderQueue}) {
     fillStoryboard();
+    addShortcuts(window());
     delegate_->setWindow(&window());
 }
 

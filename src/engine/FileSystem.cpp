@@ -141,7 +141,7 @@ std::optional<FileSystem::Contents> FileSystem::contents(const std::filesystem::
         if (!name.starts_with('.')) {
             names.emplace_back(name);
         } else if (name != "." && name != "..") {
-            ++found.hidden;
+            found.hidden.append(fileUrl(folder / name));
         }
         errno = 0;
     }

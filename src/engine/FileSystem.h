@@ -57,8 +57,8 @@ class FileSystem {
     // What is in a folder: links too, wherever they lead, in natural order.
     struct Contents {
         QList<QUrl> items;
-        // How many more there are, whose names begin with a dot.
-        qsizetype hidden = 0;
+        // What else there is, in no order: its names begin with a dot.
+        QList<QUrl> hidden;
     };
     // Nothing if the folder cannot be read.
     [[nodiscard]] static std::optional<Contents> contents(const std::filesystem::path& folder);

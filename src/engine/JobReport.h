@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QUrl>
 #include <cstddef>
 #include <cstdint>
@@ -33,7 +34,7 @@ class JobReport {
         }
     }
     void addWarnings(const archive::Warnings& warnings) { warnings_.add(warnings); }
-    void setHiddenItems(qsizetype count) { hiddenItems_ = count; }
+    void setHiddenItems(QList<QUrl> items) { hiddenItems_ = std::move(items); }
 
     [[nodiscard]] OperationType operation() const { return operation_; }
     [[nodiscard]] const QUrl& archive() const { return archive_; }
@@ -42,9 +43,9 @@ class JobReport {
     [[nodiscard]] std::uint64_t failureCount() const { return failureCount_; }
     // What was odd about an archive that was taken, or made, all the same.
     [[nodiscard]] const archive::Warnings& warnings() const { return warnings_; }
-    // How many things stand at the top of an extraction that its list leaves out, because their
-    // names begin with a dot.
-    [[nodiscard]] qsizetype hiddenItems() const { return hiddenItems_; }
+    // What stands at the top of an extraction and is not in its list, because its names begin with
+    // a dot.
+    [[nodiscard]] const QList<QUrl>& hiddenItems() const { return hiddenItems_; }
 
   private:
     OperationType operation_;
@@ -52,7 +53,7 @@ class JobReport {
     std::vector<archive::Error> failures_;
     std::uint64_t failureCount_ = 0;
     archive::Warnings warnings_;
-    qsizetype hiddenItems_ = 0;
+    QList<QUrl> hiddenItems_;
 };
 
 }  // namespace pellumar

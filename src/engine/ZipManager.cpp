@@ -73,7 +73,7 @@ struct ExtractionJob {
         Result<FileSystem::Contents> extracted = contents();
         if (extracted) {
             files = std::move(extracted->items);
-            report.setHiddenItems(extracted->hidden);
+            report.setHiddenItems(std::move(extracted->hidden));
             return;
         }
         environment.console.writeLine(QStringLiteral("FAILED!"));

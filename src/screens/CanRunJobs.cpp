@@ -5,6 +5,13 @@
 #include "engine/FailureReason.h"
 
 namespace pellumar {
+namespace {
+
+QString jobText(const char* source) {
+    return QCoreApplication::translate("CanRunJobs", source);
+}
+
+}  // namespace
 
 std::shared_ptr<MBProgressHUD> CanRunJobs::showHud(const QString& label) {
     hud_ = MBProgressHUD::showAddedTo(services().ui, screen().view(), true);
@@ -16,8 +23,7 @@ void CanRunJobs::compress(const QString& label, const Compression& compression) 
     // That of this run: another may have been shown since.
     const std::weak_ptr<MBProgressHUD> shown = showHud(label);
     hud_->setMode(MBProgressHUD::Mode::kAnnularDeterminate);
-    const auto awake =
-        services().sleep.keepAwake(QCoreApplication::translate("CanRunJobs", "Making an archive"));
+    const auto awake = services().sleep.keepAwake(jobText("Making an archive"));
     const auto finished = [this, shown, awake](const std::optional<QUrl>& archive,
                                                const JobReport& report) {
         if (!archive) {
@@ -25,12 +31,26 @@ void CanRunJobs::compress(const QString& label, const Compression& compression) 
             showFailureAlert(FailureReason::of(report));
             return;
         }
-        shareFiles({*archive}, [this](const auto&...) { askForReviewOnce(); });
+        offer(*archive);
         if (const auto hud = shown.lock()) {
             hud->hide(true);
         }
     };
     compression(*zipManager_, whileAlive(finished));
+}
+
+void CanRunJobs::offer(const QUrl& archive) {
+    const auto save = [this, archive] { saveFiles({.items = {archive}, .newFolder = {}}, {}); };
+    shareFiles({archive}, [this, save](const auto& /*activity*/, bool completed, const auto&...) {
+        askForReviewOnce();
+        if (!completed) {
+            askToKeep({.title = jobText("This archive was not kept"),
+                       .message = jobText("It goes when the app starts the next time."),
+                       .keep = save,
+                       .leaveTitle = jobText("Let it go"),
+                       .leave = [] {}});
+        }
+    });
 }
 
 void CanRunJobs::zipManagerDidAddFile(qint64 done, qint64 total) {

@@ -6,15 +6,15 @@
 #include "engine/ZipManager.h"
 #include "platform/kit/MBProgressHUD.h"
 #include "screens/CanAskFeedback.h"
+#include "screens/CanKeepFiles.h"
 #include "screens/CanShareFiles.h"
-#include "screens/CanShowFailureAlert.h"
 
 namespace pellumar {
 
 // A screen that has archive jobs done: owns their manager, whose delegate it is, and the overlay
 // that covers the screen meanwhile.
 class CanRunJobs : public ZipManagerDelegate,
-                   public CanShowFailureAlert,
+                   public CanKeepFiles,
                    public CanShareFiles,
                    public CanAskFeedback {
   public:
@@ -35,10 +35,13 @@ class CanRunJobs : public ZipManagerDelegate,
     using Compression =
         std::function<void(ZipManager& manager, const ZipManager::ArchiveCompletion& completion)>;
     // Compresses under an overlay of that label; then the share sheet offers the archive, or the
-    // overlay stays under the failure alert.
+    // overlay stays under the failure alert. An archive that was neither saved nor shared is asked
+    // about, once.
     void compress(const QString& label, const Compression& compression);
 
   private:
+    void offer(const QUrl& archive);
+
     const std::shared_ptr<ZipManager> zipManager_;
     std::shared_ptr<MBProgressHUD> hud_;
 };

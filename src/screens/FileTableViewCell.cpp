@@ -3,6 +3,7 @@
 #include "platform/FileUrl.h"
 #include "platform/documents/ThumbnailProvider.h"
 #include "platform/documents/UIDocumentInteractionController.h"
+#include "screens/FileDetails.h"
 
 namespace pellumar {
 
@@ -22,16 +23,26 @@ void FileTableViewCell::configure(const QUrl& url, IndexPath indexPath) {
     thumbnail_ = hasPicture ? ThumbnailProvider::source(url) : QString();
     detail_.clear();
     emit configured();
-    question_ = details_.ask(url, [this](const QString& detail) {
-        detail_ = detail;
-        emit configured();
-    });
+    question_ = askInBackground<QString>(
+        documents_.mainQueue,
+        documents_.backgroundQueue,
+        [url](const auto& /*isWanted*/) { return fileDetails(url); },
+        [this](const QString& detail) {
+            detail_ = detail;
+            emit configured();
+        });
 }
 
 void FileTableViewCell::shareTapped() {
     const auto told = delegate_.lock();
     if (indexPath_ && told) {
         told->shareFile(*indexPath_);
+    }
+}
+
+void FileTableViewCell::openTapped() {
+    if (indexPath_) {
+        open_(*indexPath_);
     }
 }
 

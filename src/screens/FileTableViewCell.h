@@ -2,12 +2,14 @@
 
 #include <QPointer>
 #include <QUrl>
+#include <functional>
 #include <memory>
 #include <optional>
 
+#include "platform/Question.h"
+#include "platform/documents/UIDocumentPickerViewController.h"
 #include "platform/kit/UITableViewCell.h"
 #include "screens/FileCellDelegate.h"
-#include "screens/FileDetails.h"
 
 namespace pellumar {
 
@@ -24,8 +26,16 @@ class FileTableViewCell : public UITableViewCell {
     Q_PROPERTY(QString thumbnail READ thumbnail NOTIFY configured)
 
   public:
-    FileTableViewCell(const UIContext& context, QString reuseIdentifier, FileDetails& details)
-        : UITableViewCell(context, std::move(reuseIdentifier)), details_(details) {}
+    using Opener = std::function<void(IndexPath at)>;
+
+    // `open` is called with the row that is tapped.
+    FileTableViewCell(const UIContext& context,
+                      QString reuseIdentifier,
+                      const DocumentServices& documents,
+                      Opener open)
+        : UITableViewCell(context, std::move(reuseIdentifier)),
+          documents_(documents),
+          open_(std::move(open)) {}
 
     // Shows another file. A cell that is used again forgets the one before.
     void configure(const QUrl& url, IndexPath indexPath);
@@ -34,6 +44,7 @@ class FileTableViewCell : public UITableViewCell {
     [[nodiscard]] std::optional<IndexPath> indexPath() const { return indexPath_; }
 
     Q_INVOKABLE void shareTapped();
+    Q_INVOKABLE void openTapped();
 
     [[nodiscard]] QString detail() const { return detail_; }
     [[nodiscard]] QString iconName() const { return iconName_; }
@@ -46,13 +57,14 @@ class FileTableViewCell : public UITableViewCell {
     void awakeFromNib() override;
 
   private:
-    FileDetails& details_;
+    const DocumentServices documents_;
+    const Opener open_;
     QPointer<QQuickItem> titleLabel_;
     QPointer<QQuickItem> fileImageView_;
     std::optional<IndexPath> indexPath_;
     std::weak_ptr<FileCellDelegate> delegate_;
     // Gone as soon as the cell shows another file.
-    std::shared_ptr<void> question_;
+    Question question_;
     QString detail_;
     QString iconName_;
     QString thumbnail_;

@@ -8,6 +8,19 @@ FocusScope {
 
     required property FileTableViewCell controller
 
+    PlainButton {
+        id: opener
+        objectName: "openButton"
+        anchors.fill: parent
+        focus: true
+        text: qsTr("Open %1").arg(title.text)
+        description: root.controller.detail
+        onClicked: root.controller.openTapped()
+        background: Rectangle {
+            color: opener.down || opener.hovered ? Theme.pressed : "transparent"
+            FocusRing { control: opener; anchors.margins: 2; radius: Theme.space2 }
+        }
+    }
     RowLayout {
         anchors.fill: parent
         anchors.leftMargin: Theme.space4
@@ -61,7 +74,6 @@ FocusScope {
         }
         IconButton {
             objectName: "shareButton"
-            focus: true
             iconName: "share"
             text: qsTr("Share %1").arg(title.text)
             onClicked: root.controller.shareTapped()

@@ -1,7 +1,16 @@
 #include "screens/UnzipViewController.h"
 
+#include <QFileInfo>
+#include <QLocale>
 #include <utility>
 
+#include "platform/DisplayText.h"
+#include "platform/FileUrl.h"
+#include "platform/documents/FileCopy.h"
+#include "platform/kit/UINavigationController.h"
+#include "platform/sharing/ActivityType.h"
+#include "platform/sharing/ShowInFilesTarget.h"
+#include "screens/FileDetails.h"
 #include "screens/FileTableViewCell.h"
 
 namespace pellumar {
@@ -16,7 +25,6 @@ UnzipViewController::UnzipViewController(const ScreenServices& services,
                                          JobReport report)
     : UIViewController(services.ui),
       services_(services),
-      details_(services.mainQueue, services.documents.backgroundQueue),
       urls_(std::move(urls)),
       report_(std::move(report)) {}
 
@@ -25,11 +33,17 @@ void UnzipViewController::viewDidLoad() {
     setTitle(QStringLiteral("Unzipped Files"));
     tableView_ = outlet<UITableView>(view(), QStringLiteral("tableView"));
     tableView_->registerCell(
-        [this] { return makeController<FileTableViewCell>(context(), kFileCell, details_); },
+        [this] {
+            return makeController<FileTableViewCell>(
+                context(), kFileCell, services_.documents, whileAlive([this](IndexPath at) {
+                    openFile(at);
+                }));
+        },
         kFileCell);
     tableView_->setDataSource(weakly(this));
     navigationItem()->setRightBarButtonItem(QStringLiteral("Share All"),
                                             whileAlive([this] { shareAll(); }));
+    sumUp();
 }
 
 int UnzipViewController::numberOfSections(const UITableView& /*tableView*/) const {
@@ -61,12 +75,133 @@ const QUrl& UnzipViewController::urlAt(IndexPath indexPath) const {
     return urls_[indexPath.row];
 }
 
+void UnzipViewController::sumUp() {
+    question_ = askInBackground<qint64>(
+        services_.mainQueue,
+        services_.documents.backgroundQueue,
+        [items = items()](const auto& isWanted) {
+            std::uint64_t bytes = 0;
+            for (qsizetype i = 0; i < items.size() && isWanted(); ++i) {
+                bytes += treeSize(localPath(items[i]).value_or(std::filesystem::path()));
+            }
+            return static_cast<qint64>(bytes);
+        },
+        [this](qint64 bytes) {
+            bytes_ = bytes;
+            emit changed();
+        });
+}
+
+QString UnzipViewController::detail() const {
+    const QString count =
+        urls_.size() == 1 ? tr("1 item") : tr("%1 items").arg(QLocale().toString(urls_.size()));
+    return bytes_ ? count + QStringLiteral(", ") + sizeText(*bytes_) : count;
+}
+
+QString UnzipViewController::savedTo() const {
+    const auto first = saved_.isEmpty() ? std::nullopt : localPath(saved_.first());
+    return first ? fileUrl(first->parent_path()).fileName() : QString();
+}
+
 void UnzipViewController::shareFile(IndexPath at) {
-    shareFiles({urlAt(at)}, [](const auto&...) {});
+    shareFiles({urlAt(at)}, [this](const auto& /*activity*/, bool completed, const auto&...) {
+        mayLeave_ = mayLeave_ || completed;
+    });
 }
 
 void UnzipViewController::shareAll() {
-    shareFiles(urls_, [this](const auto&...) { askForReviewOnce(); });
+    shareFiles(urls_, [this](const auto& /*activity*/, bool completed, const auto&...) {
+        mayLeave_ = mayLeave_ || completed;
+        askForReviewOnce();
+    });
+}
+
+void UnzipViewController::saveAll() {
+    QString folder = archiveName();
+    if (folder.endsWith(QStringLiteral(".zip"), Qt::CaseInsensitive)) {
+        folder.chop(4);
+    }
+    const bool isName =
+        !folder.isEmpty() && folder != QStringLiteral(".") && folder != QStringLiteral("..");
+    saveFiles({.items = items(), .newFolder = isName ? folder : tr("Unzipped files")},
+              [this](const QList<QUrl>& saved) {
+                  saved_ = saved;
+                  mayLeave_ = true;
+                  emit changed();
+              });
+}
+
+void UnzipViewController::showSaved() {
+    const Notice::Action show = ShowInFilesTarget::noticeAction(saved_);
+    if (show.handler) {
+        show.handler();
+    }
+}
+
+void UnzipViewController::openFile(IndexPath at) {
+    if (opening_) {
+        return;
+    }
+    // As from the share sheet: under a second name, where it outlives this list and what is changed
+    // is not lost.
+    opening_ = askInBackground<Opening>(
+        services_.mainQueue,
+        services_.documents.backgroundQueue,
+        [url = urlAt(at), &shared = services_.sharing.sharedItems](const auto& /*isWanted*/) {
+            const bool isFolder = QFileInfo(url.toLocalFile()).isDir();
+            const auto kept = shared.keep({url});
+            return Opening{.activityType = isFolder ? activity::kShowInFiles : activity::kOpenWith,
+                           .items = kept.value_or(QList<QUrl>())};
+        },
+        [this](const Opening& opening) { perform(opening); });
+}
+
+void UnzipViewController::perform(const Opening& opening) {
+    const auto opened = whileAlive([this](const ShareTarget::Result& result) {
+        opening_.reset();
+        if (!result.error.isEmpty()) {
+            showFailureAlert(result.error);
+        }
+    });
+    if (opening.items.isEmpty()) {
+        opened({.error = tr("This could not be opened.")});
+        return;
+    }
+    for (const std::shared_ptr<ShareTarget>& target : services_.sharing.targets) {
+        if (target->activityType() == opening.activityType) {
+            target->perform(opening.items, opened);
+            return;
+        }
+    }
+    opening_.reset();
+}
+
+int UnzipViewController::rowOf(const QString& letters, int from) const {
+    for (qsizetype i = 0; i < urls_.size(); ++i) {
+        const qsizetype row = (from + i) % urls_.size();
+        if (urls_[row].fileName().startsWith(letters, Qt::CaseInsensitive)) {
+            return static_cast<int>(row);
+        }
+    }
+    return -1;
+}
+
+bool UnzipViewController::mayGoBack() {
+    if (mayLeave_ || items().isEmpty()) {
+        return true;
+    }
+    mayLeave_ = true;
+    askToKeep({.title = tr("Nothing of this was kept"),
+               .message = tr("What was unzipped goes when you leave."),
+               .keep = [this] { saveAll(); },
+               .leaveTitle = tr("Leave"),
+               .leave =
+                   [this] {
+                       if (const auto stack = navigationController()) {
+                           stack->popViewController(true);
+                       }
+                   }});
+    return false;
 }
 
 }  // namespace pellumar

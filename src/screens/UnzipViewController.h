@@ -3,26 +3,37 @@
 #include <QList>
 #include <QPointer>
 #include <QUrl>
+#include <optional>
 
+#include "engine/JobReport.h"
+#include "platform/Question.h"
 #include "platform/kit/UITableView.h"
 #include "screens/CanAskFeedback.h"
+#include "screens/CanKeepFiles.h"
 #include "screens/CanShareFiles.h"
 #include "screens/FileCellDelegate.h"
-#include "screens/FileDetails.h"
 
 namespace pellumar {
 
-// Lists what an extraction brought, to be shared one by one or all together. Layout outlet:
-// "tableView".
+// Lists what an extraction brought, to be opened, saved and shared one by one or all together. What
+// of it nobody kept is asked about once, before the user leaves. Layout outlet: "tableView".
 class UnzipViewController : public pellumar::UIViewController,
                             public UITableViewDataSource,
                             public FileCellDelegate,
+                            public CanKeepFiles,
                             public CanShareFiles,
                             public CanAskFeedback {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Made in C++")
-    Q_PROPERTY(bool isEmpty READ isEmpty CONSTANT)
+    Q_PROPERTY(QString archiveName READ archiveName CONSTANT)
+    // How many items there are, and how large they are together as soon as that is known.
+    Q_PROPERTY(QString detail READ detail NOTIFY changed)
+    Q_PROPERTY(int listedCount READ listedCount CONSTANT)
+    // What the list leaves out.
+    Q_PROPERTY(int hiddenCount READ hiddenCount CONSTANT)
+    // The folder of the user's that all of it was saved into; empty before.
+    Q_PROPERTY(QString savedTo READ savedTo NOTIFY changed)
 
   public:
     // `report` is what the extraction said of itself.
@@ -31,10 +42,26 @@ class UnzipViewController : public pellumar::UIViewController,
                         JobReport report = {OperationType::kUnzip, QUrl()});
 
     [[nodiscard]] const QList<QUrl>& urls() const { return urls_; }
-    [[nodiscard]] const JobReport& report() const { return report_; }
-    [[nodiscard]] bool isEmpty() const { return urls_.isEmpty(); }
 
     Q_INVOKABLE void shareAll();
+    // Into a folder that is named after the archive, with what the list leaves out.
+    Q_INVOKABLE void saveAll();
+    // In the file manager, what has been saved.
+    Q_INVOKABLE void showSaved();
+    // With its application; a folder in the file manager.
+    void openFile(IndexPath at);
+    // The first row from this one on whose name begins with the letters, going on at the beginning
+    // after the end; -1 if there is none.
+    [[nodiscard]] Q_INVOKABLE int rowOf(const QString& letters, int from) const;
+
+    [[nodiscard]] const JobReport& report() const { return report_; }
+    [[nodiscard]] QString archiveName() const { return report_.archive().fileName(); }
+    [[nodiscard]] QString detail() const;
+    [[nodiscard]] int listedCount() const { return static_cast<int>(urls_.size()); }
+    [[nodiscard]] int hiddenCount() const { return static_cast<int>(report_.hiddenItems().size()); }
+    [[nodiscard]] QString savedTo() const;
+    [[nodiscard]] bool mayGoBack() override;
+
     // A row that is not in the list stops the process.
     void shareFile(IndexPath at) override;
 
@@ -43,6 +70,9 @@ class UnzipViewController : public pellumar::UIViewController,
     [[nodiscard]] std::shared_ptr<UITableViewCell> cellForRow(UITableView& tableView,
                                                               IndexPath indexPath) override;
 
+  signals:
+    void changed();
+
   protected:
     void viewDidLoad() override;
 
@@ -50,12 +80,26 @@ class UnzipViewController : public pellumar::UIViewController,
     [[nodiscard]] UIViewController& screen() override { return *this; }
     [[nodiscard]] const ScreenServices& services() const override { return services_; }
     [[nodiscard]] const QUrl& urlAt(IndexPath indexPath) const;
+    // All that was extracted.
+    [[nodiscard]] QList<QUrl> items() const { return urls_ + report_.hiddenItems(); }
+    struct Opening {
+        QString activityType;
+        QList<QUrl> items;
+    };
+    void perform(const Opening& opening);
+    void sumUp();
 
     const ScreenServices services_;
-    FileDetails details_;
     QPointer<UITableView> tableView_;
     const QList<QUrl> urls_;
     const JobReport report_;
+    std::optional<qint64> bytes_;
+    QList<QUrl> saved_;
+    // Whether anything left, or the user was asked already.
+    bool mayLeave_ = false;
+    Question question_;
+    // Held while a file is being opened: a second tap does not open it twice.
+    Question opening_;
 };
 
 }  // namespace pellumar

@@ -1,5 +1,6 @@
 #include "screens/ZipViewController.h"
 
+#include <QSet>
 #include <QTimer>
 #include <chrono>
 #include <climits>
@@ -103,14 +104,36 @@ void ZipViewController::fetchMedia(const std::vector<PHAsset>& assets) {
     showHud(QStringLiteral("Fetching media"))->setDetailsLabel(QStringLiteral("Keep the app open"));
     photos_.fetchFiles(
         assets, whileAlive([this, count = assets.size()](const QList<QUrl>& urls) {
-            hud()->hide(false);
-            if (static_cast<std::size_t>(urls.size()) == count) {
-                askTitleForFiles(urls);
-            } else {
+            if (static_cast<std::size_t>(urls.size()) != count) {
+                hud()->hide(false);
                 showFailureAlert(QStringLiteral(
                     "Failed to fetch items. Verify your Internet connection and try again."));
+            } else {
+                nameApart(urls);
             }
         }));
+}
+
+void ZipViewController::nameApart(const QList<QUrl>& urls) {
+    QSet<QString> names;
+    for (const QUrl& url : urls) {
+        names.insert(url.fileName().toCaseFolded());
+    }
+    const auto named = [this](const tl::expected<QList<QUrl>, QString>& files) {
+        hud()->hide(false);
+        if (files) {
+            askTitleForFiles(*files);
+        } else {
+            showFailureAlert(files.error());
+        }
+    };
+    if (names.size() == urls.size()) {
+        named(urls);
+        return;
+    }
+    // Albums may have a "beach.jpg" each. In an archive, one of them would be lost.
+    services_.documents.inbox.import(
+        urls, [](double /*done*/) {}, whileAlive(named));
 }
 
 void ZipViewController::askTitleForFiles(const QList<QUrl>& urls) {

@@ -53,6 +53,8 @@ class ZipViewController : public UIViewController,
     void openEarlierPicker();
     void takeAssets(const QStringList& identifiers);
     void fetchMedia(const std::vector<PHAsset>& assets);
+    // Asks for the title; before that, files of one name get names of their own.
+    void nameApart(const QList<QUrl>& urls);
     // `save` gets the title that was given.
     void askTitle(const QString& alertTitle, const std::function<void(const QString& title)>& save);
 

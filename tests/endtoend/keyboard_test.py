@@ -58,7 +58,11 @@ class KeyboardTest(road.RoadTest):
         self.wait_for_keyboard(application, "push button", "Save to…")
         application.key("Escape")
         self.wait_for_keyboard(application, "push button", "Share photo.bin")
+        # Nothing was kept: that is asked about, and Escape does not answer.
         application.key("Escape")
+        self.wait_for_keyboard(application, "push button", "Keep…")
+        application.key("Escape")
+        self.use(application, "push button", "Leave")
         self.wait_for_keyboard(application, "push button", "Unzip")
         # From the first screen there is no way back, and the application stays.
         application.key("Escape")

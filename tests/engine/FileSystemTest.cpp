@@ -146,7 +146,7 @@ TEST_F(FileSystemTest, ListsLinksButNothingHiddenInNaturalOrder) {
     const std::optional<FileSystem::Contents> found = FileSystem::contents(folder_ / "docs");
     ASSERT_TRUE(found);
     EXPECT_EQ(found->items, expected);
-    EXPECT_EQ(found->hidden, 1);
+    EXPECT_EQ(found->hidden.size(), 1);
     EXPECT_FALSE(FileSystem::contents(folder_ / "missing"));
     EXPECT_FALSE(FileSystem::contents(folder_ / "docs/b"));
 }

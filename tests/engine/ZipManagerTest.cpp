@@ -315,7 +315,7 @@ TEST_F(ZipManagerTest, ExtractsIntoANewFolderAndListsItsTop) {
     ASSERT_EQ(files_.value->size(), 2);
     const fs::path place = localPath(files_.value->first())->parent_path();
     EXPECT_EQ(files_.value, FileSystem::contents(place)->items);
-    EXPECT_EQ(files_.report->hiddenItems(), 1);
+    EXPECT_EQ(files_.report->hiddenItems().size(), 1);
     EXPECT_EQ(files_.report->failureCount(), 0U);
     EXPECT_EQ(test::readText(place / "folder/deep/a"), "folder/deep/a");
     EXPECT_EQ(test::readText(place / ".hidden"), ".hidden");

@@ -22,7 +22,7 @@ TEST_F(KeyboardTest, ComesBackAfterAnOverlayAndAScreenAboveIt) {
     popup->unzipTapped();
     EXPECT_FALSE(home->view().findChild<QQuickItem*>("unzipButton")->isEnabled());
     settle();
-    EXPECT_EQ(focused(), "shareButton");
+    EXPECT_EQ(focused(), "openButton");
     stack()->popViewController(true);
     EXPECT_EQ(focused(), "unzipButton");
     EXPECT_TRUE(home->view().findChild<QQuickItem*>("unzipButton")->isEnabled());

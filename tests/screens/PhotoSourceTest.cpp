@@ -1,6 +1,7 @@
 #include "screens/PhotoSource.h"
 
 #include <QImage>
+#include <set>
 
 #include "gui/ScreenFixture.h"
 #include "platform/FileUrl.h"
@@ -107,6 +108,30 @@ TEST_F(PhotoSourceTest, PhotosAndVideosBecomeASharedArchive) {
     EXPECT_EQ(eventNames(), (QStringList{"tapped_photos", "zipped_successfuly"}));
     EXPECT_TRUE(console.lines().contains("Got assets"));
     EXPECT_EQ(console.lines().filter("Response URL: Optional(file:///").size(), 3);
+}
+
+// Two albums had a "one.png" each: the archive had two entries of that name, of which one was lost.
+TEST_F(PhotoSourceTest, PhotosOfOneNameBothReachTheArchive) {
+    std::filesystem::create_directory(folder / "Pictures" / "Album");
+    std::filesystem::copy(folder / "Pictures" / "two.png", folder / "Pictures/Album/one.png");
+    pickAll(*openPicker<PHPickerViewController>());
+    const auto alert = nextAlert();
+    ASSERT_TRUE(alert);
+    alert->setText("Trip");
+    alert->choose(0);
+    settle();
+    const auto sheet = presented<UIActivityViewController>();
+    ASSERT_TRUE(sheet);
+    std::set<std::string> names;
+    QList<QUrl> files;
+    ZipManager::create(services.jobs)
+        ->unzip(sheet->activityItems().first(),
+                [&files](const auto& all, const auto&) { files = *all; });
+    settle();
+    for (const QUrl& url : files) {
+        names.insert(url.fileName().toStdString());
+    }
+    EXPECT_EQ(names, (std::set<std::string>{"clip.mp4", "one (2).png", "one.png", "two.png"}));
 }
 
 TEST_F(PhotoSourceTest, CancelledPicksDoNothing) {

@@ -172,8 +172,14 @@ bool UINavigationController::goBack() {
     if (!canPop()) {
         return false;
     }
-    popViewController(true);
+    backTapped();
     return true;
+}
+
+void UINavigationController::backTapped() {
+    if (canPop() && !leaving_ && topViewController()->mayGoBack()) {
+        popViewController(true);
+    }
 }
 
 }  // namespace pellumar

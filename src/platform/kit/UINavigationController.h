@@ -39,7 +39,8 @@ class UINavigationController : public UIViewController {
     // Lets go of the topmost screen, even while it still comes; the root stays. While a screen
     // leaves, no other does.
     void popViewController(bool animated);
-    Q_INVOKABLE void backTapped() { popViewController(true); }
+    // The user's step back, unless the topmost screen has a question first.
+    Q_INVOKABLE void backTapped();
     // The button at the right end, which belongs to the topmost screen.
     Q_INVOKABLE void rightTapped();
     [[nodiscard]] bool isMoving() const override;

@@ -96,6 +96,10 @@ class UIViewController : public QObject, public std::enable_shared_from_this<UIV
     // Goes one step back, as Escape and the back gesture ask for: false if there is none to go.
     virtual bool goBack();
 
+    // Asked before a step back takes this from its stack: false keeps it there, say because it has
+    // a question for the user first.
+    [[nodiscard]] virtual bool mayGoBack() { return true; }
+
     // For containers and the window: tell this, and what it contains, that it comes or goes. A call
     // that changes nothing does nothing.
     void beginAppearance(bool appearing, bool animated);

@@ -1,0 +1,61 @@
+import QtQuick
+import QtQuick.Layouts
+import Pellumar.Screens
+import Pellumar.Look
+
+// Above the list of results: what they come from, and what can be done with all of them.
+Item {
+    id: root
+
+    required property UnzipViewController controller
+    readonly property int hidden: controller.hiddenCount
+
+    implicitHeight: visible ? content.implicitHeight + Theme.space4 + Theme.space3 : 0
+    visible: controller.listedCount > 0 || hidden > 0
+
+    ColumnLayout {
+        id: content
+        anchors.horizontalCenter: parent.horizontalCenter
+        y: Theme.space4
+        width: Math.min(parent.width, Theme.readableWidth) - 2 * Theme.space4
+        spacing: Theme.space3
+
+        ColumnLayout {
+            Layout.fillWidth: true
+            spacing: 0
+            BodyText {
+                Layout.fillWidth: true
+                visible: text !== ""
+                text: root.controller.archiveName
+                font.pixelSize: Theme.fontHeading
+                font.weight: Theme.weightStrong
+                wrapMode: Text.WrapAnywhere
+                maximumLineCount: 2
+                elide: Text.ElideMiddle
+            }
+            BodyText {
+                Layout.fillWidth: true
+                text: root.controller.detail
+                color: Theme.textSecondary
+            }
+        }
+        PrimaryButton {
+            Layout.fillWidth: true
+            objectName: "saveAllButton"
+            text: qsTr("Save all to…")
+            onClicked: root.controller.saveAll()
+        }
+        HeaderLine {
+            objectName: "savedLine"
+            text: root.controller.savedTo === "" ? "" : qsTr("Saved to %1").arg(root.controller.savedTo)
+            action: qsTr("Show in files")
+            onActed: root.controller.showSaved()
+        }
+        HeaderLine {
+            objectName: "hiddenLine"
+            text: root.hidden === 0 ? ""
+                : root.hidden === 1 ? qsTr("1 hidden file is not in the list. It is saved with all.")
+                                    : qsTr("%1 hidden files are not in the list. They are saved with all.").arg(root.hidden)
+        }
+    }
+}

@@ -1,0 +1,222 @@
+#include <QKeyEvent>
+
+#include "gui/ScreenFixture.h"
+#include "platform/FileUrl.h"
+#include "platform/kit/UIAlertController.h"
+#include "platform/sharing/ActivityType.h"
+#include "screens/FileTableViewCell.h"
+#include "screens/UnzipViewController.h"
+#include "screens/ZipViewController.h"
+#include "support/FileContents.h"
+#include "support/ZipBuilder.h"
+
+namespace pellumar::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+// Opens what it is given, when told.
+class SlowOpener : public ShareTarget {
+  public:
+    [[nodiscard]] QString activityType() const override { return activity::kOpenWith; }
+    [[nodiscard]] QString title() const override { return "Open"; }
+    [[nodiscard]] QString iconName() const override { return "open"; }
+    [[nodiscard]] bool canPerform(const ItemSummary& /*summary*/) const override { return true; }
+    void perform(const QList<QUrl>& urls, const Done& done) override {
+        opened.append(urls);
+        done_ = done;
+    }
+    void answer(const QString& error) { done_({.isCompleted = error.isEmpty(), .error = error}); }
+    QList<QUrl> opened;
+
+  private:
+    Done done_;
+};
+
+// The results of an archive, by the road from the home screen.
+class ResultsTest : public ScreenFixture {
+  protected:
+    ResultsTest() : home_(showHome()) {
+        targets.push_back(opener);
+        fs::create_directory(folder / "target");
+    }
+
+    std::shared_ptr<UnzipViewController> unzip(const std::vector<std::string>& names) {
+        ZipBuilder builder;
+        for (const std::string& name : names) {
+            builder.file(name, "content of " + name);
+        }
+        builder.writeTo(folder / "Holiday.zip");
+        home_->didConfirmUnzip(fileUrl(folder / "Holiday.zip"));
+        settle();
+        auto results = std::dynamic_pointer_cast<UnzipViewController>(stack()->topViewController());
+        EXPECT_TRUE(results);
+        return results;
+    }
+    [[nodiscard]] bool isAtHome() const { return stack()->viewControllers().size() == 1; }
+    void press(int key, const QString& text = {}) {
+        QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
+        QCoreApplication::sendEvent(&window, &press);
+    }
+    // Answers the picker of a folder, if there is one.
+    void saveToTarget() {
+        const auto picker = presented<UIDocumentPickerViewController>();
+        ASSERT_TRUE(picker);
+        picker->model()->setFolder(folder / "target");
+        settle();
+        picker->confirmTapped();
+        settle();
+    }
+    // What of the window's list the keyboard is in.
+    [[nodiscard]] QString focusedRow() const {
+        const QQuickItem* const item = window.activeFocusItem();
+        return item == nullptr ? QString() : item->property("text").toString();
+    }
+
+    std::shared_ptr<SlowOpener> opener = std::make_shared<SlowOpener>();
+
+  private:
+    std::shared_ptr<ViewController> home_;
+};
+
+TEST_F(ResultsTest, SayWhatTheyAreAndSaveAllWithWhatIsHidden) {
+    const auto results = unzip({"a.txt", "folder/b.txt", ".profile"});
+    EXPECT_EQ(results->archiveName(), "Holiday.zip");
+    EXPECT_EQ(results->listedCount(), 2);
+    EXPECT_EQ(results->hiddenCount(), 1);
+    EXPECT_EQ(results->detail(), "2 items, 58 bytes");
+    results->saveAll();
+    saveToTarget();
+    EXPECT_EQ(results->savedTo(), "Holiday");
+    EXPECT_EQ(readText(folder / "target/Holiday/folder/b.txt"), "content of folder/b.txt");
+    EXPECT_EQ(readText(folder / "target/Holiday/.profile"), "content of .profile");
+    EXPECT_TRUE(results->mayGoBack());
+}
+
+// It said "There was nothing in this archive".
+TEST_F(ResultsTest, HiddenFilesAloneAreNotNothing) {
+    const auto results = unzip({".a", ".b"});
+    EXPECT_EQ(results->listedCount(), 0);
+    EXPECT_EQ(results->hiddenCount(), 2);
+    const auto* const button = results->view().findChild<QQuickItem*>("saveAllButton");
+    ASSERT_TRUE(button);
+    EXPECT_TRUE(button->isVisible());
+    stack()->backTapped();
+    EXPECT_TRUE(presented<UIAlertController>());
+}
+
+TEST_F(ResultsTest, AreAskedAboutOnceBeforeTheyGoHoweverTheUserLeaves) {
+    const std::vector<std::function<void()>> ways = {[this] { stack()->backTapped(); },
+                                                     [this] { press(Qt::Key_Escape); },
+                                                     [this] { press(Qt::Key_Back); }};
+    for (const auto& leave : ways) {
+        static_cast<void>(unzip({"a.txt"}));
+        leave();
+        const auto alert = presented<UIAlertController>();
+        ASSERT_TRUE(alert);
+        EXPECT_EQ(alert->alertTitle(), "Nothing of this was kept");
+        press(Qt::Key_Escape);  // pressed once too often
+        EXPECT_EQ(presented<UIAlertController>(), alert);
+        alert->choose(1);
+        settle();
+        EXPECT_TRUE(isAtHome());
+    }
+    static_cast<void>(unzip({"a.txt"}));
+    stack()->backTapped();
+    presented<UIAlertController>()->choose(0);
+    presented<UIDocumentPickerViewController>()->cancelTapped();
+    settle();
+    EXPECT_FALSE(isAtHome());
+    stack()->backTapped();
+    settle();
+    EXPECT_TRUE(isAtHome()) << "asked twice";
+}
+
+TEST_F(ResultsTest, GoWithoutAWordWhenSomethingOfThemWasKeptOrThereIsNothing) {
+    static_cast<void>(unzip({}));
+    stack()->backTapped();
+    settle();
+    EXPECT_TRUE(isAtHome());
+    const auto results = unzip({"a.txt", "b.txt"});
+    results->shareFile({0, 0});
+    settle();
+    presented<UIActivityViewController>()->targetTapped(0);
+    settle();
+    saveToTarget();
+    EXPECT_TRUE(fs::exists(folder / "target/a.txt"));
+    stack()->backTapped();
+    settle();
+    EXPECT_TRUE(isAtHome());
+}
+
+TEST_F(ResultsTest, ATapOpensARowOnceAndSaysWhyItCouldNot) {
+    const auto results = unzip({"a.txt", "b.txt"});
+    for (int tap = 0; tap < 2; ++tap) {
+        results->openFile({0, 1});
+        settle();
+    }
+    ASSERT_EQ(opener->opened.size(), 1);
+    EXPECT_EQ(readText(*localPath(opener->opened.first())), "content of b.txt");
+    EXPECT_NE(opener->opened.first(), results->urls()[1]) << "goes with the list";
+    opener->answer("No application opens this file");
+    const auto alert = presented<UIAlertController>();
+    ASSERT_TRUE(alert);
+    EXPECT_EQ(alert->message(), "No application opens this file");
+    alert->choose(0);
+    results->openFile({0, 0});
+    settle();
+    EXPECT_EQ(opener->opened.size(), 2);
+}
+
+TEST_F(ResultsTest, KeysLeadThroughTheRows) {
+    std::vector<std::string> names;
+    for (int i = 10; i < 60; ++i) {
+        names.push_back(std::to_string(i));
+    }
+    names.insert(names.end(), {"beach", "Bear", "car"});
+    const auto results = unzip(names);
+    EXPECT_EQ(focusedRow(), "Open 10");
+    const std::vector<std::pair<int, QString>> steps = {{Qt::Key_Down, "Open 11"},
+                                                        {Qt::Key_End, "Open car"},
+                                                        {Qt::Key_Down, "Open car"},
+                                                        {Qt::Key_Up, "Open Bear"},
+                                                        {Qt::Key_Home, "Open 10"}};
+    for (const auto& [key, row] : steps) {
+        press(key);
+        EXPECT_EQ(focusedRow(), row);
+    }
+    press(Qt::Key_PageDown);
+    EXPECT_GT(focusedRow(), "Open 12");
+    press(Qt::Key_PageUp);
+    EXPECT_EQ(focusedRow(), "Open 10");
+    for (const char* const letter : {"b", "e", "a", "r"}) {
+        press(0, letter);
+    }
+    EXPECT_EQ(focusedRow(), "Open Bear");
+    EXPECT_TRUE(window.activeFocusItem()->property("visualFocus").toBool());
+    press(Qt::Key_Return);
+    settle();
+    EXPECT_EQ(opener->opened.size(), 1);
+}
+
+TEST_F(ResultsTest, ANewArchiveThatNobodyKeptIsAskedAboutOnce) {
+    const auto composer = makeController<ZipViewController>(services);
+    stack()->pushViewController(composer, true);
+    writeFile(folder / "a.txt", "a");
+    composer->askTitleForFiles({fileUrl(folder / "a.txt")});
+    presented<UIAlertController>()->setText("Trip");
+    presented<UIAlertController>()->choose(0);
+    settle();
+    presented<UIActivityViewController>()->cancelTapped();
+    const auto alert = presented<UIAlertController>();
+    ASSERT_TRUE(alert);
+    EXPECT_EQ(alert->alertTitle(), "This archive was not kept");
+    alert->choose(0);
+    saveToTarget();
+    EXPECT_TRUE(fs::exists(folder / "target/Trip.zip"));
+    EXPECT_FALSE(presented<UIAlertController>());
+    EXPECT_EQ(review.requests, 1);
+}
+
+}  // namespace
+}  // namespace pellumar::test
