@@ -52,6 +52,12 @@ Item {
             onActed: root.controller.showSaved()
         }
         HeaderLine {
+            objectName: "remarksLine"
+            text: root.controller.remarks
+            action: qsTr("Show")
+            onActed: root.controller.showRemarks()
+        }
+        HeaderLine {
             objectName: "hiddenLine"
             text: root.hidden === 0 ? ""
                 : root.hidden === 1 ? qsTr("1 hidden file is not in the list. It is saved with all.")

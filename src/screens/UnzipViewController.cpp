@@ -12,6 +12,7 @@
 #include "platform/sharing/ShowInFilesTarget.h"
 #include "screens/FileDetails.h"
 #include "screens/FileTableViewCell.h"
+#include "screens/RemarksViewController.h"
 
 namespace pellumar {
 namespace {
@@ -98,6 +99,14 @@ QString UnzipViewController::detail() const {
     return bytes_ ? count + QStringLiteral(", ") + sizeText(*bytes_) : count;
 }
 
+QString UnzipViewController::remarks() const {
+    return RemarksViewController::headingOf(Remarks::of(report_));
+}
+
+void UnzipViewController::showRemarks() {
+    present(makeController<RemarksViewController>(context(), Remarks::of(report_)), true);
+}
+
 QString UnzipViewController::savedTo() const {
     const auto first = saved_.isEmpty() ? std::nullopt : localPath(saved_.first());
     return first ? fileUrl(first->parent_path()).fileName() : QString();
@@ -164,7 +173,7 @@ void UnzipViewController::perform(const Opening& opening) {
         }
     });
     if (opening.items.isEmpty()) {
-        opened({.error = tr("This could not be opened.")});
+        opened(ShareTarget::Result{.error = tr("This could not be opened.")});
         return;
     }
     for (const std::shared_ptr<ShareTarget>& target : services_.sharing.targets) {

@@ -32,6 +32,8 @@ class UnzipViewController : public pellumar::UIViewController,
     Q_PROPERTY(int listedCount READ listedCount CONSTANT)
     // What the list leaves out.
     Q_PROPERTY(int hiddenCount READ hiddenCount CONSTANT)
+    // How many remarks there are about the archive, in words; empty if there is none.
+    Q_PROPERTY(QString remarks READ remarks CONSTANT)
     // The folder of the user's that all of it was saved into; empty before.
     Q_PROPERTY(QString savedTo READ savedTo NOTIFY changed)
 
@@ -48,6 +50,7 @@ class UnzipViewController : public pellumar::UIViewController,
     Q_INVOKABLE void saveAll();
     // In the file manager, what has been saved.
     Q_INVOKABLE void showSaved();
+    Q_INVOKABLE void showRemarks();
     // With its application; a folder in the file manager.
     void openFile(IndexPath at);
     // The first row from this one on whose name begins with the letters, going on at the beginning
@@ -59,6 +62,7 @@ class UnzipViewController : public pellumar::UIViewController,
     [[nodiscard]] QString detail() const;
     [[nodiscard]] int listedCount() const { return static_cast<int>(urls_.size()); }
     [[nodiscard]] int hiddenCount() const { return static_cast<int>(report_.hiddenItems().size()); }
+    [[nodiscard]] QString remarks() const;
     [[nodiscard]] QString savedTo() const;
     [[nodiscard]] bool mayGoBack() override;
 

@@ -5,6 +5,8 @@
 #include "platform/FileUrl.h"
 #include "platform/kit/Notice.h"
 #include "platform/kit/UIAlertController.h"
+#include "screens/RemarksViewController.h"
+#include "screens/UnzipViewController.h"
 #include "screens/ZipViewController.h"
 #include "support/FileContents.h"
 
@@ -60,6 +62,37 @@ TEST_F(ReasonTest, CompressionsFromTheHomeScreenAndTheComposerTellWhy) {
     EXPECT_EQ(reason().toStdString(),
               "“gone.txt” is not there any more. It may have been moved, renamed or deleted.\n"
               "One other file could not be added either.");
+}
+
+TEST_F(ReasonTest, ResultsSayWhatWasOddWhenAsked) {
+    const auto home = showHome();
+    home->didConfirmUnzip(makeArchive("plain.zip"));
+    settle();
+    auto results = std::dynamic_pointer_cast<UnzipViewController>(stack()->topViewController());
+    ASSERT_TRUE(results);
+    EXPECT_EQ(results->remarks(), "");
+    stack()->popViewController(false);
+
+    // As a program that extracts itself has it.
+    const QUrl archive = makeArchive("odd.zip");
+    std::vector<std::uint8_t> bytes = readFile(*localPath(archive));
+    const std::string before = "#!/bin/sh\nexit\n";
+    bytes.insert(bytes.begin(), before.begin(), before.end());
+    writeFile(*localPath(archive), bytes);
+    home->didConfirmUnzip(archive);
+    settle();
+    results = std::dynamic_pointer_cast<UnzipViewController>(stack()->topViewController());
+    ASSERT_TRUE(results);
+    EXPECT_EQ(results->remarks(), "1 remark");
+    results->showRemarks();
+    const auto sheet = presented<RemarksViewController>();
+    ASSERT_TRUE(sheet);
+    ASSERT_EQ(sheet->lines().size(), 1);
+    EXPECT_TRUE(sheet->lines().first().startsWith("There is something in front of the archive"));
+    QMetaObject::invokeMethod(button(*sheet, "copyButton"), "clicked");
+    EXPECT_TRUE(QGuiApplication::clipboard()->text().contains("bytes before the archive"));
+    QMetaObject::invokeMethod(button(*sheet, "doneButton"), "clicked");
+    EXPECT_FALSE(presented<RemarksViewController>());
 }
 
 TEST_F(ReasonTest, OtherAlertsHaveNone) {

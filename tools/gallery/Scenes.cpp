@@ -57,6 +57,23 @@ void showReason(Stage& stage, const archive::Error& error) {
     stage.present(alert);
 }
 
+// Results with something to be said about their archive, or what there is to be said.
+void showRemarks(Stage& stage, bool inWords) {
+    JobReport report(OperationType::kUnzip, stage.home().archive());
+    archive::Warnings warnings;
+    warnings.add(archive::WarningCode::kBytesBeforeArchive);
+    warnings.add(archive::WarningCode::kLegacyCharset, "Grüße aus Köln/Straße.jpg", 4711);
+    warnings.add(archive::WarningCode::kDuplicatePath, "Notes.txt", 4812);
+    report.addWarnings(warnings);
+    const auto results = makeController<UnzipViewController>(
+        stage.services(), QList<QUrl>{stage.home().archive()}, report);
+    stage.push(results);
+    stage.settle();
+    if (inWords) {
+        results->showRemarks();
+    }
+}
+
 void showPicker(Stage& stage, const QString& type, bool several) {
     const ScreenServices& services = stage.services();
     const auto picker = makeController<UIDocumentPickerViewController>(
@@ -138,6 +155,8 @@ std::vector<Scene> scenesOn(Stage& stage) {
         {"photos", [&] { showPhotos(stage); }},
         {"title-alert", [&, invoice] { showComposer(stage)->askTitleForFiles({invoice}); }},
         {"failure-alert", [&] { showFailure(stage); }},
+        {"results-remarks", [&] { showRemarks(stage, false); }},
+        {"remarks", [&] { showRemarks(stage, true); }},
         {"reason-room", [&] { showReason(stage, {.code = archive::ErrorCode::kTooLarge, .entry = {}, .bytesNeeded = 1'200'000'000, .bytesFree = 300'000'000}); }},
         {"reason-damaged", [&] { showReason(stage, {.code = archive::ErrorCode::kChecksumMismatch, .entry = "Pictures of the summer at the lake/IMG_20260714_181533_HDR.jpg", .offset = 4711}); }},
         {"overlay", [&] { showOverlay(stage); }},

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "engine/Remarks.h"
+#include "platform/kit/UIViewController.h"
+
+namespace pellumar {
+
+// A sheet that lists what was odd about an archive that was opened all the same.
+class RemarksViewController : public pellumar::UIViewController {
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("Made in C++")
+    Q_PROPERTY(QString heading READ heading CONSTANT)
+    Q_PROPERTY(QStringList lines READ lines CONSTANT)
+
+  public:
+    RemarksViewController(const UIContext& context, Remarks remarks);
+
+    // "1 remark", "2 remarks"; empty if there is none.
+    [[nodiscard]] static QString headingOf(const Remarks& remarks);
+
+    // Puts the lines and their details on the clipboard.
+    Q_INVOKABLE void copyTapped();
+    Q_INVOKABLE void doneTapped() { dismissSelf(true); }
+
+    [[nodiscard]] QString heading() const { return headingOf(remarks_); }
+    [[nodiscard]] QStringList lines() const { return remarks_.lines; }
+
+  private:
+    const Remarks remarks_;
+};
+
+}  // namespace pellumar
