@@ -107,6 +107,21 @@ TEST_F(NoticeTest, GoesByItselfUnlessItMustNotBeMissed) {
 }
 
 // A button that was pressed by keyboard goes; the screen has the keyboard again, not nobody.
+// It lay over the buttons of a dialog that came after it, and took their taps.
+TEST_F(NoticeTest, WaitsWhileSomethingElseIsPresented) {
+    Notice::show(services.ui, window, "Saved");
+    settle();
+    const auto question = makeController<UIAlertController>(services.ui, "question", "");
+    question->addAction({"OK", UIAlertActionStyle::kDefault, {}});
+    home->present(question, true);
+    settle();
+    ASSERT_NE(Notice::shownIn(window), nullptr);
+    EXPECT_FALSE(Notice::shownIn(window)->item()->isVisible());
+    question->choose(0);
+    settle();
+    EXPECT_TRUE(Notice::shownIn(window)->item()->isVisible());
+}
+
 TEST_F(NoticeTest, GivesTheKeyboardBack) {
     Notice::show(services.ui, window, "Saved", {"Show in files", [] {}});
     settle();

@@ -55,6 +55,8 @@ Notice::Notice(const UIContext& context, UIWindow& window, QString text, Action 
 void Notice::appear(ViewLoader& loader) {
     item_ = loader.load(*this);
     item_->setParentItem(window_.contentItem());
+    over_ = window_.topLayer();
+    connect(&window_, &UIWindow::screensChanged, this, &Notice::makeWay);
     transition_.come(kFadeTime);
     setHeld(false);
     tellScreenReaders(window_, QAccessible::ObjectReorder);
@@ -62,10 +64,24 @@ void Notice::appear(ViewLoader& loader) {
 }
 
 void Notice::setHeld(bool isHeld) {
-    if (isHeld || !transition_.canLeave() || stay_ == Stay::kUntilClosed) {
+    if (isHeld || isInTheWay() || !transition_.canLeave() || stay_ == Stay::kUntilClosed) {
         time_.stop();
     } else {
         time_.start();
+    }
+}
+
+bool Notice::isInTheWay() const {
+    const QQuickItem* const top = window_.topLayer();
+    const auto root = window_.rootViewController();
+    return top != over_ && !(root && top == &root->view());
+}
+
+void Notice::makeWay() {
+    if (item_->isVisible() == isInTheWay() && transition_.canLeave()) {
+        item_->setVisible(!isInTheWay());
+        setHeld(false);
+        tellScreenReaders(window_, QAccessible::ObjectReorder);
     }
 }
 

@@ -2,6 +2,8 @@
 
 #include <QtQml/qqmlregistration.h>
 #include <QObject>
+#include <QPointer>
+#include <QQuickItem>
 #include <QString>
 #include <QTimer>
 #include <chrono>
@@ -14,7 +16,8 @@ namespace pellumar {
 // A short word at the lower edge of the window that something is done: "Copied", or "Saved 12 files
 // to Holiday" with a button "Show in files". It belongs to the window and lies above every layer,
 // so it outlives the sheet or the screen that showed it; it takes the keyboard from nobody and
-// covers nothing but its own place. It is for good news: what the user must answer is an alert.
+// covers nothing but its own place. What is presented later is not covered at all: the notice waits
+// until that has gone. It is for good news: what the user must answer is an alert.
 //
 //     Notice::show(context(), *window(), tr("Copied"));
 //
@@ -67,6 +70,9 @@ class Notice : public QObject {
     Notice(const UIContext& context, UIWindow& window, QString text, Action action, Stay stay);
 
     void appear(ViewLoader& loader);
+    // Whether something is presented that was not when this came.
+    [[nodiscard]] bool isInTheWay() const;
+    void makeWay();
 
     UIWindow& window_;
     const QString text_;
@@ -74,6 +80,8 @@ class Notice : public QObject {
     const Stay stay_;
     Transition transition_;
     OwnedItem item_;
+    // The topmost screen's view when this came.
+    QPointer<QQuickItem> over_;
     QTimer time_;
 };
 
