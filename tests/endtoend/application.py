@@ -55,11 +55,14 @@ class Application:
         until(probe, lambda: f"a {role} {name!r} to press in\n{self.outline()}")
 
     def click(self, role, name=None, times=1):
-        """Clicks on the middle of a control, once it stands still; more than once as fast as a
-        hand does."""
+        """Clicks on the middle of a control, once it stands still and its screen has come, which
+        has the keyboard then; more than once as fast as a hand does."""
         seen = []
 
         def probe():
+            here = self.focused()
+            if not here or not here.is_usable:
+                return False
             seen.extend(each.extents for each in self.controls(role, name)[:1])
             last = seen[-4:]
             return len(last) == 4 and len(set(last)) == 1 and last[0]
