@@ -20,11 +20,11 @@ Item {
         width: Math.min(parent.width, Theme.readableWidth) - 2 * Theme.space4
         spacing: Theme.space3
 
-        ColumnLayout {
+        // A layout in a layout misses it when the size is told before the list is on the screen.
+        Column {
             Layout.fillWidth: true
-            spacing: 0
             BodyText {
-                Layout.fillWidth: true
+                width: parent.width
                 visible: text !== ""
                 text: root.controller.archiveName
                 font.pixelSize: Theme.fontHeading
@@ -34,7 +34,7 @@ Item {
                 elide: Text.ElideMiddle
             }
             BodyText {
-                Layout.fillWidth: true
+                width: parent.width
                 text: root.controller.detail
                 color: Theme.textSecondary
             }

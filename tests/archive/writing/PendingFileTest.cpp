@@ -33,25 +33,25 @@ class PendingFileTest : public testing::TestWithParam<Road> {
         return std::distance(fs::directory_iterator(folder_.path()), fs::directory_iterator());
     }
 
-    test::TemporaryFolder folder_;
+    pellumar::test::TemporaryFolder folder_;
 };
 
 TEST_P(PendingFileTest, TheOldFileStandsUntilTheNewOneIsWhole) {
-    test::writeFile(path(), "old");
+    pellumar::test::writeFile(path(), "old");
     {
         auto givenUp = create(Existing::kReplace);
         ASSERT_TRUE(givenUp);
         ASSERT_TRUE(put(*givenUp, "half"));
     }
-    EXPECT_EQ(test::readText(path()), "old");
+    EXPECT_EQ(pellumar::test::readText(path()), "old");
     EXPECT_EQ(filesInFolder(), 1);
 
     auto file = create(Existing::kReplace);
     ASSERT_TRUE(file);
     ASSERT_TRUE(put(*file, "new"));
-    EXPECT_EQ(test::readText(path()), "old");
+    EXPECT_EQ(pellumar::test::readText(path()), "old");
     ASSERT_TRUE(file->commit());
-    EXPECT_EQ(test::readText(path()), "new");
+    EXPECT_EQ(pellumar::test::readText(path()), "new");
     EXPECT_EQ(filesInFolder(), 1);
     struct stat status {};
     ASSERT_EQ(::stat(path().c_str(), &status), 0);
@@ -66,22 +66,22 @@ TEST_P(PendingFileTest, WhatCameMeanwhileIsNotReplacedUnlessAsked) {
     ASSERT_TRUE(refusing && replacing);
     ASSERT_TRUE(put(*refusing, "refused"));
     ASSERT_TRUE(put(*replacing, "replaced"));
-    test::writeFile(path(), "came");
+    pellumar::test::writeFile(path(), "came");
     EXPECT_EQ(refusing->commit().error().code, ErrorCode::kAlreadyExists);
-    EXPECT_EQ(test::readText(path()), "came");
+    EXPECT_EQ(pellumar::test::readText(path()), "came");
     EXPECT_EQ(create(Existing::kRefuse).error().code, ErrorCode::kAlreadyExists);
     ASSERT_TRUE(replacing->commit());
-    EXPECT_EQ(test::readText(path()), "replaced");
+    EXPECT_EQ(pellumar::test::readText(path()), "replaced");
     EXPECT_EQ(filesInFolder(), 1);
 
     // A link is replaced itself, wherever it leads; a folder never is.
     fs::remove(path());
-    test::writeFile(folder_ / "elsewhere", "untouched");
+    pellumar::test::writeFile(folder_ / "elsewhere", "untouched");
     fs::create_symlink("elsewhere", path());
     auto overLink = create(Existing::kReplace);
     ASSERT_TRUE(put(*overLink, "no link"));
     ASSERT_TRUE(overLink->commit());
-    EXPECT_EQ(test::readText(folder_ / "elsewhere"), "untouched");
+    EXPECT_EQ(pellumar::test::readText(folder_ / "elsewhere"), "untouched");
     EXPECT_FALSE(fs::is_symlink(path()));
     fs::remove(path());
     fs::create_directory(path());
@@ -97,7 +97,7 @@ TEST_P(PendingFileTest, AFolderThatTakesNoSuchFileIsToldAtOnce) {
 }
 
 TEST_P(PendingFileTest, AKilledProcessLeavesNothingUnderTheName) {
-    test::writeFile(path(), "old");
+    pellumar::test::writeFile(path(), "old");
     const pid_t child = ::fork();
     ASSERT_GE(child, 0);
     if (child == 0) {
@@ -110,7 +110,7 @@ TEST_P(PendingFileTest, AKilledProcessLeavesNothingUnderTheName) {
     int status = 0;
     ASSERT_EQ(::waitpid(child, &status, 0), child);
     ASSERT_TRUE(WIFSIGNALED(status));
-    EXPECT_EQ(test::readText(path()), "old");
+    EXPECT_EQ(pellumar::test::readText(path()), "old");
     EXPECT_EQ(filesInFolder(), GetParam() == Road::kNameless ? 1 : 2);
     for (const fs::directory_entry& left : fs::directory_iterator(folder_.path())) {
         EXPECT_TRUE(left.path() == path() || left.path().extension() == ".part");

@@ -16,10 +16,10 @@ namespace {
 // A file written over while it was read passed as whole if its size stayed, with some of its bytes
 // from before and some from after.
 TEST(SourceFile, OneWrittenOverWhileItIsReadIsNoWholeFile) {
-    const test::TemporaryFolder folder;
+    const pellumar::test::TemporaryFolder folder;
     const std::filesystem::path path = folder / "source";
     for (const bool timeIsSetBack : {false, true}) {
-        test::writeFile(path, "before, before");
+        pellumar::test::writeFile(path, "before, before");
         // Long ago: times are too coarse to tell what happens at once.
         const std::array<timespec, 2> longAgo = {
             {{.tv_sec = 1'000'000, .tv_nsec = 0}, {.tv_sec = 1'000'000, .tv_nsec = 0}}};
