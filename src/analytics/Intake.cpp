@@ -33,7 +33,7 @@ bool isActivity(const Accepted& item) {
 
 }  // namespace
 
-Intake::Intake(Consent unread) : consent_(std::move(unread)) {
+Intake::Intake(Consent unread) : consent_(unread) {
     items_.reserve(kCapacity);
 }
 

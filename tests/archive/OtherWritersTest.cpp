@@ -108,7 +108,8 @@ TEST_F(OtherWritersTest, ALocatorsSignatureByChance) {
           std::string(16, '\0'),
           test::littleEndian(0, 4) + test::littleEndian(1, 8) + test::littleEndian(1, 4)}) {
         ZipEntry entry = stored("entry", "data");
-        entry.central.comment = "see " + signature + rest;
+        entry.central.comment = "see ";
+        entry.central.comment.append(signature).append(rest);
         expectTaken(ZipBuilder().file("a", std::string(500, 'x')).add(entry), {"a", "entry"});
         ZipBuilder masked;
         masked.file("a", std::string(500, 'x')).add(entry).end.directoryOffset = 0xFFFFFFFF;
@@ -208,8 +209,9 @@ TEST_F(TwoReadersTest, TwoZip64RecordsHaveToAgree) {
         if (!same) {
             record.replace(32, 8, test::littleEndian(1, 8));
         }
-        const auto report =
-            unzipBytes(whole.substr(0, at) + first + record + whole.substr(at + kRecord));
+        std::string two = whole;
+        two.replace(at, kRecord, first.append(record));
+        const auto report = unzipBytes(two);
         EXPECT_EQ(report.has_value(), same);
         if (!same) {
             EXPECT_EQ(report.error().code, ErrorCode::kDamagedDirectory);

@@ -18,7 +18,7 @@ class PresentationTest : public ScreenFixture {
     }
     // Presented, and come to its place.
     std::shared_ptr<UIAlertController> show(const QString& title) {
-        const auto shown = make(title);
+        auto shown = make(title);
         root->present(shown, true);
         animator.finishAll();
         return shown;

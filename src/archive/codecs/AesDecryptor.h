@@ -26,6 +26,10 @@ class AesDecryptor final : public Decryptor {
                                                                    const Password& password,
                                                                    ByteView header);
 
+    AesDecryptor(const AesDecryptor&) = delete;
+    AesDecryptor& operator=(const AesDecryptor&) = delete;
+    AesDecryptor(AesDecryptor&&) = delete;
+    AesDecryptor& operator=(AesDecryptor&&) = delete;
     ~AesDecryptor() override;
 
     [[nodiscard]] Result<> decrypt(MutableBytes bytes) override;

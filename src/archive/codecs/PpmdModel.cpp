@@ -1,6 +1,7 @@
 #include "archive/codecs/PpmdModel.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace pellumar::archive {
 
@@ -408,6 +409,21 @@ bool PpmdModel::makeRoom(Place context, unsigned presentCount) {
     return true;
 }
 
+PpmdModel::Place PpmdModel::countMore(Place context, unsigned symbol) {
+    if (countOf(context) == 0) {
+        const Place only = onlyState(context);
+        const bool more = countOf(suffixOf(context)) == 0 && frequencyOf(only) < 24;
+        setFrequency(only, frequencyOf(only) + (more ? 1 : 0));
+        return only;
+    }
+    const Place state = findState(context, symbol);
+    if (frequencyOf(state) < kHighestFrequency - 9) {
+        setFrequency(state, frequencyOf(state) + 1);
+        setSum(context, sumOf(context) + 1);
+    }
+    return state;
+}
+
 PpmdModel::Place PpmdModel::createSuccessors(bool skip, Place shorter, Place context) {
     const unsigned symbol = symbolOf(found_);
     const Place branch = successorOf(found_);
@@ -418,21 +434,8 @@ PpmdModel::Place PpmdModel::createSuccessors(bool skip, Place shorter, Place con
     }
     while (suffixOf(context) != PpmdMemory::kNone) {
         context = suffixOf(context);
-        Place state = shorter;
-        shorter = PpmdMemory::kNone;
-        if (state == PpmdMemory::kNone) {
-            if (countOf(context) != 0) {
-                state = findState(context, symbol);
-                if (frequencyOf(state) < kHighestFrequency - 9) {
-                    setFrequency(state, frequencyOf(state) + 1);
-                    setSum(context, sumOf(context) + 1);
-                }
-            } else {
-                state = onlyState(context);
-                const bool more = countOf(suffixOf(context)) == 0 && frequencyOf(state) < 24;
-                setFrequency(state, frequencyOf(state) + (more ? 1 : 0));
-            }
-        }
+        const Place known = std::exchange(shorter, PpmdMemory::kNone);
+        const Place state = known == PpmdMemory::kNone ? countMore(context, symbol) : known;
         if (successorOf(state) != branch) {
             context = successorOf(state);
             if (count == 0) {

@@ -134,8 +134,10 @@ class PpmdModel {
     [[nodiscard]] Place followFound(Place shorter);
     // Adds the found symbol to the contexts from `context` on; false, and `context` the one that
     // could not be, if memory is out.
-    [[nodiscard]] bool addFound(Place& context, Place successor, unsigned frequency);
+    [[nodiscard]] bool addFound(Place& context, Place successor, unsigned found);
     [[nodiscard]] bool makeRoom(Place context, unsigned presentCount);
+    // The context's state for the symbol, seen once more.
+    [[nodiscard]] Place countMore(Place context, unsigned symbol);
     [[nodiscard]] Place createSuccessors(bool skip, Place shorter, Place context);
     [[nodiscard]] unsigned inheritedFrequency(Place context, unsigned symbol) const;
     [[nodiscard]] Place reduceOrder(Place shorter, Place context);

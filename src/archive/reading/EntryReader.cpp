@@ -363,6 +363,37 @@ Result<ByteView> EntryReader::Located::next(const File& file, MutableBytes buffe
     return piece;
 }
 
+Result<ByteView> EntryReader::nextInput(Located& located, Decryptor* decryptor) {
+    const MutableBytes buffer(input_.get(), kPieceSize);
+    auto next = located.next(file_, buffer);
+    if (next && decryptor != nullptr) {
+        if (auto decrypted = decryptor->decrypt(buffer.first(next->size())); !decrypted) {
+            return passOn(decrypted);
+        }
+    }
+    return next;
+}
+
+MutableBytes EntryReader::roomFor(DataSink& sink) {
+    const MutableBytes room = sink.room();
+    return room.empty() ? MutableBytes(output_.get(), kPieceSize) : room;
+}
+
+Result<> EntryReader::expect(std::uint64_t produced,
+                             const EntryData& data,
+                             std::uint64_t& declared,
+                             DataSink& sink) {
+    if (produced <= declared) {
+        return {};
+    }
+    if (!data.sizesMayBeCut) {
+        return failure(ErrorCode::kSizeMismatch);
+    }
+    constexpr std::uint64_t kCut = std::uint64_t{kMax32} + 1;
+    declared += kCut;
+    return sink.expectMore(kCut);
+}
+
 Result<> EntryReader::stream(const EntryData& data,
                              Located located,
                              bool skipChecksum,
@@ -379,25 +410,16 @@ Result<> EntryReader::stream(const EntryData& data,
     located.taken = input.size();
     std::uint64_t produced = 0;
     std::uint64_t declared = entry.uncompressedSize;
-    std::uint32_t checksum = kCrc32OfNothing;
+    std::uint32_t checksum = skipChecksum ? entry.crc32 : kCrc32OfNothing;
     for (bool ended = false; !ended;) {
         if (input.empty()) {
-            auto next = located.next(file_, MutableBytes(input_.get(), kPieceSize));
+            auto next = nextInput(located, decryptor);
             if (!next) {
                 return passOn(next);
             }
-            if (decryptor != nullptr) {
-                const MutableBytes piece(input_.get(), next->size());
-                if (auto decrypted = decryptor->decrypt(piece); !decrypted) {
-                    return decrypted;
-                }
-            }
             input = *next;
         }
-        MutableBytes output = sink.room();
-        if (output.empty()) {
-            output = MutableBytes(output_.get(), kPieceSize);
-        }
+        const MutableBytes output = roomFor(sink);
         auto step = (*decoder)->decode(input, output);
         if (!step) {
             return passOn(step);
@@ -408,18 +430,13 @@ Result<> EntryReader::stream(const EntryData& data,
         if (ended && !step->finished) {
             return failure(ErrorCode::kDamagedData);
         }
-        if (produced > declared) {
-            if (!data.sizesMayBeCut) {
-                return failure(ErrorCode::kSizeMismatch);
-            }
-            constexpr std::uint64_t kCut = std::uint64_t{kMax32} + 1;
-            declared += kCut;
-            if (auto expected = sink.expectMore(kCut); !expected) {
-                return expected;
-            }
+        if (auto expected = expect(produced, data, declared, sink); !expected) {
+            return expected;
         }
         const ByteView piece = output.first(step->produced);
-        checksum = skipChecksum ? entry.crc32 : crc32(checksum, piece);
+        if (!skipChecksum) {
+            checksum = crc32(checksum, piece);
+        }
         if (auto written = sink.write(piece); !written) {
             return written;
         }
@@ -427,7 +444,7 @@ Result<> EntryReader::stream(const EntryData& data,
     if (!input.empty() || produced != declared) {
         return failure(ErrorCode::kSizeMismatch);
     }
-    if (!skipChecksum && checksum != entry.crc32) {
+    if (checksum != entry.crc32) {
         return failure(ErrorCode::kChecksumMismatch);
     }
     return {};

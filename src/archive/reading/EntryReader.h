@@ -82,6 +82,15 @@ class EntryReader {
                                        ByteView compressed,
                                        bool skipChecksum,
                                        DataSink& sink);
+    // The entry's next piece of data, decrypted if there is a decryptor. Lies in input_.
+    [[nodiscard]] Result<ByteView> nextInput(Located& located, Decryptor* decryptor);
+    // Where the next bytes go: the sink's own room, or output_ if it has none.
+    [[nodiscard]] MutableBytes roomFor(DataSink& sink);
+    // Where more came out than is declared: goes on if the size may be told modulo 2^32.
+    [[nodiscard]] static Result<> expect(std::uint64_t produced,
+                                         const EntryData& data,
+                                         std::uint64_t& declared,
+                                         DataSink& sink);
     // With the data decrypted first, if there is a decryptor.
     [[nodiscard]] Result<> stream(const EntryData& data,
                                   Located located,
