@@ -86,7 +86,11 @@ struct Task {
             if (failure) {
                 return tl::unexpected(describe(*path, failure));
             }
-            total += fs::is_directory(paths.back()) ? treeSize(paths.back()) : 0;
+            const bool isFolder = fs::is_directory(paths.back(), failure);
+            if (failure) {
+                return tl::unexpected(describe(*path, failure));
+            }
+            total += isFolder ? treeSize(paths.back()) : 0;
         }
         Meter meter(total, queue, progress);
         return take(paths, meter);
@@ -103,8 +107,11 @@ struct Task {
         DistinctNames names;
         for (std::size_t i = 0; i < paths.size() && !import->isCancelled(); ++i) {
             std::error_code failure;
-            const bool isFolder = fs::is_directory(paths[i], failure);
             const auto picked = localPath(items[static_cast<qsizetype>(i)]);
+            const bool isFolder = fs::is_directory(paths[i], failure);
+            if (failure) {
+                return tl::unexpected(describe(*picked, failure));
+            }
             const fs::path to = folder / names.take(lastComponent(*picked), isFolder);
             if (isFolder) {
                 const auto copied = copyTree(paths[i], to, [&](std::uint64_t bytes) {

@@ -202,12 +202,14 @@ tl::expected<void, FileCopyError> copyTree(const fs::path& from,
     std::error_code failure;
     // What was picked may be a link; what is meant is the thing behind it.
     const fs::path original = fs::canonical(from, failure);
-    const fs::file_status status = fs::status(original, failure);
+    const fs::file_status status = failure ? fs::file_status() : fs::status(original, failure);
     if (!failure && !fs::is_directory(status) && !fs::is_regular_file(status)) {
         failure = make_error_code(std::errc::invalid_argument);
     }
-    if (!failure && fs::exists(fs::symlink_status(to))) {
-        failure = make_error_code(std::errc::file_exists);
+    std::error_code unknown;
+    const fs::file_status there = fs::symlink_status(to, unknown);
+    if (!failure && there.type() != fs::file_type::not_found) {
+        failure = fs::exists(there) ? make_error_code(std::errc::file_exists) : unknown;
     }
     const fs::path inside = to.lexically_relative(original);
     if (!failure && !inside.empty() && *inside.begin() != "..") {
@@ -248,7 +250,8 @@ std::uint64_t treeSize(const fs::path& path) {
 
 fs::path freePath(const fs::path& folder, const fs::path& name) {
     fs::path path = folder / name;
-    for (int number = 2; fs::exists(fs::symlink_status(path)); ++number) {
+    std::error_code unknown;
+    for (int number = 2; fs::exists(fs::symlink_status(path, unknown)); ++number) {
         path = folder / numberedName(name.string(), number);
     }
     return path;

@@ -37,7 +37,8 @@ using FileCopyProgress = std::function<bool(std::uint64_t bytes)>;
 // The bytes that copyTree would copy; what cannot be read counts nothing.
 [[nodiscard]] std::uint64_t treeSize(const std::filesystem::path& path);
 
-// `folder` / `name`, or the first of "name (2).ext", "name (3).ext", … that does not exist; see
+// `folder` / `name`, or the first of "name (2).ext", "name (3).ext", … that does not exist, or of
+// which that cannot be told: who makes it learns why, and must not replace anything. See
 // numberedName().
 [[nodiscard]] std::filesystem::path freePath(const std::filesystem::path& folder,
                                              const std::filesystem::path& name);

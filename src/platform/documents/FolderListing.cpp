@@ -97,7 +97,6 @@ void readFolder(const FolderQuestion& question,
     std::vector<fs::directory_entry> links;
     std::error_code failure;
     fs::directory_iterator each(question.folder, failure);
-    listing.isUnreadable = static_cast<bool>(failure);
     for (; !failure && each != fs::directory_iterator() && isWanted(); each.increment(failure)) {
         std::error_code unknown;
         if (each->is_symlink(unknown)) {
@@ -106,6 +105,8 @@ void readFolder(const FolderQuestion& question,
             judge(*each, question, listing);
         }
     }
+    // From its beginning, or from somewhere on.
+    listing.isUnreadable = static_cast<bool>(failure);
     sort(listing.rows);
     if (isWanted() && !links.empty()) {
         answer(listing, false);

@@ -147,6 +147,11 @@ void UIDocumentPickerViewController::makeFolder(const QString& name) {
     if (name.trimmed().isEmpty()) {
         return;
     }
+    // Would lead elsewhere.
+    if (name == QStringLiteral(".") || name == QStringLiteral("..") || name.contains('/')) {
+        setFailure(tr("A folder cannot be called %1").arg(name));
+        return;
+    }
     const fs::path folder = model_.folder() / name.toStdString();
     services_.backgroundQueue.async(
         [folder, name, self = weakly(this), &main = services_.mainQueue] {

@@ -92,8 +92,10 @@ bool moveTo(const fs::path& from, const fs::path& to) {
     if (errno != EINVAL && errno != ENOSYS) {
         return false;
     }
-    if (fs::exists(fs::symlink_status(to))) {
-        errno = EEXIST;
+    std::error_code unknown;
+    const fs::file_status there = fs::symlink_status(to, unknown);
+    if (there.type() != fs::file_type::not_found) {
+        errno = fs::exists(there) ? EEXIST : unknown.value();
         return false;
     }
     return std::rename(from.c_str(), to.c_str()) == 0;
@@ -141,7 +143,7 @@ ItemSaver::Result ItemSaver::save(const QList<QUrl>& items,
     return inside;
 }
 
-ItemSaver::Result ItemSaver::settle(const Copies& copies, const fs::path& folder) {
+ItemSaver::Result ItemSaver::settle(const Copies& copies, const fs::path& folder) const {
     QList<QUrl> places;
     std::error_code failure;
     for (const Copy& copy : copies) {
@@ -159,6 +161,10 @@ ItemSaver::Result ItemSaver::settle(const Copies& copies, const fs::path& folder
     }
     // The names have to be on the device as well.
     failure = failure ? failure : flush(folder);
+    // That may have taken long.
+    if (!failure && !isGoingOn_()) {
+        failure = make_error_code(std::errc::operation_canceled);
+    }
     if (!failure) {
         return places;
     }

@@ -48,7 +48,7 @@ class ItemSaver {
     [[nodiscard]] tl::expected<Copies, FileCopyError> copyAll(
         const QList<QUrl>& items,
         const std::filesystem::path& to) const;
-    [[nodiscard]] static Result settle(const Copies& copies, const std::filesystem::path& folder);
+    [[nodiscard]] Result settle(const Copies& copies, const std::filesystem::path& folder) const;
 
     const IsGoingOn isGoingOn_;
 };

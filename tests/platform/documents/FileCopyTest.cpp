@@ -107,5 +107,14 @@ TEST_F(FileCopyTest, FindsAFreeNameBesideTheOthers) {
     EXPECT_EQ(freePath(folder.path(), ".hidden"), folder / ".hidden (2)");
 }
 
+// Of such a name a file system cannot even tell whether anything stands there.
+TEST_F(FileCopyTest, ATargetThatCannotBeLookedAtIsAFailure) {
+    writeFile(folder / "from", "content");
+    const fs::path to = freePath(folder.path(), std::string(300, 'x'));
+    const auto copied = copyTree(folder / "from", to, goOn);
+    ASSERT_FALSE(copied);
+    EXPECT_EQ(copied.error().reason, std::errc::filename_too_long);
+}
+
 }  // namespace
 }  // namespace pellumar::test
