@@ -41,7 +41,8 @@ class ItemSaving : public UIDocumentPickerDelegate,
     using Completion = std::function<void(const Outcome& outcome)>;
 
     // Presents the picker on `screen`, whose view the overlay covers; both may go at any time.
-    // `completion` is called once, unless this is let go of before.
+    // `completion` is called once, unless this is let go of before, or the picker is taken away
+    // with all that is in the window.
     [[nodiscard]] static std::shared_ptr<ItemSaving> start(UIViewController& screen,
                                                            const UIContext& context,
                                                            const DocumentServices& documents,

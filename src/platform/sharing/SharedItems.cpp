@@ -7,8 +7,11 @@
 #include <QHash>
 #include <QMap>
 #include <QSaveFile>
+#include <QSet>
 #include <QUuid>
+#include <cerrno>
 #include <chrono>
+#include <optional>
 #include <system_error>
 #include <utility>
 #include <vector>
@@ -42,7 +45,12 @@ tl::expected<void, FileCopyError> giveSecondName(const fs::path& item, const fs:
                                           fs::copy_options::copy_symlinks;
     // Elsewhere a link could lead elsewhere.
     if (!error && !fs::is_symlink(item, error)) {
-        fs::copy(item, to, kOptions, error);
+        // It throws all the same when a folder cannot be read to its end.
+        try {
+            fs::copy(item, to, kOptions, error);
+        } catch (const fs::filesystem_error& failure) {
+            error = failure.code();
+        }
         if (!error) {
             return {};
         }
@@ -67,15 +75,20 @@ std::vector<fs::path> childrenOf(const fs::path& folder) {
 }
 
 // Size, time of change and number: who writes a new file and renames it changes the last at least.
-Note stateOf(const fs::path& sharing) {
+// Nothing if that cannot be told of all; of folders that others have closed to us nothing is.
+std::optional<Note> stateOf(const fs::path& sharing) {
     Note note;
-    std::error_code ignored;
-    fs::recursive_directory_iterator each(sharing, ignored);
-    for (; !ignored && each != fs::recursive_directory_iterator(); each.increment(ignored)) {
+    std::error_code failure;
+    fs::recursive_directory_iterator each(
+        sharing, fs::directory_options::skip_permission_denied, failure);
+    for (; !failure && each != fs::recursive_directory_iterator(); each.increment(failure)) {
         const std::string name = each->path().lexically_relative(sharing);
         struct stat status {};
-        if (name != kNote && ::lstat(each->path().c_str(), &status) == 0 &&
-            S_ISREG(status.st_mode)) {
+        // Editors remove files of their own meanwhile.
+        if (::lstat(each->path().c_str(), &status) != 0 && errno != ENOENT) {
+            return std::nullopt;
+        }
+        if (name != kNote && S_ISREG(status.st_mode)) {
             note[QByteArray::fromStdString(name)] =
                 QByteArray::number(qint64{status.st_size}) + ' ' +
                 QByteArray::number(qint64{status.st_mtim.tv_sec}) + ' ' +
@@ -83,16 +96,16 @@ Note stateOf(const fs::path& sharing) {
                 QByteArray::number(quint64{status.st_ino});
         }
     }
-    return note;
+    return failure ? std::nullopt : std::optional(note);
 }
 
-bool writeNote(const fs::path& sharing) {
+bool writeNote(const fs::path& sharing, const Note& note) {
     QSaveFile file(QString::fromStdString(sharing / kNote));
     if (!file.open(QIODevice::WriteOnly)) {
         return false;
     }
     QDataStream stream(&file);
-    stream << stateOf(sharing);
+    stream << note;
     return file.commit();
 }
 
@@ -113,17 +126,16 @@ bool isByTheWay(const QByteArray& path) {
     return name.startsWith('.') || name.endsWith('~');
 }
 
-QList<QUrl> changedIn(const fs::path& sharing) {
-    QList<QUrl> changed;
-    const Note before = readNote(sharing);
-    const Note now = before.isEmpty() ? before : stateOf(sharing);
-    for (auto each = now.begin(); each != now.end(); ++each) {
+// What has become different, by its path as in a note.
+Note changesOf(const Note& before, const Note& now) {
+    Note changes;
+    for (auto each = now.begin(); !before.isEmpty() && each != now.end(); ++each) {
         const bool isNew = !before.contains(each.key());
         if (isNew ? !isByTheWay(each.key()) : before[each.key()] != each.value()) {
-            changed.append(fileUrl(sharing / each.key().toStdString()));
+            changes[each.key()] = each.value();
         }
     }
-    return changed;
+    return changes;
 }
 
 // A single file, not too large to be left lying about.
@@ -135,6 +147,44 @@ bool mayBeOpen(const fs::path& sharing) {
     return !unknown && note.size() == 1 &&
            note.first().left(note.first().indexOf(' ')).toLongLong() <= kLargest &&
            fs::file_time_type::clock::now() - noted < kMayBeOpen;
+}
+
+// Copies what has changed in a sharing, and forgets the sharing unless it may be open. What is in
+// `kept`, by its state, is another name of a file that has been copied, and is not copied again.
+QList<QUrl> recoverFrom(const fs::path& sharing, const fs::path& into, QSet<QByteArray>& kept) {
+    // Taken before anything is copied: what is saved from now on differs from it.
+    const std::optional<Note> now = stateOf(sharing);
+    if (!now) {
+        return {};
+    }
+    const Note changes = changesOf(readNote(sharing), *now);
+    QSet<QByteArray> states;
+    QList<QUrl> files;
+    for (auto each = changes.begin(); each != changes.end(); ++each) {
+        if (!kept.contains(each.value()) && !states.contains(each.value())) {
+            states.insert(each.value());
+            files.append(fileUrl(sharing / each.key().toStdString()));
+        }
+    }
+    QList<QUrl> recovered;
+    std::error_code ignored;
+    if (!files.isEmpty()) {
+        fs::create_directories(into, ignored);
+        const auto copies = ItemSaver([] { return true; }).save(files, into);
+        if (!copies) {
+            return {};
+        }
+        recovered = *copies;
+        kept.unite(states);
+    }
+    const bool stays = mayBeOpen(sharing);
+    const bool isNoted = changes.isEmpty() || writeNote(sharing, *now);
+    if ((!stays || !isNoted) && stateOf(sharing) == now) {
+        fs::remove_all(sharing, ignored);
+    }
+    // That of its run, if this was the last.
+    fs::remove(sharing.parent_path(), ignored);
+    return recovered;
 }
 
 }  // namespace
@@ -164,9 +214,12 @@ tl::expected<QList<QUrl>, FileCopyError> SharedItems::keep(const QList<QUrl>& it
         }
         kept.append(fileUrl(place));
     }
-    if (!namesakes.isEmpty() && !writeNote(sharing)) {
-        return tl::unexpected(
-            FileCopyError{sharing, make_error_code(std::errc::no_space_on_device)});
+    if (!namesakes.isEmpty()) {
+        const std::optional<Note> state = stateOf(sharing);
+        if (!state || !writeNote(sharing, *state)) {
+            const auto reason = state ? std::errc::no_space_on_device : std::errc::io_error;
+            return tl::unexpected(FileCopyError{sharing, make_error_code(reason)});
+        }
     }
     return kept;
 }
@@ -185,22 +238,9 @@ std::vector<fs::path> SharedItems::earlier() const {
 QList<QUrl> SharedItems::recoverChanged(const fs::path& into) const {
     const std::vector<fs::path> sharings = earlier();
     QList<QUrl> recovered;
+    QSet<QByteArray> kept;
     for (const fs::path& sharing : sharings) {
-        const QList<QUrl> changed = changedIn(sharing);
-        std::error_code ignored;
-        if (!changed.isEmpty()) {
-            fs::create_directories(into, ignored);
-            const auto copies = ItemSaver([] { return true; }).save(changed, into);
-            if (!copies) {
-                continue;
-            }
-            recovered += *copies;
-        }
-        if (!mayBeOpen(sharing) || (!changed.isEmpty() && !writeNote(sharing))) {
-            fs::remove_all(sharing, ignored);
-        }
-        // That of its run, if this was the last.
-        fs::remove(sharing.parent_path(), ignored);
+        recovered += recoverFrom(sharing, into, kept);
     }
     return recovered;
 }

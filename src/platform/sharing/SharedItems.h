@@ -31,10 +31,10 @@ class SharedItems {
 
     // Copies the files that were changed, replaced or added since earlier runs have handed them
     // out, to `into`, which is made for the first, beside what is there; then forgets what those
-    // runs have handed out. Returns the copies. A single file of the last
-    // day stays, if it is not large, as it may
-    // still be open somewhere, and what was changed but cannot be copied stays until it can. Takes
-    // its time.
+    // runs have handed out. Returns the copies; a file that was handed out twice is copied once. A
+    // single file of the last day stays, if it is not large, as it may still be open somewhere, and
+    // what was changed but cannot be copied or looked through stays until it can, as does what is
+    // saved while this runs. Takes its time.
     [[nodiscard]] QList<QUrl> recoverChanged(const std::filesystem::path& into) const;
 
   private:

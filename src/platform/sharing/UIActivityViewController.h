@@ -53,7 +53,8 @@ class UIActivityViewController : public pellumar::UIViewController {
     // Before the view is loaded.
     void setExcludedActivityTypes(const QStringList& types) { excluded_ = types; }
     [[nodiscard]] const QStringList& excludedActivityTypes() const { return excluded_; }
-    // Called exactly once, when the sheet has gone.
+    // Called once, when the sheet has gone; never if it is taken away with all that is in the
+    // window, as when the program ends.
     void setCompletionWithItemsHandler(CompletionWithItems handler) {
         handler_ = std::move(handler);
     }

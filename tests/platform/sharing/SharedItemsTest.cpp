@@ -131,5 +131,18 @@ TEST_F(SharedItemsTest, WhatCannotBeKeptNowIsKeptLater) {
     EXPECT_EQ(recover(), (Found{{"a.txt", "edited"}}));
 }
 
+// Two second names are one file: an edit in place is in both.
+TEST_F(SharedItemsTest, WhatWasHandedOutTwiceIsKeptOnce) {
+    const QUrl item = file("a.txt");
+    const fs::path one = handOut({item});
+    const fs::path other = handOut({item});
+    ASSERT_TRUE(fs::equivalent(one, other));
+    writeFile(one, "edited");
+    EXPECT_EQ(recover(), (Found{{"a.txt", "edited"}}));
+    EXPECT_EQ(recover(), Found());
+    replace(other, "the other");
+    EXPECT_EQ(recover(), (Found{{"a (2).txt", "the other"}}));
+}
+
 }  // namespace
 }  // namespace pellumar::test
