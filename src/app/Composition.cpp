@@ -7,6 +7,7 @@
 #include "app/SettingsViewController.h"
 #include "app/Shortcuts.h"
 #include "platform/sharing/KeptEdits.h"
+#include "platform/sharing/StagingFolder.h"
 #include "screens/ViewController.h"
 
 namespace pellumar {
@@ -45,6 +46,7 @@ Composition::~Composition() {
 
 void Composition::launch(const QList<QUrl>& archives) {
     platform_.inbox.clear();
+    platform_.folderQueue.async([] { StagingFolder::removeLeft(StagingFolder::standardNotes()); });
     KeptEdits::recover(platform_.sharedItems, documents_, window_.context(), window());
     open(archives);
     delegate_->applicationDidFinishLaunching();

@@ -5,7 +5,6 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <cstdlib>
 #include <string>
 #include <system_error>
 #include <utility>
@@ -21,32 +20,6 @@ namespace fs = std::filesystem;
 std::error_code lastSavingError() {
     return {errno, std::generic_category()};
 }
-
-// A folder of our own beside the places of the copies, and so on their file system. What is still
-// in it at the end goes with it.
-class StagingFolder {
-  public:
-    explicit StagingFolder(const fs::path& parent) {
-        std::string name = parent / ".pellumar-zip-XXXXXX";
-        if (::mkdtemp(name.data()) != nullptr) {
-            path_ = name;
-        }
-    }
-    ~StagingFolder() {
-        std::error_code ignored;
-        if (!path_.empty()) {
-            fs::remove_all(path_, ignored);
-        }
-    }
-    StagingFolder(const StagingFolder&) = delete;
-    StagingFolder& operator=(const StagingFolder&) = delete;
-
-    // Empty if it could not be made; errno tells why.
-    [[nodiscard]] const fs::path& path() const { return path_; }
-
-  private:
-    fs::path path_;
-};
 
 std::error_code flush(const fs::path& path, int (*how)(int) = ::fsync) {
     const int number = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
@@ -111,7 +84,7 @@ fs::path folderName(QString name) {
 ItemSaver::Result ItemSaver::save(const QList<QUrl>& items,
                                   const fs::path& folder,
                                   const QString& newFolder) const {
-    const StagingFolder staging(folder);
+    const StagingFolder staging(folder, notes_);
     if (staging.path().empty()) {
         return tl::unexpected(FileCopyError{folder, lastSavingError()});
     }

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "platform/documents/FileCopy.h"
+#include "platform/sharing/StagingFolder.h"
 
 namespace pellumar {
 
@@ -28,7 +29,10 @@ class ItemSaver {
     // Where the items are now, in their order.
     using Result = tl::expected<QList<QUrl>, FileCopyError>;
 
-    explicit ItemSaver(IsGoingOn isGoingOn) : isGoingOn_(std::move(isGoingOn)) {}
+    // `notes` is where the hidden folder is noted, for the case that the process is killed.
+    explicit ItemSaver(IsGoingOn isGoingOn,
+                       std::filesystem::path notes = StagingFolder::standardNotes())
+        : isGoingOn_(std::move(isGoingOn)), notes_(std::move(notes)) {}
 
     // Into `folder`, or into a new folder in it of the name `newFolder`, if that is not empty.
     // After a failure, or when stopped, all that came of it is gone again. For a thread that may
@@ -51,6 +55,7 @@ class ItemSaver {
     [[nodiscard]] Result settle(const Copies& copies, const std::filesystem::path& folder) const;
 
     const IsGoingOn isGoingOn_;
+    const std::filesystem::path notes_;
 };
 
 }  // namespace pellumar

@@ -42,7 +42,8 @@ class ItemSaverTest : public testing::Test {
 };
 
 TEST_F(ItemSaverTest, SavesFoldersAndNamesakesBesideWhatIsThere) {
-    const auto saved = ItemSaver([] { return true; }).save(items(), folder / "target");
+    const auto saved =
+        ItemSaver([] { return true; }, folder / "notes").save(items(), folder / "target");
     ASSERT_TRUE(saved);
     EXPECT_EQ(target(),
               (std::map<std::string, std::string>{{"a.txt", "older"},
@@ -63,7 +64,7 @@ TEST_F(ItemSaverTest, StoppedAtAnyMomentItLeavesTheFolderAsItWas) {
         bool isSaved = false;
         for (int patience = 0; !isSaved; ++patience) {
             questions = 0;
-            const ItemSaver saver([&] { return questions++ < patience; });
+            const ItemSaver saver([&] { return questions++ < patience; }, folder / "notes");
             const auto saved = saver.save(items(), folder / "target", inner);
             isSaved = saved.has_value();
             if (!isSaved) {
@@ -86,14 +87,15 @@ TEST_F(ItemSaverTest, FailureAtTheLastItemLeavesNothingOfTheOthers) {
     fs::permissions(folder / "source" / "a.txt", fs::perms(0444));
     QList<QUrl> some = items();
     some.append(fileUrl(folder / "not there"));
-    const auto saved = ItemSaver([] { return true; }).save(some, folder / "target");
+    const auto saved =
+        ItemSaver([] { return true; }, folder / "notes").save(some, folder / "target");
     ASSERT_FALSE(saved);
     EXPECT_EQ(saved.error().path, folder / "not there");
     EXPECT_EQ(target(), before);
 }
 
 TEST_F(ItemSaverTest, ANewFolderIsNamedAsToldAndLeadsNowhereElse) {
-    const ItemSaver saver([] { return true; });
+    const ItemSaver saver([] { return true; }, folder / "notes");
     ASSERT_TRUE(saver.save(items(), folder / "target", "../up/and away"));
     ASSERT_TRUE(saver.save(items(), folder / "target", ".."));
     EXPECT_EQ(readText(folder / "target" / ".._up_and away" / "a.txt"), "new");
