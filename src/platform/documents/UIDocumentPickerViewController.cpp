@@ -76,10 +76,14 @@ void UIDocumentPickerViewController::listingChanged() {
     if (model_.isLoading()) {
         return;
     }
-    if (std::exchange(isFirstFolder_, false) && model_.isUnreadable() &&
+    const bool isShort = model_.isUnreadable() && model_.rowCount() > 0;
+    if (std::exchange(isFirstFolder_, false) && model_.isUnreadable() && !isShort &&
         model_.folder() != places_.home()) {
         open(places_.home());
         return;
+    }
+    if (isShort) {
+        setFailure(tr("This folder could not be read to its end"));
     }
     emit listed(std::max(0, model_.rowOf(cameFrom_)));
 }
