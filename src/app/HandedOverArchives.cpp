@@ -1,6 +1,7 @@
 #include "app/HandedOverArchives.h"
 
 #include <QPointer>
+#include <chrono>
 #include <filesystem>
 #include <system_error>
 
@@ -11,6 +12,9 @@
 
 namespace pellumar {
 namespace {
+
+// A folder in a network may hang, and the archives behind are not to wait for it.
+constexpr std::chrono::seconds kPatience{1};
 
 // Looks at the file, which may take long.
 QString whyRefused(const QUrl& url) {
@@ -55,6 +59,9 @@ HandedOverArchives::HandedOverArchives(const Environment& environment) : environ
             this,
             &HandedOverArchives::passOn,
             Qt::QueuedConnection);
+    patience_.setSingleShot(true);
+    patience_.setInterval(kPatience);
+    connect(&patience_, &QTimer::timeout, this, &HandedOverArchives::passOn);
 }
 
 void HandedOverArchives::add(const QList<QUrl>& urls) {
@@ -82,7 +89,7 @@ void HandedOverArchives::passOn() {
 }
 
 bool HandedOverArchives::isFree() const {
-    if (AppFileOpener::url()) {
+    if (AppFileOpener::url() || patience_.isActive()) {
         return false;
     }
     const auto root = environment_.window.rootViewController();
@@ -98,11 +105,16 @@ bool HandedOverArchives::isFree() const {
 }
 
 void HandedOverArchives::findWordsFor(const QUrl& url) {
+    refused_ = url;
+    patience_.start();
     environment_.backgroundQueue.async(
         [self = QPointer(this), url, &mainQueue = environment_.mainQueue] {
-            mainQueue.async([self, words = whyRefused(url)] {
+            mainQueue.async([self, url, words = whyRefused(url)] {
                 if (self) {
                     self->waiting_.push_front({{}, words});
+                    if (self->refused_ == url) {
+                        self->patience_.stop();
+                    }
                     self->passOn();
                 }
             });

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QTimer>
 #include <QUrl>
 #include <deque>
 #include <memory>
@@ -14,7 +15,8 @@ namespace pellumar {
 // earlier one: holds what other programs and the command line hand over, and passes it on in the
 // order given, each when nobody is being asked about another. So each is asked about once, however
 // many come at once and whatever is on the screen. What the application does not take is told to
-// the user in words: which file, what is the matter with it, what one can do. An archive that is
+// the user in words, in its turn: which file, what is the matter with it, what one can do. Only if
+// finding that out takes longer than a second, what comes behind goes first. An archive that is
 // not there is taken like any other, and fails when it is confirmed.
 //
 // Before the first screen is shown, the first archive goes into the slot. For the main thread; all
@@ -50,6 +52,9 @@ class HandedOverArchives : public QObject {
         QString words;
     };
     std::deque<Waiting> waiting_;
+    // What is being looked at, and keeps its place for as long as the timer runs.
+    QUrl refused_;
+    QTimer patience_;
     std::weak_ptr<UIViewController> told_;
 };
 

@@ -173,8 +173,24 @@ TEST_F(HandedOverTest, WhatIsRefusedIsToldInWords) {
             rest += answerAll();
         }
     }
-    rest.sort();
-    EXPECT_EQ(rest, (QStringList{"2.zip", "words"}));
+    EXPECT_EQ(rest, (QStringList{"words", "2.zip"}));
+}
+
+TEST_F(HandedOverTest, AFileThatCannotBeLookedAtHoldsUpTheOthersNotForLong) {
+    static_cast<void>(showHome());
+    come();
+    ManualDispatchQueue hanging;
+    HandedOverArchives others{{*delegate, window, services.ui, mainQueue, hanging}};
+    others.add({fileUrl(folder / "data.7z"), hundred()[0]});
+    come();
+    EXPECT_TRUE(waitUntil([this] {
+        come();
+        return presented<Popup>() != nullptr;
+    }));
+    hanging.runAll();
+    come();
+    EXPECT_EQ(answerAll(), names(hundred().first(1)));
+    EXPECT_TRUE(presented<UIAlertController>());
 }
 
 }  // namespace
