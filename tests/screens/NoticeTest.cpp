@@ -106,7 +106,30 @@ TEST_F(NoticeTest, GoesByItselfUnlessItMustNotBeMissed) {
     EXPECT_EQ(Notice::shownIn(other), nullptr);
 }
 
-// A button that was pressed by keyboard goes; the screen has the keyboard again, not nobody.
+// "Copied" took what must not be missed away for good, even while that waited unseen.
+TEST_F(NoticeTest, WhatMustNotBeMissedComesBackAfterWhatCameLater) {
+    Notice::show(services.ui, window, "kept", {}, Notice::Stay::kUntilClosed);
+    settle();
+    const Notice& kept = *Notice::shownIn(window);
+    const auto question = makeController<UIAlertController>(services.ui, "question", "");
+    question->addAction({"OK", UIAlertActionStyle::kDefault, {}});
+    home->present(question, true);
+    settle();
+    for (const char* const word : {"Copied", "Copied again"}) {
+        Notice::show(services.ui, window, word);
+        settle();
+        EXPECT_EQ(shown(), word);
+        EXPECT_FALSE(kept.item()->isVisible());
+    }
+    question->choose(0);
+    settle();
+    EXPECT_EQ(shown(), "Copied again");
+    EXPECT_FALSE(kept.item()->isVisible());
+    Notice::shownIn(window)->close();
+    ASSERT_EQ(Notice::shownIn(window), &kept);
+    EXPECT_TRUE(kept.item()->isVisible());
+}
+
 // It lay over the buttons of a dialog that came after it, and took their taps.
 TEST_F(NoticeTest, WaitsWhileSomethingElseIsPresented) {
     Notice::show(services.ui, window, "Saved");
@@ -122,6 +145,7 @@ TEST_F(NoticeTest, WaitsWhileSomethingElseIsPresented) {
     EXPECT_TRUE(Notice::shownIn(window)->item()->isVisible());
 }
 
+// A button that was pressed by keyboard goes; the screen has the keyboard again, not nobody.
 TEST_F(NoticeTest, GivesTheKeyboardBack) {
     Notice::show(services.ui, window, "Saved", {"Show in files", [] {}});
     settle();

@@ -1,6 +1,7 @@
 #include "platform/kit/Notice.h"
 
 #include <QAccessible>
+#include <algorithm>
 #include <utility>
 
 #include "platform/kit/UIWindow.h"
@@ -25,19 +26,24 @@ void Notice::show(const UIContext& context,
                   const QString& text,
                   Action action,
                   Stay stay) {
-    if (Notice* const earlier = shownIn(window)) {
-        earlier->close();
-    }
+    Notice* const earlier = shownIn(window);
     (new Notice(context, window, text, std::move(action), stay))->appear(context.viewLoader);
+    if (earlier != nullptr && earlier->stay_ == Stay::kForAMoment) {
+        earlier->close();
+    } else if (earlier != nullptr) {
+        earlier->waitOrComeBack();
+    }
 }
 
 Notice* Notice::shownIn(const UIWindow& window) {
+    // The last to come: earlier ones wait for it.
+    Notice* shown = nullptr;
     for (Notice* each : window.findChildren<Notice*>(Qt::FindDirectChildrenOnly)) {
         if (each->transition_.canLeave()) {
-            return each;
+            shown = each;
         }
     }
-    return nullptr;
+    return shown;
 }
 
 Notice::Notice(const UIContext& context, UIWindow& window, QString text, Action action, Stay stay)
@@ -56,7 +62,7 @@ void Notice::appear(ViewLoader& loader) {
     item_ = loader.load(*this);
     item_->setParentItem(window_.contentItem());
     over_ = window_.topLayer();
-    connect(&window_, &UIWindow::screensChanged, this, &Notice::makeWay);
+    connect(&window_, &UIWindow::screensChanged, this, &Notice::waitOrComeBack);
     transition_.come(kFadeTime);
     setHeld(false);
     tellScreenReaders(window_, QAccessible::ObjectReorder);
@@ -64,24 +70,39 @@ void Notice::appear(ViewLoader& loader) {
 }
 
 void Notice::setHeld(bool isHeld) {
-    if (isHeld || isInTheWay() || !transition_.canLeave() || stay_ == Stay::kUntilClosed) {
+    if (isHeld || mustWait() || !transition_.canLeave() || stay_ == Stay::kUntilClosed) {
         time_.stop();
     } else {
         time_.start();
     }
 }
 
-bool Notice::isInTheWay() const {
+bool Notice::mustWait() const {
+    const QList<Notice*> all = window_.findChildren<Notice*>(Qt::FindDirectChildrenOnly);
+    const bool isLast = std::none_of(
+        all.rbegin(), std::find(all.rbegin(), all.rend(), this), [](const Notice* each) {
+            return each->transition_.state() != Transition::State::kGone;
+        });
     const QQuickItem* const top = window_.topLayer();
     const auto root = window_.rootViewController();
-    return top != over_ && !(root && top == &root->view());
+    return !isLast || (top != over_ && !(root && top == &root->view()));
 }
 
-void Notice::makeWay() {
-    if (item_->isVisible() == isInTheWay() && transition_.canLeave()) {
-        item_->setVisible(!isInTheWay());
+void Notice::waitOrComeBack() {
+    if (item_->isVisible() == mustWait() && transition_.canLeave()) {
+        releaseKeyboard();
+        item_->setVisible(!mustWait());
         setHeld(false);
         tellScreenReaders(window_, QAccessible::ObjectReorder);
+    }
+}
+
+void Notice::releaseKeyboard() const {
+    const QQuickItem* const focused = window_.activeFocusItem();
+    const bool hasKeyboard =
+        focused != nullptr && (focused == item_.get() || item_->isAncestorOf(focused));
+    if (hasKeyboard && window_.topLayer() != nullptr) {
+        window_.topLayer()->forceActiveFocus(Qt::OtherFocusReason);
     }
 }
 
@@ -90,16 +111,14 @@ void Notice::close() {
         return;
     }
     time_.stop();
-    const QQuickItem* const focused = window_.activeFocusItem();
-    const bool hadKeyboard =
-        focused != nullptr && (focused == item_.get() || item_->isAncestorOf(focused));
+    releaseKeyboard();
     item_->setEnabled(false);
-    if (hadKeyboard && window_.topLayer() != nullptr) {
-        window_.topLayer()->forceActiveFocus(Qt::OtherFocusReason);
-    }
     transition_.leave(kFadeTime, [this] {
         item_->setVisible(false);
         deleteLater();
+        if (Notice* const earlier = shownIn(window_)) {
+            earlier->waitOrComeBack();
+        }
     });
     tellScreenReaders(window_, QAccessible::ObjectReorder);
 }

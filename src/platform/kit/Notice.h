@@ -43,7 +43,8 @@ class Notice : public QObject {
     // it or the keyboard is in it; or until the user closes it, for what must not be missed.
     enum class Stay { kForAMoment, kUntilClosed };
 
-    // Shows a notice in `window`, in place of the one that is there. It goes with the window.
+    // Shows a notice in `window`, in place of the one that is there: that is closed, or if only the
+    // user closes it, comes back when this one has gone. It goes with the window.
     static void show(const UIContext& context,
                      UIWindow& window,
                      const QString& text,
@@ -70,9 +71,10 @@ class Notice : public QObject {
     Notice(const UIContext& context, UIWindow& window, QString text, Action action, Stay stay);
 
     void appear(ViewLoader& loader);
-    // Whether something is presented that was not when this came.
-    [[nodiscard]] bool isInTheWay() const;
-    void makeWay();
+    // Whether something is presented that was not when this came, or a later notice is there.
+    [[nodiscard]] bool mustWait() const;
+    void waitOrComeBack();
+    void releaseKeyboard() const;
 
     UIWindow& window_;
     const QString text_;
