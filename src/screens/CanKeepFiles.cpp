@@ -21,14 +21,27 @@ void CanKeepFiles::saveFiles(const ItemSaving::Order& order,
                                 }));
 }
 
+bool CanKeepFiles::stopSaving() {
+    const bool isCopying = saving_ && saving_->isCopying();
+    if (isCopying) {
+        saving_.reset();
+    }
+    return isCopying;
+}
+
 void CanKeepFiles::askToKeep(const Farewell& farewell) {
     const auto alert =
         makeController<UIAlertController>(services().ui, farewell.title, farewell.message);
-    // Neither is for Escape, which was perhaps pressed once too often.
+    // None is for Escape, which was perhaps pressed once too often.
     const QString keep = QCoreApplication::translate("CanKeepFiles", "Keep…");
     alert->addAction({keep, UIAlertActionStyle::kDefault, whileAlive(farewell.keep)});
     alert->addAction(
         {farewell.leaveTitle, UIAlertActionStyle::kDefault, whileAlive(farewell.leave)});
+    if (farewell.stay) {
+        alert->addAction({QCoreApplication::translate("CanKeepFiles", "Stay"),
+                          UIAlertActionStyle::kDefault,
+                          whileAlive(farewell.stay)});
+    }
     screen().present(alert, true);
 }
 

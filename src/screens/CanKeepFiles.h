@@ -18,14 +18,19 @@ class CanKeepFiles : public CanShowFailureAlert {
     void saveFiles(const ItemSaving::Order& order,
                    const std::function<void(const QList<QUrl>& saved)>& kept);
 
-    // An alert that says that nothing was kept, and when it goes: one button is for keeping it, the
-    // other for letting it go.
+    // Lets go of what is being copied, if anything is: what it has left is taken back, and nobody
+    // is told. False if nothing is.
+    [[nodiscard]] bool stopSaving();
+
+    // An alert that says that nothing was kept, and when it goes: one button is for keeping it, one
+    // for letting it go; one for neither, if there is a `stay`.
     struct Farewell {
         QString title;
         QString message;
         std::function<void()> keep;
         QString leaveTitle;
         std::function<void()> leave;
+        std::function<void()> stay = {};
     };
     void askToKeep(const Farewell& farewell);
 

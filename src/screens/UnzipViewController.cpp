@@ -2,6 +2,8 @@
 
 #include <QFileInfo>
 #include <QLocale>
+#include <algorithm>
+#include <chrono>
 #include <utility>
 
 #include "platform/DisplayText.h"
@@ -18,6 +20,8 @@ namespace pellumar {
 namespace {
 
 const QString kFileCell = QStringLiteral("FileTableViewCell");
+// What is tapped twice within it is meant once.
+constexpr std::chrono::seconds kOneTap{1};
 
 }  // namespace
 
@@ -148,7 +152,7 @@ void UnzipViewController::showSaved() {
 }
 
 void UnzipViewController::openFile(IndexPath at) {
-    if (opening_) {
+    if (opening_ || !lastOpened_.hasExpired()) {
         return;
     }
     // As from the share sheet: under a second name, where it outlives this list and what is changed
@@ -162,12 +166,15 @@ void UnzipViewController::openFile(IndexPath at) {
             return Opening{.activityType = isFolder ? activity::kShowInFiles : activity::kOpenWith,
                            .items = kept.value_or(QList<QUrl>())};
         },
-        [this](const Opening& opening) { perform(opening); });
+        [this](const Opening& opening) {
+            opening_.reset();
+            lastOpened_.setRemainingTime(kOneTap);
+            perform(opening);
+        });
 }
 
 void UnzipViewController::perform(const Opening& opening) {
     const auto opened = whileAlive([this](const ShareTarget::Result& result) {
-        opening_.reset();
         if (!result.error.isEmpty()) {
             showFailureAlert(result.error);
         }
@@ -182,12 +189,12 @@ void UnzipViewController::perform(const Opening& opening) {
             return;
         }
     }
-    opening_.reset();
 }
 
 int UnzipViewController::rowOf(const QString& letters, int from) const {
+    const qsizetype first = std::max(from, 0);
     for (qsizetype i = 0; i < urls_.size(); ++i) {
-        const qsizetype row = (from + i) % urls_.size();
+        const qsizetype row = (first + i) % urls_.size();
         if (urls_[row].fileName().startsWith(letters, Qt::CaseInsensitive)) {
             return static_cast<int>(row);
         }
@@ -196,6 +203,9 @@ int UnzipViewController::rowOf(const QString& letters, int from) const {
 }
 
 bool UnzipViewController::mayGoBack() {
+    if (stopSaving()) {
+        return false;
+    }
     if (mayLeave_ || items().isEmpty()) {
         return true;
     }
@@ -206,10 +216,13 @@ bool UnzipViewController::mayGoBack() {
                .leaveTitle = tr("Leave"),
                .leave =
                    [this] {
-                       if (const auto stack = navigationController()) {
+                       // Under the question, other results may have come above these.
+                       const auto stack = navigationController();
+                       if (stack && stack->topViewController().get() == this) {
                            stack->popViewController(true);
                        }
-                   }});
+                   },
+               .stay = [this] { mayLeave_ = false; }});
     return false;
 }
 

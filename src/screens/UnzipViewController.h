@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDeadlineTimer>
 #include <QList>
 #include <QPointer>
 #include <QUrl>
@@ -16,7 +17,8 @@
 namespace pellumar {
 
 // Lists what an extraction brought, to be opened, saved and shared one by one or all together. What
-// of it nobody kept is asked about once, before the user leaves. Layout outlet: "tableView".
+// of it nobody kept is asked about before the user leaves, once the answer is not to stay; a step
+// back while it is being saved stops that instead. Layout outlet: "tableView".
 class UnzipViewController : public pellumar::UIViewController,
                             public UITableViewDataSource,
                             public FileCellDelegate,
@@ -53,8 +55,8 @@ class UnzipViewController : public pellumar::UIViewController,
     Q_INVOKABLE void showRemarks();
     // With its application; a folder in the file manager.
     void openFile(IndexPath at);
-    // The first row from this one on whose name begins with the letters, going on at the beginning
-    // after the end; -1 if there is none.
+    // The first row from this one on, or the first of all if it is none, whose name begins with the
+    // letters, going on at the beginning after the end; -1 if there is none.
     [[nodiscard]] Q_INVOKABLE int rowOf(const QString& letters, int from) const;
 
     [[nodiscard]] const JobReport& report() const { return report_; }
@@ -99,11 +101,13 @@ class UnzipViewController : public pellumar::UIViewController,
     const JobReport report_;
     std::optional<qint64> bytes_;
     QList<QUrl> saved_;
-    // Whether anything left, or the user was asked already.
+    // Whether anything left, or the user has chosen already.
     bool mayLeave_ = false;
     Question question_;
-    // Held while a file is being opened: a second tap does not open it twice.
+    // Held until a file is handed on, which is not yet opened: a chooser may stay open for long. A
+    // double tap does not open it twice.
     Question opening_;
+    QDeadlineTimer lastOpened_;
 };
 
 }  // namespace pellumar

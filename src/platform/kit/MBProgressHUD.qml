@@ -9,9 +9,11 @@ FocusScope {
 
     opacity: controller.presence
     z: 1000
-    // Nothing below can be reached while it is there.
-    KeyNavigation.tab: root
-    KeyNavigation.backtab: root
+    // Nothing below can be reached while it is there; only the way back is open.
+    Keys.onPressed: event => {
+        event.accepted = event.key !== Qt.Key_Escape && event.key !== Qt.Key_Back
+                         && !event.matches(StandardKey.Back)
+    }
     Accessible.role: Accessible.ProgressBar
     Accessible.name: controller.label
     Accessible.description: controller.isDeterminate ? Math.round(controller.progress * 100) + " %"

@@ -48,6 +48,8 @@ class ItemSaving : public UIDocumentPickerDelegate,
                                                            const DocumentServices& documents,
                                                            Order order,
                                                            Completion completion);
+    // Whether the folder was chosen, and the overlay is there.
+    [[nodiscard]] bool isCopying() const { return hud_ != nullptr; }
     ~ItemSaving() override;
     ItemSaving(const ItemSaving&) = delete;
     ItemSaving& operator=(const ItemSaving&) = delete;
