@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <optional>
 #include <string_view>
 #include <system_error>
 #include <utility>
@@ -20,7 +21,8 @@ namespace {
 // No password is longer; a file that has no line end would be read whole.
 constexpr std::size_t kLongest = 4096;
 
-tl::expected<std::string, int> firstLineOf(int descriptor) {
+// ECANCELED if the byte `cancel` comes.
+tl::expected<std::string, int> firstLineOf(int descriptor, std::optional<char> cancel = {}) {
     std::string line;
     char byte = 0;
     line.reserve(kLongest);
@@ -34,6 +36,9 @@ tl::expected<std::string, int> firstLineOf(int descriptor) {
         }
         if (count == 0 || byte == '\n') {
             break;
+        }
+        if (byte == cancel) {
+            return tl::unexpected(ECANCELED);
         }
         line.push_back(byte);
     }
@@ -50,14 +55,17 @@ bool needsPassword(const std::filesystem::path& path) {
            });
 }
 
-// Types without an echo as long as it lives.
+constexpr char kControlC = '\x03';
+
+// Types without an echo as long as it lives. Control-C comes as a letter meanwhile: a signal would
+// end the program with the terminal still silent.
 class SilentTyping {
   public:
     explicit SilentTyping(int terminal) : terminal_(terminal) {
         changed_ = ::tcgetattr(terminal, &before_) == 0;
         if (changed_) {
             termios silent = before_;
-            silent.c_lflag &= ~static_cast<tcflag_t>(ECHO);
+            silent.c_lflag &= ~static_cast<tcflag_t>(ECHO | ISIG);
             ::tcsetattr(terminal, TCSAFLUSH, &silent);
         }
     }
@@ -102,7 +110,7 @@ std::shared_ptr<const archive::Password> askForPassword(const std::filesystem::p
     tl::expected<std::string, int> line;
     {
         const SilentTyping silent(STDIN_FILENO);
-        line = firstLineOf(STDIN_FILENO);
+        line = firstLineOf(STDIN_FILENO, kControlC);
     }
     say(STDERR_FILENO, "\n");
     return line ? std::make_shared<const archive::Password>(*std::move(line)) : nullptr;

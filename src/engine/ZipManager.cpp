@@ -94,15 +94,23 @@ struct ExtractionJob {
         if (!from || !to) {
             return archive::failure(ErrorCode::kInvalidArgument);
         }
-        if (environment.originals && !environment.originals->isUnchanged(*from)) {
-            return archive::Failure(
-                Error{.code = ErrorCode::kSourceChanged, .entry = from->filename().native()});
+        const auto changed = [&] {
+            return environment.originals && !environment.originals->isUnchanged(*from);
+        };
+        const Error changedSincePicked{.code = ErrorCode::kSourceChanged,
+                                       .entry = from->filename().native()};
+        if (changed()) {
+            return archive::Failure(changedSincePicked);
         }
         Result<archive::UnzipReport> extracted = extract(*from, *to, password.get());
         if (!extracted && extracted.error().isShortOfRoom() &&
             environment.fileSystem.finishDeletions()) {
             environment.fileSystem.removeItem(destination);
             extracted = extract(*from, *to, password.get());
+        }
+        // Written over meanwhile, it may have passed every check with some of both in it.
+        if (changed()) {
+            return archive::Failure(changedSincePicked);
         }
         if (!extracted) {
             return archive::passOn(extracted);

@@ -67,7 +67,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const auto decoder = pellumar::archive::makeDecoder(
         {.method = kMethods[data[0] % std::size(kMethods)],
          .flags = static_cast<std::uint16_t>(data[0] / std::size(kMethods) * 2),
-         .uncompressedSize = std::min<std::uint64_t>(data[1] * data[1] * 4ULL, kMostOutput)});
+         .uncompressedSize = std::min<std::uint64_t>(4ULL * data[1] * data[1], kMostOutput)});
     require(decoder.has_value(), "there is a decoder");
     const ByteView input(data + 4, size - 4);
     const Decoded whole = decode(**decoder, input, input.size() + 1, kMostOutput);
