@@ -13,6 +13,29 @@ namespace {
 // Nobody aims at what has been on the screen for less than that.
 constexpr std::chrono::milliseconds kTimeToSee{220};
 
+bool isBack(const QKeyEvent& press) {
+    return press.key() == Qt::Key_Escape || press.key() == Qt::Key_Back ||
+           press.matches(QKeySequence::Back);
+}
+
+// Whether it may use a control or leave a screen, wherever it arrives.
+bool acts(const QKeyEvent& press) {
+    switch (press.key()) {
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+        case Qt::Key_Space:
+        case Qt::Key_Select:
+            return true;
+        default:
+            return isBack(press);
+    }
+}
+
+bool isWithinDoubleClick(quint64 earlier, quint64 later) {
+    const int interval = QGuiApplication::styleHints()->mouseDoubleClickInterval();
+    return later - earlier < static_cast<quint64>(interval);
+}
+
 }  // namespace
 
 UIWindow::UIWindow() {
@@ -104,6 +127,7 @@ void UIWindow::layersChanged() {
         top->view().forceActiveFocus(Qt::OtherFocusReason);
     }
     lastPress_.isOutdated = true;
+    lastKey_.isOutdated = true;
     QAccessibleEvent reordered(this, QAccessible::ObjectReorder);
     QAccessible::updateAccessibility(&reordered);
     emit screensChanged();
@@ -112,20 +136,28 @@ void UIWindow::layersChanged() {
 bool UIWindow::refusesPress(const QPointerEvent& press) {
     const std::shared_ptr<UIViewController> top = topViewController();
     const QPointF place = press.points().isEmpty() ? QPointF() : press.points().first().position();
-    const QStyleHints& hints = *QGuiApplication::styleHints();
-    const auto interval = static_cast<quint64>(hints.mouseDoubleClickInterval());
-    const bool isSecond =
-        lastPress_.isOutdated && press.timestamp() - lastPress_.time < interval &&
-        (place - lastPress_.place).manhattanLength() <= hints.mouseDoubleClickDistance();
+    const int distance = QGuiApplication::styleHints()->mouseDoubleClickDistance();
+    const bool isSecond = lastPress_.isOutdated &&
+                          isWithinDoubleClick(lastPress_.time, press.timestamp()) &&
+                          (place - lastPress_.place).manhattanLength() <= distance;
     const bool isRefused = isSecond || (top && top->isMoving());
     lastPress_ = {press.timestamp(), place, isSecond, isRefused};
     return isRefused;
+}
+
+bool UIWindow::refusesKey(const QKeyEvent& press) {
+    const bool isSecond =
+        lastKey_.isOutdated && press.key() == lastKey_.key && acts(press) &&
+        (press.isAutoRepeat() || isWithinDoubleClick(lastKey_.time, press.timestamp()));
+    lastKey_ = {press.timestamp(), press.key(), isSecond};
+    return isSecond;
 }
 
 bool UIWindow::event(QEvent* event) {
     const QEvent::Type type = event->type();
     const bool isPress = type == QEvent::MouseButtonPress || type == QEvent::TouchBegin;
     if ((isPress && refusesPress(static_cast<QPointerEvent&>(*event))) ||
+        (type == QEvent::KeyPress && refusesKey(static_cast<QKeyEvent&>(*event))) ||
         (type == QEvent::MouseButtonDblClick && lastPress_.isRefused)) {
         event->accept();
         return true;
@@ -135,9 +167,7 @@ bool UIWindow::event(QEvent* event) {
 
 void UIWindow::keyPressEvent(QKeyEvent* event) {
     QQuickWindow::keyPressEvent(event);
-    const bool isBack = event->key() == Qt::Key_Escape || event->key() == Qt::Key_Back ||
-                        event->matches(QKeySequence::Back);
-    if (!event->isAccepted() && isBack && !event->isAutoRepeat()) {
+    if (!event->isAccepted() && isBack(*event) && !event->isAutoRepeat()) {
         const std::shared_ptr<UIViewController> top = topViewController();
         event->setAccepted(top && top->goBack());
     }

@@ -64,6 +64,8 @@ class UIWindow : public QQuickWindow {
     // A press while screens come and go, or the second one of a double click whose first has
     // changed the screen, was meant for what is no more.
     [[nodiscard]] bool refusesPress(const QPointerEvent& press);
+    // So was the second press of a key that acts, if the first has changed the screen.
+    [[nodiscard]] bool refusesKey(const QKeyEvent& press);
 
     ViewHost host_;
     std::shared_ptr<UIViewController> root_;
@@ -75,6 +77,11 @@ class UIWindow : public QQuickWindow {
         bool isOutdated = false;
         bool isRefused = false;
     } lastPress_;
+    struct {
+        quint64 time = 0;
+        int key = 0;
+        bool isOutdated = false;
+    } lastKey_;
 };
 
 }  // namespace pellumar
