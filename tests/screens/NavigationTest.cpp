@@ -1,4 +1,5 @@
 #include <QCoreApplication>
+#include <QKeyEvent>
 #include <QMouseEvent>
 
 #include "gui/ScreenFixture.h"
@@ -27,6 +28,17 @@ class NavigationTest : public ScreenFixture {
         send(QEvent::MouseButtonRelease, Qt::NoButton, middle);
         time_ += 50;
     }
+    // A key, so long after the last; the screens come to rest after it, as slow frames do late.
+    void press(Qt::Key key, quint64 after) {
+        time_ += after;
+        for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+            QKeyEvent event(type, key, {});
+            event.setTimestamp(time_);
+            QCoreApplication::sendEvent(&window, &event);
+        }
+        animator.finishAll();
+        settle();
+    }
 
     const std::shared_ptr<ViewController> home;
 
@@ -52,6 +64,37 @@ TEST_F(NavigationTest, ADoubleTapOnACardPushesOneScreen) {
     EXPECT_EQ(stack()->viewControllers().size(), 2U);
     EXPECT_EQ(eventNames(), QStringList{"tapped_zip"});
     EXPECT_EQ(window.topViewController(), window.rootViewController());
+}
+
+// Where frames were slow, the second press of a key found the next screen in place, and used it.
+TEST_F(NavigationTest, AKeyPressedTwiceActsOnceHoweverLateTheSecondPressArrives) {
+    animator.finishAll();
+    outlet<QQuickItem>(home->view(), "zipButton")->forceActiveFocus();
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
+        press(key, 1000);
+        EXPECT_EQ(stack()->viewControllers().size(), 2U);
+        press(key, 90);
+        press(key, 90);
+        EXPECT_EQ(window.topViewController(), window.rootViewController());
+        press(key, 1000);
+        EXPECT_NE(window.topViewController(), window.rootViewController());
+        press(Qt::Key_Escape, 10);
+        EXPECT_EQ(window.topViewController(), window.rootViewController());
+        press(Qt::Key_Escape, 90);
+        EXPECT_EQ(stack()->viewControllers().size(), 2U);
+        press(Qt::Key_Escape, 1000);
+        EXPECT_EQ(stack()->viewControllers().size(), 1U);
+    }
+}
+
+// After a click on the arrow it stayed there, on a control that no one sees.
+TEST_F(NavigationTest, TheKeyboardDoesNotStayOnTheArrow) {
+    push();
+    animator.finishAll();
+    outlet<QQuickItem>(stack()->view(), "backButton")->forceActiveFocus(Qt::MouseFocusReason);
+    stack()->backTapped();
+    animator.finishAll();
+    EXPECT_TRUE(home->view().hasActiveFocus());
 }
 
 TEST_F(NavigationTest, BackTwiceIsOneStep) {

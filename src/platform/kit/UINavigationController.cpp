@@ -107,6 +107,8 @@ void UINavigationController::endChange(UIViewController& leaving,
                                        UIViewController& coming,
                                        bool animated) {
     arrange();
+    // A click on the bar's arrow took the keyboard there, where it would stay, out of sight.
+    contentHost_->setFocus(true);
     leaving.endAppearance(animated);
     coming.endAppearance(animated);
     if (UIWindow* const where = window()) {

@@ -35,6 +35,7 @@ FocusScope {
             anchors.rightMargin: Theme.space1
             spacing: 0
             IconButton {
+                objectName: "backButton"
                 visible: root.controller.canPop
                 iconName: "back"
                 text: qsTr("Back")
