@@ -1,9 +1,13 @@
 """The running application: what is on its screen, and a person's hands on it."""
 
+import time
+
 from waiting import Gone, until
 
 APP_ID = "org.pellumar.Zip"
 DOUBLE_CLICK_MS = 90
+# Longer than two presses of a key may be apart that count as one.
+APART_SECONDS = 0.5
 
 
 class Application:
@@ -14,6 +18,7 @@ class Application:
         self.desktop = desktop
         self.root = root
         self.pid = pid
+        self.free_from = 0.0
 
     def is_shown(self):
         """Whether its window is on the screen and has the keyboard."""
@@ -73,8 +78,11 @@ class Application:
                              "click", "--repeat", times, "--delay", DOUBLE_CLICK_MS, 1)
 
     def key(self, *keys, times=1):
-        """Presses keys, one after the other; by xdotool's names."""
+        """Presses keys, one after the other; by xdotool's names. It is never the second press of
+        what was pressed before."""
+        until(lambda: time.monotonic() > self.free_from, "the time of a double press to pass")
         self.desktop.xdotool("key", "--repeat", times, "--repeat-delay", DOUBLE_CLICK_MS, *keys)
+        self.free_from = time.monotonic() + APART_SECONDS
 
     def type(self, text):
         """Types a text into what has the keyboard."""
@@ -99,7 +107,7 @@ class Application:
             here = self.focused()
             if here and here.role == role and _fits(name, here.name):
                 return here
-            self.key("Tab")
+            self.desktop.xdotool("key", "Tab")
             until(lambda: self.focused() not in (None, here), "the keyboard to move on")
         raise AssertionError(f"Tab does not lead to {role} {name!r} in\n{self.outline()}")
 

@@ -1,0 +1,141 @@
+#!/usr/bin/env python3
+"""A hasty hand: every button double-clicked, every key pressed twice, archives handed over at any
+moment. All is done once, and nothing is lost."""
+
+import os
+
+import road
+
+QUESTION = "Do you want to unzip "
+HANDED_OVER = 100
+
+
+class HastyTest(road.RoadTest):
+    def setUp(self):
+        super().setUp()
+        self.make_files({"letter.txt": b"kept as it is\n" * 500})
+
+    def names_in(self, folder):
+        path = self.home / folder
+        return sorted(each.name for each in path.iterdir()) if path.exists() else []
+
+    def extracted(self):
+        return self.names_in(".local/share/pellumar-zip/Documents/outputs/zipOutputs")
+
+    def take_the_roads(self, application, use):
+        """Makes an archive, saves it, has it handed over, extracts it and saves what was in it;
+        `use` uses a control twice."""
+        use("push button", "OK")
+        application.find("push button", "Unzip")
+        self.assertFalse(application.controls("dialog"))
+        use("page tab", "Settings")
+        application.find("heading", "Settings")
+        use("page tab", "Zip/Unzip")
+        use("push button", "Zip")
+        application.find("heading", "Zip Files")
+        use("push button", "Back")
+        use("push button", "Zip")
+        self.make_archive_hastily(application, use)
+        self.save_hastily(application, use)
+        self.assertEqual(self.names_in("Downloads"), ["Trip.zip"])
+        use("push button", "Back")
+        application.find("push button", "Zip")
+        self.unzip_hastily(application, use, self.home / "Downloads" / "Trip.zip")
+
+    def make_archive_hastily(self, application, use):
+        use("push button", "Files")
+        use("push button", "Documents")
+        application.click("check box", "letter.txt")
+        use("push button", "Add")
+        field = application.find("text", "Filename")
+        road.until(lambda: "focused" in field.states, "the keyboard in the field")
+        application.type("Trip")
+        use("push button", "Save")
+
+    def save_hastily(self, application, use):
+        use("push button", "Save to…")
+        use("push button", "Downloads")
+        application.find("label", "Downloads")
+        use("push button", "Save here")
+        application.wait_until_gone("dialog")
+
+    def unzip_hastily(self, application, use, archive):
+        self.desktop.hand_over(archive)
+        use("push button", "Cancel")
+        application.wait_until_gone("dialog")
+        application.find("push button", "Zip")
+        self.assertEqual(self.extracted(), [])
+        self.desktop.hand_over(archive)
+        application.find("label", f"{QUESTION}{archive.name}?")
+        use("push button", "Unzip")
+        application.find("heading", "Unzipped Files")
+        self.assertEqual(len(self.extracted()), 1)
+        # Nothing was kept: that is asked about once, and the second press does not answer.
+        use("push button", "Back")
+        use("push button", "Keep…")
+        use("push button", "Cancel")
+        use("push button", "Share letter.txt")
+        self.save_hastily(application, use)
+        self.assertEqual(self.names_in("Downloads"), ["Trip.zip", "letter.txt"])
+        # One step leads home: there was one list.
+        use("push button", "Back")
+        application.find("push button", "Zip")
+
+    def test_every_button_double_clicked(self):
+        application = self.desktop.start()
+        self.take_the_roads(application, lambda *what: application.click(*what, times=2))
+
+    def test_every_key_pressed_twice(self):
+        application = self.desktop.start()
+
+        def use(*what):
+            application.tab_to(*what)
+            application.key("Return", times=2)
+
+        self.take_the_roads(application, use)
+
+    def decline(self, application, names):
+        """Declines one question for each archive, in this order."""
+        for name in names:
+            question = f"{QUESTION}{name}?"
+            asked = application.find("label", lambda text: text.startswith(QUESTION)).name
+            self.assertEqual(asked, question)
+            application.press("push button", "Cancel")
+            application.wait_until_gone("label", question)
+
+    def test_archives_handed_over_at_any_moment(self):
+        names = [f"{i}.zip" for i in range(HANDED_OVER)]
+        paths = [self.make_archive(name, {"a.txt": os.urandom(100)}) for name in names]
+        cold, picker, job, sheet = (slice(at, at + 25) for at in range(0, HANDED_OVER, 25))
+        # The bus starts the application, and the onboarding comes first.
+        application = self.desktop.hand_over(*paths[cold])
+        application.press("push button", "OK")
+        self.decline(application, names[cold])
+        # Over an open picker, each in a call of its own.
+        application.press("push button", "Unzip")
+        application.find("dialog", "Choose an archive")
+        for path in paths[picker]:
+            self.desktop.hand_over(path)
+        self.decline(application, names[picker])
+        application.press("push button", "Cancel")
+        application.wait_until_gone("dialog")
+        # During a job, whose share sheet follows it.
+        application.press("push button", "Zip")
+        self.make_archive_hastily(application, application.press)
+        self.desktop.hand_over(*paths[job])
+        self.decline(application, names[job])
+        # Over that sheet, while its picker saves and both close.
+        application.press("push button", "Save to…")
+        application.press("push button", "Downloads")
+        application.find("label", "Downloads")
+        application.press("push button", "Save here")
+        self.desktop.hand_over(*paths[sheet])
+        self.decline(application, names[sheet])
+        application.find("heading", "Zip Files")
+        self.assertFalse(application.controls("dialog"))
+        self.assertEqual(len(self.names_in("Downloads")), 1)
+        self.assertEqual(self.extracted(), [])
+
+
+if __name__ == "__main__":
+    road.main()
