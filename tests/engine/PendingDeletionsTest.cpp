@@ -17,7 +17,7 @@ namespace fs = std::filesystem;
 class PendingDeletionsTest : public testing::Test {
   protected:
     fs::path full(int number) {
-        const fs::path path = folder_ / std::to_string(number);
+        fs::path path = folder_ / std::to_string(number);
         fs::create_directories(path / "deep/deeper");
         for (int i = 0; i < 20; ++i) {
             test::writeFile(path / "deep" / std::to_string(i), "text");

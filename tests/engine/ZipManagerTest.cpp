@@ -352,9 +352,9 @@ TEST_F(ZipManagerTest, PicturesAreStagedWithWhatIsThereAndClearedAway) {
         std::make_shared<Picture>("third"),
     };
     manager_->setDelegate(delegate_);
-    manager_->zip(images, "Photos", [this](std::optional<QUrl> archive, const auto& report) {
+    manager_->zip(images, "Photos", [this](const std::optional<QUrl>& archive, const auto& report) {
         EXPECT_TRUE(fs::is_empty(folder_ / "docs/outputs/tempImages"));
-        archive_.completion()(std::move(archive), report);
+        archive_.completion()(archive, report);
     });
     settle();
     EXPECT_EQ(archive_.calls, 1);

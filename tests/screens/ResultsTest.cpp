@@ -56,6 +56,9 @@ class ResultsTest : public ScreenFixture {
     [[nodiscard]] bool isAtHome() const { return stack()->viewControllers().size() == 1; }
     void press(int key, const QString& text = {}, Qt::KeyboardModifiers modifiers = {}) {
         QKeyEvent press(QEvent::KeyPress, key, modifiers, text);
+        // Not so soon after the last one that it passes for the same.
+        time_ += 1000;
+        press.setTimestamp(time_);
         QCoreApplication::sendEvent(&window, &press);
     }
     // Answers the picker of a folder, if there is one; copying has not begun.
@@ -80,6 +83,7 @@ class ResultsTest : public ScreenFixture {
 
   private:
     std::shared_ptr<ViewController> home_;
+    quint64 time_ = 0;
 };
 
 TEST_F(ResultsTest, SayWhatTheyAreAndSaveAllWithWhatIsHidden) {

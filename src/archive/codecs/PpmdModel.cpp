@@ -201,7 +201,7 @@ void PpmdModel::estimateEscape(Choice& choice) {
                                (2 * count < countOf(suffixOf(context_)) + leftOut_ - 1 ? 2U : 0U) +
                                flagsOf(context_);
     estimate_ = &estimates_[kClasses[count + 2] - 3U][column];
-    const unsigned mean = estimate_->sum >> estimate_->shift;
+    const unsigned mean = unsigned{estimate_->sum} >> estimate_->shift;
     estimate_->sum = static_cast<std::uint16_t>(estimate_->sum - mean);
     choice.total = choice.statesTotal + std::max(mean, 1U);
 }

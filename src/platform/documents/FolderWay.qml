@@ -10,14 +10,16 @@ ListView {
 
     orientation: ListView.Horizontal
     clip: true
-    model: controller.way.slice(0, -1)
+    model: Math.max(0, controller.way.length - 1)
     // Where the user is stands at the end.
     onContentWidthChanged: positionViewAtEnd()
     footer: BodyText {
+        // qmllint disable unqualified
         height: way.height
+        text: way.controller.folderName
+        // qmllint enable unqualified
         leftPadding: Theme.space2
         rightPadding: Theme.space2
-        text: way.controller.folderName
         font.weight: Theme.weightStrong
         verticalAlignment: Text.AlignVCenter
         wrapMode: Text.NoWrap
@@ -26,13 +28,12 @@ ListView {
         id: step
 
         required property int index
-        required property string modelData
-
         // qmllint disable unqualified
+        readonly property string folder: way.controller.way[index] ?? ""
         height: way.height
         onClicked: way.controller.stepTapped(index)
         // qmllint enable unqualified
-        text: qsTr("Up to %1").arg(modelData)
+        text: qsTr("Up to %1").arg(folder)
         leftPadding: Theme.space2
         rightPadding: 0
         background: Rectangle {
@@ -44,7 +45,7 @@ ListView {
             spacing: Theme.space1
             BodyText {
                 anchors.verticalCenter: parent.verticalCenter
-                text: step.modelData
+                text: step.folder
                 color: Theme.textSecondary
                 wrapMode: Text.NoWrap
                 Accessible.ignored: true

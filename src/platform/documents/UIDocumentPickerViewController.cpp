@@ -207,13 +207,17 @@ void UIDocumentPickerViewController::import(const QList<QUrl>& urls) {
                 picker->imported(copies);
             }
         });
-    QTimer::singleShot(kImportPause, this, [this, import = import_] {
+    auto* const pause = new QTimer(this);
+    pause->setSingleShot(true);
+    connect(pause, &QTimer::timeout, this, [this, pause, import = import_] {
+        pause->deleteLater();
         if (import_ == import && !import->isCancelled()) {
             hud_ = MBProgressHUD::showAddedTo(context(), view(), true);
             hud_->setLabel(tr("Copying"));
             hud_->setMode(MBProgressHUD::Mode::kAnnularDeterminate);
         }
     });
+    pause->start(kImportPause);
 }
 
 void UIDocumentPickerViewController::imported(const tl::expected<QList<QUrl>, QString>& copies) {

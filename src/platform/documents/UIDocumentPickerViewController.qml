@@ -106,7 +106,10 @@ Sheet {
             reuseItems: true
             focus: true
             model: root.controller.model
-            find: (start, from) => root.controller.model.rowStartingWith(start, from)
+            onSearched: (start, from) => {
+                const row = root.controller.model.rowStartingWith(start, from)
+                if (row >= 0) go(row)
+            }
             onBackAsked: root.controller.upTapped()
             onAllAsked: root.controller.selectAllTapped()
             ScrollBar.vertical: ScrollBar { Accessible.ignored: true }
@@ -120,10 +123,12 @@ Sheet {
                 // qmllint enable unqualified
             }
             footer: NotShownNote {
+                // qmllint disable unqualified
                 width: list.width
                 height: visible ? implicitHeight : 0
                 visible: list.count > 0 && controller.model.notShown !== ""
                 controller: root.controller
+                // qmllint enable unqualified
             }
             FolderState {
                 anchors.centerIn: parent

@@ -5,12 +5,12 @@ import QtQuick
 ListView {
     id: list
 
-    // The first row from `from` on whose name begins with `start`, or -1.
-    property var find: (start, from) => -1
     property string typed: ""
     // Whether the user has come with keys.
     property bool isKeyed: false
     readonly property int page: Math.max(1, Math.floor(height / Math.max(1, currentItem?.height ?? 56)) - 1)
+    // The first row from `from` on whose name begins with `start` is asked for: go() answers.
+    signal searched(string start, int from)
     signal backAsked
     signal allAsked
 
@@ -46,8 +46,7 @@ ListView {
     function seek(letter: string): void {
         pause.restart()
         typed = typed === letter ? letter : typed + letter
-        const row = find(typed, typed.length > 1 ? currentIndex : currentIndex + 1)
-        if (row >= 0) go(row)
+        searched(typed, typed.length > 1 ? currentIndex : currentIndex + 1)
     }
 
     function goesTo(key: int): int {
