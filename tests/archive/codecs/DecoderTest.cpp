@@ -72,8 +72,8 @@ TEST(Decoder, ReadsWhatSevenZipWrites) {
 
 // Small models that have to start anew, or are cut down, many times.
 TEST(Decoder, ReadsPpmdOfAnySize) {
-    Bytes plain = words(1500000, 5);
-    for (const Bytes& more : {noise(500000, 6), runs(1500000, 7), words(700000, 8)}) {
+    Bytes plain = words(500000, 5);
+    for (const Bytes& more : {noise(200000, 6), runs(500000, 7), words(300000, 8)}) {
         plain.insert(plain.end(), more.begin(), more.end());
     }
     for (const std::vector<std::string>& options :
