@@ -8,9 +8,8 @@
 namespace pellumar {
 
 // Where the application keeps what is the user's: in a folder of its own, "pellumar-zip", below
-// each of the folders of the XDG Base Directory Specification 0.8. A variable that is missing,
-// empty or not absolute counts for nothing, and the folder's usual place below HOME takes its
-// place.
+// each of the XDG base directories (version 0.8). A variable that is missing, empty or not absolute
+// counts for nothing, and the folder's usual place below HOME takes its place.
 //
 // Every path is absolute, and the folder need not exist. There is no place to fall back to: what
 // would be emptied there could be anybody's. So a program asks whyMissing() before it touches a
