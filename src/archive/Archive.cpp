@@ -4,6 +4,7 @@
 
 #include "archive/base/WithinMemory.h"
 #include "archive/reading/ArchiveReader.h"
+#include "archive/reading/EntryReader.h"
 #include "archive/reading/Extraction.h"
 #include "archive/writing/ArchiveWriter.h"
 
@@ -85,6 +86,20 @@ std::size_t Archive::size() const {
 
 Entry Archive::operator[](std::size_t index) const {
     return reader_->entries()[index].entry;
+}
+
+Result<> Archive::checkPassword(const Password& password) const {
+    return withinMemory([&]() -> Result<> {
+        for (std::size_t i = 0; i < size(); ++i) {
+            const EntryData& data = reader_->entries()[i];
+            if (!data.encryption || data.entry.type == EntryType::kFolder) {
+                continue;
+            }
+            auto entries = EntryReader::create(reader_->file(), &password);
+            return entries ? (*entries)->checkPassword(data) : Result<>(passOn(entries));
+        }
+        return {};
+    });
 }
 
 const Warnings& Archive::warnings() const {

@@ -111,6 +111,11 @@ class Archive {
     [[nodiscard]] std::size_t size() const;
     [[nodiscard]] Entry operator[](std::size_t index) const;
 
+    // Holds the password against the check bytes of the first encrypted entry: kWrongPassword if it
+    // cannot be that entry's. One in 256 (traditional) or 65,536 (AES) wrong ones passes; reading
+    // tells then. No error if no entry is encrypted.
+    [[nodiscard]] Result<> checkPassword(const Password& password) const;
+
     // What was odd about the archive when it was opened; about what was added, while it is made.
     [[nodiscard]] const Warnings& warnings() const;
 

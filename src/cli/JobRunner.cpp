@@ -107,12 +107,12 @@ int JobRunner::unzip() {
         return fail(*reason);
     }
     std::shared_ptr<const archive::Password> password;
-    if (commandLine_.passwordFile.empty()) {
-        password = askForPassword(paths->front());
-    } else if (auto read = passwordIn(commandLine_.passwordFile)) {
+    if (!commandLine_.passwordFile.empty()) {
+        auto read = passwordIn(commandLine_.passwordFile);
+        if (!read) {
+            return fail(read.error());
+        }
         password = *std::move(read);
-    } else {
-        return fail(read.error());
     }
     fileSystem_.createFolders();
     QEventLoop loop;
@@ -121,7 +121,18 @@ int JobRunner::unzip() {
         [&](const std::optional<QList<QUrl>>& files, const JobReport& report) {
             loop.exit(finish(files.value_or(QList<QUrl>()), report));
         },
-        std::move(password));
+        [&](const std::shared_ptr<PasswordRequest>& request) {
+            if (!password) {
+                password = askForPassword(paths->front());
+            }
+            if (password) {
+                request->tryPassword(password, [request](bool fits) {
+                    if (!fits) {
+                        request->giveUp();
+                    }
+                });
+            }
+        });
     return loop.exec();
 }
 

@@ -4,14 +4,12 @@
 #include <termios.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <optional>
 #include <string_view>
 #include <system_error>
 #include <utility>
 
-#include "archive/Archive.h"
 #include "archive/base/File.h"
 #include "cli/PrintableText.h"
 
@@ -46,13 +44,6 @@ tl::expected<std::string, int> firstLineOf(int descriptor, std::optional<char> c
         line.pop_back();
     }
     return line;
-}
-
-bool needsPassword(const std::filesystem::path& path) {
-    const auto opened = archive::Archive::open(path, archive::AccessMode::kRead);
-    return opened && std::any_of(opened->begin(), opened->end(), [](const archive::Entry& entry) {
-               return entry.encrypted;
-           });
 }
 
 constexpr char kControlC = '\x03';
@@ -103,7 +94,7 @@ tl::expected<std::shared_ptr<const archive::Password>, std::string> passwordIn(
 }
 
 std::shared_ptr<const archive::Password> askForPassword(const std::filesystem::path& archive) {
-    if (::isatty(STDIN_FILENO) == 0 || ::isatty(STDERR_FILENO) == 0 || !needsPassword(archive)) {
+    if (::isatty(STDIN_FILENO) == 0 || ::isatty(STDERR_FILENO) == 0) {
         return nullptr;
     }
     say(STDERR_FILENO, "Password of " + printable(archive.filename().native()) + ": ");

@@ -13,8 +13,8 @@ namespace pellumar {
 [[nodiscard]] tl::expected<std::shared_ptr<const archive::Password>, std::string> passwordIn(
     const std::filesystem::path& file);
 
-// Asks on the terminal for the password of an archive that needs one, without showing what is
-// typed. Null if it needs none, or there is no terminal to ask on.
+// Asks on the terminal for an archive's password, without showing what is typed. Null if there is
+// no terminal to ask on, or nothing was answered.
 [[nodiscard]] std::shared_ptr<const archive::Password> askForPassword(
     const std::filesystem::path& archive);
 

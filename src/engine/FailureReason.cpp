@@ -221,7 +221,7 @@ class FailureWords {
                           "or use a larger device.")
                     .arg(file_);
             case ErrorCode::kEncrypted:
-                return tr("%1 is protected with a password, which this version cannot open yet.")
+                return tr("%1 is protected with a password. Nothing was taken out without it.")
                     .arg(archive_);
             case ErrorCode::kWrongPassword:
                 return tr("The password does not fit %1. Check it, then try again.").arg(archive_);

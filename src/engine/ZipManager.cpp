@@ -7,18 +7,14 @@
 #include <system_error>
 #include <utility>
 
-#include "archive/Archive.h"
 #include "engine/CompressionJob.h"
-#include "events/EventNames.h"
+#include "engine/ExtractionJob.h"
 #include "platform/FileUrl.h"
 
 namespace pellumar {
 namespace {
 
 using Environment = ZipManager::Environment;
-using archive::Error;
-using archive::ErrorCode;
-using archive::Result;
 using std::filesystem::path;
 
 // Writes each picture into the folder under its position, and lists the folder. A picture that
@@ -45,84 +41,6 @@ std::optional<FileSystem::Contents> stage(const std::vector<std::shared_ptr<cons
     }
     return FileSystem::contents(*folder);
 }
-
-// Into a folder that is made for it.
-Result<archive::UnzipReport> extract(const path& source,
-                                     const path& destination,
-                                     const archive::Password* password) {
-    std::error_code error;
-    std::filesystem::create_directories(destination, error);
-    if (error) {
-        return archive::Failure(
-            Error{.code = ErrorCode::kWriteFailed, .entry = {}, .systemError = error.value()});
-    }
-    return archive::unzipItem(source, destination, false, password);
-}
-
-// One run of ZipManager::unzip, with what it passes from the background queue to the main one.
-struct ExtractionJob {
-    Environment environment;
-    QUrl archive;
-    QUrl destination;
-    ZipManager::FilesCompletion completion;
-    std::shared_ptr<const archive::Password> password;
-    JobReport report{OperationType::kUnzip, archive};
-    std::optional<QList<QUrl>> files = std::nullopt;
-
-    void run() {
-        Result<FileSystem::Contents> extracted = contents();
-        if (extracted) {
-            files = std::move(extracted->items);
-            report.setHiddenItems(std::move(extracted->hidden));
-            return;
-        }
-        environment.console.writeLine(QStringLiteral("FAILED!"));
-        report.addFailure(std::move(extracted.error()));
-    }
-
-    void finish() {
-        environment.analytics.logEvent(files ? event::kUnzippedSuccessfully
-                                             : event::kFailedToUnzip);
-        completion(std::move(files), report);
-    }
-
-  private:
-    // What has been extracted.
-    Result<FileSystem::Contents> contents() {
-        const std::optional<path> from = localPath(archive);
-        const std::optional<path> to = localPath(destination);
-        if (!from || !to) {
-            return archive::failure(ErrorCode::kInvalidArgument);
-        }
-        const auto changed = [&] {
-            return environment.originals && !environment.originals->isUnchanged(*from);
-        };
-        const Error changedSincePicked{.code = ErrorCode::kSourceChanged,
-                                       .entry = from->filename().native()};
-        if (changed()) {
-            return archive::Failure(changedSincePicked);
-        }
-        Result<archive::UnzipReport> extracted = extract(*from, *to, password.get());
-        if (!extracted && extracted.error().isShortOfRoom() &&
-            environment.fileSystem.finishDeletions()) {
-            environment.fileSystem.removeItem(destination);
-            extracted = extract(*from, *to, password.get());
-        }
-        // Written over meanwhile, it may have passed every check with some of both in it.
-        if (changed()) {
-            return archive::Failure(changedSincePicked);
-        }
-        if (!extracted) {
-            return archive::passOn(extracted);
-        }
-        report.addWarnings(extracted->warnings);
-        std::optional<FileSystem::Contents> found = FileSystem::contents(*to);
-        if (!found) {
-            return archive::systemFailure(ErrorCode::kReadFailed);
-        }
-        return *std::move(found);
-    }
-};
 
 // One run of ZipManager::zip with pictures, up to where it becomes one with files.
 struct PhotoJob {
@@ -198,20 +116,9 @@ void ZipManager::zip(std::vector<std::shared_ptr<const Image>> images,
 
 void ZipManager::unzip(const QUrl& url,
                        FilesCompletion completion,
-                       std::shared_ptr<const archive::Password> password) const {
-    auto job = std::make_shared<ExtractionJob>(ExtractionJob{
-        .environment = environment_,
-        .archive = url,
-        .destination = environment_.fileSystem.newExtraction(),
-        .completion = std::move(completion),
-        .password = std::move(password),
-    });
-    environment_.fileSystem.removeItem(job->destination);
-    environment_.backgroundQueue.async(
-        [job = std::move(job), &main = environment_.mainQueue]() mutable {
-            job->run();
-            main.async([job = std::move(job)] { job->finish(); });
-        });
+                       PasswordQuestion question) const {
+    std::make_shared<ExtractionJob>(environment_, url, std::move(completion), std::move(question))
+        ->start();
 }
 
 }  // namespace pellumar

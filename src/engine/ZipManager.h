@@ -9,9 +9,9 @@
 #include <optional>
 #include <vector>
 
-#include "archive/base/Password.h"
 #include "engine/FileSystem.h"
 #include "engine/JobReport.h"
+#include "engine/PasswordRequest.h"
 #include "engine/ZipManagerDelegate.h"
 #include "events/PellumarAnalytics.h"
 #include "platform/Console.h"
@@ -76,10 +76,9 @@ class ZipManager : public std::enable_shared_from_this<ZipManager> {
 
     // Extracts an archive into a new folder of the workspace. The completion gets what stands at
     // the top of it, hidden things left out, in natural order. After a failure what was
-    // extracted stays. Encrypted archives need `password`, which may be null.
-    void unzip(const QUrl& url,
-               FilesCompletion completion,
-               std::shared_ptr<const archive::Password> password = nullptr) const;
+    // extracted stays. If the archive needs a password, `question` is asked for it on the main
+    // queue; without one that is a failure.
+    void unzip(const QUrl& url, FilesCompletion completion, PasswordQuestion question = {}) const;
 
   private:
     explicit ZipManager(const Environment& environment) : environment_(environment) {}

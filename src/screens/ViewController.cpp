@@ -1,10 +1,12 @@
 #include "screens/ViewController.h"
 
 #include "events/EventNames.h"
+#include "platform/FileUrl.h"
 #include "platform/kit/UINavigationController.h"
 #include "platform/kit/UITabBarController.h"
 #include "platform/kit/UIWindow.h"
 #include "screens/ConfirmationPopupViewController.h"
+#include "screens/PasswordViewController.h"
 #include "screens/UnzipViewController.h"
 #include "screens/ZipViewController.h"
 
@@ -99,16 +101,29 @@ void ViewController::documentPickerDidPickDocuments(const QList<QUrl>& urls) {
 
 void ViewController::extract(const QUrl& url) {
     // That of this run: another may have been shown since.
-    const std::weak_ptr<MBProgressHUD> shown = showHud(QStringLiteral("Unzipping"));
+    const auto shown =
+        std::make_shared<std::weak_ptr<MBProgressHUD>>(showHud(QStringLiteral("Unzipping")));
     const auto awake = services_.sleep.keepAwake(tr("Extracting an archive"));
-    zipManager().unzip(url,
-                       whileAlive([this, shown, awake](const std::optional<QList<QUrl>>& urls,
-                                                       const JobReport& report) {
-                           if (const auto hud = shown.lock()) {
-                               hud->hide(true);
-                           }
-                           showResults(urls, report);
-                       }));
+    const auto hide = [shown] {
+        if (const auto hud = shown->lock()) {
+            hud->hide(true);
+        }
+    };
+    zipManager().unzip(
+        url,
+        whileAlive(
+            [this, hide, awake](const std::optional<QList<QUrl>>& urls, const JobReport& report) {
+                hide();
+                showResults(urls, report);
+            }),
+        whileAlive([this, url, shown, hide](const std::shared_ptr<PasswordRequest>& request) {
+            hide();
+            present(makeController<PasswordViewController>(
+                        context(), lastPathComponent(url), request, whileAlive([this, shown] {
+                            *shown = showHud(QStringLiteral("Unzipping"));
+                        })),
+                    true);
+        }));
 }
 
 void ViewController::showResults(const std::optional<QList<QUrl>>& urls, const JobReport& report) {

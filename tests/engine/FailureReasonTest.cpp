@@ -73,8 +73,8 @@ TEST(FailureReason, SaysWhichFileWhatIsWrongAndWhatToDo) {
     EXPECT_EQ(reasonOf({.code = ErrorCode::kChecksumMismatch, .entry = "photos/a.jpg"}),
               "“photos/a.jpg” in “Holiday pictures.zip” is damaged. Get the archive again.");
     EXPECT_EQ(reasonOf({.code = ErrorCode::kEncrypted, .entry = "a"}),
-              "“Holiday pictures.zip” is protected with a password, which this version cannot open "
-              "yet.");
+              "“Holiday pictures.zip” is protected with a password. Nothing was taken out without "
+              "it.");
 }
 
 // What the system says differs by whether something was read or written, and by what.

@@ -16,6 +16,7 @@
 #include "platform/RecordingAnalytics.h"
 #include "support/FileContents.h"
 #include "support/ManualDispatchQueue.h"
+#include "support/Process.h"
 #include "support/RecordingConsole.h"
 #include "support/TemporaryFolder.h"
 
@@ -86,7 +87,7 @@ class ZipManagerTest : public testing::Test {
     }
 
     void settle() {
-        for (int round = 0; round < 2; ++round) {
+        for (int round = 0; round < 3; ++round) {
             backgroundQueue_.runAll();
             mainQueue_.runAll();
         }
@@ -324,6 +325,64 @@ TEST_F(ZipManagerTest, ExtractsIntoANewFolderAndListsItsTop) {
     manager_->unzip(archive, files_.completion());
     settle();
     EXPECT_NE(localPath(files_.value->first())->parent_path(), place);
+}
+
+// Asked before anything is written, as often as it takes; what comes of it is told once.
+TEST_F(ZipManagerTest, AsksForThePasswordOfAnArchiveThatNeedsOne) {
+    file("secret.txt", "secret");
+    const auto made = test::runProcess(
+        {"7zz", "a", "-tzip", "-mem=AES256", "-pgeheim", "../locked.zip", "secret.txt"},
+        folder_ / "in");
+    ASSERT_EQ(made.exitCode, 0) << made.output;
+    const QUrl locked = fileUrl(folder_ / "locked.zip");
+    std::shared_ptr<PasswordRequest> asked;
+    const auto ask = [&asked](std::shared_ptr<PasswordRequest> request) {
+        asked = std::move(request);
+    };
+    std::vector<bool> replies;
+    const auto tryOut = [&](const char* text) {
+        asked->tryPassword(std::make_shared<archive::Password>(text),
+                           [&replies](bool fits) { replies.push_back(fits); });
+    };
+    manager_->unzip(locked, files_.completion(), ask);
+    settle();
+    ASSERT_TRUE(asked);
+    tryOut("falsch");
+    settle();
+    EXPECT_EQ(files_.calls, 0);
+    tryOut("geheim");
+    settle();
+    EXPECT_EQ(replies, (std::vector{false, true}));
+    ASSERT_TRUE(files_.value);
+    EXPECT_EQ(test::readText(*localPath(files_.value->first())), "secret");
+    asked->giveUp();
+    settle();
+    EXPECT_EQ(files_.calls, 1);
+
+    // However the question is left, the job ends as a failed one.
+    for (const int way : {0, 1, 2}) {
+        files_ = {};
+        manager_->unzip(locked, files_.completion(), ask);
+        settle();
+        tryOut(way == 0 ? "falsch" : "geheim");
+        if (way == 0) {
+            settle();
+            asked->giveUp();
+        } else if (way == 1) {
+            asked->giveUp();
+        } else {
+            asked.reset();
+        }
+        settle();
+        EXPECT_EQ(files_.calls, 1);
+        EXPECT_EQ(files_.value, std::nullopt);
+        EXPECT_EQ(files_.errors(),
+                  std::vector{way == 0 ? archive::ErrorCode::kWrongPassword
+                                       : archive::ErrorCode::kEncrypted});
+    }
+    EXPECT_EQ(replies.size(), 3U);
+    EXPECT_EQ(events().count("failed_to_unzip"), 3);
+    EXPECT_EQ(events().count("unzipped_successfuly"), 1);
 }
 
 TEST_F(ZipManagerTest, ADamagedArchiveGivesNothingAndLeavesItsFolder) {

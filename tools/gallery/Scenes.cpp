@@ -9,6 +9,7 @@
 #include "platform/kit/UIWindow.h"
 #include "platform/sharing/KeptEdits.h"
 #include "screens/ConfirmationPopupViewController.h"
+#include "screens/PasswordViewController.h"
 #include "screens/UnzipViewController.h"
 #include "screens/ZipViewController.h"
 
@@ -103,6 +104,28 @@ void showPhotos(Stage& stage) {
     }
 }
 
+class NothingFits : public PasswordRequest {
+  public:
+    void tryPassword(Password /*password*/, std::function<void(bool)> reply) override {
+        reply(false);
+    }
+    void giveUp() override {}
+};
+
+void showPassword(Stage& stage) {
+    const ScreenServices& services = stage.services();
+    const auto dialog =
+        makeController<PasswordViewController>(services.ui,
+                                               lastPathComponent(stage.home().archive()),
+                                               std::make_shared<NothingFits>(),
+                                               [] {});
+    stage.present(dialog);
+    stage.settle();
+    outlet<QQuickItem>(dialog->view(), QStringLiteral("passwordField"))
+        ->setProperty("text", QStringLiteral("geheim"));
+    dialog->openTapped(QStringLiteral("geheim"));
+}
+
 std::shared_ptr<ZipViewController> showComposer(Stage& stage) {
     auto composer = makeController<ZipViewController>(stage.services());
     stage.push(composer);
@@ -143,6 +166,7 @@ std::vector<Scene> scenesOn(Stage& stage) {
         {"feedback", [&] { showFeedback(stage); }},
         {"rating", [&] { showRating(stage); }},
         {"popup", [&, archive] { stage.present(makeController<ConfirmationPopupViewController>(ui, archive)); }},
+        {"password", [&] { showPassword(stage); }},
         {"results", [&] { showResults(stage); }},
         {"results-empty", [&] { stage.push(makeController<UnzipViewController>(with, QList<QUrl>())); }},
         {"picker", [&] { showPicker(stage, "public.item", true); }},

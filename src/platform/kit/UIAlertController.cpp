@@ -80,4 +80,11 @@ void UIAlertController::setText(const QString& text) {
     emit textChanged();
 }
 
+void UIAlertController::setSecret(const QString& secret) {
+    if (secret_ != secret) {
+        secret_ = secret;
+        emit secretChanged();
+    }
+}
+
 }  // namespace pellumar

@@ -50,6 +50,9 @@ class UIAlertController : public pellumar::UIViewController {
     Q_PROPERTY(QString text READ text WRITE setText NOTIFY textChanged)
     // Why some of what was typed last is not in the field; empty if all of it is.
     Q_PROPERTY(QString hint READ hint NOTIFY textChanged)
+    Q_PROPERTY(QString secretOffer READ secretOffer CONSTANT)
+    Q_PROPERTY(QString secretPlaceholder READ secretPlaceholder CONSTANT)
+    Q_PROPERTY(QString secret READ secret WRITE setSecret NOTIFY secretChanged)
 
   public:
     UIAlertController(const UIContext& context, QString title, QString message);
@@ -59,6 +62,12 @@ class UIAlertController : public pellumar::UIViewController {
     // What lies behind the message: words of its own beneath it, and what its button copies.
     // Without a text there is none.
     void setReason(AlertReason reason) { reason_ = std::move(reason); }
+    // Before the view is loaded. A second field, hidden behind a button with the words of `offer`
+    // and shown as dots, for what need not be given.
+    void offerSecret(const QString& offer, const QString& placeholder) {
+        secretOffer_ = offer;
+        secretPlaceholder_ = placeholder;
+    }
     void addAction(UIAlertAction action) { actions_.append(std::move(action)); }
 
     // What the text field holds; nothing if there is none.
@@ -80,9 +89,15 @@ class UIAlertController : public pellumar::UIViewController {
     [[nodiscard]] QString text() const { return text_; }
     [[nodiscard]] QString hint() const { return hint_; }
     void setText(const QString& text);
+    [[nodiscard]] QString secretOffer() const { return secretOffer_; }
+    [[nodiscard]] QString secretPlaceholder() const { return secretPlaceholder_; }
+    // Empty if none was given.
+    [[nodiscard]] QString secret() const { return secret_; }
+    void setSecret(const QString& secret);
 
   signals:
     void textChanged();
+    void secretChanged();
 
   private:
     const QString title_;
@@ -92,6 +107,9 @@ class UIAlertController : public pellumar::UIViewController {
     TextFieldRule rule_;
     QString text_;
     QString hint_;
+    QString secretOffer_;
+    QString secretPlaceholder_;
+    QString secret_;
     QList<UIAlertAction> actions_;
 };
 

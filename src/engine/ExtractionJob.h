@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QList>
+#include <QUrl>
+#include <memory>
+#include <optional>
+
+#include "archive/base/Error.h"
+#include "engine/PasswordRequest.h"
+#include "engine/ZipManager.h"
+
+namespace pellumar {
+
+// One run of ZipManager::unzip. It is made and finished on the main queue and runs on the
+// background queue, twice if its archive needs a password. Whatever it holds is released on the
+// main queue.
+class ExtractionJob : public std::enable_shared_from_this<ExtractionJob> {
+  public:
+    // Without a `question`, an archive that needs a password fails.
+    ExtractionJob(const ZipManager::Environment& environment,
+                  QUrl archive,
+                  ZipManager::FilesCompletion completion,
+                  PasswordQuestion question);
+
+    // Ends with the completion on the main queue.
+    void start();
+
+  private:
+    class Request;
+
+    // In the background:
+    [[nodiscard]] archive::Result<FileSystem::Contents> run();
+    // Whether a password is all that is missing.
+    [[nodiscard]] bool isLocked() const;
+    [[nodiscard]] bool fits(const archive::Password& password) const;
+
+    // On the main queue:
+    void askForPassword(archive::Error missing);
+    void finish(archive::Result<FileSystem::Contents> extracted);
+
+    const ZipManager::Environment environment_;
+    const QUrl archive_;
+    const QUrl destination_;
+    const ZipManager::FilesCompletion completion_;
+    const PasswordQuestion question_;
+    PasswordRequest::Password password_;
+    JobReport report_;
+};
+
+}  // namespace pellumar

@@ -1,0 +1,24 @@
+import QtQuick
+
+// One line that is typed without being seen, until its button shows it.
+InputField {
+    id: field
+
+    property bool isShown: false
+
+    rightPadding: Theme.touchTarget
+    echoMode: isShown ? TextInput.Normal : TextInput.Password
+    inputMethodHints: Qt.ImhHiddenText | Qt.ImhSensitiveData | Qt.ImhNoPredictiveText
+                      | Qt.ImhNoAutoUppercase
+    Accessible.passwordEdit: true
+
+    IconButton {
+        objectName: "showButton"
+        anchors.right: parent.right
+        anchors.verticalCenter: parent.verticalCenter
+        iconName: field.isShown ? "eyeClosed" : "eye"
+        color: Theme.textSecondary
+        text: field.isShown ? qsTr("Hide the password") : qsTr("Show the password")
+        onClicked: field.isShown = !field.isShown
+    }
+}

@@ -1,0 +1,60 @@
+#include "screens/PasswordViewController.h"
+
+#include <utility>
+
+namespace pellumar {
+
+PasswordViewController::PasswordViewController(const UIContext& context,
+                                               QString archiveName,
+                                               std::shared_ptr<PasswordRequest> request,
+                                               std::function<void()> fitted)
+    : UIViewController(context),
+      archiveName_(std::move(archiveName)),
+      request_(std::move(request)),
+      fitted_(std::move(fitted)) {
+    setModalTransitionStyle(UIModalTransitionStyle::kCrossDissolve);
+}
+
+void PasswordViewController::openTapped(const QString& password) {
+    if (isTrying_ || password.isEmpty() || !transition().canLeave()) {
+        return;
+    }
+    setState(true, false);
+    request_->tryPassword(std::make_shared<const archive::Password>(password.toStdString()),
+                          [self = weakly(this)](bool fits) {
+                              if (const auto dialog = self.lock()) {
+                                  dialog->takeReply(fits);
+                              }
+                          });
+}
+
+void PasswordViewController::takeReply(bool fits) {
+    setState(false, !fits);
+    if (fits) {
+        dismissSelf(true);
+        fitted_();
+    }
+}
+
+void PasswordViewController::cancelTapped() {
+    dismissSelf(true, [request = request_] { request->giveUp(); });
+}
+
+void PasswordViewController::edited() {
+    setState(isTrying_, false);
+}
+
+bool PasswordViewController::goBack() {
+    cancelTapped();
+    return true;
+}
+
+void PasswordViewController::setState(bool isTrying, bool wasWrong) {
+    if (isTrying_ != isTrying || wasWrong_ != wasWrong) {
+        isTrying_ = isTrying;
+        wasWrong_ = wasWrong;
+        emit stateChanged();
+    }
+}
+
+}  // namespace pellumar
