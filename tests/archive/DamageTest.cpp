@@ -1,4 +1,5 @@
 #include "archive/ExtractionTest.h"
+#include "support/NamesWatch.h"
 
 namespace pellumar::archive {
 namespace {
@@ -19,6 +20,23 @@ TEST_F(DamageTest, AWrongChecksumFailsTheJobUnlessItIsNotAskedFor) {
             ASSERT_TRUE(skipped) << skipped.error().describe();
             EXPECT_EQ(text("d/wrong"), prose(size));
         }
+    }
+}
+
+TEST_F(DamageTest, NothingStandsUnderItsNameBeforeItIsVerified) {
+    for (const std::size_t size : {std::size_t{0}, std::size_t{100}, std::size_t{3000000}}) {
+        ZipEntry wrong = deflated("wrong", prose(size));
+        ZipBuilder zip;
+        zip.file("right", "right").add(wrong.with(&ZipHeader::crc32, 0x12345678U));
+        zip.writeTo(archivePath());
+        fs::remove_all(destination());
+        fs::create_directory(destination());
+        pellumar::test::NamesWatch watch(destination());
+        ASSERT_TRUE(watch.isWatching());
+        ASSERT_FALSE(unzipItem(archivePath(), destination()));
+        EXPECT_EQ(watch.seen().count("wrong"), 0U) << size;
+        ASSERT_TRUE(unzipItem(archivePath(), destination() / "all", true));
+        EXPECT_EQ(readText(destination() / "all" / "wrong"), prose(size));
     }
 }
 

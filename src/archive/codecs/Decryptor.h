@@ -39,7 +39,7 @@ class Decryptor {
     Decryptor& operator=(const Decryptor&) = delete;
 
     // The next bytes, in place.
-    [[nodiscard]] virtual Result<> decrypt(MutableBytes bytes) = 0;
+    virtual void decrypt(MutableBytes bytes) = 0;
 
     // Holds the trailer, which is trailerSize() long, against all that was decrypted:
     // kDamagedData if it does not authenticate it.
@@ -47,8 +47,8 @@ class Decryptor {
 };
 
 // From the header, which is headerSize() long. kWrongPassword if its check bytes say so: a wrong
-// one passes by chance once in 256 (with AES once in 65,536) times. kOutOfMemory if the library has
-// no such cipher or no memory.
+// one passes by chance once in 256 (with AES once in 65,536) times. kEncrypted if the machine has
+// no library for AES.
 [[nodiscard]] Result<std::unique_ptr<Decryptor>> makeDecryptor(const Encryption& encryption,
                                                                const Password& password,
                                                                ByteView header);

@@ -25,8 +25,12 @@ class DataSink {
     // Says that so many bytes more will come than the entry declared. An error ends the reading.
     [[nodiscard]] virtual Result<> expectMore(std::uint64_t /*bytes*/) { return {}; }
 
+    // The next piece of data that nobody has verified yet: the entry may still turn out damaged.
     // The bytes are only valid during the call. An error ends the reading.
     [[nodiscard]] virtual Result<> write(ByteView bytes) = 0;
+
+    // Instead of all calls of write(): the whole entry, verified.
+    [[nodiscard]] virtual Result<> writeVerified(ByteView bytes) { return write(bytes); }
 };
 
 }  // namespace pellumar::archive

@@ -330,7 +330,7 @@ Result<> EntryReader::unpackWhole(const Entry& entry,
     if (!skipChecksum && crc32(kCrc32OfNothing, unpacked) != entry.crc32) {
         return failure(ErrorCode::kChecksumMismatch);
     }
-    return sink.write(unpacked);
+    return sink.writeVerified(unpacked);
 }
 
 Result<Decoder*> EntryReader::decoderFor(const EntryData& data) {
@@ -367,9 +367,7 @@ Result<ByteView> EntryReader::nextInput(Located& located, Decryptor* decryptor) 
     const MutableBytes buffer(input_.get(), kPieceSize);
     auto next = located.next(file_, buffer);
     if (next && decryptor != nullptr) {
-        if (auto decrypted = decryptor->decrypt(buffer.first(next->size())); !decrypted) {
-            return passOn(decrypted);
-        }
+        decryptor->decrypt(buffer.first(next->size()));
     }
     return next;
 }

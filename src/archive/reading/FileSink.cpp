@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <utility>
 
 #include "archive/reading/DestinationTree.h"
 
@@ -15,7 +16,7 @@ FileSink::FileSink(int folder, const Entry& entry)
     : folder_(folder), entry_(entry), name_(lastComponent(entry.path)) {}
 
 FileSink::~FileSink() {
-    if (made_ && !finished_) {
+    if (named_) {
         // A network file system keeps an open file under another name when it is removed.
         file_ = File();
         ::unlinkat(folder_, name_.c_str(), 0);
@@ -31,27 +32,52 @@ Result<> FileSink::expectMore(std::uint64_t bytes) {
 }
 
 Result<> FileSink::write(ByteView bytes) {
-    if (!made_) {
-        // O_EXCL neither follows a link nor takes what is there.
-        file_ = File(::openat(folder_,
-                              name_.c_str(),
-                              O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
-                              static_cast<mode_t>(entry_.permissions)));
-        if (!file_.isOpen()) {
-            return systemFailure(ErrorCode::kWriteFailed);
+    if (!unfinished_.isOpen()) {
+        // Told now, not when all of it is unpacked.
+        struct stat there {};
+        if (::fstatat(folder_, name_.c_str(), &there, AT_SYMLINK_NOFOLLOW) == 0) {
+            return failure(ErrorCode::kAlreadyExists);
         }
-        made_ = true;
+        auto made = UnfinishedFile::create(folder_, static_cast<mode_t>(entry_.permissions));
+        if (!made) {
+            Error error = std::move(made.error());
+            if (error.code == ErrorCode::kOpenFailed) {
+                error.code = ErrorCode::kWriteFailed;  // it is the destination, not the archive
+            }
+            return Failure(std::move(error));
+        }
+        unfinished_ = std::move(*made);
     }
+    return unfinished_.file().write(bytes);
+}
+
+Result<> FileSink::writeVerified(ByteView bytes) {
+    // O_EXCL neither follows a link nor takes what is there.
+    file_ = File(::openat(folder_,
+                          name_.c_str(),
+                          O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
+                          static_cast<mode_t>(entry_.permissions)));
+    if (!file_.isOpen()) {
+        return systemFailure(ErrorCode::kWriteFailed);
+    }
+    named_ = true;
     return file_.write(bytes);
 }
 
 Result<> FileSink::finish(bool* restored) {
+    if (unfinished_.isOpen()) {
+        if (auto named = unfinished_.giveName(name_, UnfinishedFile::Existing::kRefuse); !named) {
+            return named;
+        }
+        file_ = std::move(unfinished_.file());
+        named_ = true;
+    }
     const std::array<timespec, 2> times = {{{.tv_sec = 0, .tv_nsec = UTIME_OMIT}, entry_.modified}};
     *restored = ::futimens(file_.descriptor(), times.data()) == 0;
     if (auto closed = file_.close(); !closed) {
         return closed;
     }
-    finished_ = true;
+    named_ = false;
     return {};
 }
 

@@ -1,0 +1,150 @@
+#include "archive/base/UnfinishedFile.h"
+
+#include <fcntl.h>
+#include <sys/random.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <utility>
+
+namespace pellumar::archive {
+
+namespace {
+
+constexpr int kNameTries = 16;
+
+// Short, so that it fits wherever a name does; not hidden, so that it is seen and cleared away.
+std::string randomName() {
+    std::uint64_t number = 0;
+    static_cast<void>(::getrandom(&number, sizeof(number), 0));
+    std::array<char, 32> text{};
+    const int size = std::snprintf(
+        text.data(), text.size(), "zip-%016llx.part", static_cast<unsigned long long>(number));
+    return {text.data(), static_cast<std::size_t>(size)};
+}
+
+// proc(5): the one way to name an open file that needs no rights.
+std::string descriptorPath(const File& file) {
+    return "/proc/self/fd/" + std::to_string(file.descriptor());
+}
+
+}  // namespace
+
+UnfinishedFile::UnfinishedFile(UnfinishedFile&& other) noexcept
+    : folder_(other.folder_),
+      file_(std::move(other.file_)),
+      temporary_(std::exchange(other.temporary_, {})) {}
+
+UnfinishedFile& UnfinishedFile::operator=(UnfinishedFile&& other) noexcept {
+    if (this != &other) {
+        discard();
+        folder_ = other.folder_;
+        file_ = std::move(other.file_);
+        temporary_ = std::exchange(other.temporary_, {});
+    }
+    return *this;
+}
+
+UnfinishedFile::~UnfinishedFile() {
+    discard();
+}
+
+Result<UnfinishedFile> UnfinishedFile::create(int folder, mode_t mode, Road road) {
+    UnfinishedFile made(folder);
+    if (road == Road::kNamed || !made.openNameless(mode)) {
+        if (auto opened = made.openNamed(mode); !opened) {
+            return passOn(opened);
+        }
+    }
+    return made;
+}
+
+bool UnfinishedFile::openNameless(mode_t mode) {
+    File file(::openat(folder_, ".", O_TMPFILE | O_RDWR | O_CLOEXEC, mode));
+    // Without /proc it could never get a name.
+    if (!file.isOpen() || ::access(descriptorPath(file).c_str(), F_OK) != 0) {
+        return false;
+    }
+    file_ = std::move(file);
+    return true;
+}
+
+Result<> UnfinishedFile::openNamed(mode_t mode) {
+    for (int i = 0; i < kNameTries; ++i) {
+        std::string name = randomName();
+        file_ = File(::openat(
+            folder_, name.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode));
+        if (file_.isOpen()) {
+            temporary_ = std::move(name);
+            return {};
+        }
+        if (errno != EEXIST) {
+            break;
+        }
+    }
+    return systemFailure(ErrorCode::kOpenFailed);
+}
+
+Result<> UnfinishedFile::giveName(const std::string& name, Existing existing) {
+    if (temporary_.empty()) {
+        if (link(name)) {
+            return {};
+        }
+        if (errno != EEXIST || existing == Existing::kRefuse || !linkTemporarily()) {
+            return systemFailure(ErrorCode::kWriteFailed);
+        }
+    }
+    return moveFromTemporary(name, existing) ? Result<>() : systemFailure(ErrorCode::kWriteFailed);
+}
+
+bool UnfinishedFile::link(const std::string& name) const {
+    return ::linkat(
+               AT_FDCWD, descriptorPath(file_).c_str(), folder_, name.c_str(), AT_SYMLINK_FOLLOW) ==
+           0;
+}
+
+bool UnfinishedFile::linkTemporarily() {
+    for (int i = 0; i < kNameTries; ++i) {
+        std::string name = randomName();
+        if (link(name)) {
+            temporary_ = std::move(name);
+            return true;
+        }
+        if (errno != EEXIST) {
+            break;
+        }
+    }
+    return false;
+}
+
+bool UnfinishedFile::moveFromTemporary(const std::string& name, Existing existing) {
+    const unsigned flags = existing == Existing::kRefuse ? RENAME_NOREPLACE : 0U;
+    int moved = ::renameat2(folder_, temporary_.c_str(), folder_, name.c_str(), flags);
+    if (moved != 0 && flags != 0 && errno == EINVAL) {
+        // A file system that cannot refuse: what came meanwhile is looked for once more.
+        struct stat there {};
+        if (::fstatat(folder_, name.c_str(), &there, AT_SYMLINK_NOFOLLOW) == 0) {
+            errno = EEXIST;
+        } else {
+            moved = ::renameat(folder_, temporary_.c_str(), folder_, name.c_str());
+        }
+    }
+    if (moved == 0) {
+        temporary_.clear();
+    }
+    return moved == 0;
+}
+
+void UnfinishedFile::discard() {
+    // Closed first: a network file system keeps an open file under another name when it is removed.
+    file_ = File();
+    if (!temporary_.empty()) {
+        ::unlinkat(folder_, temporary_.c_str(), 0);
+        temporary_.clear();
+    }
+}
+
+}  // namespace pellumar::archive
