@@ -28,7 +28,10 @@ std::uint16_t flagsOf(const EntryRecord& record) {
     // ASCII means the same with and without the flag; old readers are happier without.
     const bool ascii =
         std::all_of(record.name.begin(), record.name.end(), [](char c) { return (c & 0x80) == 0; });
-    return !ascii && isUtf8(record.name) ? kFlagUtf8 : 0;
+    unsigned flags = !ascii && isUtf8(record.name) ? kFlagUtf8 : 0U;
+    flags |= record.encrypted ? kFlagEncrypted : 0U;
+    flags |= record.described ? kFlagDataDescriptor : 0U;
+    return static_cast<std::uint16_t>(flags);
 }
 
 std::uint32_t low32(std::uint64_t value) {
@@ -46,13 +49,33 @@ std::uint32_t externalAttributes(const EntryRecord& record) {
     return attributes;
 }
 
+bool usesAes(const EntryRecord& record) {
+    return record.aesStrength != 0;
+}
+
+std::uint16_t versionNeeded(const EntryRecord& record, bool zip64) {
+    return usesAes(record) ? kVersionAes : zip64 ? kVersionZip64 : kVersionDeflate;
+}
+
+// WinZip's field: version 2, its vendor, the strength and the method that was ahead.
+void appendAesField(std::vector<std::uint8_t>& out, const EntryRecord& record) {
+    if (!usesAes(record)) {
+        return;
+    }
+    appendExtraFieldHeader(out, kExtraAes, kAesFieldSize);
+    append(out, std::uint16_t{2});
+    append(out, bytesOf("AE"));
+    append(out, record.aesStrength);
+    append(out, record.method);
+}
+
 void appendFlagsToChecksum(std::vector<std::uint8_t>& out, const EntryRecord& record) {
     const DosDateTime modified = toDosDateTime(record.modified);
     append(out, flagsOf(record));
-    append(out, record.method);
+    append(out, usesAes(record) ? kMethodAes : record.method);
     append(out, modified.time);
     append(out, modified.date);
-    append(out, record.crc32);
+    append(out, usesAes(record) ? 0U : record.crc32);
 }
 
 // The ZIP64 field of a central header: only the values that are masked in it, in this order
@@ -87,9 +110,10 @@ void appendLocalFileHeader(std::vector<std::uint8_t>& out, const EntryRecord& re
         append(extra, record.compressedSize);
     }
     appendModificationTime(extra, record.modified);
+    appendAesField(extra, record);
 
     append(out, kLocalFileHeaderSignature);
-    append(out, record.zip64Sizes ? kVersionZip64 : kVersionDeflate);
+    append(out, versionNeeded(record, record.zip64Sizes));
     appendFlagsToChecksum(out, record);
     append(out, record.zip64Sizes ? kMax32 : low32(record.compressedSize));
     append(out, record.zip64Sizes ? kMax32 : low32(record.uncompressedSize));
@@ -99,14 +123,31 @@ void appendLocalFileHeader(std::vector<std::uint8_t>& out, const EntryRecord& re
     append(out, ByteView(extra));
 }
 
+void appendDataDescriptor(std::vector<std::uint8_t>& out, const EntryRecord& record) {
+    append(out, kDataDescriptorSignature);
+    append(out, record.crc32);
+    if (record.zip64Sizes) {
+        append(out, record.compressedSize);
+        append(out, record.uncompressedSize);
+    } else {
+        append(out, low32(record.compressedSize));
+        append(out, low32(record.uncompressedSize));
+    }
+}
+
+std::uint8_t upperByteOfDosTime(const EntryRecord& record) {
+    return static_cast<std::uint8_t>(toDosDateTime(record.modified).time >> 8U);
+}
+
 void appendCentralDirectoryHeader(std::vector<std::uint8_t>& out, const EntryRecord& record) {
     std::vector<std::uint8_t> extra = centralExtra(record);
     const bool zip64 = record.zip64Sizes || !extra.empty();
     appendModificationTime(extra, record.modified);
+    appendAesField(extra, record);
 
     append(out, kCentralDirectoryHeaderSignature);
     append(out, static_cast<std::uint16_t>((kHostUnix << 8U) | kVersionMadeBy));
-    append(out, zip64 ? kVersionZip64 : kVersionDeflate);
+    append(out, versionNeeded(record, zip64));
     appendFlagsToChecksum(out, record);
     append(out, low32(record.compressedSize));
     append(out, low32(record.uncompressedSize));

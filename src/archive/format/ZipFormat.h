@@ -81,6 +81,7 @@ inline constexpr std::uint8_t kHostDarwin = 19;
 // Versions of the format in tenths (4.4.3.2).
 inline constexpr std::uint16_t kVersionDeflate = 20;
 inline constexpr std::uint16_t kVersionZip64 = 45;
+inline constexpr std::uint16_t kVersionAes = 51;
 // What this library implements, said in "version made by": 6.3.
 inline constexpr std::uint16_t kVersionMadeBy = 63;
 

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "archive/base/Crc32.h"
+#include "archive/codecs/Encryptor.h"
 #include "archive/format/EntryRecord.h"
 #include "archive/format/ZipFormat.h"
 #include "archive/writing/ArchiveOutput.h"
@@ -31,31 +32,54 @@ std::size_t clampedReadSize(std::size_t bufferSize) {
     return std::clamp(bufferSize, kSmallestRead, kLargestRead);
 }
 
+// `opened` is what the source was found to be.
 format::EntryRecord recordOf(std::string name,
-                             const CompressionQueue::Opened& source,
+                             const ArchiveWriter::Source& source,
+                             const CompressionQueue::Opened& opened,
                              std::uint64_t offset) {
     format::EntryRecord record;
     record.name = std::move(name);
-    record.unixMode = source.status.st_mode;
-    record.modified = source.status.st_mtim;
+    record.unixMode = opened.status.st_mode;
+    record.modified = opened.status.st_mtim;
     record.localHeaderOffset = offset;
-    if (S_ISDIR(source.status.st_mode)) {
+    if (S_ISDIR(opened.status.st_mode)) {
         record.method = format::kMethodStored;
         if (record.name.back() != '/') {
             record.name += '/';
         }
     } else {
         record.method = format::kMethodDeflate;
+        record.encrypted = source.password != nullptr;
+        record.aesStrength = record.encrypted ? aesStrengthOf(source.encryption) : std::uint8_t{0};
+        // Before it is read the checksum is not known, by which the password would be checked else.
+        record.described = record.encrypted && record.aesStrength == 0;
         record.zip64Sizes =
-            format::needsZip64Sizes(static_cast<std::uint64_t>(source.status.st_size));
+            format::needsZip64Sizes(static_cast<std::uint64_t>(opened.status.st_size));
     }
     return record;
 }
 
-void addTo(format::EntryRecord& record, const CompressedChunk& chunk) {
+// Takes the chunk for the entry's next, encrypted first where there is something to do so.
+void take(CompressedChunk& chunk, Encryptor* encryptor, format::EntryRecord& record) {
+    if (encryptor != nullptr) {
+        encryptor->encrypt(chunk.data());
+    }
     record.crc32 = crc32Combine(record.crc32, chunk.crc32, chunk.uncompressedSize);
     record.compressedSize += chunk.size;
     record.uncompressedSize += chunk.uncompressedSize;
+}
+
+// What stands behind the data, now that all of it has been taken.
+std::vector<std::uint8_t> endOf(format::EntryRecord& record, Encryptor* encryptor) {
+    std::vector<std::uint8_t> end;
+    if (encryptor != nullptr) {
+        end = encryptor->trailer();
+        record.compressedSize += end.size();
+    }
+    if (record.described) {
+        format::appendDataDescriptor(end, record);
+    }
+    return end;
 }
 
 // Does something when it goes out of scope, an exception or not.
@@ -101,7 +125,9 @@ class ArchiveWriter::State {
     // Writes the current entry's header and data; fills in what becomes known by that.
     [[nodiscard]] Result<> writeEntry(format::EntryRecord& record, std::uint64_t chunks);
     [[nodiscard]] Result<> writeHeader(const format::EntryRecord& record);
-    [[nodiscard]] Result<> writeChunks(format::EntryRecord& record, std::uint64_t chunks);
+    [[nodiscard]] Result<> writeChunks(format::EntryRecord& record,
+                                       std::uint64_t chunks,
+                                       Encryptor* encryptor);
 
     ArchiveOutput output_;
     CentralDirectory directory_;
@@ -129,7 +155,7 @@ Result<> ArchiveWriter::State::addOpened(const Source& source,
         return failure(ErrorCode::kInvalidArgument);
     }
     const bool isOwnName = *name == source.path;
-    auto record = recordOf(*std::move(name), opened, output_.position());
+    auto record = recordOf(*std::move(name), source, opened, output_.position());
     if (record.name.size() > format::kMax16) {
         return failure(ErrorCode::kInvalidArgument);
     }
@@ -154,19 +180,35 @@ Result<> ArchiveWriter::State::writeEntry(format::EntryRecord& record, std::uint
     if (chunks == 0) {
         return writeHeader(record);
     }
-    if (chunks == 1) {
-        auto chunk = queue_.takeChunk();
-        if (!chunk) {
-            return passOn(chunk);
+    auto first = queue_.takeChunk();
+    if (!first) {
+        return passOn(first);
+    }
+    const std::unique_ptr<Encryptor> encryptor = std::move(first->encryptor);
+    std::vector<std::uint8_t> before;
+    if (encryptor) {
+        auto made = encryptor->header(format::upperByteOfDosTime(record));
+        if (!made) {
+            return passOn(made);
         }
-        addTo(record, *chunk);
-        auto written = writeHeader(record);
-        return written ? output_.append(chunk->data()) : written;
+        before = *std::move(made);
+        record.compressedSize = before.size();
     }
-    if (auto written = writeHeader(record); !written) {
-        return written;
+    take(*first, encryptor.get(), record);
+    std::vector<std::uint8_t> after;
+    if (chunks == 1) {
+        after = endOf(record, encryptor.get());
     }
-    if (auto written = writeChunks(record, chunks); !written) {
+    auto written = writeHeader(record);
+    for (const ByteView bytes : {ByteView(before), ByteView(first->data())}) {
+        written = written ? output_.append(bytes) : written;
+    }
+    if (!written || chunks == 1) {
+        return written ? output_.append(after) : written;
+    }
+    written = writeChunks(record, chunks - 1, encryptor.get());
+    written = written ? output_.append(endOf(record, encryptor.get())) : written;
+    if (!written) {
         return written;
     }
     // The header again, now that its values are known.
@@ -181,13 +223,15 @@ Result<> ArchiveWriter::State::writeHeader(const format::EntryRecord& record) {
     return output_.append(header_);
 }
 
-Result<> ArchiveWriter::State::writeChunks(format::EntryRecord& record, std::uint64_t chunks) {
+Result<> ArchiveWriter::State::writeChunks(format::EntryRecord& record,
+                                           std::uint64_t chunks,
+                                           Encryptor* encryptor) {
     for (std::uint64_t i = 0; i < chunks; ++i) {
         auto chunk = queue_.takeChunk();
         if (!chunk) {
             return passOn(chunk);
         }
-        addTo(record, *chunk);
+        take(*chunk, encryptor, record);
         if (auto written = output_.append(chunk->data()); !written) {
             return written;
         }

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "archive/base/Error.h"
+#include "archive/codecs/Encryptor.h"
 #include "archive/writing/ArchiveWriter.h"
 #include "archive/writing/OutputBuffers.h"
 #include "archive/writing/SourceFile.h"
@@ -25,11 +26,15 @@ struct CompressedChunk {
     std::size_t size = 0;  // of what is in one of these
     std::uint64_t uncompressedSize = 0;
     std::uint32_t crc32 = 0;  // of the uncompressed bytes
+    // With the first chunk of an entry that is to be encrypted: what encrypts all of them. Its key
+    // takes longer than all else about a small entry.
+    std::unique_ptr<Encryptor> encryptor;
 
-    [[nodiscard]] ByteView data() const { return {buffer ? buffer.get() : small.data(), size}; }
+    [[nodiscard]] MutableBytes data() { return {buffer ? buffer.get() : small.data(), size}; }
     // How much memory that takes.
     [[nodiscard]] std::size_t bytesHeld() const {
-        return buffer ? buffer.get_deleter().owner->size() : small.size();
+        return (buffer ? buffer.get_deleter().owner->size() : small.size()) +
+               (encryptor ? Encryptor::kMemory : 0);
     }
 };
 

@@ -66,6 +66,13 @@ class Worker {
             output_ = buffers_.take();
         }
         CompressedChunk chunk;
+        if (task.chunk == 0 && task.source->password) {
+            auto encryptor = makeEncryptor(task.source->encryption, *task.source->password);
+            if (!encryptor) {
+                return passOn(encryptor);
+            }
+            chunk.encryptor = std::move(*encryptor);
+        }
         chunk.size = compressor_.compress(
             content, left <= kChunkSize, MutableBytes(output_.get(), buffers_.size()));
         chunk.uncompressedSize = content.size();
