@@ -48,7 +48,7 @@ void BM_CompressChunkOpenEnded(benchmark::State& state) {
 void BM_Probe(benchmark::State& state) {
     archive::CompressibilityProbe probe;
     measure(state, static_cast<SampleKind>(state.range(0)), [&probe](ByteView content) {
-        constexpr std::size_t kPiece = archive::CompressibilityProbe::kPieceSize;
+        constexpr std::size_t kPiece = archive::CompressibilityProbe::kProbedPiece;
         std::size_t expected = 0;
         probe.restart();
         for (std::size_t offset = 0; offset < content.size(); offset += kPiece) {

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "archive/Archive.h"
+#include "archive/Reader.h"
 #include "archive/base/File.h"
 #include "archive/format/CentralDirectoryHeader.h"
 #include "archive/format/EntryRecord.h"
@@ -76,7 +77,7 @@ void BM_OpenArchive(benchmark::State& state) {
         state.SkipWithError("no archive could be made");
     }
     for ([[maybe_unused]] auto _ : state) {
-        if (!archive::Archive::open(path, archive::AccessMode::kRead)) {
+        if (!archive::Reader::open(path)) {
             state.SkipWithError("opening failed");
         }
     }

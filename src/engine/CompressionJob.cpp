@@ -71,7 +71,7 @@ void CompressionJob::run(const std::weak_ptr<ZipManager>& manager) {
         }
     }
     if (archive_) {
-        archive_->compressAhead(std::move(ahead));
+        archive_->compressAhead(ahead);
     }
     for (std::size_t i = 0; i < sources.size(); ++i) {
         environment_.console.writeLine(QStringLiteral("Adding url to file"));

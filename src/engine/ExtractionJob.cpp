@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "archive/Archive.h"
+#include "archive/Reader.h"
 #include "events/EventNames.h"
 #include "platform/FileUrl.h"
 
@@ -133,7 +134,11 @@ void ExtractionJob::finish(Result<FileSystem::Contents> extracted) {
 
 bool ExtractionJob::isLocked() const {
     const std::optional<path> from = localPath(archive_);
-    return !password_ && from && archive::Archive::open(*from, archive::AccessMode::kRead);
+    if (password_ || !from) {
+        return false;
+    }
+    const auto opened = archive::Reader::open(*from);
+    return opened && !opened->firstFault();
 }
 
 bool ExtractionJob::fits(const archive::Password& password) const {
@@ -141,7 +146,7 @@ bool ExtractionJob::fits(const archive::Password& password) const {
     if (!from) {
         return true;
     }
-    const auto opened = archive::Archive::open(*from, archive::AccessMode::kRead);
+    const auto opened = archive::Reader::open(*from);
     if (!opened) {
         return true;
     }

@@ -38,6 +38,7 @@ class FailureWords {
             case ErrorCode::kTooLarge:
                 return notEnoughRoom();
             case ErrorCode::kInvalidArgument:
+            case ErrorCode::kCancelled:
             case ErrorCode::kSourceUnreadable:
             case ErrorCode::kSourceNotSupported:
             case ErrorCode::kSourceChanged:
@@ -46,6 +47,8 @@ class FailureWords {
             case ErrorCode::kTruncated:
             case ErrorCode::kDamagedDirectory:
             case ErrorCode::kMultipleDisks:
+            case ErrorCode::kVolumeMissing:
+            case ErrorCode::kNoSuchEntry:
                 return aboutArchive();
             case ErrorCode::kAlreadyExists:
             case ErrorCode::kUnsafeName:
@@ -54,6 +57,7 @@ class FailureWords {
             case ErrorCode::kUnsafeLink:
                 return aboutName();
             case ErrorCode::kOutOfMemory:
+            case ErrorCode::kOverLimit:
             case ErrorCode::kEncrypted:
             case ErrorCode::kWrongPassword:
             case ErrorCode::kUnsupportedMethod:
@@ -180,9 +184,13 @@ class FailureWords {
                 return tr("%1 is damaged: it does not tell what is in it. Get it again.")
                     .arg(archive_);
             case ErrorCode::kMultipleDisks:
-                return tr("%1 is one part of an archive in several, which this version cannot "
-                          "open. Ask for it in one piece.")
+                return tr("%1 is one part of an archive in several, and its parts do not fit "
+                          "together. Get them again.")
                     .arg(archive_);
+            case ErrorCode::kVolumeMissing:
+                return tr("%1 is one part of an archive in several, and %2 is missing. Put all "
+                          "parts into one folder, then try again.")
+                    .arg(archive_, file_);
             default:
                 return tr("%1 is not a ZIP archive. If it should be one, get it again.")
                     .arg(archive_);

@@ -44,6 +44,8 @@ class RemarkWords {
                 return tr("The name %1 would lead elsewhere on other systems, and was changed a "
                           "little.")
                     .arg(name);
+            case WarningCode::kRenamed:
+                return tr("There was another %1, so it was given a number.").arg(name);
         }
         return {};
     }

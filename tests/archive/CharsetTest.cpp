@@ -27,7 +27,7 @@ TEST_F(CharsetTest, Utf8NeedsNoVote) {
 
 TEST_F(CharsetTest, EntriesTellTheirNamesWithoutUnpacking) {
     ZipBuilder().file("\x8E\xE2\xE7\xA5\xE2\\\xAF\xAB\xA0\xAD", "").writeTo(archivePath());
-    const auto archive = Archive::open(archivePath(), AccessMode::kRead);
+    const auto archive = Reader::open(archivePath());
     ASSERT_TRUE(archive);
     EXPECT_EQ((*archive->begin()).path, "Отчет/план");
     EXPECT_EQ(countOf(archive->warnings(), WarningCode::kLegacyCharset), 1U);

@@ -92,7 +92,7 @@ TEST_F(DamageTest, WhatIsNoArchiveIsSaidToBeNone) {
 
 TEST_F(DamageTest, AnArchiveOfNothingIsAnArchive) {
     expectTaken(ZipBuilder(), {});
-    const auto archive = Archive::open(archivePath(), AccessMode::kRead);
+    const auto archive = Reader::open(archivePath());
     ASSERT_TRUE(archive);
     EXPECT_EQ(archive->size(), 0U);
 }

@@ -1,6 +1,4 @@
 #include "archive/ExtractionTest.h"
-#include "archive/reading/ArchiveReader.h"
-#include "archive/reading/Extraction.h"
 
 namespace pellumar::archive {
 namespace {
@@ -18,10 +16,10 @@ TEST_F(DuplicatesTest, TheLastWinsWithAnyNumberOfThreads) {
     const std::string last = prose(5000 - 199, 1) + "199";
     zip.writeTo(archivePath());
     for (unsigned threads = 1; threads <= 8; ++threads) {
-        auto reader = ArchiveReader::open(archivePath());
+        auto reader = Reader::open(archivePath());
         ASSERT_TRUE(reader);
         const auto to = home() / ("out" + std::to_string(threads));
-        const auto report = extractAll(**reader, to, {.threads = threads});
+        const auto report = reader->extractAll(to, {.limits = {.threads = threads}});
         ASSERT_TRUE(report) << report.error().describe();
         EXPECT_EQ(readText(to / "same"), last);
         EXPECT_EQ(readText(to / "d/same"), "1199");

@@ -35,15 +35,15 @@ class EncryptedWritingTest : public ExtractionTest, public testing::WithParamInt
         auto writer = ArchiveWriter::create(archivePath(), PendingFile::Existing::kReplace, 2);
         ASSERT_TRUE(writer);
         const auto password = std::make_shared<const Password>(kPassword);
-        std::vector<EntrySource> sources = {{.path = "tree/folder", .base = home().path()}};
+        std::vector<ArchiveWriter::Source> sources;
+        sources.emplace_back("tree/folder", home() / "tree/folder");
         for (const auto& [path, content] : expected_) {
-            sources.push_back({.path = path,
-                               .base = home().path(),
-                               .password = password,
-                               .encryption = GetParam().encryption});
+            sources.emplace_back(path, home() / path);
+            sources.back().options.password = password;
+            sources.back().options.encryption = GetParam().encryption;
         }
         (*writer)->compressAhead(sources, kDefaultWriteChunkSize);
-        for (const EntrySource& source : sources) {
+        for (const ArchiveWriter::Source& source : sources) {
             const auto added = (*writer)->addEntry(source, kDefaultWriteChunkSize);
             ASSERT_TRUE(added) << added.error().describe();
         }
@@ -108,9 +108,9 @@ TEST_P(EncryptedWritingTest, NoTwoEntriesAreEncryptedAlike) {
     std::vector<std::string> ciphered;
     for (const std::string& bytes : {once, twice}) {
         pellumar::test::writeFile(archivePath(), bytes);
-        const auto archive = Archive::open(archivePath(), AccessMode::kRead);
+        const auto archive = Reader::open(archivePath());
         ASSERT_TRUE(archive);
-        for (const Entry entry : *archive) {
+        for (const Entry& entry : *archive) {
             EXPECT_EQ(entry.encrypted, entry.type == EntryType::kFile) << entry.path;
             if (entry.path.starts_with("tree/small")) {
                 const std::size_t name =

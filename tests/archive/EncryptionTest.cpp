@@ -68,10 +68,10 @@ TEST_P(EncryptionTest, WithoutThePasswordNothingIsWritten) {
 }
 
 TEST_P(EncryptionTest, ItIsListedWithoutThePassword) {
-    const auto archive = Archive::open(home() / "made.zip", AccessMode::kRead);
+    const auto archive = Reader::open(home() / "made.zip");
     ASSERT_TRUE(archive) << archive.error().describe();
     ASSERT_EQ(archive->size(), 2U);
-    for (const Entry entry : *archive) {
+    for (const Entry& entry : *archive) {
         EXPECT_TRUE(entry.encrypted);
         EXPECT_TRUE(entry.method == 0 || entry.method == 8) << entry.method;
         EXPECT_EQ(entry.uncompressedSize, entry.path == "small" ? 5U : 3000000U);
@@ -79,9 +79,9 @@ TEST_P(EncryptionTest, ItIsListedWithoutThePassword) {
 }
 
 TEST_P(EncryptionTest, DamageLeavesNoFile) {
-    const auto archive = Archive::open(home() / "made.zip", AccessMode::kRead);
+    const auto archive = Reader::open(home() / "made.zip");
     ASSERT_TRUE(archive);
-    for (const Entry entry : *archive) {
+    for (const Entry& entry : *archive) {
         const std::string whole = readText(home() / "made.zip");
         std::string damaged = whole;
         const std::size_t header = 30 +

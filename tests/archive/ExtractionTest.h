@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "archive/Archive.h"
+#include "archive/Reader.h"
 #include "support/FileContents.h"
 #include "support/TemporaryFolder.h"
 #include "support/ZipBuilder.h"

@@ -30,9 +30,9 @@ class MethodsTest : public ExtractionTest {
     }
 
     std::uint16_t methodOfLongest() {
-        auto archive = Archive::open(home() / "made.zip", AccessMode::kRead);
+        auto archive = Reader::open(home() / "made.zip");
         EXPECT_TRUE(archive);
-        for (const Entry entry : *archive) {
+        for (const Entry& entry : *archive) {
             if (entry.path == "long") {
                 return entry.method;
             }

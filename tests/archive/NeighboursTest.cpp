@@ -2,8 +2,6 @@
 #include <random>
 
 #include "archive/ExtractionTest.h"
-#include "archive/reading/ArchiveReader.h"
-#include "archive/reading/Extraction.h"
 
 namespace pellumar::archive {
 namespace {
@@ -66,10 +64,10 @@ TEST_P(NeighboursTest, ComeOutWhole) {
     const Expected expected = fill(zip);
     zip.writeTo(archivePath());
     for (const unsigned threads : {1U, 2U, 7U}) {
-        auto reader = ArchiveReader::open(archivePath());
+        auto reader = Reader::open(archivePath());
         ASSERT_TRUE(reader) << reader.error().describe();
         const auto to = home() / ("out" + std::to_string(threads));
-        const auto report = extractAll(**reader, to, {.threads = threads});
+        const auto report = reader->extractAll(to, {.limits = {.threads = threads}});
         ASSERT_TRUE(report) << report.error().describe();
         for (const auto& [path, data] : expected.files) {
             EXPECT_TRUE(readText(to / path) == data) << path;

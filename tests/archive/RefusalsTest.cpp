@@ -67,11 +67,14 @@ TEST_F(RefusalsTest, SeveralDisksAreRefused) {
 
 TEST_F(RefusalsTest, OpeningRefusesWhatUnpackingWould) {
     ZipBuilder().add(stored("secret", "data").with(&ZipHeader::flags, 0x41)).writeTo(archivePath());
-    const auto archive = Archive::open(archivePath(), AccessMode::kRead);
-    ASSERT_FALSE(archive);
-    EXPECT_EQ(archive.error().code, ErrorCode::kEncrypted);
-    EXPECT_EQ(archive.error().entry, "secret");
-    EXPECT_GT(archive.error().offset, 0U);
+    const auto archive = Reader::open(archivePath());
+    ASSERT_TRUE(archive);
+    EXPECT_TRUE((*archive)[0].encrypted);
+    EXPECT_EQ((*archive)[0].fault, ErrorCode::kEncrypted);
+    const auto fault = archive->firstFault();
+    ASSERT_TRUE(fault);
+    EXPECT_EQ(fault->entry, "secret");
+    EXPECT_GT(fault->offset, 0U);
 }
 
 }  // namespace

@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "archive/Archive.h"
+#include "archive/Reader.h"
 #include "platform/FileUrl.h"
 #include "platform/GlobalDispatchQueue.h"
 #include "platform/MainDispatchQueue.h"
@@ -103,13 +104,12 @@ class ZipManagerTest : public testing::Test {
 
     // The paths of an archive's entries, sorted, with a blank between.
     static std::string entriesOf(const fs::path& path) {
-        const archive::Result<archive::Archive> archive =
-            archive::Archive::open(path, archive::AccessMode::kRead);
+        const archive::Result<archive::Reader> archive = archive::Reader::open(path);
         if (!archive) {
             return archive.error().describe();
         }
         std::vector<std::string> names;
-        for (const archive::Entry entry : *archive) {
+        for (const archive::Entry& entry : *archive) {
             names.emplace_back(entry.path);
         }
         std::sort(names.begin(), names.end());

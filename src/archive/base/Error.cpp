@@ -9,6 +9,12 @@ std::string_view describe(ErrorCode code) {
     switch (code) {
         case ErrorCode::kInvalidArgument:
             return "invalid argument";
+        case ErrorCode::kCancelled:
+            return "cancelled";
+        case ErrorCode::kNoSuchEntry:
+            return "not in the archive";
+        case ErrorCode::kOverLimit:
+            return "over the limits that are set";
         case ErrorCode::kOpenFailed:
             return "cannot be opened";
         case ErrorCode::kReadFailed:
@@ -21,6 +27,8 @@ std::string_view describe(ErrorCode code) {
             return "already exists";
         case ErrorCode::kOutOfMemory:
             return "needs more memory than is allowed";
+        case ErrorCode::kVolumeMissing:
+            return "volume of the archive is missing";
         case ErrorCode::kNotAnArchive:
             return "not a ZIP archive";
         case ErrorCode::kTruncated:

@@ -13,6 +13,9 @@ namespace pellumar::archive {
 enum class ErrorCode : std::uint8_t {
     // The call itself.
     kInvalidArgument,  // an argument outside its documented range; nothing was done
+    kCancelled,        // by the caller
+    kNoSuchEntry,
+    kOverLimit,  // the archive would cost more than the caller allows
 
     // The machine. `systemError` of the Error holds errno.
     kOpenFailed,
@@ -21,6 +24,7 @@ enum class ErrorCode : std::uint8_t {
     kNoSpace,
     kAlreadyExists,
     kOutOfMemory,
+    kVolumeMissing,  // of a split archive; `entry` is its file's name
 
     // The archive as a whole: refused before anything is written.
     kNotAnArchive,      // no end of central directory record

@@ -1,30 +1,19 @@
 #include "archive/base/UnfinishedFile.h"
 
 #include <fcntl.h>
-#include <sys/random.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <array>
 #include <cerrno>
-#include <cstdio>
 #include <utility>
+
+#include "archive/base/FreeName.h"
 
 namespace pellumar::archive {
 
 namespace {
 
 constexpr int kNameTries = 16;
-
-// Short, so that it fits wherever a name does; not hidden, so that it is seen and cleared away.
-std::string randomName() {
-    std::uint64_t number = 0;
-    static_cast<void>(::getrandom(&number, sizeof(number), 0));
-    std::array<char, 32> text{};
-    const int size = std::snprintf(
-        text.data(), text.size(), "zip-%016llx.part", static_cast<unsigned long long>(number));
-    return {text.data(), static_cast<std::size_t>(size)};
-}
 
 // proc(5): the one way to name an open file that needs no rights.
 std::string descriptorPath(const File& file) {
@@ -74,7 +63,7 @@ bool UnfinishedFile::openNameless(mode_t mode) {
 
 Result<> UnfinishedFile::openNamed(mode_t mode) {
     for (int i = 0; i < kNameTries; ++i) {
-        std::string name = randomName();
+        std::string name = temporaryName();
         file_ = File(::openat(
             folder_, name.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode));
         if (file_.isOpen()) {
@@ -108,7 +97,7 @@ bool UnfinishedFile::link(const std::string& name) const {
 
 bool UnfinishedFile::linkTemporarily() {
     for (int i = 0; i < kNameTries; ++i) {
-        std::string name = randomName();
+        std::string name = temporaryName();
         if (link(name)) {
             temporary_ = std::move(name);
             return true;

@@ -22,6 +22,8 @@ std::string_view describe(WarningCode code) {
             return "entry that the directory does not list, passed over";
         case WarningCode::kNameMadePortable:
             return "name made portable";
+        case WarningCode::kRenamed:
+            return "renamed, as another has its name";
     }
     return "unknown warning";
 }

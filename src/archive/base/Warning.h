@@ -17,7 +17,8 @@ enum class WarningCode : std::uint8_t {
     kSetIdBitsDropped,     // set-user-id, set-group-id or sticky
     kMetadataNotRestored,  // the system refused its time or permissions
     kUnlistedEntry,        // an entry that the directory does not list stands in a gap
-    kNameMadePortable      // "\" or a drive in front became letters that look like it
+    kNameMadePortable,     // "\" or a drive in front became letters that look like it
+    kRenamed               // another entry had the name: it has one of its own
 };
 
 struct Warning {

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "archive/Archive.h"
+#include "archive/Reader.h"
 
 // Puts files of the working folder into an archive, lists it, and extracts it again:
 //
@@ -35,11 +36,11 @@ archive::Result<> pack(const std::filesystem::path& path, const std::vector<std:
 }
 
 archive::Result<> list(const std::filesystem::path& path) {
-    auto opened = archive::Archive::open(path, archive::AccessMode::kRead);
+    auto opened = archive::Reader::open(path);
     if (!opened) {
         return archive::passOn(opened);
     }
-    for (const archive::Entry entry : *opened) {
+    for (const archive::Entry& entry : *opened) {
         std::cout << entry.path << ": " << entry.uncompressedSize << " bytes in "
                   << entry.compressedSize << '\n';
     }

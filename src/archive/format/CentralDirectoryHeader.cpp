@@ -29,11 +29,13 @@ Result<CentralDirectoryHeader> CentralDirectoryHeader::parse(ByteView bytes,
     header.uncompressedSize = loadLittleEndian<std::uint32_t>(bytes, 24);
     const std::size_t nameSize = loadLittleEndian<std::uint16_t>(bytes, 28);
     const std::size_t extraSize = loadLittleEndian<std::uint16_t>(bytes, 30);
+    const std::size_t commentSize = loadLittleEndian<std::uint16_t>(bytes, 32);
     header.disk = loadLittleEndian<std::uint16_t>(bytes, 34);
     header.externalAttributes = loadLittleEndian<std::uint32_t>(bytes, 38);
     header.localHeaderOffset = loadLittleEndian<std::uint32_t>(bytes, 42);
     header.name = bytes.subspan(kCentralDirectoryHeaderSize, nameSize);
     header.extra = bytes.subspan(kCentralDirectoryHeaderSize + nameSize, extraSize);
+    header.comment = bytes.subspan(kCentralDirectoryHeaderSize + nameSize + extraSize, commentSize);
 
     Zip64Values zip64(header.extra);
     if (!zip64.resolve(header.uncompressedSize) || !zip64.resolve(header.compressedSize) ||

@@ -24,6 +24,7 @@ struct CentralDirectoryHeader {
     std::uint32_t externalAttributes = 0;
     ByteView name;
     ByteView extra;
+    ByteView comment;
 
     // The length of the whole record, given its fixed part (kCentralDirectoryHeaderSize bytes).
     [[nodiscard]] static std::size_t recordSize(ByteView fixedPart);

@@ -1,7 +1,5 @@
 #include "archive/reading/ArchiveReader.h"
 
-#include <sys/stat.h>
-
 #include <utility>
 
 #include "archive/reading/CentralDirectory.h"
@@ -9,22 +7,43 @@
 
 namespace pellumar::archive {
 
-ArchiveReader::ArchiveReader(File file, EntryTable entries, Warnings warnings)
-    : file_(std::move(file)), entries_(std::move(entries)), warnings_(std::move(warnings)) {}
+namespace {
+
+Result<std::string> commentOf(const ByteSource& source, const DirectoryLocation& location) {
+    std::string comment(location.commentSize, '\0');
+    const MutableBytes bytes(reinterpret_cast<std::uint8_t*>(comment.data()), comment.size());
+    if (auto read = source.readExactlyAt(location.commentOffset, bytes); !read) {
+        return passOn(read);
+    }
+    return comment;
+}
+
+}  // namespace
+
+ArchiveReader::ArchiveReader(std::unique_ptr<const ByteSource> source,
+                             EntryTable entries,
+                             Warnings warnings,
+                             std::string comment)
+    : source_(std::move(source)),
+      entries_(std::move(entries)),
+      warnings_(std::move(warnings)),
+      comment_(std::move(comment)) {}
 
 Result<std::unique_ptr<ArchiveReader>> ArchiveReader::open(const std::filesystem::path& path) {
     auto file = File::openForReading(path);
     if (!file) {
         return passOn(file);
     }
-    auto status = file->status();
-    if (!status) {
-        return passOn(status);
+    auto source = FileSource::of(std::move(*file));
+    if (!source) {
+        return passOn(source);
     }
-    if (!S_ISREG(status->st_mode)) {
-        return failure(ErrorCode::kNotAnArchive);
-    }
-    auto location = locateDirectory(*file);
+    return open(std::move(*source));
+}
+
+Result<std::unique_ptr<ArchiveReader>> ArchiveReader::open(
+    std::unique_ptr<const ByteSource> source) {
+    auto location = locateDirectory(*source);
     if (!location) {
         return passOn(location);
     }
@@ -35,12 +54,16 @@ Result<std::unique_ptr<ArchiveReader>> ArchiveReader::open(const std::filesystem
     if (location->bytesAfter > 0) {
         warnings.add(WarningCode::kBytesAfterArchive, {}, location->offset + location->size);
     }
-    auto entries = readCentralDirectory(*file, *location, warnings);
+    auto entries = readCentralDirectory(*source, *location, warnings);
     if (!entries) {
         return passOn(entries);
     }
-    return std::unique_ptr<ArchiveReader>(
-        new ArchiveReader(std::move(*file), std::move(*entries), std::move(warnings)));
+    auto comment = commentOf(*source, *location);
+    if (!comment) {
+        return passOn(comment);
+    }
+    return std::unique_ptr<ArchiveReader>(new ArchiveReader(
+        std::move(source), std::move(*entries), std::move(warnings), std::move(*comment)));
 }
 
 }  // namespace pellumar::archive

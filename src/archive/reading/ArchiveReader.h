@@ -2,32 +2,41 @@
 
 #include <filesystem>
 #include <memory>
+#include <string>
 
+#include "archive/base/ByteSource.h"
 #include "archive/base/Error.h"
-#include "archive/base/File.h"
 #include "archive/base/Warning.h"
 #include "archive/reading/EntryTable.h"
 
 namespace pellumar::archive {
 
-// An archive that is open for reading: its file and its directory. Does not change after open(), so
-// several threads may use it.
+// An archive that is open for reading: its bytes and its directory. Does not change after open(),
+// so several threads may use it.
 class ArchiveReader {
   public:
-    // Opens a regular file, finds its central directory, reads and checks it.
+    // Finds the central directory and reads it. What is wrong with entries stands in the table.
+    [[nodiscard]] static Result<std::unique_ptr<ArchiveReader>> open(
+        std::unique_ptr<const ByteSource> source);
+    // The same of a regular file.
     [[nodiscard]] static Result<std::unique_ptr<ArchiveReader>> open(
         const std::filesystem::path& path);
 
-    [[nodiscard]] const File& file() const { return file_; }
+    [[nodiscard]] const ByteSource& source() const { return *source_; }
     [[nodiscard]] const EntryTable& entries() const { return entries_; }
     [[nodiscard]] const Warnings& warnings() const { return warnings_; }
+    [[nodiscard]] const std::string& comment() const { return comment_; }
 
   private:
-    ArchiveReader(File file, EntryTable entries, Warnings warnings);
+    ArchiveReader(std::unique_ptr<const ByteSource> source,
+                  EntryTable entries,
+                  Warnings warnings,
+                  std::string comment);
 
-    File file_;
+    std::unique_ptr<const ByteSource> source_;
     EntryTable entries_;
     Warnings warnings_;
+    std::string comment_;
 };
 
 }  // namespace pellumar::archive

@@ -9,8 +9,8 @@
 #include <optional>
 #include <thread>
 
+#include "archive/base/DataSink.h"
 #include "archive/base/Error.h"
-#include "archive/reading/DataSink.h"
 
 namespace pellumar::archive {
 
@@ -44,7 +44,7 @@ class BackgroundSink final : public DataSink {
 
   private:
     static constexpr std::size_t kPieces = 4;
-    using Piece = std::array<std::uint8_t, kPieceSize>;
+    using Piece = std::array<std::uint8_t, kStreamedPiece>;
 
     void work();
     void stop();

@@ -44,7 +44,7 @@ using HeaderHandler = std::function<Result<>(const CentralDirectoryHeader&, std:
 // Calls `handle` for each header of the directory in turn; its views lead into `window` and are
 // valid during the call. Bytes that belong to no header would be read differently by different
 // tools, so all of the directory has to be headers.
-Result<> forEachHeader(const File& file,
+Result<> forEachHeader(const ByteSource& file,
                        const DirectoryLocation& location,
                        MutableBytes window,
                        const HeaderHandler& handle) {
@@ -207,7 +207,7 @@ bool mayBeLonger(const CentralDirectoryHeader& header) {
 // Turns the headers into the table.
 class TableBuilder {
   public:
-    TableBuilder(const File& file,
+    TableBuilder(const ByteSource& file,
                  const DirectoryLocation& location,
                  const NameDecoder& names,
                  std::size_t entries,
@@ -216,52 +216,76 @@ class TableBuilder {
         table_.expect(entries, namesSize);
     }
 
-    Result<> add(CentralDirectoryHeader header, std::uint64_t offset) {
+    void add(CentralDirectoryHeader header, std::uint64_t offset) {
         const DecodedName name = names_.decode(rawNameOf(header));
-        auto path = judgeEntryName(name.text, pathStorage_);
-        if (!path) {
-            return Failure(std::move(path.error()).about(name.text, offset));
-        }
+        const auto path = judgeEntryName(name.text, pathStorage_);
         EntryData data;
-        setTypeAndPermissions(header, path->isFolder, data);
+        setTypeAndPermissions(header, path && path->isFolder, data);
+        std::optional<ErrorCode> fault;
+        if (!path) {
+            fault = path.error().code;
+        }
         const auto encryption = encryptionOf(header);
-        if (!encryption) {
-            return Failure(
-                Error{.code = ErrorCode::kEncrypted, .entry = name.text, .offset = offset});
+        data.encryption = encryption.value_or(Encryption());
+        data.entry.encrypted = !encryption || *encryption;
+        if (!fault && !encryption) {
+            fault = ErrorCode::kEncrypted;
         }
-        data.encryption = *encryption;
-        data.entry.encrypted = static_cast<bool>(*encryption);
-        if (const auto reason = refusalOf(header, data, location_.cutTo32Bits)) {
-            return Failure(Error{.code = *reason, .entry = name.text, .offset = offset});
+        if (!fault) {
+            fault = refusalOf(header, data, location_.cutTo32Bits);
         }
-        const auto localHeader = localHeaderOf(header);
-        if (!localHeader) {
-            return Failure(
-                Error{.code = ErrorCode::kDamagedDirectory, .entry = name.text, .offset = offset});
+        const auto localHeader =
+            header.disk == 0 ? localHeaderOf(header) : std::optional<std::uint64_t>();
+        if (!fault && !localHeader) {
+            fault = ErrorCode::kDamagedDirectory;
         }
-        if (path->path.empty()) {
-            table_.addNameless(*localHeader);
-            return {};
+        if (path && path->path.empty()) {
+            addNameless(localHeader, fault, offset);
+            return;
         }
-        keepNames(header, path->path, data);
+        keepNames(header, path ? path->path : std::string_view(name.text), data);
+        data.entry.comment = keepComment(header);
         data.flags = header.flags;
-        data.namedAsFolder = path->isFolder;
+        data.placeless = !localHeader;
+        data.namedAsFolder = path && path->isFolder;
         data.sizesMayBeCut = location_.cutTo32Bits || (!location_.zip64 && mayBeLonger(header));
         data.legacyName = name.legacy;
         data.entry.method = header.method;
         data.entry.crc32 = header.crc32;
         data.entry.compressedSize = header.compressedSize;
         data.entry.uncompressedSize = header.uncompressedSize;
-        data.entry.localHeaderOffset = *localHeader;
+        data.entry.localHeaderOffset = localHeader.value_or(0);
         const auto exact = modificationTimeIn(header.extra);
         data.entry.modified = exact ? *exact : fromDosDateTime(header.modified);
         table_.add(data);
-        return {};
+        if (fault) {
+            table_.addFault(table_.size() - 1, *fault, offset);
+        }
     }
 
     EntryTable take() { return std::move(table_); }
 
   private:
+    void addNameless(std::optional<std::uint64_t> localHeader,
+                     std::optional<ErrorCode> fault,
+                     std::uint64_t offset) {
+        if (localHeader) {
+            table_.addNameless(*localHeader);
+        }
+        if (fault) {
+            table_.addFault(EntryTable::kNoEntry, *fault, offset);
+        }
+    }
+
+    std::string_view keepComment(const CentralDirectoryHeader& header) {
+        if (header.comment.empty()) {
+            return {};
+        }
+        return table_.keep(
+            names_.decode({.bytes = header.comment, .utf8Flag = (header.flags & kFlagUtf8) != 0})
+                .text);
+    }
+
     // Where in the file the local header is; nothing if that cannot be.
     [[nodiscard]] std::optional<std::uint64_t> localHeaderOf(
         const CentralDirectoryHeader& header) const {
@@ -298,7 +322,7 @@ class TableBuilder {
             at == std::string_view::npos ? table_.keep(path) : data.rawName.substr(at, path.size());
     }
 
-    const File& file_;
+    const ByteSource& file_;
     const DirectoryLocation& location_;
     const NameDecoder& names_;
     EntryTable table_;
@@ -315,14 +339,18 @@ void restoreSizes(Entry& entry, std::uint64_t room) {
     }
 }
 
-// Gives every entry the end of its slot and refuses those whose data cannot be within it. The local
-// header's extra fields are not known yet, so this is what the directory shows; the rest is checked
-// against the slot when that is read.
+// Gives every entry that has a place the end of its slot, and finds fault with those whose data
+// cannot be within it. The local header's extra fields are not known yet, so this is what the
+// directory shows; the rest is checked against the slot when that is read.
 //
 // Returns where the first entry begins.
-Result<std::uint64_t> assignSlots(EntryTable& table, const DirectoryLocation& location) {
+std::uint64_t assignSlots(EntryTable& table, const DirectoryLocation& location) {
     std::vector<std::size_t> order(table.size());
     std::iota(order.begin(), order.end(), std::size_t{0});
+    order.erase(
+        std::remove_if(
+            order.begin(), order.end(), [&table](std::size_t i) { return table[i].placeless; }),
+        order.end());
     const auto before = [&table](std::size_t a, std::size_t b) {
         return table[a].entry.localHeaderOffset < table[b].entry.localHeaderOffset;
     };
@@ -340,9 +368,7 @@ Result<std::uint64_t> assignSlots(EntryTable& table, const DirectoryLocation& lo
             restoreSizes(entry, slot - header);
         }
         if (slot < header || slot - header < entry.compressedSize) {
-            return Failure(Error{.code = ErrorCode::kOverlap,
-                                 .entry = std::string(entry.path),
-                                 .offset = entry.localHeaderOffset});
+            table.addFault(order[i], ErrorCode::kOverlap, entry.localHeaderOffset);
         }
         data.slotEnd = slotEnd;
         slotEnd = entry.localHeaderOffset;
@@ -352,7 +378,7 @@ Result<std::uint64_t> assignSlots(EntryTable& table, const DirectoryLocation& lo
 
 }  // namespace
 
-Result<EntryTable> readCentralDirectory(const File& file,
+Result<EntryTable> readCentralDirectory(const ByteSource& file,
                                         const DirectoryLocation& location,
                                         Warnings& warnings) {
     const auto size =
@@ -381,22 +407,20 @@ Result<EntryTable> readCentralDirectory(const File& file,
     names.decide();
 
     TableBuilder builder(file, location, names, headers, namesSize);
-    auto built =
-        forEachHeader(file,
-                      location,
-                      window,
-                      [&builder](const CentralDirectoryHeader& header, std::uint64_t offset) {
-                          return builder.add(header, offset);
-                      });
+    auto built = forEachHeader(
+        file,
+        location,
+        window,
+        [&builder](const CentralDirectoryHeader& header, std::uint64_t offset) -> Result<> {
+            builder.add(header, offset);
+            return {};
+        });
     if (!built) {
         return passOn(built);
     }
     EntryTable table = builder.take();
-    const auto firstEntry = assignSlots(table, location);
-    if (!firstEntry) {
-        return Failure(firstEntry.error());
-    }
-    const auto unlisted = findLocalHeader(file, location.archiveStart, *firstEntry);
+    const std::uint64_t firstEntry = assignSlots(table, location);
+    const auto unlisted = findLocalHeader(file, location.archiveStart, firstEntry);
     if (unlisted && *unlisted && !table.isNameless(**unlisted)) {
         warnings.add(WarningCode::kUnlistedEntry, {}, **unlisted);
     }

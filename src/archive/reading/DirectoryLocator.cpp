@@ -78,7 +78,7 @@ bool needsZip64(const EndFields& small) {
 
 // The ZIP64 record at `position`, if there is one. Some readers believe it whatever its own size
 // says, so that is not asked here.
-Result<std::optional<EndFields>> zip64EndAt(const File& file, std::uint64_t position) {
+Result<std::optional<EndFields>> zip64EndAt(const ByteSource& file, std::uint64_t position) {
     std::array<std::uint8_t, kZip64EndOfCentralDirectorySize> record{};
     if (auto read = file.readExactlyAt(position, record); !read) {
         return passOn(read);
@@ -91,7 +91,7 @@ Result<std::optional<EndFields>> zip64EndAt(const File& file, std::uint64_t posi
 
 // Whether the record at `position` reaches to the locator. The size field leaves out itself and the
 // signature (4.3.14.1).
-Result<bool> reachesLocator(const File& file,
+Result<bool> reachesLocator(const ByteSource& file,
                             std::uint64_t position,
                             std::uint64_t locatorPosition) {
     std::array<std::uint8_t, sizeof(std::uint64_t)> size{};
@@ -105,7 +105,7 @@ Result<bool> reachesLocator(const File& file,
 // locator's offset falls short by what stands before the archive, so the record is also looked for
 // directly before the locator, where writers put it. Readers take the one or the other: if there
 // are two, they have to say the same.
-Result<std::optional<Zip64End>> followLocator(const File& file,
+Result<std::optional<Zip64End>> followLocator(const ByteSource& file,
                                               ByteView locator,
                                               std::uint64_t locatorPosition) {
     const auto claimed = loadLittleEndian<std::uint64_t>(locator, 8);
@@ -146,7 +146,7 @@ Result<std::optional<Zip64End>> followLocator(const File& file,
 // The ZIP64 record of the archive whose end record stands at `endPosition`, or nothing if it has
 // none. The locator's signature can stand there by chance, at the end of a name or comment: it is
 // no locator where the record it names is not there and nothing is needed of it.
-Result<std::optional<Zip64End>> findZip64End(const File& file,
+Result<std::optional<Zip64End>> findZip64End(const ByteSource& file,
                                              std::uint64_t endPosition,
                                              const EndFields& small) {
     if (endPosition < kZip64LocatorSize) {
@@ -172,7 +172,7 @@ Result<std::optional<Zip64End>> findZip64End(const File& file,
     return end;
 }
 
-Result<bool> holdsSignature(const File& file, std::uint64_t offset, std::uint32_t signature) {
+Result<bool> holdsSignature(const ByteSource& file, std::uint64_t offset, std::uint32_t signature) {
     std::array<std::uint8_t, sizeof(std::uint32_t)> bytes{};
     if (auto read = file.readExactlyAt(offset, bytes); !read) {
         return passOn(read);
@@ -186,7 +186,7 @@ constexpr std::uint64_t kModulo32 = std::uint64_t{kMax32} + 1;
 
 // The directory of an archive that is over 4 GiB and has no ZIP64 record: its place is known by the
 // end record, and its claimed offset is what is left of the true one. Nothing if that is not so.
-Result<std::optional<DirectoryLocation>> findBeyond32Bits(const File& file,
+Result<std::optional<DirectoryLocation>> findBeyond32Bits(const ByteSource& file,
                                                           std::uint64_t position,
                                                           const EndFields& fields) {
     if (fields.directorySize > position) {
@@ -225,7 +225,7 @@ bool canHold(const EndFields& fields) {
 }
 
 // Takes the record's fields for what they say.
-Result<DirectoryLocation> followExactly(const File& file,
+Result<DirectoryLocation> followExactly(const ByteSource& file,
                                         std::uint64_t position,
                                         const EndFields& fields,
                                         const std::optional<Zip64End>& zip64) {
@@ -260,7 +260,7 @@ Result<DirectoryLocation> followExactly(const File& file,
 }
 
 // Follows the record at `position` to its directory.
-Result<DirectoryLocation> follow(const File& file, std::uint64_t position, ByteView record) {
+Result<DirectoryLocation> follow(const ByteSource& file, std::uint64_t position, ByteView record) {
     EndFields fields = parseEnd(record);
     auto zip64 = findZip64End(file, position, fields);
     if (!zip64) {
@@ -293,12 +293,8 @@ struct Tail {
     std::uint64_t position = 0;
 };
 
-Result<Tail> readTail(const File& file) {
-    auto status = file.status();
-    if (!status) {
-        return passOn(status);
-    }
-    const auto fileSize = static_cast<std::uint64_t>(status->st_size);
+Result<Tail> readTail(const ByteSource& file) {
+    const std::uint64_t fileSize = file.size();
     const std::uint64_t size =
         std::min<std::uint64_t>(fileSize, kEndOfCentralDirectorySize + kMax16);
     Tail tail{.bytes = std::vector<std::uint8_t>(size), .position = fileSize - size};
@@ -308,14 +304,14 @@ Result<Tail> readTail(const File& file) {
     return tail;
 }
 
-bool beginsWithLocalHeader(const File& file, std::uint64_t offset) {
+bool beginsWithLocalHeader(const ByteSource& file, std::uint64_t offset) {
     const auto begins = holdsSignature(file, offset, kLocalFileHeaderSignature);
     return begins && *begins;
 }
 
 // Whether what stands before the archive at `location` is no archive of its own. The end of one
 // that is cut off within a stored archive looks like bytes before and behind that.
-bool hasNoArchiveBefore(const File& file, const DirectoryLocation& location) {
+bool hasNoArchiveBefore(const ByteSource& file, const DirectoryLocation& location) {
     if (location.archiveStart == 0) {
         return true;
     }
@@ -329,7 +325,7 @@ bool hasNoArchiveBefore(const File& file, const DirectoryLocation& location) {
 // Takes the candidates from the end of the file to the front and remembers what became of them.
 class CandidateSearch {
   public:
-    explicit CandidateSearch(const File& file) : file_(file) {}
+    explicit CandidateSearch(const ByteSource& file) : file_(file) {}
 
     void consider(std::uint64_t position, ByteView record, std::uint64_t bytesAfter) {
         auto location = follow(file_, position, record);
@@ -340,6 +336,8 @@ class CandidateSearch {
             return;
         }
         location->bytesAfter = bytesAfter;
+        location->commentOffset = position + kEndOfCentralDirectorySize;
+        location->commentSize = loadLittleEndian<std::uint16_t>(record, 20);
         if (bytesAfter > 0) {
             if (!withBytesAfter_ && hasNoArchiveBefore(file_, *location)) {
                 withBytesAfter_ = *location;
@@ -367,7 +365,7 @@ class CandidateSearch {
     }
 
   private:
-    const File& file_;
+    const ByteSource& file_;
     std::optional<DirectoryLocation> exact_;
     std::optional<DirectoryLocation> withBytesAfter_;
     std::optional<Error> error_;
@@ -376,7 +374,7 @@ class CandidateSearch {
 
 }  // namespace
 
-Result<DirectoryLocation> locateDirectory(const File& file) {
+Result<DirectoryLocation> locateDirectory(const ByteSource& file) {
     auto tail = readTail(file);
     if (!tail) {
         return passOn(tail);

@@ -2,8 +2,8 @@
 
 #include <cstdint>
 
+#include "archive/base/ByteSource.h"
 #include "archive/base/Error.h"
-#include "archive/base/File.h"
 
 namespace pellumar::archive {
 
@@ -17,6 +17,8 @@ struct DirectoryLocation {
     // How many bytes stand before the archive: what its own offsets are short of.
     std::uint64_t archiveStart = 0;
     std::uint64_t bytesAfter = 0;
+    std::uint64_t commentOffset = 0;
+    std::uint16_t commentSize = 0;
     bool zip64 = false;
     // The archive is over 4 GiB and has no ZIP64 record: the offsets and sizes in its directory are
     // the lower 32 bits of the true ones.
@@ -36,6 +38,6 @@ struct DirectoryLocation {
 // found where what the record says is right modulo 2^16 and 2^32.
 //
 // kNotAnArchive, kTruncated, kDamagedDirectory or kMultipleDisks, with the offset of the record.
-[[nodiscard]] Result<DirectoryLocation> locateDirectory(const File& file);
+[[nodiscard]] Result<DirectoryLocation> locateDirectory(const ByteSource& file);
 
 }  // namespace pellumar::archive

@@ -29,7 +29,6 @@ constexpr std::size_t kWindowSize = 128UL * 1024;
 
 // Of AES with the longest salt.
 constexpr std::size_t kLongestEncryptionHeader = 18;
-constexpr std::size_t kLongestEncryptionTrailer = 10;
 
 // The bits that change what an entry is; the compression options in bits 1 and 2 do not, and what
 // the name's letters are is asked with the name.
@@ -94,14 +93,14 @@ bool agrees(const LocalFileHeader& local, const EntryData& data) {
 
 }  // namespace
 
-EntryReader::EntryReader(const File& file, const Password* password, OneShotInflater inflater)
+EntryReader::EntryReader(const ByteSource& file, const Password* password, OneShotInflater inflater)
     : file_(file),
       password_(password),
       inflater_(std::move(inflater)),
       input_(std::make_unique_for_overwrite<std::uint8_t[]>(kInputSize)),
       output_(std::make_unique_for_overwrite<std::uint8_t[]>(kOutputSize)) {}
 
-Result<std::unique_ptr<EntryReader>> EntryReader::create(const File& file,
+Result<std::unique_ptr<EntryReader>> EntryReader::create(const ByteSource& file,
                                                          const Password* password) {
     auto inflater = OneShotInflater::create();
     if (!inflater) {
@@ -117,6 +116,7 @@ Result<> EntryReader::read(const EntryData& data,
     auto done = readUnnamed(data, skipChecksum, sink, soonUntil);
     // Its window may be large, and nobody else may have one meanwhile.
     otherDecoder_.reset();
+    running_.decryptor.reset();
     if (!done) {
         return Failure(
             std::move(done.error()).about(data.entry.path, data.entry.localHeaderOffset));
@@ -158,17 +158,14 @@ Result<> EntryReader::readUnnamed(const EntryData& data,
         usualHeaderSize(data) + entry.compressedSize + kLongestDataDescriptor;
     // A larger entry streams in any case; its first piece is enough.
     const bool fits = usual <= kInputSize && entry.uncompressedSize <= kOutputSize;
-    auto located = locate(data, fits ? usual : kPieceSize, soonUntil);
+    auto located = locate(data, fits ? usual : kStreamedPiece, soonUntil);
     if (!located) {
         return passOn(located);
     }
     if (auto described = checkDescriptor(data, *located); !described) {
         return described;
     }
-    if (data.encryption) {
-        return streamEncrypted(data, *located, skipChecksum, sink);
-    }
-    const bool whole = located->buffered.size() >= entry.compressedSize &&
+    const bool whole = !data.encryption && located->buffered.size() >= entry.compressedSize &&
                        entry.uncompressedSize <= kOutputSize &&
                        (entry.method == kMethodStored || entry.method == kMethodDeflate);
     if (whole) {
@@ -176,7 +173,10 @@ Result<> EntryReader::readUnnamed(const EntryData& data,
             located->buffered.first(static_cast<std::size_t>(entry.compressedSize));
         return unpackWhole(entry, compressed, skipChecksum, sink);
     }
-    return stream(data, *located, skipChecksum, sink, nullptr);
+    if (auto started = start(data, *located, skipChecksum); !started) {
+        return started;
+    }
+    return stream(sink);
 }
 
 Result<> EntryReader::checkPassword(const EntryData& data) {
@@ -204,30 +204,6 @@ Result<std::unique_ptr<Decryptor>> EntryReader::decryptorFor(const EntryData& da
         return passOn(read);
     }
     return makeDecryptor(data.encryption, *password_, header);
-}
-
-// Whatever its size it streams, and what the buffer holds of it is read again.
-Result<> EntryReader::streamEncrypted(const EntryData& data,
-                                      Located located,
-                                      bool skipChecksum,
-                                      DataSink& sink) {
-    auto decryptor = decryptorFor(data, located.dataOffset);
-    if (!decryptor) {
-        return passOn(decryptor);
-    }
-    std::array<std::uint8_t, kLongestEncryptionTrailer> buffer{};
-    const MutableBytes trailer = MutableBytes(buffer).first(data.encryption.trailerSize());
-    located.buffered = {};
-    located.dataOffset += data.encryption.headerSize();
-    located.dataEnd -= trailer.size();
-    if (auto read = file_.readExactlyAt(located.dataEnd, trailer); !read) {
-        return read;
-    }
-    const bool checked = skipChecksum || data.encryption.hidesChecksum;
-    if (auto done = stream(data, located, checked, sink, decryptor->get()); !done) {
-        return done;
-    }
-    return (*decryptor)->finish(trailer);
 }
 
 Result<ByteView> EntryReader::window(std::uint64_t offset,
@@ -352,7 +328,7 @@ Result<Decoder*> EntryReader::decoderFor(const EntryData& data) {
     return kept.get();
 }
 
-Result<ByteView> EntryReader::Located::next(const File& file, MutableBytes buffer) {
+Result<ByteView> EntryReader::Located::next(const ByteSource& file, MutableBytes buffer) {
     const auto size = static_cast<std::size_t>(
         std::min<std::uint64_t>(buffer.size(), dataEnd - (dataOffset + taken)));
     const MutableBytes piece = buffer.first(size);
@@ -363,89 +339,172 @@ Result<ByteView> EntryReader::Located::next(const File& file, MutableBytes buffe
     return piece;
 }
 
-Result<ByteView> EntryReader::nextInput(Located& located, Decryptor* decryptor) {
-    const MutableBytes buffer(input_.get(), kPieceSize);
-    auto next = located.next(file_, buffer);
-    if (next && decryptor != nullptr) {
-        decryptor->decrypt(buffer.first(next->size()));
+Result<> EntryReader::begin(const EntryData& data, bool skipChecksum) {
+    const auto started = [&]() -> Result<> {
+        auto located = locate(data, kStreamedPiece, 0);
+        if (!located) {
+            return passOn(located);
+        }
+        if (auto described = checkDescriptor(data, *located); !described) {
+            return described;
+        }
+        return start(data, *located, skipChecksum);
+    }();
+    if (!started) {
+        return Failure(Error(started.error()).about(data.entry.path, data.entry.localHeaderOffset));
     }
-    return next;
+    return {};
 }
 
-MutableBytes EntryReader::roomFor(DataSink& sink) {
-    const MutableBytes room = sink.room();
-    return room.empty() ? MutableBytes(output_.get(), kPieceSize) : room;
-}
-
-Result<> EntryReader::expect(std::uint64_t produced,
-                             const EntryData& data,
-                             std::uint64_t& declared,
-                             DataSink& sink) {
-    if (produced <= declared) {
-        return {};
+Result<> EntryReader::start(const EntryData& data, const Located& located, bool skipChecksum) {
+    running_ = Running();
+    running_.data = &data;
+    running_.located = located;
+    running_.declared = data.entry.uncompressedSize;
+    running_.skipChecksum = skipChecksum || data.encryption.hidesChecksum;
+    running_.checksum = kCrc32OfNothing;
+    inputSize_ = 0;  // what follows is read over it
+    if (data.encryption) {
+        if (auto started = startDecrypting(); !started) {
+            return started;
+        }
     }
-    if (!data.sizesMayBeCut) {
-        return failure(ErrorCode::kSizeMismatch);
-    }
-    constexpr std::uint64_t kCut = std::uint64_t{kMax32} + 1;
-    declared += kCut;
-    return sink.expectMore(kCut);
-}
-
-Result<> EntryReader::stream(const EntryData& data,
-                             Located located,
-                             bool skipChecksum,
-                             DataSink& sink,
-                             Decryptor* decryptor) {
     auto decoder = decoderFor(data);
     if (!decoder) {
         return passOn(decoder);
     }
-    const Entry& entry = data.entry;
-    inputSize_ = 0;  // what follows is read over it
-    ByteView input = located.buffered.first(static_cast<std::size_t>(
-        std::min<std::uint64_t>(located.buffered.size(), entry.compressedSize)));
-    located.taken = input.size();
-    std::uint64_t produced = 0;
-    std::uint64_t declared = entry.uncompressedSize;
-    std::uint32_t checksum = skipChecksum ? entry.crc32 : kCrc32OfNothing;
-    for (bool ended = false; !ended;) {
-        if (input.empty()) {
-            auto next = nextInput(located, decryptor);
+    running_.decoder = *decoder;
+    if (data.encryption) {
+        return {};
+    }
+    running_.input = located.buffered.first(static_cast<std::size_t>(
+        std::min<std::uint64_t>(located.buffered.size(), data.entry.compressedSize)));
+    running_.located.taken = running_.input.size();
+    return {};
+}
+
+// What the buffer holds of the entry is read again.
+Result<> EntryReader::startDecrypting() {
+    Located& located = running_.located;
+    const Encryption& encryption = running_.data->encryption;
+    auto decryptor = decryptorFor(*running_.data, located.dataOffset);
+    if (!decryptor) {
+        return passOn(decryptor);
+    }
+    running_.decryptor = std::move(*decryptor);
+    const MutableBytes trailer = MutableBytes(running_.trailer).first(encryption.trailerSize());
+    located.dataOffset += encryption.headerSize();
+    located.dataEnd -= trailer.size();
+    return file_.readExactlyAt(located.dataEnd, trailer);
+}
+
+Result<ByteView> EntryReader::nextInput() {
+    const MutableBytes buffer(input_.get(), kStreamedPiece);
+    auto next = running_.located.next(file_, buffer);
+    if (next && running_.decryptor) {
+        running_.decryptor->decrypt(buffer.first(next->size()));
+    }
+    return next;
+}
+
+Result<> EntryReader::expectMore() {
+    if (running_.produced <= running_.declared) {
+        return {};
+    }
+    if (!running_.data->sizesMayBeCut) {
+        return failure(ErrorCode::kSizeMismatch);
+    }
+    constexpr std::uint64_t kCut = std::uint64_t{kMax32} + 1;
+    running_.declared += kCut;
+    running_.grown += kCut;
+    return {};
+}
+
+Result<> EntryReader::verifyEnd() {
+    if (!running_.input.empty() || running_.produced != running_.declared) {
+        return failure(ErrorCode::kSizeMismatch);
+    }
+    if (!running_.skipChecksum && running_.checksum != running_.data->entry.crc32) {
+        return failure(ErrorCode::kChecksumMismatch);
+    }
+    if (!running_.decryptor) {
+        return {};
+    }
+    return running_.decryptor->finish(
+        ByteView(running_.trailer).first(running_.data->encryption.trailerSize()));
+}
+
+Result<std::size_t> EntryReader::pullUnnamed(MutableBytes output) {
+    while (!running_.ended) {
+        if (running_.input.empty()) {
+            auto next = nextInput();
             if (!next) {
                 return passOn(next);
             }
-            input = *next;
+            running_.input = *next;
         }
-        const MutableBytes output = roomFor(sink);
-        auto step = (*decoder)->decode(input, output);
+        auto step = running_.decoder->decode(running_.input, output);
         if (!step) {
             return passOn(step);
         }
-        input = input.subspan(step->consumed);
-        produced += step->produced;
-        ended = step->consumed == 0 && step->produced == 0;
-        if (ended && !step->finished) {
+        running_.input = running_.input.subspan(step->consumed);
+        running_.produced += step->produced;
+        running_.ended = step->consumed == 0 && step->produced == 0;
+        if (running_.ended && !step->finished) {
             return failure(ErrorCode::kDamagedData);
         }
-        if (auto expected = expect(produced, data, declared, sink); !expected) {
-            return expected;
+        if (auto expected = expectMore(); !expected) {
+            return passOn(expected);
         }
-        const ByteView piece = output.first(step->produced);
-        if (!skipChecksum) {
-            checksum = crc32(checksum, piece);
-        }
-        if (auto written = sink.write(piece); !written) {
-            return written;
+        if (step->produced > 0) {
+            if (!running_.skipChecksum) {
+                running_.checksum = crc32(running_.checksum, output.first(step->produced));
+            }
+            return step->produced;
         }
     }
-    if (!input.empty() || produced != declared) {
-        return failure(ErrorCode::kSizeMismatch);
+    if (auto right = verifyEnd(); !right) {
+        return passOn(right);
     }
-    if (checksum != entry.crc32) {
-        return failure(ErrorCode::kChecksumMismatch);
+    return 0;
+}
+
+Result<std::size_t> EntryReader::pull(MutableBytes output) {
+    auto pulled = pullUnnamed(output);
+    if (!pulled) {
+        const Entry& entry = running_.data->entry;
+        return Failure(std::move(pulled.error()).about(entry.path, entry.localHeaderOffset));
     }
-    return {};
+    return pulled;
+}
+
+MutableBytes EntryReader::roomFor(DataSink& sink) {
+    const MutableBytes room = sink.room();
+    return room.empty() ? MutableBytes(output_.get(), kStreamedPiece) : room;
+}
+
+Result<> EntryReader::stream(DataSink& sink) {
+    for (;;) {
+        const MutableBytes room = roomFor(sink);
+        auto pulled = pullUnnamed(room);
+        if (!pulled) {
+            return passOn(pulled);
+        }
+        if (running_.grown > 0) {
+            if (auto expected = sink.expectMore(std::exchange(running_.grown, 0)); !expected) {
+                return expected;
+            }
+        }
+        // Of an entry without data the sink has to hear as well.
+        if (*pulled > 0 || running_.produced == 0) {
+            if (auto written = sink.write(room.first(*pulled)); !written) {
+                return written;
+            }
+        }
+        if (*pulled == 0) {
+            return {};
+        }
+    }
 }
 
 }  // namespace pellumar::archive

@@ -1,16 +1,17 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <optional>
 
+#include "archive/base/ByteSource.h"
 #include "archive/base/Bytes.h"
+#include "archive/base/DataSink.h"
 #include "archive/base/Error.h"
-#include "archive/base/File.h"
 #include "archive/codecs/Decoder.h"
 #include "archive/codecs/OneShotInflater.h"
-#include "archive/reading/DataSink.h"
 #include "archive/reading/EntryTable.h"
 
 namespace pellumar::archive {
@@ -27,7 +28,7 @@ class EntryReader {
     // `file` and `password`, which may be null, outlive the reader; other readers may use them at
     // the same time.
     [[nodiscard]] static Result<std::unique_ptr<EntryReader>> create(
-        const File& file,
+        const ByteSource& file,
         const Password* password = nullptr);
 
     // Of an encrypted entry: kWrongPassword by its check bytes, kEncrypted if there is no password.
@@ -39,6 +40,14 @@ class EntryReader {
     // if one does: that of an entry which the directory does not list.
     [[nodiscard]] Result<std::optional<std::uint64_t>> checkHeader(const EntryData& data,
                                                                    std::uint64_t soonUntil = 0);
+
+    // Begins with the data of `data`, a file or symbolic link, which pull() then gives piece by
+    // piece. `data` lives until the last call; another begin(), read() or check ends it.
+    [[nodiscard]] Result<> begin(const EntryData& data, bool skipChecksum);
+
+    // The next bytes, into `output`: how many, 0 when all has come and was found right. To be
+    // called no more after that, or after an error. Errors are as those of read().
+    [[nodiscard]] Result<std::size_t> pull(MutableBytes output);
 
     // Hands the data of `data`, a file or symbolic link, to `sink`. Errors carry the entry's path
     // and the offset of its local header, or of what is wrong.
@@ -60,10 +69,30 @@ class EntryReader {
         std::uint64_t taken = 0;  // by the streaming so far
 
         // The next piece, read into `buffer`; empty at the end of the data.
-        [[nodiscard]] Result<ByteView> next(const File& file, MutableBytes buffer);
+        [[nodiscard]] Result<ByteView> next(const ByteSource& file, MutableBytes buffer);
     };
 
-    EntryReader(const File& file, const Password* password, OneShotInflater inflater);
+    // Of AES.
+    static constexpr std::size_t kLongestEncryptionTrailer = 10;
+
+    // What is under way between start() and the end of the data.
+    struct Running {
+        const EntryData* data = nullptr;
+        Located located;
+        Decoder* decoder = nullptr;
+        std::unique_ptr<Decryptor> decryptor;
+        std::array<std::uint8_t, kLongestEncryptionTrailer> trailer{};
+        ByteView input;  // decrypted, not yet decoded
+        std::uint64_t produced = 0;
+        // Grows where a size may be told modulo 2^32; by how much since the sink was told.
+        std::uint64_t declared = 0;
+        std::uint64_t grown = 0;
+        std::uint32_t checksum = 0;
+        bool skipChecksum = false;
+        bool ended = false;
+    };
+
+    EntryReader(const ByteSource& file, const Password* password, OneShotInflater inflater);
 
     [[nodiscard]] Result<> readUnnamed(const EntryData& data,
                                        bool skipChecksum,
@@ -82,31 +111,27 @@ class EntryReader {
                                        ByteView compressed,
                                        bool skipChecksum,
                                        DataSink& sink);
-    // The entry's next piece of data, decrypted if there is a decryptor. Lies in input_.
-    [[nodiscard]] Result<ByteView> nextInput(Located& located, Decryptor* decryptor);
+    // Takes the entry up; what is needed of the located part's buffer stays where it is.
+    [[nodiscard]] Result<> start(const EntryData& data, const Located& located, bool skipChecksum);
+    [[nodiscard]] Result<> startDecrypting();
+    // As pull(), with errors that are not yet told of the entry.
+    [[nodiscard]] Result<std::size_t> pullUnnamed(MutableBytes output);
+    // The next piece of data, decrypted if there is a decryptor. Lies in input_.
+    [[nodiscard]] Result<ByteView> nextInput();
+    // Where more came out than is declared: goes on if the size may be told modulo 2^32.
+    [[nodiscard]] Result<> expectMore();
+    // Holds what has come against what was declared.
+    [[nodiscard]] Result<> verifyEnd();
     // Where the next bytes go: the sink's own room, or output_ if it has none.
     [[nodiscard]] MutableBytes roomFor(DataSink& sink);
-    // Where more came out than is declared: goes on if the size may be told modulo 2^32.
-    [[nodiscard]] static Result<> expect(std::uint64_t produced,
-                                         const EntryData& data,
-                                         std::uint64_t& declared,
-                                         DataSink& sink);
-    // With the data decrypted first, if there is a decryptor.
-    [[nodiscard]] Result<> stream(const EntryData& data,
-                                  Located located,
-                                  bool skipChecksum,
-                                  DataSink& sink,
-                                  Decryptor* decryptor);
-    [[nodiscard]] Result<> streamEncrypted(const EntryData& data,
-                                           Located located,
-                                           bool skipChecksum,
-                                           DataSink& sink);
+    // Hands all of what was started to the sink.
+    [[nodiscard]] Result<> stream(DataSink& sink);
     [[nodiscard]] Result<std::unique_ptr<Decryptor>> decryptorFor(const EntryData& data,
                                                                   std::uint64_t dataOffset) const;
     [[nodiscard]] Result<> checkDescriptor(const EntryData& data, const Located& located);
     [[nodiscard]] Result<Decoder*> decoderFor(const EntryData& data);
 
-    const File& file_;
+    const ByteSource& file_;
     const Password* password_;
     OneShotInflater inflater_;
     std::unique_ptr<Decoder> inflateDecoder_;  // kept: nearly every large entry needs it
@@ -115,6 +140,7 @@ class EntryReader {
     std::uint64_t inputOffset_ = 0;  // where in the file it was read
     std::size_t inputSize_ = 0;      // how much of it is good
     std::unique_ptr<std::uint8_t[]> output_;
+    Running running_;
 };
 
 }  // namespace pellumar::archive

@@ -3,10 +3,13 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
+#include <span>
 #include <string_view>
 #include <vector>
 
 #include "archive/base/Entry.h"
+#include "archive/base/Error.h"
 #include "archive/codecs/Decryptor.h"
 
 namespace pellumar::archive {
@@ -20,6 +23,8 @@ struct EntryData {
     std::uint64_t slotEnd = 0;
     std::uint16_t flags = 0;
     Encryption encryption;
+    // Where the entry is, is not known: it has a fault, and no slot.
+    bool placeless = false;
     bool namedAsFolder = false;
     // The sizes may be the lower 32 bits of the true ones: the archive has no ZIP64 records.
     bool sizesMayBeCut = false;
@@ -45,14 +50,37 @@ class EntryTable {
     void addNameless(std::uint64_t localHeaderOffset) { nameless_.push_back(localHeaderOffset); }
     [[nodiscard]] bool isNameless(std::uint64_t localHeaderOffset) const;
 
+    // Remembers what is wrong with the entry at `index`, at that offset of the file; of several
+    // faults of one entry the first. At kNoEntry it is one of the folder itself.
+    void addFault(std::size_t index, ErrorCode code, std::uint64_t offset);
+    static constexpr std::size_t kNoEntry = static_cast<std::size_t>(-1);
+    // The fault that was found first, of those entries and of the folder itself.
+    [[nodiscard]] std::optional<Error> firstFault() const;
+    // That of an entry that has one.
+    [[nodiscard]] Error faultOf(std::size_t index) const;
+
+    // A table of the entries at these indices, each in the directory's order and once, whose paths
+    // have lost so many leading components; without those that have no more. It lives no longer
+    // than this one.
+    [[nodiscard]] EntryTable selected(std::span<const std::size_t> indices,
+                                      std::size_t stripComponents) const;
+
     [[nodiscard]] std::size_t size() const { return entries_.size(); }
     [[nodiscard]] const EntryData& operator[](std::size_t index) const { return entries_[index]; }
     [[nodiscard]] EntryData& operator[](std::size_t index) { return entries_[index]; }
 
   private:
+    struct Fault {
+        std::size_t index = 0;
+        ErrorCode code = ErrorCode::kInvalidArgument;
+        std::uint64_t offset = 0;
+    };
+
     void addBlock(std::size_t size);
+    [[nodiscard]] Error errorOf(const Fault& fault) const;
 
     std::vector<EntryData> entries_;
+    std::vector<Fault> faults_;
     std::vector<std::uint64_t> nameless_;
     std::vector<std::unique_ptr<char[]>> blocks_;
     std::size_t freeInBlock_ = 0;

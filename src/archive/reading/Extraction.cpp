@@ -1,6 +1,9 @@
 #include "archive/reading/Extraction.h"
 
+#include <fcntl.h>
 #include <linux/limits.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <atomic>
@@ -10,11 +13,10 @@
 #include <string>
 #include <string_view>
 #include <system_error>
-#include <thread>
 #include <utility>
 #include <vector>
 
-#include "archive/base/WithinMemory.h"
+#include "archive/base/ProgressTeller.h"
 #include "archive/reading/BackgroundSink.h"
 #include "archive/reading/DestinationTree.h"
 #include "archive/reading/EntryReader.h"
@@ -22,12 +24,13 @@
 #include "archive/reading/FileSink.h"
 #include "archive/reading/FolderMaker.h"
 #include "archive/reading/LinkSafety.h"
+#include "archive/reading/ReaderThreads.h"
+#include "archive/reading/WatchedSink.h"
 
 namespace pellumar::archive {
 
 namespace {
 
-constexpr unsigned kMostThreads = 8;
 // From this size on writing behind pays for another thread.
 constexpr std::uint64_t kGiant = 16UL * 1024 * 1024;
 // How many entries a thread checks before it takes the next ones.
@@ -83,32 +86,27 @@ class Run {
 // One extraction: its plan, and the state that its threads share.
 class Extraction {
   public:
-    Extraction(const ArchiveReader& archive,
+    Extraction(const ByteSource& source,
+               const EntryTable& entries,
                const DestinationTree& tree,
                ExtractionPlan plan,
                const ExtractionOptions& options)
-        : archive_(archive),
+        : entries_(entries),
           tree_(tree),
           plan_(std::move(plan)),
           folders_(tree),
           options_(options),
-          threads_(options.threads != 0
-                       ? options.threads
-                       : std::clamp(std::thread::hardware_concurrency(), 1U, kMostThreads)),
-          readers_(threads_),
+          progress_(options.progress),
+          isWatched_(options.progress || options.stop.stop_possible() ||
+                     options.limits.bytes != ExtractionLimits::kNone),
+          threads_(source, options),
           links_([this](std::string_view path) { return plan_.holdsFolder(path); }) {}
 
-    Result<ExtractionResult> run() {
-        const DestinationTree::Room room = tree_.room();
-        if (const std::uint64_t needed = plan_.bytesOnDisk(room.blockSize); needed > room.bytes) {
-            return Failure(Error{.code = ErrorCode::kTooLarge,
-                                 .entry = {},
-                                 .bytesNeeded = needed,
-                                 .bytesFree = room.bytes});
+    Result<ExtractionReport> run() {
+        if (auto affordable = checkCost(); !affordable) {
+            return passOn(affordable);
         }
-        if (plan_.nodes() > room.nodes) {
-            return failure(ErrorCode::kTooLarge);
-        }
+        progress_.expect(plan_.nodes(), plan_.bytes);
         if (auto checked = checkEntries(); !checked) {
             return passOn(checked);
         }
@@ -119,12 +117,21 @@ class Extraction {
         if (firstError_) {
             return Failure(std::move(*firstError_));
         }
-        if (auto made = folders_.makeLinks(plan_.links, links_); !made) {
+        ExtractionReport report{.entries = plan_.nodes(),
+                                .bytes = plan_.bytes,
+                                .skipped = skipped_,
+                                .renamed = renamed_};
+        if (auto made = folders_.makeLinks(plan_.links, links_, options_.existing, report); !made) {
             return passOn(made);
         }
         folders_.restoreMetadata(plan_.folders, plan_.warnings);
-        return ExtractionResult{
-            .entries = plan_.nodes(), .bytes = plan_.bytes, .warnings = std::move(plan_.warnings)};
+        if (options_.sync && ::syncfs(tree_.descriptor()) != 0) {
+            return systemFailure(ErrorCode::kWriteFailed);
+        }
+        report.entries -= report.skipped;
+        report.warnings = std::move(plan_.warnings);
+        progress_.finish();
+        return report;
     }
 
   private:
@@ -134,10 +141,32 @@ class Extraction {
                              .offset = link.entry.localHeaderOffset});
     }
 
+    // What the archive would take, of the disk and of what the caller allows.
+    Result<> checkCost() const {
+        const ExtractionLimits& limits = options_.limits;
+        if (plan_.nodes() > limits.entries || plan_.bytes > limits.bytes) {
+            return failure(ErrorCode::kOverLimit);
+        }
+        for (const EntryData* file : plan_.files) {
+            if (isOverRatio(file->entry, limits.ratio)) {
+                return Failure(Error{.code = ErrorCode::kOverLimit,
+                                     .entry = std::string(file->entry.path),
+                                     .offset = file->entry.localHeaderOffset});
+            }
+        }
+        const DestinationTree::Room room = tree_.room();
+        if (const std::uint64_t needed = plan_.bytesOnDisk(room.blockSize); needed > room.bytes) {
+            return Failure(Error{.code = ErrorCode::kTooLarge,
+                                 .entry = {},
+                                 .bytesNeeded = needed,
+                                 .bytesFree = room.bytes});
+        }
+        return plan_.nodes() > room.nodes ? failure(ErrorCode::kTooLarge) : Result<>();
+    }
+
     // All that can be wrong with an entry short of its data, before anything is made.
     Result<> checkEntries() {
-        const std::size_t pieces =
-            (archive_.entries().size() + kEntriesInCheck - 1) / kEntriesInCheck;
+        const std::size_t pieces = (entries_.size() + kEntriesInCheck - 1) / kEntriesInCheck;
         onThreads(pieces, [this](EntryReader& reader) { checkHeaders(reader); });
         if (firstError_) {
             return Failure(std::move(*firstError_));
@@ -146,7 +175,7 @@ class Extraction {
         if (plan_.links.empty()) {
             return {};
         }
-        auto reader = readerOf(0);
+        auto reader = threads_.readerOf(0);
         if (!reader) {
             return passOn(reader);
         }
@@ -155,7 +184,7 @@ class Extraction {
 
     // What is taken is checked to its end, so that the error that comes out is always the first.
     void checkHeaders(EntryReader& reader) {
-        const EntryTable& entries = archive_.entries();
+        const EntryTable& entries = entries_;
         const auto headerAt = [&entries](std::size_t i) {
             const std::uint64_t offset = entries[i].entry.localHeaderOffset;
             return std::pair(offset, std::min(entries[i].slotEnd, offset + kNear));
@@ -223,48 +252,11 @@ class Extraction {
         return {};
     }
 
-    // Lets no more than `most` threads work, this one among them, each with a reader of its own.
     template <typename Work>
-    void onThreads(std::size_t most, Work work) {
-        const auto workWithReader = [this, work](std::size_t thread) {
-            auto worked = withinMemory([this, &work, thread]() -> Result<> {
-                auto reader = readerOf(thread);
-                if (!reader) {
-                    return passOn(reader);
-                }
-                work(**reader);
-                return {};
-            });
-            if (!worked) {
-                report(nullptr, std::move(worked.error()));
-            }
-        };
-        const std::size_t count = std::min<std::size_t>(threads_, most);
-        std::vector<std::thread> helpers;
-        helpers.reserve(count);
-        for (std::size_t i = 1; i < count; ++i) {
-            try {
-                helpers.emplace_back(workWithReader, i);
-            } catch (const std::system_error&) {
-                break;  // fewer threads take longer, no more
-            }
+    void onThreads(std::size_t most, const Work& work) {
+        if (auto ran = threads_.run(most, work); !ran) {
+            report(nullptr, std::move(ran.error()));
         }
-        workWithReader(0);
-        for (std::thread& helper : helpers) {
-            helper.join();
-        }
-    }
-
-    Result<EntryReader*> readerOf(std::size_t thread) {
-        std::unique_ptr<EntryReader>& reader = readers_[thread];
-        if (!reader) {
-            auto made = EntryReader::create(archive_.file(), options_.password);
-            if (!made) {
-                return passOn(made);
-            }
-            reader = std::move(*made);
-        }
-        return reader.get();
     }
 
     void extractFiles(EntryReader& reader) {
@@ -287,6 +279,10 @@ class Extraction {
                     return;
                 }
                 const EntryData& data = *plan_.files[i];
+                if (options_.stop.stop_requested()) {
+                    report(&data, failure(ErrorCode::kCancelled).value());
+                    return;
+                }
                 const Reading reading{.soonUntil = run.endFrom(i, end, slotAt),
                                       .inBackground = inBackground};
                 if (auto extracted = extract(data, reader, cursor, reading); !extracted) {
@@ -326,11 +322,17 @@ class Extraction {
         if (!folder) {
             return Failure(std::move(folder.error()).about(entry.path, entry.localHeaderOffset));
         }
+        if (options_.existing == ExistingFiles::kSkip && isThere(*folder, entry)) {
+            skipped_.fetch_add(1, std::memory_order_relaxed);
+            progress_.addBytes(entry.uncompressedSize, entry.path);
+            progress_.addEntry(entry.path);
+            return {};
+        }
         std::unique_lock<std::mutex> oneLargeWindow(largeWindow_, std::defer_lock);
         if (needsLargeWindow(entry.method, entry.uncompressedSize)) {
             oneLargeWindow.lock();
         }
-        FileSink file(*folder, entry);
+        FileSink file(*folder, entry, options_.existing);
         if (auto read = readInto(file, data, reader, reading); !read) {
             return read;
         }
@@ -338,6 +340,8 @@ class Extraction {
         if (auto finished = file.finish(&restored); !finished) {
             return Failure(std::move(finished.error()).about(entry.path, entry.localHeaderOffset));
         }
+        renamed_.fetch_add(file.isRenamed() ? 1 : 0, std::memory_order_relaxed);
+        progress_.addEntry(entry.path);
         if (!restored) {
             const std::lock_guard lock(mutex_);
             plan_.warnings.add(
@@ -349,17 +353,37 @@ class Extraction {
     // Whether the task is one of the last giants, so that a core has nothing better to do than to
     // write what this one unpacks.
     [[nodiscard]] bool isLonelyGiant(std::size_t task) const {
-        const std::size_t later = task + threads_ - 1;
+        const std::size_t later = task + threads_.count() - 1;
         const auto isGiant = [this](std::size_t index) {
             return plan_.files[plan_.tasks[index].first]->entry.uncompressedSize >= kGiant;
         };
-        return threads_ > 1 && isGiant(task) && (later >= plan_.tasks.size() || !isGiant(later));
+        return threads_.count() > 1 && isGiant(task) &&
+               (later >= plan_.tasks.size() || !isGiant(later));
+    }
+
+    static bool isThere(int folder, const Entry& entry) {
+        struct stat status {};
+        return ::fstatat(folder,
+                         std::string(lastComponent(entry.path)).c_str(),
+                         &status,
+                         AT_SYMLINK_NOFOLLOW) == 0;
     }
 
     Result<> readInto(FileSink& file,
                       const EntryData& data,
                       EntryReader& reader,
                       const Reading& reading) {
+        if (!isWatched_) {
+            return readIntoSink(file, data, reader, reading);
+        }
+        WatchedSink watched(file, data.entry, options_, progress_);
+        return readIntoSink(watched, data, reader, reading);
+    }
+
+    Result<> readIntoSink(DataSink& file,
+                          const EntryData& data,
+                          EntryReader& reader,
+                          const Reading& reading) {
         if (!reading.inBackground) {
             return reader.read(data, options_.skipChecksum, file, reading.soonUntil);
         }
@@ -385,18 +409,21 @@ class Extraction {
         failed_.store(true, std::memory_order_relaxed);
     }
 
-    const ArchiveReader& archive_;
+    const EntryTable& entries_;
     const DestinationTree& tree_;
     ExtractionPlan plan_;
     FolderMaker folders_;
-    const ExtractionOptions options_;
-    const unsigned threads_;
-    std::vector<std::unique_ptr<EntryReader>> readers_;  // for each thread, once it needs one
+    const ExtractionOptions& options_;
+    ProgressTeller progress_;
+    const bool isWatched_;
+    ReaderThreads threads_;
     LinkSafety links_;
 
     std::atomic<std::size_t> nextCheck_ = 0;
     std::atomic<std::size_t> nextTask_ = 0;
     std::atomic<std::size_t> tried_ = 0;
+    std::atomic<std::size_t> skipped_ = 0;
+    std::atomic<std::size_t> renamed_ = 0;
     std::atomic<bool> failed_ = false;
     std::mutex largeWindow_;
     std::mutex mutex_;  // guards what follows, and the plan's warnings
@@ -407,9 +434,19 @@ class Extraction {
 
 }  // namespace
 
-Result<ExtractionResult> extractAll(const ArchiveReader& archive,
-                                    const std::filesystem::path& to,
-                                    const ExtractionOptions& options) {
+bool isOverRatio(const Entry& entry, std::uint64_t ratio) {
+    const std::uint64_t packed = std::max<std::uint64_t>(entry.compressedSize, 1);
+    const std::uint64_t whole = entry.uncompressedSize / packed;
+    return whole > ratio || (whole == ratio && entry.uncompressedSize % packed != 0);
+}
+
+Result<ExtractionReport> extractInto(const std::filesystem::path& to,
+                                     const ByteSource& source,
+                                     const EntryTable& entries,
+                                     const ExtractionOptions& options) {
+    if (auto fault = entries.firstFault()) {
+        return Failure(*std::move(fault));
+    }
     auto tree = DestinationTree::open(to);
     if (!tree) {
         return passOn(tree);
@@ -419,12 +456,12 @@ Result<ExtractionResult> extractAll(const ArchiveReader& archive,
     // Whoever uses the files afterwards names them from the root: separator and NUL included, that
     // must not exceed PATH_MAX.
     const std::size_t longestPath = PATH_MAX - std::min<std::size_t>(rootLength + 2, PATH_MAX);
-    auto plan = planExtraction(archive.entries(),
-                               {.longestName = tree->longestName(), .longestPath = longestPath});
+    auto plan =
+        planExtraction(entries, {.longestName = tree->longestName(), .longestPath = longestPath});
     if (!plan) {
         return passOn(plan);
     }
-    return Extraction(archive, *tree, std::move(*plan), options).run();
+    return Extraction(source, entries, *tree, std::move(*plan), options).run();
 }
 
 }  // namespace pellumar::archive

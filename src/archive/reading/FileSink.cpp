@@ -6,14 +6,24 @@
 #include <unistd.h>
 
 #include <array>
+#include <cerrno>
 #include <utility>
 
+#include "archive/base/FreeName.h"
 #include "archive/reading/DestinationTree.h"
 
 namespace pellumar::archive {
 
-FileSink::FileSink(int folder, const Entry& entry)
-    : folder_(folder), entry_(entry), name_(lastComponent(entry.path)) {}
+namespace {
+
+// Of the names that are tried where one is taken.
+constexpr std::size_t kFirstNumber = 2;
+constexpr std::size_t kMostTries = 10'000;
+
+}  // namespace
+
+FileSink::FileSink(int folder, const Entry& entry, ExistingFiles existing)
+    : folder_(folder), entry_(entry), existing_(existing), name_(lastComponent(entry.path)) {}
 
 FileSink::~FileSink() {
     if (named_) {
@@ -33,40 +43,81 @@ Result<> FileSink::expectMore(std::uint64_t bytes) {
 
 Result<> FileSink::write(ByteView bytes) {
     if (!unfinished_.isOpen()) {
-        // Told now, not when all of it is unpacked.
-        struct stat there {};
-        if (::fstatat(folder_, name_.c_str(), &there, AT_SYMLINK_NOFOLLOW) == 0) {
-            return failure(ErrorCode::kAlreadyExists);
+        if (auto made = makeUnfinished(); !made) {
+            return made;
         }
-        auto made = UnfinishedFile::create(folder_, static_cast<mode_t>(entry_.permissions));
-        if (!made) {
-            Error error = std::move(made.error());
-            if (error.code == ErrorCode::kOpenFailed) {
-                error.code = ErrorCode::kWriteFailed;  // it is the destination, not the archive
-            }
-            return Failure(std::move(error));
-        }
-        unfinished_ = std::move(*made);
     }
     return unfinished_.file().write(bytes);
 }
 
+Result<> FileSink::makeUnfinished() {
+    // Told now, not when all of it is unpacked.
+    struct stat there {};
+    const bool isThere = ::fstatat(folder_, name_.c_str(), &there, AT_SYMLINK_NOFOLLOW) == 0;
+    const bool replaces = existing_ == ExistingFiles::kOverwrite && !S_ISDIR(there.st_mode);
+    if (isThere && !replaces && existing_ != ExistingFiles::kRename) {
+        return failure(ErrorCode::kAlreadyExists);
+    }
+    auto made = UnfinishedFile::create(folder_, static_cast<mode_t>(entry_.permissions));
+    if (!made) {
+        Error error = std::move(made.error());
+        if (error.code == ErrorCode::kOpenFailed) {
+            error.code = ErrorCode::kWriteFailed;  // it is the destination, not the archive
+        }
+        return Failure(std::move(error));
+    }
+    unfinished_ = std::move(*made);
+    return {};
+}
+
 Result<> FileSink::writeVerified(ByteView bytes) {
-    // O_EXCL neither follows a link nor takes what is there.
-    file_ = File(::openat(folder_,
-                          name_.c_str(),
-                          O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
-                          static_cast<mode_t>(entry_.permissions)));
-    if (!file_.isOpen()) {
-        return systemFailure(ErrorCode::kWriteFailed);
+    if (auto made = makeNamed(); !made) {
+        const bool replaces = existing_ == ExistingFiles::kOverwrite;
+        return replaces && made.error().code == ErrorCode::kAlreadyExists ? write(bytes) : made;
     }
     named_ = true;
     return file_.write(bytes);
 }
 
+Result<> FileSink::makeNamed() {
+    const std::string wanted = name_;
+    for (std::size_t number = kFirstNumber; number < kMostTries; ++number) {
+        // O_EXCL neither follows a link nor takes what is there.
+        file_ = File(::openat(folder_,
+                              name_.c_str(),
+                              O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
+                              static_cast<mode_t>(entry_.permissions)));
+        if (file_.isOpen()) {
+            return {};
+        }
+        if (errno != EEXIST || existing_ != ExistingFiles::kRename) {
+            return systemFailure(ErrorCode::kWriteFailed);
+        }
+        name_ = numberedName(wanted, number);
+        renamed_ = true;
+    }
+    return failure(ErrorCode::kAlreadyExists);
+}
+
+Result<> FileSink::nameUnfinished() {
+    const auto policy = existing_ == ExistingFiles::kOverwrite ? UnfinishedFile::Existing::kReplace
+                                                               : UnfinishedFile::Existing::kRefuse;
+    const std::string wanted = name_;
+    for (std::size_t number = kFirstNumber; number < kMostTries; ++number) {
+        auto named = unfinished_.giveName(name_, policy);
+        if (named || named.error().code != ErrorCode::kAlreadyExists ||
+            existing_ != ExistingFiles::kRename) {
+            return named;
+        }
+        name_ = numberedName(wanted, number);
+        renamed_ = true;
+    }
+    return failure(ErrorCode::kAlreadyExists);
+}
+
 Result<> FileSink::finish(bool* restored) {
     if (unfinished_.isOpen()) {
-        if (auto named = unfinished_.giveName(name_, UnfinishedFile::Existing::kRefuse); !named) {
+        if (auto named = nameUnfinished(); !named) {
             return named;
         }
         file_ = std::move(unfinished_.file());

@@ -3,11 +3,12 @@
 #include <cstdint>
 #include <string>
 
+#include "archive/base/DataSink.h"
 #include "archive/base/Entry.h"
 #include "archive/base/Error.h"
+#include "archive/base/ExtractionOptions.h"
 #include "archive/base/File.h"
 #include "archive/base/UnfinishedFile.h"
-#include "archive/reading/DataSink.h"
 
 namespace pellumar::archive {
 
@@ -17,8 +18,9 @@ namespace pellumar::archive {
 class FileSink final : public DataSink {
   public:
     // Will make the file for `entry` in the folder behind `folder`, a descriptor that stays open as
-    // long as the sink.
-    FileSink(int folder, const Entry& entry);
+    // long as the sink. What stands there under its name is treated as `existing` says, but not
+    // skipped: that is to be asked before.
+    FileSink(int folder, const Entry& entry, ExistingFiles existing = ExistingFiles::kRefuse);
     FileSink(const FileSink&) = delete;
     FileSink& operator=(const FileSink&) = delete;
     ~FileSink() override;
@@ -26,7 +28,8 @@ class FileSink final : public DataSink {
     // kTooLarge if the file system has no room for them.
     [[nodiscard]] Result<> expectMore(std::uint64_t bytes) override;
 
-    // kAlreadyExists if anything stands under the name, a dangling link included.
+    // kAlreadyExists if anything stands under the name, a dangling link included, that is neither
+    // to be replaced nor to be gone round.
     [[nodiscard]] Result<> write(ByteView bytes) override;
     [[nodiscard]] Result<> writeVerified(ByteView bytes) override;
 
@@ -36,9 +39,19 @@ class FileSink final : public DataSink {
     // folder's access list takes off new files.
     [[nodiscard]] Result<> finish(bool* restored);
 
+    // Whether the file has another name than its entry's; known when it is finished.
+    [[nodiscard]] bool isRenamed() const { return renamed_; }
+
   private:
+    [[nodiscard]] Result<> makeUnfinished();
+    // Makes the file under its name, or the next that is free.
+    [[nodiscard]] Result<> makeNamed();
+    [[nodiscard]] Result<> nameUnfinished();
+
     int folder_;
     const Entry& entry_;
+    ExistingFiles existing_;
+    bool renamed_ = false;
     std::string name_;
     UnfinishedFile unfinished_;
     File file_;           // the file once it stands under its name

@@ -9,6 +9,8 @@
 #include <string>
 #include <utility>
 
+#include "archive/base/FreeName.h"
+
 namespace pellumar::archive {
 
 namespace {
@@ -68,39 +70,71 @@ void FolderMaker::restoreEarly(std::size_t index, const Entry& entry, int descri
 }
 
 Result<> FolderMaker::makeLinks(const std::vector<const EntryData*>& links,
-                                const LinkSafety& targets) {
-    for (std::size_t i = 0; i < links.size(); ++i) {
-        const Entry& entry = links[i]->entry;
-        if (auto made = makeLink(entry, targets.targetOf(entry.path)); !made) {
+                                const LinkSafety& targets,
+                                ExistingFiles existing,
+                                ExtractionReport& report) {
+    std::vector<std::string> made;
+    for (const EntryData* link : links) {
+        const Entry& entry = link->entry;
+        auto path = makeLink(entry, targets.targetOf(entry.path), existing);
+        if (!path) {
             // A file system that took two of them for one has others lead elsewhere.
-            for (std::size_t earlier = i; earlier-- > 0;) {
-                removeLink(links[earlier]->entry);
+            for (const std::string& earlier : made) {
+                removeLink(earlier);
             }
-            return Failure(std::move(made.error()).about(entry.path, entry.localHeaderOffset));
+            return Failure(std::move(path.error()).about(entry.path, entry.localHeaderOffset));
+        }
+        report.skipped += path->empty() ? 1U : 0U;
+        report.renamed += !path->empty() && *path != entry.path ? 1U : 0U;
+        if (!path->empty()) {
+            made.push_back(std::move(*path));
         }
     }
     return {};
 }
 
-void FolderMaker::removeLink(const Entry& entry) {
-    if (auto parent = cursor_.enterParentOf(entry.path)) {
-        ::unlinkat(*parent, std::string(lastComponent(entry.path)).c_str(), 0);
+void FolderMaker::removeLink(std::string_view path) {
+    if (auto parent = cursor_.enterParentOf(path)) {
+        ::unlinkat(*parent, std::string(lastComponent(path)).c_str(), 0);
     }
 }
 
-Result<> FolderMaker::makeLink(const Entry& entry, const std::string& target) {
+Result<std::string> FolderMaker::makeLink(const Entry& entry,
+                                          const std::string& target,
+                                          ExistingFiles existing) {
     auto parent = cursor_.enterParentOf(entry.path);
     if (!parent) {
         return passOn(parent);
     }
-    const std::string name(lastComponent(entry.path));
-    if (::symlinkat(target.c_str(), *parent, name.c_str()) != 0) {
-        return systemFailure(ErrorCode::kWriteFailed);
+    std::string path(entry.path);
+    const auto name = [&path] { return std::string(lastComponent(path)); };
+    const bool replaces = existing == ExistingFiles::kOverwrite;
+    const bool goesRound = replaces || existing == ExistingFiles::kRename;
+    constexpr std::size_t kMostTries = 10'000;
+    for (std::size_t number = 2; ::symlinkat(target.c_str(), *parent, name().c_str()) != 0;
+         ++number) {
+        if (errno == EEXIST && existing == ExistingFiles::kSkip) {
+            return std::string();
+        }
+        if (errno != EEXIST || !goesRound || number == kMostTries) {
+            return systemFailure(ErrorCode::kWriteFailed);
+        }
+        path = replaces ? temporaryName() : numberedName(entry.path, number);
     }
     // Few look at a link's own time; a system that cannot set it is not worth a warning.
     static_cast<void>(
-        ::utimensat(*parent, name.c_str(), timesOf(entry).data(), AT_SYMLINK_NOFOLLOW));
-    return {};
+        ::utimensat(*parent, name().c_str(), timesOf(entry).data(), AT_SYMLINK_NOFOLLOW));
+    if (replaces && path != entry.path) {
+        const std::string wanted(lastComponent(entry.path));
+        if (::renameat(*parent, path.c_str(), *parent, wanted.c_str()) != 0) {
+            const bool isFolder = errno == EISDIR;
+            Failure failed = systemFailure(ErrorCode::kWriteFailed);
+            ::unlinkat(*parent, path.c_str(), 0);
+            return isFolder ? failure(ErrorCode::kAlreadyExists) : std::move(failed);
+        }
+        path = entry.path;
+    }
+    return path;
 }
 
 void FolderMaker::restoreMetadata(const std::vector<ExtractionPlan::Folder>& folders,

@@ -3,9 +3,11 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "archive/base/Error.h"
+#include "archive/base/ExtractionOptions.h"
 #include "archive/base/Warning.h"
 #include "archive/reading/DestinationTree.h"
 #include "archive/reading/ExtractionPlan.h"
@@ -29,8 +31,11 @@ class FolderMaker {
     void restoreEarly(std::size_t index, const Entry& entry, int descriptor);
 
     // Makes the links with the targets that `targets` has for them: all, or after a failure none.
+    // What stands there already is treated as `existing` says, and counted in the report.
     [[nodiscard]] Result<> makeLinks(const std::vector<const EntryData*>& links,
-                                     const LinkSafety& targets);
+                                     const LinkSafety& targets,
+                                     ExistingFiles existing,
+                                     ExtractionReport& report);
 
     // Gives the other folders that makeAll made, and that have an entry, their permissions and
     // times. Until then their owner may write in them, whatever the archive says. What the system
@@ -42,8 +47,11 @@ class FolderMaker {
 
     // Whether it was made or had been there.
     [[nodiscard]] Result<State> make(const ExtractionPlan::Folder& folder);
-    [[nodiscard]] Result<> makeLink(const Entry& entry, const std::string& target);
-    void removeLink(const Entry& entry);
+    // Returns the path that it has; empty if it was skipped.
+    [[nodiscard]] Result<std::string> makeLink(const Entry& entry,
+                                               const std::string& target,
+                                               ExistingFiles existing);
+    void removeLink(std::string_view path);
     [[nodiscard]] bool restore(const Entry& entry);
     // Whether mkdir gave it its permissions for good, as the owner keeps all rights.
     [[nodiscard]] static bool hasPermissions(const Entry& entry);

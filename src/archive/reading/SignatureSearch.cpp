@@ -28,7 +28,7 @@ bool looksLikeLocalHeader(ByteView bytes) {
 
 }  // namespace
 
-Result<std::optional<std::uint64_t>> findSignature(const File& file,
+Result<std::optional<std::uint64_t>> findSignature(const ByteSource& file,
                                                    std::uint32_t signature,
                                                    std::uint64_t start,
                                                    std::uint64_t end) {
@@ -52,7 +52,7 @@ Result<std::optional<std::uint64_t>> findSignature(const File& file,
     return std::nullopt;
 }
 
-Result<std::optional<std::uint64_t>> findLocalHeader(const File& file,
+Result<std::optional<std::uint64_t>> findLocalHeader(const ByteSource& file,
                                                      std::uint64_t start,
                                                      std::uint64_t end) {
     // What was deleted stands where a gap begins; gaps may be gigabytes.

@@ -3,22 +3,22 @@
 #include <cstdint>
 #include <optional>
 
+#include "archive/base/ByteSource.h"
 #include "archive/base/Error.h"
-#include "archive/base/File.h"
 
 namespace pellumar::archive {
 
 // The offset of the first place between `start` and `end` where the record with this signature
 // could begin, all of its four bytes before `end`; nothing if there is none. Reads up to there, in
 // pieces. kReadFailed, kTruncated.
-[[nodiscard]] Result<std::optional<std::uint64_t>> findSignature(const File& file,
+[[nodiscard]] Result<std::optional<std::uint64_t>> findSignature(const ByteSource& file,
                                                                  std::uint32_t signature,
                                                                  std::uint64_t start,
                                                                  std::uint64_t end);
 
 // The offset of the first local file header, by its looks, in the gap from `start` to `end`: looked
 // for at the gap's beginning, where deleted entries leave theirs.
-[[nodiscard]] Result<std::optional<std::uint64_t>> findLocalHeader(const File& file,
+[[nodiscard]] Result<std::optional<std::uint64_t>> findLocalHeader(const ByteSource& file,
                                                                    std::uint64_t start,
                                                                    std::uint64_t end);
 

@@ -49,8 +49,9 @@ format::EntryRecord recordOf(std::string name,
         }
     } else {
         record.method = format::kMethodDeflate;
-        record.encrypted = source.password != nullptr;
-        record.aesStrength = record.encrypted ? aesStrengthOf(source.encryption) : std::uint8_t{0};
+        record.encrypted = source.options.password != nullptr;
+        record.aesStrength =
+            record.encrypted ? aesStrengthOf(source.options.encryption) : std::uint8_t{0};
         // Before it is read the checksum is not known, by which the password would be checked else.
         record.described = record.encrypted && record.aesStrength == 0;
         record.zip64Sizes =
@@ -96,6 +97,20 @@ class AtExit {
 };
 
 }  // namespace
+
+ArchiveWriter::Source::Source(const EntrySource& source)
+    : Source(source.path, source.base / source.path) {
+    options.password = source.password;
+    options.encryption = source.encryption;
+}
+
+bool operator==(const ArchiveWriter::Source& one, const ArchiveWriter::Source& other) {
+    return one.name == other.name && one.file == other.file && one.linkAsLink == other.linkAsLink &&
+           one.memory == other.memory && one.memoryType == other.memoryType &&
+           one.options.level == other.options.level &&
+           one.options.password == other.options.password &&
+           one.options.encryption == other.options.encryption;
+}
 
 class ArchiveWriter::State {
   public:
@@ -145,16 +160,16 @@ Result<> ArchiveWriter::State::add(const Source& source, std::size_t readSize) {
     const AtExit leave([this] { queue_.end(); });
     Result<> result = opened ? addOpened(source, *opened) : passOn(opened);
     return std::move(result).map_error(
-        [&source](Error&& error) { return std::move(error).about(source.path, 0); });
+        [&source](Error&& error) { return std::move(error).about(source.name, 0); });
 }
 
 Result<> ArchiveWriter::State::addOpened(const Source& source,
                                          const CompressionQueue::Opened& opened) {
-    auto name = portableName(source.path);
+    auto name = portableName(source.name);
     if (!name) {
         return failure(ErrorCode::kInvalidArgument);
     }
-    const bool isOwnName = *name == source.path;
+    const bool isOwnName = *name == source.name;
     auto record = recordOf(*std::move(name), source, opened, output_.position());
     if (record.name.size() > format::kMax16) {
         return failure(ErrorCode::kInvalidArgument);
@@ -170,7 +185,7 @@ Result<> ArchiveWriter::State::addOpened(const Source& source,
         directory_.add(record);
         isWhole = true;
         if (!isOwnName) {
-            warnings_.add(WarningCode::kNameMadePortable, source.path, record.localHeaderOffset);
+            warnings_.add(WarningCode::kNameMadePortable, source.name, record.localHeaderOffset);
         }
     }
     return written;

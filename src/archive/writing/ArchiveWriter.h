@@ -5,10 +5,13 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "archive/base/Entry.h"
 #include "archive/base/EntrySource.h"
 #include "archive/base/Error.h"
+#include "archive/base/NewEntry.h"
 #include "archive/base/Warning.h"
 #include "archive/writing/PendingFile.h"
 
@@ -17,7 +20,25 @@ namespace pellumar::archive {
 // The making side of Archive; see there for the contract of each operation.
 class ArchiveWriter {
   public:
-    using Source = EntrySource;
+    // What becomes an entry: what stands at `file`, or the bytes of `memory`.
+    struct Source {
+        std::string name;
+        std::filesystem::path file;
+        // Of a symbolic link at `file` the link itself.
+        bool linkAsLink = false;
+        // A file's content or a link's target, as `memoryType` says; that of a folder is empty.
+        std::shared_ptr<const std::vector<std::uint8_t>> memory;
+        EntryType memoryType = EntryType::kFile;
+        EntryOptions options;
+
+        Source() = default;
+        Source(std::string entryName, std::filesystem::path path)
+            : name(std::move(entryName)), file(std::move(path)) {}
+        explicit Source(const EntrySource& source);
+
+        // Whether one can be taken for the other when it is compressed.
+        friend bool operator==(const Source& one, const Source& other);
+    };
 
     // `threads` compress at once; 0 means as many as the machine has, up to eight. The bytes of the
     // archive do not depend on it.

@@ -15,7 +15,7 @@ namespace pellumar::archive {
 class CompressibilityProbe {
   public:
     // How much one answer is for; less at the end of a chunk.
-    static constexpr std::size_t kPieceSize = 32UL * 1024;
+    static constexpr std::size_t kProbedPiece = 32UL * 1024;
 
     // Forgets what was seen: to be called at the start of each chunk.
     void restart();

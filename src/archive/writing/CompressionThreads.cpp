@@ -44,10 +44,10 @@ class Worker {
     }
 
     [[nodiscard]] Result<SourceFile> open(const CompressionQueue::Source& source) const {
-        if (!portableName(source.path)) {
+        if (!portableName(source.name)) {
             return failure(ErrorCode::kInvalidArgument);
         }
-        return SourceFile::open(source.base / source.path, archive_);
+        return SourceFile::open(source.file, archive_);
     }
 
     [[nodiscard]] Result<CompressedChunk> compress(const CompressionQueue::Task& task) {
@@ -66,8 +66,9 @@ class Worker {
             output_ = buffers_.take();
         }
         CompressedChunk chunk;
-        if (task.chunk == 0 && task.source->password) {
-            auto encryptor = makeEncryptor(task.source->encryption, *task.source->password);
+        if (task.chunk == 0 && task.source->options.password) {
+            auto encryptor =
+                makeEncryptor(task.source->options.encryption, *task.source->options.password);
             if (!encryptor) {
                 return passOn(encryptor);
             }

@@ -8,8 +8,8 @@ namespace pellumar::archive {
 
 namespace {
 
-constexpr std::size_t kPieceSize = CompressibilityProbe::kPieceSize;
-constexpr std::size_t kMostPieces = DeflateCompressor::kChunkSize / kPieceSize;
+constexpr std::size_t kProbedPiece = CompressibilityProbe::kProbedPiece;
+constexpr std::size_t kMostPieces = DeflateCompressor::kChunkSize / kProbedPiece;
 
 // Each run begins a block of its own; a compressed one may be made open-ended before it is found to
 // be no smaller than stored, and libdeflate leaves a few bytes of its room unused.
@@ -46,12 +46,12 @@ std::size_t DeflateCompressor::compress(ByteView chunk, bool last, MutableBytes 
         return size;
     }
     std::array<bool, kMostPieces> worthwhile{};
-    const std::size_t pieces = (chunk.size() + kPieceSize - 1) / kPieceSize;
+    const std::size_t pieces = (chunk.size() + kProbedPiece - 1) / kProbedPiece;
     probe_.restart();
     for (std::size_t i = 0; i < pieces; ++i) {
-        const std::size_t start = i * kPieceSize;
+        const std::size_t start = i * kProbedPiece;
         worthwhile[i] =
-            probe_.isWorthwhile(chunk.subspan(start, std::min(kPieceSize, chunk.size() - start)));
+            probe_.isWorthwhile(chunk.subspan(start, std::min(kProbedPiece, chunk.size() - start)));
     }
     std::size_t done = 0;
     for (std::size_t first = 0; first < pieces;) {
@@ -59,8 +59,9 @@ std::size_t DeflateCompressor::compress(ByteView chunk, bool last, MutableBytes 
         while (end < pieces && worthwhile[end] == worthwhile[first]) {
             ++end;
         }
-        const std::size_t start = first * kPieceSize;
-        const ByteView run = chunk.subspan(start, std::min(end * kPieceSize, chunk.size()) - start);
+        const std::size_t start = first * kProbedPiece;
+        const ByteView run =
+            chunk.subspan(start, std::min(end * kProbedPiece, chunk.size()) - start);
         const bool lastRun = last && end == pieces;
         std::optional<std::size_t> size;
         if (worthwhile[first]) {

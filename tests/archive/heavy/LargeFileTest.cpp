@@ -4,6 +4,7 @@
 #include <fstream>
 
 #include "archive/Archive.h"
+#include "archive/Reader.h"
 #include "archive/base/Bytes.h"
 #include "archive/base/Crc32.h"
 #include "support/FileContents.h"
@@ -100,7 +101,7 @@ TEST(LargeFileTest, SizesOver4GiBWithoutZip64AreTaken) {
     ASSERT_TRUE(archive->addEntry("large", home.path(), CompressionMethod::kDeflate));
     ASSERT_TRUE(archive->close());
     fs::remove(home / "large");
-    const auto ours = Archive::open(home / "ours.zip", AccessMode::kRead);
+    const auto ours = Reader::open(home / "ours.zip");
     const Entry entry = (*ours)[0];
     const std::string bytes = test::readText(home / "ours.zip");
     const std::size_t data =

@@ -164,7 +164,7 @@ TEST_F(ArchiveWriterTest, MoreEntriesThanSixteenBitsCount) {
     std::vector<Source> all;
     for (int i = 0; i < kEntries; ++i) {
         all.push_back(source(std::to_string(i)));
-        fs::create_symlink("target", sources_ / all.back().path);
+        fs::create_symlink("target", sources_ / all.back().name);
     }
     auto writer = create();
     writer->compressAhead(all, kReadSize);

@@ -24,7 +24,7 @@ class ArchiveWriterTest : public testing::Test {
     using Source = ArchiveWriter::Source;
 
     [[nodiscard]] Source source(std::string path) const {
-        return {.path = std::move(path), .base = sources_.path()};
+        return Source({.path = std::move(path), .base = sources_.path()});
     }
     [[nodiscard]] std::filesystem::path archivePath() const { return archives_ / "made.zip"; }
 

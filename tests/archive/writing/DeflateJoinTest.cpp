@@ -148,7 +148,7 @@ TEST_P(DeflateCompressorTest, JoinsPartsIntoOneStream) {
 }
 
 TEST_P(DeflateCompressorTest, TakesEverySizeAroundPiecesAndChunks) {
-    constexpr std::size_t kPiece = CompressibilityProbe::kPieceSize;
+    constexpr std::size_t kPiece = CompressibilityProbe::kProbedPiece;
     const Bytes all = sampleContent(GetParam(), DeflateCompressor::kChunkSize);
     for (const std::size_t size : {std::size_t{0},
                                    std::size_t{1},
@@ -183,7 +183,7 @@ TEST(CompressibilityTest, IsJudgedInPieces) {
     mixed.insert(mixed.end(), text.begin(), text.end());
     mixed.insert(mixed.end(), noise.begin(), noise.end());
     const std::size_t mixedSize = compressed(compressor, mixed).size();
-    EXPECT_LT(mixedSize, 2 * noise.size() + textSize + 2 * CompressibilityProbe::kPieceSize);
+    EXPECT_LT(mixedSize, 2 * noise.size() + textSize + 2 * CompressibilityProbe::kProbedPiece);
     EXPECT_LT(textSize, text.size() / 2);
 }
 

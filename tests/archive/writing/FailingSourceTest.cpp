@@ -56,11 +56,11 @@ class FailingSourceTest : public ArchiveWriterTest {
             }
             for (const Source& next : all) {
                 const auto added = writer->addEntry(next, kReadSize);
-                if (next.path == "first" || next.path == "last") {
+                if (next.name == "first" || next.name == "last") {
                     ASSERT_TRUE(added) << added.error().describe();
                 } else {
-                    ASSERT_EQ(codeOf(added), code) << next.path;
-                    EXPECT_EQ(added.error().entry, next.path);
+                    ASSERT_EQ(codeOf(added), code) << next.name;
+                    EXPECT_EQ(added.error().entry, next.name);
                 }
             }
             ASSERT_TRUE(writer->close());
@@ -208,13 +208,13 @@ TEST_F(FailingSourceTest, AFailedWriteOfTheDirectoryIsToldByClosing) {
 // As when a thread has run out of memory where it could not blame an entry for it.
 TEST(CompressionQueue, TheWriterDoesNotWaitForWorkersThatAreGone) {
     CompressionQueue queue(1024, 1024, 4096);
-    queue.announce({{.path = "a", .base = "/"}}, 1024);
+    queue.announce({{"a", "/a"}}, 1024);
     std::thread worker([&queue] {
         ASSERT_TRUE(queue.takeTask());
         queue.fail(failure(ErrorCode::kOutOfMemory).value());
     });
     for (const char* path : {"a", "b"}) {
-        const auto opened = queue.begin({.path = path, .base = "/"}, 1024);
+        const auto opened = queue.begin({path, std::filesystem::path("/") / path}, 1024);
         ASSERT_FALSE(opened);
         EXPECT_EQ(opened.error().code, ErrorCode::kOutOfMemory);
         queue.end();

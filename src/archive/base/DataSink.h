@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 
 #include "archive/base/Bytes.h"
 #include "archive/base/Error.h"
@@ -9,9 +10,9 @@ namespace pellumar::archive {
 
 // What is unpacked and written at a time of an entry that streams: small enough to stay in the
 // cache in between.
-inline constexpr std::size_t kPieceSize = 256UL * 1024;
+inline constexpr std::size_t kStreamedPiece = 256UL * 1024;
 
-// Takes an entry's data in pieces, in order.
+// Takes an entry's data in pieces, in order. Write your own to have it go anywhere.
 class DataSink {
   public:
     DataSink() = default;
@@ -19,7 +20,7 @@ class DataSink {
     DataSink& operator=(const DataSink&) = delete;
     virtual ~DataSink() = default;
 
-    // A place for the next piece, kPieceSize long, where the sink wants to have it; else empty.
+    // A place for the next piece, kStreamedPiece long, where the sink wants to have it; else empty.
     [[nodiscard]] virtual MutableBytes room() { return {}; }
 
     // Says that so many bytes more will come than the entry declared. An error ends the reading.

@@ -1,0 +1,103 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <stop_token>
+#include <string>
+#include <vector>
+
+#include "archive/base/ByteOutput.h"
+#include "archive/base/Error.h"
+#include "archive/base/File.h"
+#include "archive/base/NewEntry.h"
+#include "archive/base/Progress.h"
+#include "archive/base/Warning.h"
+
+namespace pellumar::archive {
+
+class ArchiveWriter;
+
+// What a second entry of the same name gets, or one below what is a file.
+enum class SameNames : std::uint8_t {
+    kRefuse,  // kConflictingNames
+    kRename   // a name of its own: "name (2).ext", or the next number that is free, with a warning
+};
+
+struct WriterOptions {
+    // Takes the place of a file or link that stands at the path; otherwise that is kAlreadyExists.
+    bool replace = false;
+    SameNames sameNames = SameNames::kRefuse;
+    // The archive's bytes depend on names, contents and options alone: entries are of their
+    // options' time or of 1980-01-01 00:00, in UTC, and have the permissions 0644, 0755 for folders
+    // and what its owner may execute, 0777 for links. Encrypted entries differ each time all the
+    // same.
+    bool reproducible = false;
+    // The archive's, in UTF-8, at most 65,535 bytes.
+    std::string comment = {};
+    // How many compress at once; 0 means as many as the machine has, up to eight. The bytes do not
+    // depend on it.
+    unsigned threads = 0;
+    // Asked between pieces: kCancelled, and the entry is not in the archive. An archive that is
+    // closed nevertheless holds what was added before.
+    std::stop_token stop = {};
+    // Totals are those of addAll.
+    ProgressHandler progress = {};
+};
+
+// A ZIP archive that is being made. What is not closed is discarded: nothing of it stays.
+//
+// Belongs to one thread at a time, and has threads of its own inside until it is closed.
+class Writer {
+  public:
+    // At a path: until close() has succeeded nothing stands there but what stood there before.
+    [[nodiscard]] static Result<Writer> create(const std::filesystem::path& path,
+                                               WriterOptions options = {});
+    // Into something that is written from its beginning to its end: data descriptors stand behind
+    // entries of over 1 MiB. What has gone out cannot be discarded or taken back: after an entry
+    // that fails on its way every call fails. `replace` has no meaning.
+    [[nodiscard]] static Result<Writer> toOutput(std::unique_ptr<ByteOutput> output,
+                                                 WriterOptions options = {});
+    // The same into a descriptor, such as that of standard output, from its position on.
+    [[nodiscard]] static Result<Writer> toDescriptor(File file, WriterOptions options = {});
+
+    Writer(Writer&&) noexcept;
+    Writer& operator=(Writer&&) noexcept;
+    ~Writer();
+
+    // Adds one entry. On an error nothing of it is in the archive, and the next may be added; after
+    // kNoSpace or kWriteFailed that will fail as well unless room is made.
+    //
+    // A "\" in the name, or a beginning like that of a drive ("C:x"), would lead elsewhere on other
+    // systems: such a name is made portable, with a warning. kInvalidArgument for a name that is
+    // empty, absolute, longer than 65,535 bytes or has a ".." component, for options out of their
+    // range, and after close(). kSourceUnreadable, kSourceNotSupported, kSourceChanged of files.
+    [[nodiscard]] Result<> add(const NewEntry& entry);
+
+    // How addAll goes on after an entry.
+    enum class Next : std::uint8_t { kGoOn, kAgain, kStop };
+    // Told how adding the entry at that place went; says how to go on.
+    using AfterEach = std::function<Next(std::size_t index, const Result<>& added)>;
+
+    // Adds these entries in this order. Files are read and compressed ahead, on all processors and
+    // in bounded memory, so this is the fast way for many. Without `afterEach` it ends at the first
+    // error; with one the result is that of the last entry it was told of with kStop.
+    [[nodiscard]] Result<> addAll(const std::vector<NewEntry>& entries,
+                                  const AfterEach& afterEach = {});
+
+    // Writes the central directory and, at a path, sees everything onto the disk and gives the file
+    // its name. Closing twice does nothing.
+    [[nodiscard]] Result<> close();
+
+    // What was odd about what was added.
+    [[nodiscard]] const Warnings& warnings() const;
+
+  private:
+    explicit Writer(std::unique_ptr<ArchiveWriter> writer);
+
+    std::unique_ptr<ArchiveWriter> writer_;
+};
+
+}  // namespace pellumar::archive

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+// Names for what cannot have the one it should have.
+namespace pellumar::archive {
+
+// A path whose last component tells a number, in front of its extension: "a/name (2).ext".
+[[nodiscard]] std::string numberedName(std::string_view path, std::size_t number);
+
+// A name that nobody has, for a file that is being written: short, so that it fits wherever a name
+// does; not hidden, so that it is seen and cleared away.
+[[nodiscard]] std::string temporaryName();
+
+}  // namespace pellumar::archive
