@@ -18,7 +18,8 @@ Result<Archive> Archive::open(const std::filesystem::path& path, AccessMode mode
         auto writer =
             ArchiveWriter::create(path,
                                   mode == AccessMode::kReplace ? PendingFile::Existing::kReplace
-                                                               : PendingFile::Existing::kRefuse);
+                                                               : PendingFile::Existing::kRefuse,
+                                  {});
         if (!writer) {
             return passOn(writer);
         }

@@ -10,13 +10,69 @@ namespace pellumar::archive {
 
 namespace {
 
-Result<ArchiveWriter::Source> sourceOf(const NewEntry& entry) {
-    const auto* const at = std::get_if<NewEntry::FromPath>(&entry.content);
-    if (at == nullptr || at->linkAsLink) {
-        return failure(ErrorCode::kSourceNotSupported);
-    }
-    return ArchiveWriter::Source(entry.name, at->path);
+using Settings = ArchiveWriter::Settings;
+
+Settings settingsOf(WriterOptions options) {
+    return {.sameNames = options.sameNames == SameNames::kRename ? Settings::SameNames::kRename
+                                                                 : Settings::SameNames::kRefuse,
+            .reproducible = options.reproducible,
+            .comment = std::move(options.comment),
+            .threads = options.threads,
+            .stop = std::move(options.stop),
+            .progress = std::move(options.progress)};
 }
+
+ArchiveWriter::Source inMemory(EntryType type,
+                               std::shared_ptr<const std::vector<std::uint8_t>> bytes) {
+    ArchiveWriter::Source source;
+    source.memoryType = type;
+    source.memory = std::move(bytes);
+    return source;
+}
+
+// All of the entry but its stream.
+ArchiveWriter::Source sourceOf(const NewEntry& entry) {
+    ArchiveWriter::Source source;
+    if (const auto* at = std::get_if<NewEntry::FromPath>(&entry.content)) {
+        source.file = at->path;
+        source.linkAsLink = at->linkAsLink;
+    } else if (std::holds_alternative<NewEntry::Folder>(entry.content)) {
+        source = inMemory(EntryType::kFolder, nullptr);
+    } else if (const auto* link = std::get_if<NewEntry::Link>(&entry.content)) {
+        source = inMemory(
+            EntryType::kSymbolicLink,
+            std::make_shared<std::vector<std::uint8_t>>(link->target.begin(), link->target.end()));
+    } else if (const auto* buffer = std::get_if<NewEntry::Buffer>(&entry.content)) {
+        source = inMemory(EntryType::kFile, *buffer);
+    }
+    source.name = entry.name;
+    source.options = entry.options;
+    return source;
+}
+
+const NewEntry::Stream* streamOf(const NewEntry& entry) {
+    return std::get_if<NewEntry::Stream>(&entry.content);
+}
+
+// What can be told before anything is looked at.
+bool isValid(const NewEntry& entry) {
+    const auto* const at = std::get_if<NewEntry::FromPath>(&entry.content);
+    const auto* const link = std::get_if<NewEntry::Link>(&entry.content);
+    const auto* const stream = streamOf(entry);
+    return (at == nullptr || !at->path.empty()) && (link == nullptr || !link->target.empty()) &&
+           (stream == nullptr || *stream);
+}
+
+class DescriptorOutput final : public ByteOutput {
+  public:
+    explicit DescriptorOutput(File file) : file_(std::move(file)) {}
+
+    Result<> write(ByteView bytes) override { return file_.write(bytes); }
+    Result<> close() override { return file_.close(); }
+
+  private:
+    File file_;
+};
 
 }  // namespace
 
@@ -27,46 +83,76 @@ Writer::~Writer() = default;
 
 Result<Writer> Writer::create(const std::filesystem::path& path, WriterOptions options) {
     return withinMemory([&]() -> Result<Writer> {
-        auto writer = ArchiveWriter::create(
-            path,
-            options.replace ? PendingFile::Existing::kReplace : PendingFile::Existing::kRefuse,
-            options.threads);
-        if (!writer) {
-            return passOn(writer);
+        const auto existing =
+            options.replace ? PendingFile::Existing::kReplace : PendingFile::Existing::kRefuse;
+        auto writer = ArchiveWriter::create(path, existing, settingsOf(std::move(options)));
+        return writer ? Result<Writer>(Writer(std::move(*writer))) : passOn(writer);
+    });
+}
+
+Result<Writer> Writer::toOutput(std::unique_ptr<ByteOutput> output, WriterOptions options) {
+    return withinMemory([&]() -> Result<Writer> {
+        auto writer = ArchiveWriter::create(std::move(output), {}, settingsOf(std::move(options)));
+        return writer ? Result<Writer>(Writer(std::move(*writer))) : passOn(writer);
+    });
+}
+
+Result<Writer> Writer::toDescriptor(File file, WriterOptions options) {
+    return withinMemory([&]() -> Result<Writer> {
+        auto status = file.status();
+        if (!status) {
+            return passOn(status);
         }
-        return Writer(std::move(*writer));
+        auto writer = ArchiveWriter::create(std::make_unique<DescriptorOutput>(std::move(file)),
+                                            {.device = status->st_dev, .inode = status->st_ino},
+                                            settingsOf(std::move(options)));
+        return writer ? Result<Writer>(Writer(std::move(*writer))) : passOn(writer);
     });
 }
 
 Result<> Writer::add(const NewEntry& entry) {
     return withinMemory([&]() -> Result<> {
-        auto source = sourceOf(entry);
-        if (!source) {
-            return Failure(std::move(source.error()).about(entry.name, 0));
+        if (!isValid(entry)) {
+            return Failure(Error{.code = ErrorCode::kInvalidArgument, .entry = entry.name});
         }
-        return writer_->addEntry(*source, kDefaultWriteChunkSize);
+        const ArchiveWriter::Source source = sourceOf(entry);
+        const NewEntry::Stream* const stream = streamOf(entry);
+        return stream != nullptr ? writer_->addStream(source, *stream)
+                                 : writer_->addEntry(source, kDefaultWriteChunkSize);
     });
 }
 
 Result<> Writer::addAll(const std::vector<NewEntry>& entries, const AfterEach& afterEach) {
     return withinMemory([&]() -> Result<> {
-        std::vector<ArchiveWriter::Source> ahead;
-        for (const NewEntry& entry : entries) {
-            if (auto source = sourceOf(entry)) {
-                ahead.push_back(std::move(*source));
-            }
-        }
-        writer_->compressAhead(std::move(ahead), kDefaultWriteChunkSize);
+        writer_->expectEntries(entries.size());
+        announce(entries, 0);
         for (std::size_t i = 0; i < entries.size();) {
             const Result<> added = add(entries[i]);
-            const Next next = afterEach ? afterEach(i, added) : added ? Next::kGoOn : Next::kStop;
+            const Next otherwise = added ? Next::kGoOn : Next::kStop;
+            const Next next = afterEach ? afterEach(i, added) : otherwise;
             if (next == Next::kStop) {
+                writer_->compressAhead({}, kDefaultWriteChunkSize);
                 return added;
             }
-            i += next == Next::kGoOn ? 1U : 0U;
+            if (next == Next::kAgain) {
+                announce(entries, i);
+            } else {
+                ++i;
+            }
         }
         return {};
     });
+}
+
+void Writer::announce(const std::vector<NewEntry>& entries, std::size_t from) {
+    std::vector<ArchiveWriter::Source> ahead;
+    ahead.reserve(entries.size() - from);
+    for (std::size_t i = from; i < entries.size(); ++i) {
+        if (isValid(entries[i]) && streamOf(entries[i]) == nullptr) {
+            ahead.push_back(sourceOf(entries[i]));
+        }
+    }
+    writer_->compressAhead(std::move(ahead), kDefaultWriteChunkSize);
 }
 
 Result<> Writer::close() {

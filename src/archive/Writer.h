@@ -96,6 +96,8 @@ class Writer {
 
   private:
     explicit Writer(std::unique_ptr<ArchiveWriter> writer);
+    // Says which entries will be added, from one of them on.
+    void announce(const std::vector<NewEntry>& entries, std::size_t from);
 
     std::unique_ptr<ArchiveWriter> writer_;
 };

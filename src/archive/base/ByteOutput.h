@@ -16,6 +16,9 @@ class ByteOutput {
 
     // Writes all of them, or returns what whoever makes the archive is given.
     [[nodiscard]] virtual Result<> write(ByteView bytes) = 0;
+
+    // Called once, when all is written: whether it has arrived.
+    [[nodiscard]] virtual Result<> close() { return {}; }
 };
 
 }  // namespace pellumar::archive

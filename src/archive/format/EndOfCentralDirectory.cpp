@@ -38,7 +38,8 @@ void appendZip64End(std::vector<std::uint8_t>& out,
 void appendEndOfCentralDirectory(std::vector<std::uint8_t>& out,
                                  std::uint64_t entryCount,
                                  std::uint64_t directoryOffset,
-                                 std::uint64_t directorySize) {
+                                 std::uint64_t directorySize,
+                                 std::string_view comment) {
     if (entryCount >= kMax16 || directoryOffset >= kMax32 || directorySize >= kMax32) {
         appendZip64End(out, entryCount, directoryOffset, directorySize);
     }
@@ -50,7 +51,8 @@ void appendEndOfCentralDirectory(std::vector<std::uint8_t>& out,
     append(out, count);
     append(out, static_cast<std::uint32_t>(std::min<std::uint64_t>(directorySize, kMax32)));
     append(out, static_cast<std::uint32_t>(std::min<std::uint64_t>(directoryOffset, kMax32)));
-    append(out, std::uint16_t{0});  // comment
+    append(out, static_cast<std::uint16_t>(comment.size()));
+    append(out, ByteView(reinterpret_cast<const std::uint8_t*>(comment.data()), comment.size()));
 }
 
 }  // namespace pellumar::archive::format

@@ -24,11 +24,14 @@ ByteView bytesOf(std::string_view text) {
     return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
 }
 
+bool isAscii(std::string_view text) {
+    return std::all_of(text.begin(), text.end(), [](char c) { return (c & 0x80) == 0; });
+}
+
 std::uint16_t flagsOf(const EntryRecord& record) {
     // ASCII means the same with and without the flag; old readers are happier without.
-    const bool ascii =
-        std::all_of(record.name.begin(), record.name.end(), [](char c) { return (c & 0x80) == 0; });
-    unsigned flags = !ascii && isUtf8(record.name) ? kFlagUtf8 : 0U;
+    const bool ascii = isAscii(record.name) && isAscii(record.comment);
+    unsigned flags = !ascii && isUtf8(record.name) && isUtf8(record.comment) ? kFlagUtf8 : 0U;
     flags |= record.encrypted ? kFlagEncrypted : 0U;
     flags |= record.described ? kFlagDataDescriptor : 0U;
     return static_cast<std::uint16_t>(flags);
@@ -70,7 +73,7 @@ void appendAesField(std::vector<std::uint8_t>& out, const EntryRecord& record) {
 }
 
 void appendFlagsToChecksum(std::vector<std::uint8_t>& out, const EntryRecord& record) {
-    const DosDateTime modified = toDosDateTime(record.modified);
+    const DosDateTime modified = toDosDateTime(record.modified, record.inUtc);
     append(out, flagsOf(record));
     append(out, usesAes(record) ? kMethodAes : record.method);
     append(out, modified.time);
@@ -125,7 +128,7 @@ void appendLocalFileHeader(std::vector<std::uint8_t>& out, const EntryRecord& re
 
 void appendDataDescriptor(std::vector<std::uint8_t>& out, const EntryRecord& record) {
     append(out, kDataDescriptorSignature);
-    append(out, record.crc32);
+    append(out, usesAes(record) ? 0U : record.crc32);
     if (record.zip64Sizes) {
         append(out, record.compressedSize);
         append(out, record.uncompressedSize);
@@ -136,7 +139,7 @@ void appendDataDescriptor(std::vector<std::uint8_t>& out, const EntryRecord& rec
 }
 
 std::uint8_t upperByteOfDosTime(const EntryRecord& record) {
-    return static_cast<std::uint8_t>(toDosDateTime(record.modified).time >> 8U);
+    return static_cast<std::uint8_t>(toDosDateTime(record.modified, record.inUtc).time >> 8U);
 }
 
 void appendCentralDirectoryHeader(std::vector<std::uint8_t>& out, const EntryRecord& record) {
@@ -153,13 +156,14 @@ void appendCentralDirectoryHeader(std::vector<std::uint8_t>& out, const EntryRec
     append(out, low32(record.uncompressedSize));
     append(out, static_cast<std::uint16_t>(record.name.size()));
     append(out, static_cast<std::uint16_t>(extra.size()));
-    append(out, std::uint16_t{0});  // comment
+    append(out, static_cast<std::uint16_t>(record.comment.size()));
     append(out, std::uint16_t{0});  // disk
     append(out, std::uint16_t{0});  // internal attributes
     append(out, externalAttributes(record));
     append(out, low32(record.localHeaderOffset));
     append(out, bytesOf(record.name));
     append(out, ByteView(extra));
+    append(out, bytesOf(record.comment));
 }
 
 }  // namespace pellumar::archive::format

@@ -19,6 +19,9 @@ struct EntryRecord {
     bool described = false;
     std::uint32_t unixMode = 0;  // type and permissions as stat tells them
     std::timespec modified{};
+    // MS-DOS times are told in UTC instead of local time.
+    bool inUtc = false;
+    std::string comment = {};  // at most 65,535 bytes
     std::uint32_t crc32 = 0;
     std::uint64_t compressedSize = 0;
     std::uint64_t uncompressedSize = 0;

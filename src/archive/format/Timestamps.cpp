@@ -59,9 +59,11 @@ std::timespec fromSeconds32(ByteView field, std::size_t offset) {
 
 }  // namespace
 
-DosDateTime toDosDateTime(const std::timespec& moment) {
+DosDateTime toDosDateTime(const std::timespec& moment, bool inUtc) {
     std::tm local{};
-    if (localtime_r(&moment.tv_sec, &local) == nullptr) {
+    const auto* const known =
+        inUtc ? gmtime_r(&moment.tv_sec, &local) : localtime_r(&moment.tv_sec, &local);
+    if (known == nullptr) {
         return moment.tv_sec < 0 ? kDosFirst : kDosLast;
     }
     const int year = local.tm_year + kTmFirstYear;

@@ -19,8 +19,8 @@ struct DosDateTime {
     friend bool operator==(const DosDateTime&, const DosDateTime&) = default;
 };
 
-// The local time of `moment`, clamped to what the form can say.
-[[nodiscard]] DosDateTime toDosDateTime(const std::timespec& moment);
+// The local time of `moment`, or that of UTC, clamped to what the form can say.
+[[nodiscard]] DosDateTime toDosDateTime(const std::timespec& moment, bool inUtc = false);
 
 // A DOS time as a moment, read as local time. Fields out of range (month 0 of some writers) are
 // carried over as mktime does it; a moment that cannot be told is the epoch.

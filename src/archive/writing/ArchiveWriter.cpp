@@ -1,19 +1,25 @@
 #include "archive/writing/ArchiveWriter.h"
 
 #include <algorithm>
+#include <functional>
 #include <thread>
 #include <utility>
 
 #include "archive/base/Crc32.h"
+#include "archive/base/ProgressTeller.h"
 #include "archive/codecs/Encryptor.h"
 #include "archive/format/EntryRecord.h"
+#include "archive/format/Utf8.h"
 #include "archive/format/ZipFormat.h"
 #include "archive/writing/ArchiveOutput.h"
 #include "archive/writing/CentralDirectory.h"
+#include "archive/writing/ChunkCompressor.h"
 #include "archive/writing/CompressionQueue.h"
 #include "archive/writing/CompressionThreads.h"
 #include "archive/writing/DeflateCompressor.h"
 #include "archive/writing/EntryPath.h"
+#include "archive/writing/StreamPieces.h"
+#include "archive/writing/TakenNames.h"
 
 namespace pellumar::archive {
 
@@ -32,42 +38,71 @@ std::size_t clampedReadSize(std::size_t bufferSize) {
     return std::clamp(bufferSize, kSmallestRead, kLargestRead);
 }
 
-// `opened` is what the source was found to be.
+// 1980-01-01 00:00 UTC, the first that MS-DOS can tell.
+constexpr std::timespec kFixedTime{.tv_sec = 315'532'800, .tv_nsec = 0};
+
+constexpr mode_t kPermissionBits = 07777;
+
+// The same whatever umask the source was made with.
+mode_t fixedMode(mode_t mode) {
+    const bool all = S_ISLNK(mode);
+    const bool executable = S_ISDIR(mode) || (mode & S_IXUSR) != 0;
+    return (mode & static_cast<mode_t>(S_IFMT)) | (all ? 0777U : executable ? 0755U : 0644U);
+}
+
+bool areInRange(const EntryOptions& options) {
+    const bool level = !options.level || (*options.level >= 0 && *options.level <= 9);
+    return level && options.comment.size() <= format::kMax16 && format::isUtf8(options.comment) &&
+           (!options.permissions || *options.permissions <= kPermissionBits);
+}
+
+// `found` is what the source was when it was opened.
 format::EntryRecord recordOf(std::string name,
                              const ArchiveWriter::Source& source,
-                             const CompressionQueue::Opened& opened,
-                             std::uint64_t offset) {
+                             const struct stat& found,
+                             bool reproducible) {
+    const EntryOptions& options = source.options;
     format::EntryRecord record;
     record.name = std::move(name);
-    record.unixMode = opened.status.st_mode;
-    record.modified = opened.status.st_mtim;
-    record.localHeaderOffset = offset;
-    if (S_ISDIR(opened.status.st_mode)) {
+    record.unixMode = reproducible ? fixedMode(found.st_mode) : found.st_mode;
+    if (options.permissions) {
+        record.unixMode = (found.st_mode & static_cast<mode_t>(S_IFMT)) | *options.permissions;
+    }
+    record.modified = options.modified.value_or(reproducible ? kFixedTime : found.st_mtim);
+    record.inUtc = reproducible;
+    record.comment = options.comment;
+    if (S_ISDIR(found.st_mode)) {
         record.method = format::kMethodStored;
         if (record.name.back() != '/') {
             record.name += '/';
         }
     } else {
-        record.method = format::kMethodDeflate;
-        record.encrypted = source.options.password != nullptr;
-        record.aesStrength =
-            record.encrypted ? aesStrengthOf(source.options.encryption) : std::uint8_t{0};
+        record.method = source.isStored(found) ? format::kMethodStored : format::kMethodDeflate;
+        record.encrypted = options.password != nullptr;
+        record.aesStrength = record.encrypted ? aesStrengthOf(options.encryption) : std::uint8_t{0};
         // Before it is read the checksum is not known, by which the password would be checked else.
         record.described = record.encrypted && record.aesStrength == 0;
-        record.zip64Sizes =
-            format::needsZip64Sizes(static_cast<std::uint64_t>(opened.status.st_size));
+        record.zip64Sizes = format::needsZip64Sizes(static_cast<std::uint64_t>(found.st_size));
     }
     return record;
 }
 
 // Takes the chunk for the entry's next, encrypted first where there is something to do so.
-void take(CompressedChunk& chunk, Encryptor* encryptor, format::EntryRecord& record) {
+void addTo(format::EntryRecord& record, CompressedChunk& chunk, Encryptor* encryptor) {
     if (encryptor != nullptr) {
         encryptor->encrypt(chunk.data());
     }
     record.crc32 = crc32Combine(record.crc32, chunk.crc32, chunk.uncompressedSize);
     record.compressedSize += chunk.size;
     record.uncompressedSize += chunk.uncompressedSize;
+}
+
+// The record without what only the end of the data tells.
+format::EntryRecord hollow(format::EntryRecord record) {
+    record.crc32 = 0;
+    record.compressedSize = 0;
+    record.uncompressedSize = 0;
+    return record;
 }
 
 // What stands behind the data, now that all of it has been taken.
@@ -81,6 +116,13 @@ std::vector<std::uint8_t> endOf(format::EntryRecord& record, Encryptor* encrypto
         format::appendDataDescriptor(end, record);
     }
     return end;
+}
+
+// Targets of links are short, and made anew for each source.
+bool isSameMemory(const ArchiveWriter::Source& one, const ArchiveWriter::Source& other) {
+    return one.memory == other.memory ||
+           (one.memory && other.memory && one.memoryType == EntryType::kSymbolicLink &&
+            *one.memory == *other.memory);
 }
 
 // Does something when it goes out of scope, an exception or not.
@@ -106,16 +148,22 @@ ArchiveWriter::Source::Source(const EntrySource& source)
 
 bool operator==(const ArchiveWriter::Source& one, const ArchiveWriter::Source& other) {
     return one.name == other.name && one.file == other.file && one.linkAsLink == other.linkAsLink &&
-           one.memory == other.memory && one.memoryType == other.memoryType &&
+           isSameMemory(one, other) && one.memoryType == other.memoryType &&
            one.options.level == other.options.level &&
            one.options.password == other.options.password &&
            one.options.encryption == other.options.encryption;
 }
 
+bool ArchiveWriter::Source::isStored(const struct stat& found) const {
+    return options.level == 0 || S_ISLNK(found.st_mode);
+}
+
 class ArchiveWriter::State {
   public:
-    State(PendingFile file, unsigned threads)
-        : output_(std::move(file)),
+    State(ArchiveOutput output, unsigned threads, Settings settings)
+        : output_(std::move(output)),
+          settings_(std::move(settings)),
+          progress_(settings_.progress),
           threadCount_(threads),
           buffers_(DeflateCompressor::kMostOutput),
           queue_(DeflateCompressor::kChunkSize,
@@ -129,23 +177,41 @@ class ArchiveWriter::State {
     [[nodiscard]] bool isClosed() const { return closed_; }
     [[nodiscard]] const Warnings& warnings() const { return warnings_; }
     [[nodiscard]] Result<> add(const Source& source, std::size_t readSize);
+    [[nodiscard]] Result<> addStream(const Source& source, const NewEntry::Stream& stream);
     void announce(std::vector<Source> next, std::size_t readSize) {
         queue_.announce(std::move(next), readSize);
     }
+    void expectEntries(std::size_t count) { progress_.expect(count, 0); }
     [[nodiscard]] Result<> close();
 
   private:
-    // Of the queue's current entry: leaves nothing of it in the archive unless it is a whole one.
-    [[nodiscard]] Result<> addOpened(const Source& source, const CompressionQueue::Opened& opened);
-    // Writes the current entry's header and data; fills in what becomes known by that.
-    [[nodiscard]] Result<> writeEntry(format::EntryRecord& record, std::uint64_t chunks);
+    // Gives the next chunk of an entry.
+    using Feed = std::function<Result<CompressedChunk>()>;
+
+    // Leaves nothing of the entry in the archive unless it is a whole one. Without a feed it has no
+    // data; with an endless one its size is not known ahead.
+    [[nodiscard]] Result<> addFound(const Source& source,
+                                    const struct stat& found,
+                                    const Feed& next,
+                                    bool isEndless);
+    // Puts the name in its place that the entry gets.
+    [[nodiscard]] Result<> settleName(std::string& name, bool isFolder) const;
+    // Writes the entry's header and data; fills in what becomes known by that.
+    [[nodiscard]] Result<> writeEntry(format::EntryRecord& record,
+                                      const Feed& next,
+                                      bool isEndless);
     [[nodiscard]] Result<> writeHeader(const format::EntryRecord& record);
-    [[nodiscard]] Result<> writeChunks(format::EntryRecord& record,
-                                       std::uint64_t chunks,
-                                       Encryptor* encryptor);
+    // All chunks but the first, and what ends the data.
+    [[nodiscard]] Result<> writeRest(format::EntryRecord& record,
+                                     const Feed& next,
+                                     Encryptor* encryptor);
+    [[nodiscard]] Result<CompressedChunk> take(const Feed& next, const format::EntryRecord& record);
 
     ArchiveOutput output_;
+    const Settings settings_;
+    ProgressTeller progress_;
     CentralDirectory directory_;
+    TakenNames names_;
     Warnings warnings_;
     std::vector<std::uint8_t> header_;
     bool closed_ = false;
@@ -158,19 +224,59 @@ class ArchiveWriter::State {
 Result<> ArchiveWriter::State::add(const Source& source, std::size_t readSize) {
     auto opened = queue_.begin(source, readSize);
     const AtExit leave([this] { queue_.end(); });
-    Result<> result = opened ? addOpened(source, *opened) : passOn(opened);
+    const Feed fromQueue = [this] { return queue_.takeChunk(); };
+    Result<> result =
+        opened ? addFound(source, opened->status, opened->chunks > 0 ? fromQueue : Feed(), false)
+               : passOn(opened);
     return std::move(result).map_error(
         [&source](Error&& error) { return std::move(error).about(source.name, 0); });
 }
 
-Result<> ArchiveWriter::State::addOpened(const Source& source,
-                                         const CompressionQueue::Opened& opened) {
+Result<> ArchiveWriter::State::addStream(const Source& source, const NewEntry::Stream& stream) {
+    StreamPieces pieces(stream);
+    ChunkCompressor compressor(buffers_);
+    const struct stat found = SourceFile::ofMemory(EntryType::kFile, nullptr).status();
+    const Feed compressed = [&]() -> Result<CompressedChunk> {
+        auto piece = pieces.next();
+        if (!piece) {
+            return passOn(piece);
+        }
+        piece->stored = source.isStored(found);
+        return compressor.compress(*piece, source.options);
+    };
+    return addFound(source, found, compressed, true).map_error([&source](Error&& error) {
+        return std::move(error).about(source.name, 0);
+    });
+}
+
+Result<> ArchiveWriter::State::settleName(std::string& name, bool isFolder) const {
+    if (settings_.sameNames == Settings::SameNames::kKeep || names_.isFree(name, isFolder)) {
+        return {};
+    }
+    if (settings_.sameNames == Settings::SameNames::kRefuse) {
+        return failure(ErrorCode::kConflictingNames);
+    }
+    name = names_.freeName(name, isFolder);
+    return {};
+}
+
+Result<> ArchiveWriter::State::addFound(const Source& source,
+                                        const struct stat& found,
+                                        const Feed& next,
+                                        bool isEndless) {
     auto name = portableName(source.name);
-    if (!name) {
+    if (!name || !areInRange(source.options)) {
         return failure(ErrorCode::kInvalidArgument);
     }
-    const bool isOwnName = *name == source.name;
-    auto record = recordOf(*std::move(name), source, opened, output_.position());
+    const bool isFolder = S_ISDIR(found.st_mode);
+    const bool isPortable = *name == source.name;
+    const std::string wanted = *name;
+    if (auto settled = settleName(*name, isFolder); !settled) {
+        return settled;
+    }
+    const bool isRenamed = *name != wanted;
+    auto record = recordOf(*std::move(name), source, found, settings_.reproducible);
+    record.localHeaderOffset = output_.position();
     if (record.name.size() > format::kMax16) {
         return failure(ErrorCode::kInvalidArgument);
     }
@@ -180,22 +286,41 @@ Result<> ArchiveWriter::State::addOpened(const Source& source,
             output_.rewind(record.localHeaderOffset);
         }
     });
-    auto written = writeEntry(record, opened.chunks);
-    if (written) {
-        directory_.add(record);
-        isWhole = true;
-        if (!isOwnName) {
-            warnings_.add(WarningCode::kNameMadePortable, source.name, record.localHeaderOffset);
-        }
+    auto written = next ? writeEntry(record, next, isEndless) : writeHeader(record);
+    if (!written) {
+        return written;
     }
-    return written;
+    directory_.add(record);
+    isWhole = true;
+    if (settings_.sameNames != Settings::SameNames::kKeep) {
+        names_.add(record.name, isFolder);
+    }
+    if (!isPortable) {
+        warnings_.add(WarningCode::kNameMadePortable, source.name, record.localHeaderOffset);
+    }
+    if (isRenamed) {
+        warnings_.add(WarningCode::kRenamed, source.name, record.localHeaderOffset);
+    }
+    progress_.addEntry(source.name);
+    return {};
 }
 
-Result<> ArchiveWriter::State::writeEntry(format::EntryRecord& record, std::uint64_t chunks) {
-    if (chunks == 0) {
-        return writeHeader(record);
+Result<CompressedChunk> ArchiveWriter::State::take(const Feed& next,
+                                                   const format::EntryRecord& record) {
+    if (settings_.stop.stop_requested()) {
+        return failure(ErrorCode::kCancelled);
     }
-    auto first = queue_.takeChunk();
+    auto chunk = next();
+    if (chunk) {
+        progress_.addBytes(chunk->uncompressedSize, record.name);
+    }
+    return chunk;
+}
+
+Result<> ArchiveWriter::State::writeEntry(format::EntryRecord& record,
+                                          const Feed& next,
+                                          bool isEndless) {
+    auto first = take(next, record);
     if (!first) {
         return passOn(first);
     }
@@ -209,21 +334,25 @@ Result<> ArchiveWriter::State::writeEntry(format::EntryRecord& record, std::uint
         before = *std::move(made);
         record.compressedSize = before.size();
     }
-    take(*first, encryptor.get(), record);
+    addTo(record, *first, encryptor.get());
     std::vector<std::uint8_t> after;
-    if (chunks == 1) {
+    if (first->last) {
         after = endOf(record, encryptor.get());
     }
-    auto written = writeHeader(record);
+    if (!first->last && isEndless) {
+        record.zip64Sizes = true;
+    }
+    // What is not known yet is told behind the data where the header cannot be mended.
+    const bool isHollow = !first->last && !output_.canOverwrite();
+    record.described = record.described || isHollow;
+    auto written = writeHeader(isHollow ? hollow(record) : record);
     for (const ByteView bytes : {ByteView(before), ByteView(first->data())}) {
         written = written ? output_.append(bytes) : written;
     }
-    if (!written || chunks == 1) {
+    if (!written || first->last) {
         return written ? output_.append(after) : written;
     }
-    written = writeChunks(record, chunks - 1, encryptor.get());
-    written = written ? output_.append(endOf(record, encryptor.get())) : written;
-    if (!written) {
+    if (written = writeRest(record, next, encryptor.get()); !written || isHollow) {
         return written;
     }
     // The header again, now that its values are known.
@@ -238,32 +367,37 @@ Result<> ArchiveWriter::State::writeHeader(const format::EntryRecord& record) {
     return output_.append(header_);
 }
 
-Result<> ArchiveWriter::State::writeChunks(format::EntryRecord& record,
-                                           std::uint64_t chunks,
-                                           Encryptor* encryptor) {
-    for (std::uint64_t i = 0; i < chunks; ++i) {
-        auto chunk = queue_.takeChunk();
+Result<> ArchiveWriter::State::writeRest(format::EntryRecord& record,
+                                         const Feed& next,
+                                         Encryptor* encryptor) {
+    for (bool ended = false; !ended;) {
+        auto chunk = take(next, record);
         if (!chunk) {
             return passOn(chunk);
         }
-        take(*chunk, encryptor, record);
+        addTo(record, *chunk, encryptor);
         if (auto written = output_.append(chunk->data()); !written) {
             return written;
         }
+        ended = chunk->last;
     }
-    return {};
+    return output_.append(endOf(record, encryptor));
 }
 
 Result<> ArchiveWriter::State::close() {
     closed_ = true;
     threads_.stop();
-    auto written = directory_.writeTo(output_);
-    return written ? output_.close() : written;
+    auto written = directory_.writeTo(output_, settings_.comment);
+    written = written ? output_.close() : written;
+    if (written) {
+        progress_.finish();
+    }
+    return written;
 }
 
 Result<std::unique_ptr<ArchiveWriter>> ArchiveWriter::create(const std::filesystem::path& path,
                                                              PendingFile::Existing existing,
-                                                             unsigned threads) {
+                                                             Settings settings) {
     auto file = PendingFile::create(path, existing);
     if (!file) {
         return passOn(file);
@@ -272,12 +406,28 @@ Result<std::unique_ptr<ArchiveWriter>> ArchiveWriter::create(const std::filesyst
     if (!status) {
         return passOn(status);
     }
-    if (threads == 0) {
-        threads = std::thread::hardware_concurrency();
+    return begin(ArchiveOutput(std::move(*file)),
+                 {.device = status->st_dev, .inode = status->st_ino},
+                 std::move(settings));
+}
+
+Result<std::unique_ptr<ArchiveWriter>> ArchiveWriter::create(std::unique_ptr<ByteOutput> output,
+                                                             const FileIdentity& identity,
+                                                             Settings settings) {
+    return begin(ArchiveOutput(std::move(output)), identity, std::move(settings));
+}
+
+Result<std::unique_ptr<ArchiveWriter>> ArchiveWriter::begin(ArchiveOutput output,
+                                                            const FileIdentity& identity,
+                                                            Settings settings) {
+    if (settings.comment.size() > format::kMax16 || !format::isUtf8(settings.comment)) {
+        return failure(ErrorCode::kInvalidArgument);
     }
-    auto state = std::make_unique<State>(std::move(*file), std::clamp(threads, 1U, kMostThreads));
-    auto started = state->start({.device = status->st_dev, .inode = status->st_ino});
-    if (!started) {
+    const unsigned threads =
+        settings.threads != 0 ? settings.threads : std::thread::hardware_concurrency();
+    auto state = std::make_unique<State>(
+        std::move(output), std::clamp(threads, 1U, kMostThreads), std::move(settings));
+    if (auto started = state->start(identity); !started) {
         return passOn(started);
     }
     return std::unique_ptr<ArchiveWriter>(new ArchiveWriter(std::move(state)));
@@ -294,10 +444,21 @@ Result<> ArchiveWriter::addEntry(const Source& source, std::size_t bufferSize) {
     return state_->add(source, clampedReadSize(bufferSize));
 }
 
+Result<> ArchiveWriter::addStream(const Source& source, const NewEntry::Stream& stream) {
+    if (state_->isClosed()) {
+        return failure(ErrorCode::kInvalidArgument);
+    }
+    return state_->addStream(source, stream);
+}
+
 void ArchiveWriter::compressAhead(std::vector<Source> next, std::size_t bufferSize) {
     if (!state_->isClosed()) {
         state_->announce(std::move(next), clampedReadSize(bufferSize));
     }
+}
+
+void ArchiveWriter::expectEntries(std::size_t count) {
+    state_->expectEntries(count);
 }
 
 const Warnings& ArchiveWriter::warnings() const {

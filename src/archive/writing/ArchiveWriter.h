@@ -4,20 +4,25 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <stop_token>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "archive/base/ByteOutput.h"
 #include "archive/base/Entry.h"
 #include "archive/base/EntrySource.h"
 #include "archive/base/Error.h"
 #include "archive/base/NewEntry.h"
+#include "archive/base/Progress.h"
 #include "archive/base/Warning.h"
+#include "archive/writing/ArchiveOutput.h"
 #include "archive/writing/PendingFile.h"
+#include "archive/writing/SourceFile.h"
 
 namespace pellumar::archive {
 
-// The making side of Archive; see there for the contract of each operation.
+// What stands behind Writer and Archive; see there for the contract of each operation.
 class ArchiveWriter {
   public:
     // What becomes an entry: what stands at `file`, or the bytes of `memory`.
@@ -36,27 +41,53 @@ class ArchiveWriter {
             : name(std::move(entryName)), file(std::move(path)) {}
         explicit Source(const EntrySource& source);
 
+        // Whether the data of what was found there goes in as it is.
+        [[nodiscard]] bool isStored(const struct stat& found) const;
+
         // Whether one can be taken for the other when it is compressed.
         friend bool operator==(const Source& one, const Source& other);
     };
 
-    // `threads` compress at once; 0 means as many as the machine has, up to eight. The bytes of the
-    // archive do not depend on it.
+    // What is asked of an archive that is made; see WriterOptions.
+    struct Settings {
+        // Beside refusing and renaming, what the application has always done: the archive holds
+        // both, and extracting takes the last.
+        enum class SameNames : std::uint8_t { kRefuse, kRename, kKeep };
+
+        SameNames sameNames = SameNames::kKeep;
+        bool reproducible = false;
+        std::string comment = {};
+        unsigned threads = 0;
+        std::stop_token stop = {};
+        ProgressHandler progress = {};
+    };
+
+    // Into a file that takes its name when it is whole.
     [[nodiscard]] static Result<std::unique_ptr<ArchiveWriter>>
-    create(const std::filesystem::path& path, PendingFile::Existing existing, unsigned threads = 0);
+    create(const std::filesystem::path& path, PendingFile::Existing existing, Settings settings);
+    // Into an output, which is `identity` where it is a file.
+    [[nodiscard]] static Result<std::unique_ptr<ArchiveWriter>>
+    create(std::unique_ptr<ByteOutput> output, const FileIdentity& identity, Settings settings);
 
     ArchiveWriter(const ArchiveWriter&) = delete;
     ArchiveWriter& operator=(const ArchiveWriter&) = delete;
     ~ArchiveWriter();
 
     [[nodiscard]] Result<> addEntry(const Source& source, std::size_t bufferSize);
+    // Of what the stream gives; `source` says all else.
+    [[nodiscard]] Result<> addStream(const Source& source, const NewEntry::Stream& stream);
     void compressAhead(std::vector<Source> next, std::size_t bufferSize);
+    // How many entries will come, for the progress.
+    void expectEntries(std::size_t count);
     [[nodiscard]] Result<> close();
     [[nodiscard]] const Warnings& warnings() const;
 
   private:
     class State;
     explicit ArchiveWriter(std::unique_ptr<State> state);
+    [[nodiscard]] static Result<std::unique_ptr<ArchiveWriter>> begin(ArchiveOutput output,
+                                                                      const FileIdentity& identity,
+                                                                      Settings settings);
 
     std::unique_ptr<State> state_;
 };

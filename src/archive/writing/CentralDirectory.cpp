@@ -22,7 +22,7 @@ void CentralDirectory::add(const format::EntryRecord& record) {
     ++entries_;
 }
 
-Result<> CentralDirectory::writeTo(ArchiveOutput& output) {
+Result<> CentralDirectory::writeTo(ArchiveOutput& output, std::string_view comment) {
     const std::uint64_t start = output.position();
     for (std::vector<std::uint8_t>& block : blocks_) {
         if (auto result = output.append(block); !result) {
@@ -31,7 +31,7 @@ Result<> CentralDirectory::writeTo(ArchiveOutput& output) {
         block = {};
     }
     std::vector<std::uint8_t> end;
-    format::appendEndOfCentralDirectory(end, entries_, start, output.position() - start);
+    format::appendEndOfCentralDirectory(end, entries_, start, output.position() - start, comment);
     blocks_.clear();
     entries_ = 0;
     return output.append(end);

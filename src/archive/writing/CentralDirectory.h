@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 #include <vector>
 
 #include "archive/base/Error.h"
@@ -16,9 +17,9 @@ class CentralDirectory {
   public:
     void add(const format::EntryRecord& record);
 
-    // Appends the directory and the records that end the archive (APPNOTE 4.3.12 to 4.3.16). The
-    // directory is empty afterwards.
-    [[nodiscard]] Result<> writeTo(ArchiveOutput& output);
+    // Appends the directory and the records that end the archive (APPNOTE 4.3.12 to 4.3.16), with
+    // the archive's comment. The directory is empty afterwards.
+    [[nodiscard]] Result<> writeTo(ArchiveOutput& output, std::string_view comment);
 
   private:
     std::vector<std::vector<std::uint8_t>> blocks_;

@@ -26,6 +26,7 @@ struct CompressedChunk {
     std::size_t size = 0;  // of what is in one of these
     std::uint64_t uncompressedSize = 0;
     std::uint32_t crc32 = 0;  // of the uncompressed bytes
+    bool last = false;        // of its entry
     // With the first chunk of an entry that is to be encrypted: what encrypts all of them. Its key
     // takes longer than all else about a small entry.
     std::unique_ptr<Encryptor> encryptor;

@@ -6,23 +6,20 @@
 #include <utility>
 
 #include "archive/base/WithinMemory.h"
-#include "archive/writing/DeflateCompressor.h"
+#include "archive/writing/ChunkCompressor.h"
 #include "archive/writing/EntryPath.h"
 
 namespace pellumar::archive {
 
 namespace {
 
-constexpr std::size_t kChunkSize = DeflateCompressor::kChunkSize;
-
-// Larger results are handed over in the buffer they are in; many small ones would waste it.
-constexpr std::size_t kLargestCopied = 64UL * 1024;
+constexpr std::size_t kChunkSize = ChunkCompressor::kChunkSize;
 
 // What one thread has.
 class Worker {
   public:
     Worker(CompressionQueue& queue, OutputBuffers& buffers, const FileIdentity& archive)
-        : queue_(queue), buffers_(buffers), archive_(archive) {}
+        : queue_(queue), archive_(archive), compressor_(buffers) {}
 
     // Ends when the queue is stopped, or says that it could not go on.
     void run() {
@@ -47,7 +44,11 @@ class Worker {
         if (!portableName(source.name)) {
             return failure(ErrorCode::kInvalidArgument);
         }
-        return SourceFile::open(source.file, archive_);
+        if (source.file.empty()) {
+            return SourceFile::ofMemory(source.memoryType, source.memory);
+        }
+        return source.linkAsLink ? SourceFile::openLink(source.file, archive_)
+                                 : SourceFile::open(source.file, archive_);
     }
 
     [[nodiscard]] Result<CompressedChunk> compress(const CompressionQueue::Task& task) {
@@ -62,35 +63,17 @@ class Worker {
         if (!crc) {
             return tl::unexpected(crc.error());
         }
-        if (!output_) {
-            output_ = buffers_.take();
-        }
-        CompressedChunk chunk;
-        if (task.chunk == 0 && task.source->options.password) {
-            auto encryptor =
-                makeEncryptor(task.source->options.encryption, *task.source->options.password);
-            if (!encryptor) {
-                return passOn(encryptor);
-            }
-            chunk.encryptor = std::move(*encryptor);
-        }
-        chunk.size = compressor_.compress(
-            content, left <= kChunkSize, MutableBytes(output_.get(), buffers_.size()));
-        chunk.uncompressedSize = content.size();
-        chunk.crc32 = *crc;
-        if (chunk.size > kLargestCopied) {
-            chunk.buffer = std::move(output_);
-        } else {
-            chunk.small.assign(output_.get(), output_.get() + chunk.size);
-        }
-        return chunk;
+        return compressor_.compress({.content = content,
+                                     .crc32 = *crc,
+                                     .first = task.chunk == 0,
+                                     .last = left <= kChunkSize,
+                                     .stored = task.source->isStored(task.file->status())},
+                                    task.source->options);
     }
 
     CompressionQueue& queue_;
-    OutputBuffers& buffers_;
     const FileIdentity archive_;
-    DeflateCompressor compressor_;
-    OutputBuffers::Buffer output_;
+    ChunkCompressor compressor_;
     // Not zeroed, so that small files touch little of it.
     std::unique_ptr<std::uint8_t[]> input_;
 };

@@ -22,6 +22,7 @@ static_assert(DeflateCompressor::kMostOutput >= storedDeflateSize(DeflateCompres
 // to look back on, it saves less than one per cent.
 constexpr int kLongTextLevel = 6;
 constexpr int kUsualLevel = 5;
+constexpr int kSmallest = 9;
 constexpr std::size_t kLongText = 64UL * 1024;
 constexpr std::size_t kSampleStride = 61;
 constexpr std::size_t kFewZeros = 200;  // text has less than one in so many
@@ -37,9 +38,17 @@ int levelFor(ByteView run) {
     return zeros * kSampleStride * kFewZeros > run.size() ? kUsualLevel : kLongTextLevel;
 }
 
+// The smallest is worth the slowest.
+int encoderLevel(int level) {
+    return level == kSmallest ? DeflateCompressor::kHighestLevel : level;
+}
+
 }  // namespace
 
-std::size_t DeflateCompressor::compress(ByteView chunk, bool last, MutableBytes output) {
+std::size_t DeflateCompressor::compress(ByteView chunk,
+                                        bool last,
+                                        MutableBytes output,
+                                        std::optional<int> level) {
     if (chunk.empty()) {
         const std::size_t size = last ? kEmptyDeflateStream.size() : 0;
         std::copy_n(kEmptyDeflateStream.begin(), size, output.begin());
@@ -65,7 +74,7 @@ std::size_t DeflateCompressor::compress(ByteView chunk, bool last, MutableBytes 
         const bool lastRun = last && end == pieces;
         std::optional<std::size_t> size;
         if (worthwhile[first]) {
-            size = tryCompress(run, lastRun, output.subspan(done));
+            size = tryCompress(run, lastRun, output.subspan(done), level);
         }
         if (!size) {
             size = storedDeflateSize(run.size());
@@ -79,8 +88,9 @@ std::size_t DeflateCompressor::compress(ByteView chunk, bool last, MutableBytes 
 
 std::optional<std::size_t> DeflateCompressor::tryCompress(ByteView run,
                                                           bool last,
-                                                          MutableBytes output) {
-    libdeflate_compressor* const compressor = encoder(levelFor(run));
+                                                          MutableBytes output,
+                                                          std::optional<int> level) {
+    libdeflate_compressor* const compressor = encoder(level ? encoderLevel(*level) : levelFor(run));
     if (compressor == nullptr) {
         return std::nullopt;
     }

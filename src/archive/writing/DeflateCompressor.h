@@ -25,12 +25,19 @@ class DeflateCompressor {
     // The most that one chunk may hold.
     static constexpr std::size_t kChunkSize = 1024UL * 1024;
 
+    // Of libdeflate's levels.
+    static constexpr int kHighestLevel = 12;
+
     // The most that a chunk can become.
     static constexpr std::size_t kMostOutput = kChunkSize + 1024;
 
     // Puts the part of the stream that holds `chunk` into `output`, which has room for kMostOutput
-    // bytes: whole bytes, and the stream's end if `last`. Returns its size.
-    [[nodiscard]] std::size_t compress(ByteView chunk, bool last, MutableBytes output);
+    // bytes: whole bytes, and the stream's end if `last`. Returns its size. `level` is 1 (fast) to
+    // 9 (small); without one it is chosen by the data.
+    [[nodiscard]] std::size_t compress(ByteView chunk,
+                                       bool last,
+                                       MutableBytes output,
+                                       std::optional<int> level = std::nullopt);
 
   private:
     struct Deleter {
@@ -40,13 +47,12 @@ class DeflateCompressor {
     };
     using Encoder = std::unique_ptr<libdeflate_compressor, Deleter>;
 
-    static constexpr int kHighestLevel = 12;
-
     // Puts one run of the chunk into `output`, as the end of the stream or to be followed, and
     // returns its size. Nothing where that is no smaller than stored or there is no memory for it.
     [[nodiscard]] std::optional<std::size_t> tryCompress(ByteView run,
                                                          bool last,
-                                                         MutableBytes output);
+                                                         MutableBytes output,
+                                                         std::optional<int> level);
     // Null if there is no memory for it.
     [[nodiscard]] libdeflate_compressor* encoder(int level);
 

@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <ctime>
+#include <string>
+#include <system_error>
 #include <utility>
 
 #include "archive/base/Crc32.h"
@@ -73,6 +76,39 @@ Result<SourceFile> SourceFile::open(const std::filesystem::path& path,
     return SourceFile(std::move(*file), *status);
 }
 
+Result<SourceFile> SourceFile::openLink(const std::filesystem::path& path,
+                                        const FileIdentity& archive) {
+    struct stat status {};
+    if (::lstat(path.c_str(), &status) != 0) {
+        return unreadable(errno);
+    }
+    if (!S_ISLNK(status.st_mode)) {
+        return open(path, archive);
+    }
+    std::error_code error;
+    const std::string target = std::filesystem::read_symlink(path, error).native();
+    if (error) {
+        return unreadable(error.value());
+    }
+    SourceFile link =
+        ofMemory(EntryType::kSymbolicLink,
+                 std::make_shared<std::vector<std::uint8_t>>(target.begin(), target.end()));
+    link.status_.st_mtim = status.st_mtim;
+    return link;
+}
+
+SourceFile SourceFile::ofMemory(EntryType type,
+                                std::shared_ptr<const std::vector<std::uint8_t>> bytes) {
+    SourceFile source;
+    source.memory_ = std::move(bytes);
+    source.status_.st_size = source.memory_ ? static_cast<off_t>(source.memory_->size()) : off_t{0};
+    source.status_.st_mode = type == EntryType::kFile     ? S_IFREG | 0644U
+                             : type == EntryType::kFolder ? S_IFDIR | 0755U
+                                                          : S_IFLNK | 0777U;
+    std::timespec_get(&source.status_.st_mtim, TIME_UTC);
+    return source;
+}
+
 std::uint64_t SourceFile::size() const {
     return isFolder() ? 0 : static_cast<std::uint64_t>(status_.st_size);
 }
@@ -80,6 +116,14 @@ std::uint64_t SourceFile::size() const {
 Result<std::uint32_t> SourceFile::read(std::uint64_t offset,
                                        MutableBytes buffer,
                                        std::size_t readSize) const {
+    if (!file_.isOpen()) {
+        if (!buffer.empty()) {
+            std::copy_n(memory_->begin() + static_cast<std::ptrdiff_t>(offset),
+                        buffer.size(),
+                        buffer.begin());
+        }
+        return crc32(kCrc32OfNothing, buffer);
+    }
     std::uint32_t crc = kCrc32OfNothing;
     while (!buffer.empty()) {
         const MutableBytes part = buffer.first(std::min(readSize, buffer.size()));

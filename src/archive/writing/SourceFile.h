@@ -5,8 +5,11 @@
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
+#include <memory>
+#include <vector>
 
 #include "archive/base/Bytes.h"
+#include "archive/base/Entry.h"
 #include "archive/base/Error.h"
 #include "archive/base/File.h"
 
@@ -34,6 +37,16 @@ class SourceFile {
     [[nodiscard]] static Result<SourceFile> open(const std::filesystem::path& path,
                                                  const FileIdentity& archive);
 
+    // The link itself that stands at `path`: its target is the content. Anything else there is
+    // opened as by open().
+    [[nodiscard]] static Result<SourceFile> openLink(const std::filesystem::path& path,
+                                                     const FileIdentity& archive);
+
+    // Of what is in memory: a file, a link of that target, or a folder. The time is now.
+    [[nodiscard]] static SourceFile ofMemory(
+        EntryType type,
+        std::shared_ptr<const std::vector<std::uint8_t>> bytes);
+
     // What the source was when it was opened. A folder's size is 0.
     [[nodiscard]] bool isFolder() const { return S_ISDIR(status_.st_mode); }
     [[nodiscard]] std::uint64_t size() const;
@@ -51,6 +64,7 @@ class SourceFile {
     SourceFile(File file, const struct stat& status) : file_(std::move(file)), status_(status) {}
 
     File file_;
+    std::shared_ptr<const std::vector<std::uint8_t>> memory_;  // instead of a file
     struct stat status_ {};
 };
 

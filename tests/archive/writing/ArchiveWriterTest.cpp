@@ -132,7 +132,7 @@ TEST_F(ArchiveWriterTest, PathsThatAreNoEntryPathsAreRefused) {
 
     EXPECT_TRUE(writer->close());
     EXPECT_EQ(codeOf(writer->addEntry(source("kept"), kReadSize)), ErrorCode::kInvalidArgument);
-    const auto again = ArchiveWriter::create(archivePath(), PendingFile::Existing::kRefuse);
+    const auto again = ArchiveWriter::create(archivePath(), PendingFile::Existing::kRefuse, {});
     EXPECT_EQ(again.error().code, ErrorCode::kAlreadyExists);
 }
 

@@ -38,7 +38,8 @@ class ArchiveWriterTest : public testing::Test {
     }
 
     [[nodiscard]] std::unique_ptr<ArchiveWriter> create(unsigned threads = 2) const {
-        auto writer = ArchiveWriter::create(archivePath(), PendingFile::Existing::kRefuse, threads);
+        auto writer = ArchiveWriter::create(
+            archivePath(), PendingFile::Existing::kRefuse, {.threads = threads});
         EXPECT_TRUE(writer);
         return writer ? std::move(*writer) : nullptr;
     }
