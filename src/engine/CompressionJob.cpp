@@ -34,7 +34,8 @@ Error notAPath(const QUrl& url) {
 CompressionJob::CompressionJob(const ZipManager::Environment& environment,
                                const QList<QUrl>& urls,
                                const QString& title,
-                               ZipManager::ArchiveCompletion completion)
+                               ZipManager::ArchiveCompletion completion,
+                               std::shared_ptr<const archive::Password> password)
     : environment_(environment),
       urls_(urls),
       archiveUrl_(environment.fileSystem.archive(title)),
@@ -51,7 +52,8 @@ CompressionJob::CompressionJob(const ZipManager::Environment& environment,
     if (std::filesystem::is_directory(std::filesystem::symlink_status(*path, unknown))) {
         environment_.fileSystem.removeItem(archiveUrl_);
     }
-    archive::Result<Archive> created = Archive::open(*path, archive::AccessMode::kReplace);
+    archive::Result<Archive> created =
+        Archive::open(*path, archive::AccessMode::kReplace, std::move(password));
     if (!created) {
         // The earlier one must not pass for the new one.
         environment_.fileSystem.removeItem(archiveUrl_);

@@ -20,7 +20,8 @@ class CompressionJob {
     CompressionJob(const ZipManager::Environment& environment,
                    const QList<QUrl>& urls,
                    const QString& title,
-                   ZipManager::ArchiveCompletion completion);
+                   ZipManager::ArchiveCompletion completion,
+                   std::shared_ptr<const archive::Password> password);
 
     // Adds the files; progress goes to the delegate of `manager` as long as there are both.
     void run(const std::weak_ptr<ZipManager>& manager);

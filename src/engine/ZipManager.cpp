@@ -48,6 +48,7 @@ struct PhotoJob {
     std::vector<std::shared_ptr<const Image>> images;
     QString title;
     ZipManager::ArchiveCompletion completion;
+    std::shared_ptr<const archive::Password> password;
 
     void run(const std::weak_ptr<ZipManager>& manager) {
         stageAndZip(manager);
@@ -61,7 +62,7 @@ struct PhotoJob {
         const std::optional<FileSystem::Contents> staged = stage(images, folder);
         const std::shared_ptr<ZipManager> alive = manager.lock();
         if (staged && alive) {
-            alive->zip(staged->items, title, cleaningUp());
+            alive->zip(staged->items, title, cleaningUp(), password);
         }
     }
 
@@ -95,8 +96,12 @@ std::shared_ptr<ZipManagerDelegate> ZipManager::delegate() const {
 // The jobs below are handed from queue to queue, so that whatever a completion holds is released
 // on the main queue.
 
-void ZipManager::zip(const QList<QUrl>& urls, const QString& title, ArchiveCompletion completion) {
-    auto job = std::make_shared<CompressionJob>(environment_, urls, title, std::move(completion));
+void ZipManager::zip(const QList<QUrl>& urls,
+                     const QString& title,
+                     ArchiveCompletion completion,
+                     std::shared_ptr<const archive::Password> password) {
+    auto job = std::make_shared<CompressionJob>(
+        environment_, urls, title, std::move(completion), std::move(password));
     environment_.console.writeLine(QStringLiteral("Compressing %1 items").arg(urls.size()));
     environment_.backgroundQueue.async([job = std::move(job),
                                         manager = weak_from_this(),
@@ -108,9 +113,14 @@ void ZipManager::zip(const QList<QUrl>& urls, const QString& title, ArchiveCompl
 
 void ZipManager::zip(std::vector<std::shared_ptr<const Image>> images,
                      const QString& title,
-                     ArchiveCompletion completion) {
+                     ArchiveCompletion completion,
+                     std::shared_ptr<const archive::Password> password) {
     environment_.backgroundQueue.async(
-        [job = PhotoJob{environment_, std::move(images), title, std::move(completion)},
+        [job = PhotoJob{environment_,
+                        std::move(images),
+                        title,
+                        std::move(completion),
+                        std::move(password)},
          manager = weak_from_this()]() mutable { job.run(manager); });
 }
 

@@ -64,7 +64,13 @@ class ZipManager : public std::enable_shared_from_this<ZipManager> {
     // If a file cannot be added, or was changed since it was picked, the others are; the completion
     // gets nothing, and what has been written stays. If the archive cannot even be created, the job
     // passes all files over and completes with the URL all the same.
-    void zip(const QList<QUrl>& urls, const QString& title, ArchiveCompletion completion);
+    //
+    // With a password, which may be null, what is in the files is encrypted; names and sizes are
+    // not.
+    void zip(const QList<QUrl>& urls,
+             const QString& title,
+             ArchiveCompletion completion,
+             std::shared_ptr<const archive::Password> password = nullptr);
 
     // The same with pictures, which are staged as JPEG files first ("0.jpg", "1.jpg", ...). What is
     // in the staging folder already goes into the archive too, and it is not created: while there
@@ -72,7 +78,8 @@ class ZipManager : public std::enable_shared_from_this<ZipManager> {
     // the pictures are staged. The folder is emptied before the completion.
     void zip(std::vector<std::shared_ptr<const Image>> images,
              const QString& title,
-             ArchiveCompletion completion);
+             ArchiveCompletion completion,
+             std::shared_ptr<const archive::Password> password = nullptr);
 
     // Extracts an archive into a new folder of the workspace. The completion gets what stands at
     // the top of it, hidden things left out, in natural order. After a failure what was

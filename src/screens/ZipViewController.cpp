@@ -137,25 +137,25 @@ void ZipViewController::nameApart(const QList<QUrl>& urls) {
 }
 
 void ZipViewController::askTitleForFiles(const QList<QUrl>& urls) {
-    askTitle(QStringLiteral("Zip Files"), [this, urls](const QString& title) {
+    askTitle(QStringLiteral("Zip Files"), [this, urls](const QString& title, const auto& password) {
         compress(QStringLiteral("Compressing files"),
-                 [urls, title](auto& manager, const auto& completion) {
-                     manager.zip(urls, title, completion);
+                 [urls, title, password](auto& manager, const auto& completion) {
+                     manager.zip(urls, title, completion, password);
                  });
     });
 }
 
 void ZipViewController::askTitleForImages(const PhotoSource::Images& images) {
-    askTitle(QStringLiteral("Zip Images"), [this, images](const QString& title) {
-        compress(QStringLiteral("Compressing images"),
-                 [images, title](auto& manager, const auto& completion) {
-                     manager.zip(images, title, completion);
-                 });
-    });
+    askTitle(QStringLiteral("Zip Images"),
+             [this, images](const QString& title, const auto& password) {
+                 compress(QStringLiteral("Compressing images"),
+                          [images, title, password](auto& manager, const auto& completion) {
+                              manager.zip(images, title, completion, password);
+                          });
+             });
 }
 
-void ZipViewController::askTitle(const QString& alertTitle,
-                                 const std::function<void(const QString& title)>& save) {
+void ZipViewController::askTitle(const QString& alertTitle, const Save& save) {
     const auto alert = makeController<UIAlertController>(
         context(), alertTitle, QStringLiteral("Please, give a title to your zip file"));
     alert->addTextField(QStringLiteral("Filename"),
@@ -163,11 +163,18 @@ void ZipViewController::askTitle(const QString& alertTitle,
                          .refusedHint = tr("A title cannot have a slash in it."),
                          .mostBytes = NAME_MAX - kExtension.size(),
                          .lengthHint = tr("A title cannot be longer than this.")});
+    alert->offerSecret(
+        {.offer = tr("Add a password…"),
+         .placeholder = tr("Password"),
+         .note = tr("Whoever opens the archive needs it. Names and sizes can be seen "
+                    "without it.")});
     const std::weak_ptr<UIAlertController> asked = alert;
     const auto answered = whileAlive([asked, save] {
         const auto closed = asked.lock();
         const std::optional<QString> title = closed ? closed->textFieldText() : std::nullopt;
-        save(title.value_or(kDefaultTitle).remove(kExtension));
+        const std::string secret = closed ? closed->secret().toStdString() : std::string();
+        save(title.value_or(kDefaultTitle).remove(kExtension),
+             secret.empty() ? nullptr : std::make_shared<const archive::Password>(secret));
     });
     alert->addAction({QStringLiteral("Save"), UIAlertActionStyle::kDefault, answered});
     alert->addAction({QStringLiteral("Cancel"), UIAlertActionStyle::kCancel, {}});

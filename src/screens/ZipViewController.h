@@ -55,8 +55,10 @@ class ZipViewController : public UIViewController,
     void fetchMedia(const std::vector<PHAsset>& assets);
     // Asks for the title; before that, files of one name get names of their own.
     void nameApart(const QList<QUrl>& urls);
-    // `save` gets the title that was given.
-    void askTitle(const QString& alertTitle, const std::function<void(const QString& title)>& save);
+    // What the user says of a new archive; without a password it is null.
+    using Save = std::function<void(const QString& title,
+                                    const std::shared_ptr<const archive::Password>& password)>;
+    void askTitle(const QString& alertTitle, const Save& save);
 
     const ScreenServices services_;
     const PhotoSource photos_;

@@ -4,6 +4,7 @@
 #include "platform/kit/UIAlertController.h"
 #include "screens/ZipViewController.h"
 #include "support/FileContents.h"
+#include "support/Process.h"
 
 namespace pellumar::test {
 namespace {
@@ -27,6 +28,7 @@ class TitleFieldTest : public ScreenFixture {
     }
     [[nodiscard]] QString shown() const { return field_->property("text").toString(); }
     [[nodiscard]] const UIAlertController& alert() const { return *alert_; }
+    [[nodiscard]] QQuickItem& view() const { return alert_->view(); }
     void save() { alert_->choose(0); }
 
   private:
@@ -64,6 +66,32 @@ TEST_F(TitleFieldTest, IsAsLongAsAFileNameAndEndsWithAWholeCharacter) {
     ASSERT_TRUE(presented<UIActivityViewController>());
     EXPECT_TRUE(
         std::filesystem::exists(folder / "Documents/outputs" / (shown().toStdString() + ".zip")));
+}
+
+// Behind a button, so that who wants none need not see it.
+TEST_F(TitleFieldTest, APasswordMayBeAddedAndLocksTheArchive) {
+    type("a");
+    auto* const field = outlet<QQuickItem>(view(), "secretField");
+    EXPECT_FALSE(field->isVisible());
+    QMetaObject::invokeMethod(outlet<QQuickItem>(view(), "secretButton"), "clicked");
+    EXPECT_TRUE(field->hasActiveFocus());
+    for (const QChar letter : QString("geheim")) {
+        type(letter);
+    }
+    EXPECT_FALSE(field->property("displayText").toString().contains("geheim"));
+    save();
+    settle();
+    const auto sheet = presented<UIActivityViewController>();
+    ASSERT_TRUE(sheet);
+    const auto test = [&](const std::string& password) {
+        return runProcess({"7zz",
+                           "t",
+                           "-p" + password,
+                           sheet->activityItems().first().toLocalFile().toStdString()})
+            .exitCode;
+    };
+    EXPECT_EQ(test("geheim"), 0);
+    EXPECT_NE(test("falsch"), 0);
 }
 
 }  // namespace

@@ -132,6 +132,17 @@ std::shared_ptr<ZipViewController> showComposer(Stage& stage) {
     return composer;
 }
 
+void showTitleAlert(Stage& stage, bool withPassword) {
+    showComposer(stage)->askTitleForFiles(
+        {stage.home().file(QStringLiteral("Downloads/Invoice 2026-104.pdf"))});
+    stage.settle();
+    if (withPassword) {
+        QQuickItem& view = stage.top<UIAlertController>()->view();
+        QMetaObject::invokeMethod(outlet<QQuickItem>(view, QStringLiteral("secretButton")),
+                                  "clicked");
+    }
+}
+
 void showOverlay(Stage& stage) {
     const auto composer = showComposer(stage);
     const auto hud = MBProgressHUD::showAddedTo(stage.services().ui, composer->view(), false);
@@ -157,7 +168,6 @@ std::vector<Scene> scenesOn(Stage& stage) {
     const ScreenServices& with = stage.services();
     const UIContext& ui = with.ui;
     const QUrl archive = stage.home().archive();
-    const QUrl invoice = stage.home().file(QStringLiteral("Downloads/Invoice 2026-104.pdf"));
     // clang-format off
     return {
         {"onboarding", [&] { stage.showOnboarding(); }},
@@ -177,7 +187,8 @@ std::vector<Scene> scenesOn(Stage& stage) {
         {"notice", [&] { showNotice(stage); }},
         {"composer", [&] { showComposer(stage); }},
         {"photos", [&] { showPhotos(stage); }},
-        {"title-alert", [&, invoice] { showComposer(stage)->askTitleForFiles({invoice}); }},
+        {"title-alert", [&] { showTitleAlert(stage, false); }},
+        {"title-alert-password", [&] { showTitleAlert(stage, true); }},
         {"failure-alert", [&] { showFailure(stage); }},
         {"results-remarks", [&] { showRemarks(stage, false); }},
         {"remarks", [&] { showRemarks(stage, true); }},

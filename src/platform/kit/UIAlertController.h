@@ -28,14 +28,21 @@ struct TextFieldRule {
     QString lengthHint;
 };
 
+// A second field that need not be filled: hidden behind a button, and typed without being seen.
+struct SecretField {
+    QString offer;  // the button's words
+    QString placeholder;
+    QString note;  // stands below the field
+};
+
 struct AlertReason {
     QString text;
     QString details;
 };
 
-// A dialog with a title, a message, at most one text field, and buttons that all close it. A
-// button's handler is called when the dialog has gone. Escape chooses the cancelling button, or the
-// only one.
+// A dialog with a title, a message, at most one text field and one for a secret, and buttons that
+// all close it. A button's handler is called when the dialog has gone. Escape chooses the
+// cancelling button, or the only one.
 class UIAlertController : public pellumar::UIViewController {
     Q_OBJECT
     QML_ELEMENT
@@ -52,6 +59,7 @@ class UIAlertController : public pellumar::UIViewController {
     Q_PROPERTY(QString hint READ hint NOTIFY textChanged)
     Q_PROPERTY(QString secretOffer READ secretOffer CONSTANT)
     Q_PROPERTY(QString secretPlaceholder READ secretPlaceholder CONSTANT)
+    Q_PROPERTY(QString secretNote READ secretNote CONSTANT)
     Q_PROPERTY(QString secret READ secret WRITE setSecret NOTIFY secretChanged)
 
   public:
@@ -62,12 +70,8 @@ class UIAlertController : public pellumar::UIViewController {
     // What lies behind the message: words of its own beneath it, and what its button copies.
     // Without a text there is none.
     void setReason(AlertReason reason) { reason_ = std::move(reason); }
-    // Before the view is loaded. A second field, hidden behind a button with the words of `offer`
-    // and shown as dots, for what need not be given.
-    void offerSecret(const QString& offer, const QString& placeholder) {
-        secretOffer_ = offer;
-        secretPlaceholder_ = placeholder;
-    }
+    // Before the view is loaded.
+    void offerSecret(SecretField field) { secretField_ = std::move(field); }
     void addAction(UIAlertAction action) { actions_.append(std::move(action)); }
 
     // What the text field holds; nothing if there is none.
@@ -89,8 +93,9 @@ class UIAlertController : public pellumar::UIViewController {
     [[nodiscard]] QString text() const { return text_; }
     [[nodiscard]] QString hint() const { return hint_; }
     void setText(const QString& text);
-    [[nodiscard]] QString secretOffer() const { return secretOffer_; }
-    [[nodiscard]] QString secretPlaceholder() const { return secretPlaceholder_; }
+    [[nodiscard]] QString secretOffer() const { return secretField_.offer; }
+    [[nodiscard]] QString secretPlaceholder() const { return secretField_.placeholder; }
+    [[nodiscard]] QString secretNote() const { return secretField_.note; }
     // Empty if none was given.
     [[nodiscard]] QString secret() const { return secret_; }
     void setSecret(const QString& secret);
@@ -107,8 +112,7 @@ class UIAlertController : public pellumar::UIViewController {
     TextFieldRule rule_;
     QString text_;
     QString hint_;
-    QString secretOffer_;
-    QString secretPlaceholder_;
+    SecretField secretField_;
     QString secret_;
     QList<UIAlertAction> actions_;
 };

@@ -75,6 +75,13 @@ DialogCard {
         onTextEdited: root.controller.secret = text
         onAccepted: root.controller.choose(0)
     }
+    BodyText {
+        Layout.fillWidth: true
+        visible: secretField.visible && text !== ""
+        text: root.controller.secretNote
+        color: Theme.textSecondary
+        font.pixelSize: Theme.fontCaption
+    }
     RowLayout {
         Layout.fillWidth: true
         Layout.topMargin: Theme.space2
