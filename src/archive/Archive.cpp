@@ -8,12 +8,26 @@
 
 namespace pellumar::archive {
 
-Archive::Archive(std::unique_ptr<ArchiveWriter> writer) : writer_(std::move(writer)) {}
+namespace {
+
+ArchiveWriter::Source sourceOf(const EntrySource& source,
+                               const std::shared_ptr<const Password>& password) {
+    ArchiveWriter::Source made(source.path, source.base / source.path);
+    made.options.password = password;
+    return made;
+}
+
+}  // namespace
+
+Archive::Archive(std::unique_ptr<ArchiveWriter> writer, std::shared_ptr<const Password> password)
+    : writer_(std::move(writer)), password_(std::move(password)) {}
 Archive::Archive(Archive&&) noexcept = default;
 Archive& Archive::operator=(Archive&&) noexcept = default;
 Archive::~Archive() = default;
 
-Result<Archive> Archive::open(const std::filesystem::path& path, AccessMode mode) {
+Result<Archive> Archive::open(const std::filesystem::path& path,
+                              AccessMode mode,
+                              std::shared_ptr<const Password> password) {
     return withinMemory([&]() -> Result<Archive> {
         auto writer =
             ArchiveWriter::create(path,
@@ -23,7 +37,7 @@ Result<Archive> Archive::open(const std::filesystem::path& path, AccessMode mode
         if (!writer) {
             return passOn(writer);
         }
-        return Archive(std::move(*writer));
+        return Archive(std::move(*writer), std::move(password));
     });
 }
 
@@ -32,7 +46,7 @@ Result<> Archive::addEntry(const std::string& path,
                            CompressionMethod /*method*/,
                            std::size_t bufferSize) {
     return withinMemory([&] {
-        return writer_->addEntry(ArchiveWriter::Source({.path = path, .base = base}), bufferSize);
+        return writer_->addEntry(sourceOf({.path = path, .base = base}, password_), bufferSize);
     });
 }
 
@@ -40,7 +54,7 @@ void Archive::compressAhead(const std::vector<EntrySource>& next, std::size_t bu
     std::vector<ArchiveWriter::Source> sources;
     sources.reserve(next.size());
     for (const EntrySource& source : next) {
-        sources.emplace_back(source);
+        sources.push_back(sourceOf(source, password_));
     }
     writer_->compressAhead(std::move(sources), bufferSize);
 }

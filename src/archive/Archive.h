@@ -30,7 +30,10 @@ class Archive {
     // kCreate: makes a new file at `path`; kAlreadyExists if something stands there, now or when
     // the archive is closed.
     // kReplace: the same, but takes the place of a file or link that stands there.
-    [[nodiscard]] static Result<Archive> open(const std::filesystem::path& path, AccessMode mode);
+    // With a password, what is in the files is encrypted (AES-256).
+    [[nodiscard]] static Result<Archive> open(const std::filesystem::path& path,
+                                              AccessMode mode,
+                                              std::shared_ptr<const Password> password = nullptr);
 
     Archive(Archive&&) noexcept;
     Archive& operator=(Archive&&) noexcept;
@@ -70,9 +73,10 @@ class Archive {
     [[nodiscard]] const Warnings& warnings() const;
 
   private:
-    explicit Archive(std::unique_ptr<ArchiveWriter> writer);
+    Archive(std::unique_ptr<ArchiveWriter> writer, std::shared_ptr<const Password> password);
 
     std::unique_ptr<ArchiveWriter> writer_;
+    std::shared_ptr<const Password> password_;
 };
 
 using UnzipReport = ExtractionReport;

@@ -2,11 +2,7 @@
 
 #include <cstddef>
 #include <filesystem>
-#include <memory>
 #include <string>
-
-#include "archive/base/NewEncryption.h"
-#include "archive/base/Password.h"
 
 namespace pellumar::archive {
 
@@ -14,9 +10,6 @@ namespace pellumar::archive {
 struct EntrySource {
     std::string path;
     std::filesystem::path base;
-    // Encrypts the data of a file, in that way.
-    std::shared_ptr<const Password> password = nullptr;
-    NewEncryption encryption = NewEncryption::kAes256;
 
     friend bool operator==(const EntrySource&, const EntrySource&) = default;
 };

@@ -140,12 +140,6 @@ class AtExit {
 
 }  // namespace
 
-ArchiveWriter::Source::Source(const EntrySource& source)
-    : Source(source.path, source.base / source.path) {
-    options.password = source.password;
-    options.encryption = source.encryption;
-}
-
 bool operator==(const ArchiveWriter::Source& one, const ArchiveWriter::Source& other) {
     return one.name == other.name && one.file == other.file && one.linkAsLink == other.linkAsLink &&
            isSameMemory(one, other) && one.memoryType == other.memoryType &&

@@ -11,7 +11,6 @@
 
 #include "archive/base/ByteOutput.h"
 #include "archive/base/Entry.h"
-#include "archive/base/EntrySource.h"
 #include "archive/base/Error.h"
 #include "archive/base/NewEntry.h"
 #include "archive/base/Progress.h"
@@ -39,7 +38,6 @@ class ArchiveWriter {
         Source() = default;
         Source(std::string entryName, std::filesystem::path path)
             : name(std::move(entryName)), file(std::move(path)) {}
-        explicit Source(const EntrySource& source);
 
         // Whether the data of what was found there goes in as it is.
         [[nodiscard]] bool isStored(const struct stat& found) const;

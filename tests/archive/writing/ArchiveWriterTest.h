@@ -24,7 +24,8 @@ class ArchiveWriterTest : public testing::Test {
     using Source = ArchiveWriter::Source;
 
     [[nodiscard]] Source source(std::string path) const {
-        return Source({.path = std::move(path), .base = sources_.path()});
+        const std::filesystem::path file = sources_ / path;
+        return {std::move(path), file};
     }
     [[nodiscard]] std::filesystem::path archivePath() const { return archives_ / "made.zip"; }
 
