@@ -1,6 +1,9 @@
 # One folder, one target. What a folder may include is what its target links, checked once more by
 # scripts/check-includes.
 
+# Of the checkout, of which the ZIP library can be built alone.
+get_filename_component(PELLUMAR_ROOT "${CMAKE_CURRENT_LIST_DIR}/.." ABSOLUTE)
+
 set(PELLUMAR_WARNINGS
     -Wall -Wextra -Wpedantic -Werror -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
     -Wcast-qual -Wformat=2 -Wimplicit-fallthrough -Wnull-dereference)
@@ -13,7 +16,7 @@ endfunction()
 
 # The same without the warnings.
 function(pellumar_instrument target)
-    target_include_directories(${target} PUBLIC "${CMAKE_SOURCE_DIR}/src")
+    target_include_directories(${target} PUBLIC "${PELLUMAR_ROOT}/src")
     if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
         target_compile_options(${target} PRIVATE -Wthread-safety)
     endif()
@@ -42,7 +45,7 @@ function(pellumar_folder name)
         endif()
     else()
         add_library(${name} INTERFACE)
-        target_include_directories(${name} INTERFACE "${CMAKE_SOURCE_DIR}/src")
+        target_include_directories(${name} INTERFACE "${PELLUMAR_ROOT}/src")
         target_link_libraries(${name} INTERFACE ${ARG_LINK})
     endif()
 endfunction()
@@ -102,7 +105,7 @@ function(pellumar_test name)
     endif()
     add_executable(${name} ${sources})
     pellumar_compile(${name})
-    target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}/tests")
+    target_include_directories(${name} PRIVATE "${PELLUMAR_ROOT}/tests")
     target_link_libraries(${name} PRIVATE ${ARG_LINK} GTest::gtest_main)
     set(timeout 300)
     set(label)

@@ -285,8 +285,10 @@ Result<Reader> Reader::openSource(std::unique_ptr<const ByteSource> source) {
 }
 
 Result<Reader> Reader::open(const std::filesystem::path& path) {
-    auto file = File::openForReading(path);
-    return file ? open(std::move(*file)) : Result<Reader>(passOn(file));
+    return withinMemory([&]() -> Result<Reader> {
+        auto archive = ArchiveReader::open(path);
+        return archive ? Result<Reader>(Reader(std::move(*archive))) : passOn(archive);
+    });
 }
 
 Result<Reader> Reader::open(File file) {

@@ -39,7 +39,6 @@ TEST_F(RefusalsTest, UnknownMethodsAreRefused) {
 
 TEST_F(RefusalsTest, SeveralDisksAreRefused) {
     const std::vector<std::function<void(ZipBuilder&)>> splits = {
-        [](ZipBuilder& z) { z.end.disk = 1; },
         [](ZipBuilder& z) { z.end.directoryDisk = 1; },
         [](ZipBuilder& z) {
             z.end.entriesOnDisk = 1;

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <span>
 
 #include "archive/base/Bytes.h"
 #include "archive/base/Error.h"
@@ -26,6 +27,10 @@ class ByteSource {
     // kReadFailed, or an error of your own, which whoever reads the archive is given.
     [[nodiscard]] virtual Result<std::size_t> readAt(std::uint64_t offset,
                                                      MutableBytes buffer) const = 0;
+
+    // Where its volumes begin, if it is a split archive in which places are told by the number of a
+    // volume and an offset in it; empty otherwise.
+    [[nodiscard]] virtual std::span<const std::uint64_t> volumeStarts() const { return {}; }
 
     // As readAt, but an end before the buffer is full is kTruncated at `offset`.
     [[nodiscard]] Result<> readExactlyAt(std::uint64_t offset, MutableBytes buffer) const;

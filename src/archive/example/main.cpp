@@ -2,12 +2,12 @@
 #include <string>
 #include <vector>
 
-#include "archive/Archive.h"
 #include "archive/Reader.h"
+#include "archive/Writer.h"
 
-// Puts files of the working folder into an archive, lists it, and extracts it again:
+// Puts files of the working folder into an archive, lists it, shows the first, and extracts all:
 //
-//     pellumar_archive_example FOLDER FILE...
+//     example FOLDER FILE...
 //
 // makes FOLDER/example.zip and FOLDER/out.
 
@@ -16,64 +16,70 @@ namespace archive = pellumar::archive;
 namespace {
 
 archive::Result<> pack(const std::filesystem::path& path, const std::vector<std::string>& files) {
-    auto made = archive::Archive::open(path, archive::AccessMode::kCreate);
-    if (!made) {
-        return archive::passOn(made);
+    auto writer = archive::Writer::create(path, {.comment = "made by the example"});
+    if (!writer) {
+        return archive::passOn(writer);
     }
-    std::vector<archive::EntrySource> sources;
-    sources.reserve(files.size());
+    std::vector<archive::NewEntry> entries;
     for (const std::string& file : files) {
-        sources.push_back({.path = file, .base = "."});
+        entries.push_back({.name = file, .content = archive::NewEntry::FromPath{.path = file}});
     }
-    made->compressAhead(sources);  // so that all processors have work, whatever the order
-    for (const archive::EntrySource& source : sources) {
-        auto added = made->addEntry(source.path, source.base, archive::CompressionMethod::kDeflate);
-        if (!added) {
-            return added;
-        }
+    if (auto added = writer->addAll(entries); !added) {
+        return added;
     }
-    return made->close();  // only now it is an archive
+    return writer->close();  // only now it is an archive
 }
 
-archive::Result<> list(const std::filesystem::path& path) {
-    auto opened = archive::Reader::open(path);
-    if (!opened) {
-        return archive::passOn(opened);
-    }
-    for (const archive::Entry& entry : *opened) {
+archive::Result<> list(const archive::Reader& reader) {
+    for (const archive::Entry& entry : reader) {
         std::cout << entry.path << ": " << entry.uncompressedSize << " bytes in "
-                  << entry.compressedSize << '\n';
+                  << entry.compressedSize << (entry.fault ? ", which cannot be taken out\n" : "\n");
     }
+    auto first = reader.openEntry(0);
+    if (!first) {
+        return archive::passOn(first);
+    }
+    std::vector<std::uint8_t> buffer(64);
+    const auto count = first->read(buffer);
+    if (!count) {
+        return archive::Failure(count.error());
+    }
+    std::cout << "It begins with: " << std::string(buffer.begin(), buffer.begin() + 8) << '\n';
     return {};
 }
 
-archive::Result<> unpack(const std::filesystem::path& path, const std::filesystem::path& to) {
-    auto report = archive::unzipItem(path, to);
+archive::Result<> unpack(const archive::Reader& reader, const std::filesystem::path& to) {
+    auto report = reader.extractAll(to, {.existing = archive::ExistingFiles::kOverwrite});
     if (!report) {
         return archive::passOn(report);
     }
     for (const archive::Warning& warning : report->warnings.kept()) {
-        std::cout << describe(warning.code) << ": " << warning.entry << '\n';
+        std::cout << warning.describe() << '\n';
     }
     return {};
+}
+
+archive::Result<> run(const std::filesystem::path& folder, const std::vector<std::string>& files) {
+    const std::filesystem::path path = folder / "example.zip";
+    if (auto packed = pack(path, files); !packed) {
+        return packed;
+    }
+    auto reader = archive::Reader::open(path);
+    if (!reader) {
+        return archive::passOn(reader);
+    }
+    auto listed = list(*reader);
+    return listed ? unpack(*reader, folder / "out") : listed;
 }
 
 }  // namespace
 
 int main(int count, char** arguments) {
     if (count < 3) {
-        std::cerr << "usage: pellumar_archive_example FOLDER FILE...\n";
+        std::cerr << "usage: example FOLDER FILE...\n";
         return 2;
     }
-    const std::filesystem::path folder = arguments[1];
-    const std::filesystem::path path = folder / "example.zip";
-    auto outcome = pack(path, {arguments + 2, arguments + count});
-    if (outcome) {
-        outcome = list(path);
-    }
-    if (outcome) {
-        outcome = unpack(path, folder / "out");
-    }
+    const archive::Result<> outcome = run(arguments[1], {arguments + 2, arguments + count});
     if (!outcome) {
         std::cerr << outcome.error().describe() << '\n';
         return 1;

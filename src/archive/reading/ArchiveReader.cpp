@@ -4,6 +4,7 @@
 
 #include "archive/reading/CentralDirectory.h"
 #include "archive/reading/DirectoryLocator.h"
+#include "archive/reading/Volumes.h"
 
 namespace pellumar::archive {
 
@@ -16,6 +17,12 @@ Result<std::string> commentOf(const ByteSource& source, const DirectoryLocation&
         return passOn(read);
     }
     return comment;
+}
+
+// Whether one volume of several looks like that by itself.
+bool mayBeVolume(const Error& error) {
+    return error.code == ErrorCode::kNotAnArchive || error.code == ErrorCode::kTruncated ||
+           error.code == ErrorCode::kDamagedDirectory || error.code == ErrorCode::kMultipleDisks;
 }
 
 }  // namespace
@@ -38,7 +45,12 @@ Result<std::unique_ptr<ArchiveReader>> ArchiveReader::open(const std::filesystem
     if (!source) {
         return passOn(source);
     }
-    return open(std::move(*source));
+    auto opened = open(std::move(*source));
+    if (opened || !mayBeVolume(opened.error())) {
+        return opened;
+    }
+    auto volumes = openVolumes(path, opened.error());
+    return volumes ? open(std::move(*volumes)) : passOn(volumes);
 }
 
 Result<std::unique_ptr<ArchiveReader>> ArchiveReader::open(

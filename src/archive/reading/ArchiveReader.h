@@ -18,7 +18,7 @@ class ArchiveReader {
     // Finds the central directory and reads it. What is wrong with entries stands in the table.
     [[nodiscard]] static Result<std::unique_ptr<ArchiveReader>> open(
         std::unique_ptr<const ByteSource> source);
-    // The same of a regular file.
+    // The same of a regular file, or of the split archive that it is a volume of.
     [[nodiscard]] static Result<std::unique_ptr<ArchiveReader>> open(
         const std::filesystem::path& path);
 

@@ -217,6 +217,7 @@ class TableBuilder {
     }
 
     void add(CentralDirectoryHeader header, std::uint64_t offset) {
+        placeInWhole(header);
         const DecodedName name = names_.decode(rawNameOf(header));
         const auto path = judgeEntryName(name.text, pathStorage_);
         EntryData data;
@@ -284,6 +285,15 @@ class TableBuilder {
         return table_.keep(
             names_.decode({.bytes = header.comment, .utf8Flag = (header.flags & kFlagUtf8) != 0})
                 .text);
+    }
+
+    // A place that is told by volume becomes that in the whole.
+    void placeInWhole(CentralDirectoryHeader& header) const {
+        const auto starts = file_.volumeStarts();
+        if (header.disk < starts.size()) {
+            header.localHeaderOffset += starts[header.disk];
+            header.disk = 0;
+        }
     }
 
     // Where in the file the local header is; nothing if that cannot be.

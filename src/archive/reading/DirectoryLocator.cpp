@@ -76,6 +76,21 @@ bool needsZip64(const EndFields& small) {
            small.directoryOffset == kMax32;
 }
 
+// The place in the whole of an offset in a volume; nothing if there is no such volume. In an
+// archive of one piece every number is taken for its own.
+std::optional<std::uint64_t> inWhole(const ByteSource& file,
+                                     std::uint64_t volume,
+                                     std::uint64_t offset) {
+    const auto starts = file.volumeStarts();
+    if (starts.empty()) {
+        return offset;
+    }
+    if (volume >= starts.size() || offset > file.size() - starts[volume]) {
+        return std::nullopt;
+    }
+    return starts[volume] + offset;
+}
+
 // The ZIP64 record at `position`, if there is one. Some readers believe it whatever its own size
 // says, so that is not asked here.
 Result<std::optional<EndFields>> zip64EndAt(const ByteSource& file, std::uint64_t position) {
@@ -108,7 +123,13 @@ Result<bool> reachesLocator(const ByteSource& file,
 Result<std::optional<Zip64End>> followLocator(const ByteSource& file,
                                               ByteView locator,
                                               std::uint64_t locatorPosition) {
-    const auto claimed = loadLittleEndian<std::uint64_t>(locator, 8);
+    const auto place = inWhole(file,
+                               loadLittleEndian<std::uint32_t>(locator, 4),
+                               loadLittleEndian<std::uint64_t>(locator, 8));
+    if (!place) {
+        return failure(ErrorCode::kMultipleDisks, locatorPosition);
+    }
+    const std::uint64_t claimed = *place;
     if (locatorPosition < kZip64EndOfCentralDirectorySize ||
         claimed > locatorPosition - kZip64EndOfCentralDirectorySize) {
         return std::nullopt;
@@ -161,8 +182,9 @@ Result<std::optional<Zip64End>> findZip64End(const ByteSource& file,
         return std::nullopt;
     }
     auto end = followLocator(file, locator, locatorPosition);
-    const bool severalDisks = loadLittleEndian<std::uint32_t>(locator, 4) != 0 ||
-                              loadLittleEndian<std::uint32_t>(locator, 16) > 1;
+    const bool severalDisks =
+        file.volumeStarts().empty() && (loadLittleEndian<std::uint32_t>(locator, 4) != 0 ||
+                                        loadLittleEndian<std::uint32_t>(locator, 16) > 1);
     if (severalDisks && ((end && *end) || needsZip64(small))) {
         return failure(ErrorCode::kMultipleDisks, locatorPosition);
     }
@@ -272,10 +294,20 @@ Result<DirectoryLocation> follow(const ByteSource& file, std::uint64_t position,
         }
         fields = (*zip64)->fields;
     }
-    if (fields.disk != 0 || fields.directoryDisk != 0 || fields.entriesOnDisk != fields.entries) {
-        return failure(ErrorCode::kMultipleDisks, position);
+    const std::size_t volumes = file.volumeStarts().size();
+    if (volumes == 0) {
+        if (fields.disk != 0 || fields.directoryDisk != 0 ||
+            fields.entriesOnDisk != fields.entries) {
+            return failure(ErrorCode::kMultipleDisks, position);
+        }
+    } else {
+        const auto directory = inWhole(file, fields.directoryDisk, fields.directoryOffset);
+        if (fields.disk + 1 != volumes || !directory) {
+            return failure(ErrorCode::kMultipleDisks, position);
+        }
+        fields.directoryOffset = *directory;
     }
-    if (!*zip64) {
+    if (!*zip64 && volumes == 0) {
         auto beyond = findBeyond32Bits(file, position, fields);
         if (!beyond) {
             return passOn(beyond);
@@ -373,6 +405,23 @@ class CandidateSearch {
 };
 
 }  // namespace
+
+std::size_t claimedVolumes(const ByteSource& file) {
+    const auto tail = readTail(file);
+    if (!tail) {
+        return 0;
+    }
+    const ByteView bytes = tail->bytes;
+    for (std::size_t end = bytes.size(); end >= kEndOfCentralDirectorySize; --end) {
+        const ByteView record =
+            bytes.subspan(end - kEndOfCentralDirectorySize, kEndOfCentralDirectorySize);
+        if (loadLittleEndian<std::uint32_t>(record) == kEndOfCentralDirectorySignature &&
+            loadLittleEndian<std::uint16_t>(record, 20) == bytes.size() - end) {
+            return static_cast<std::size_t>(parseEnd(record).disk + 1);
+        }
+    }
+    return 0;
+}
 
 Result<DirectoryLocation> locateDirectory(const ByteSource& file) {
     auto tail = readTail(file);

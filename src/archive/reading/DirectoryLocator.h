@@ -25,6 +25,10 @@ struct DirectoryLocation {
     bool cutTo32Bits = false;
 };
 
+// How many volumes the archive has whose last one `file` is, as its end record says; 0 if it has no
+// such record.
+[[nodiscard]] std::size_t claimedVolumes(const ByteSource& file);
+
 // Finds the end of central directory record of `file`, with its ZIP64 record where there is one,
 // and holds all their fields against each other.
 //
@@ -36,6 +40,8 @@ struct DirectoryLocation {
 //
 // Archives of over 65,535 entries or over 4 GiB without ZIP64 records, which some writers make, are
 // found where what the record says is right modulo 2^16 and 2^32.
+//
+// Places that are told by volume become those in the whole (ByteSource::volumeStarts).
 //
 // kNotAnArchive, kTruncated, kDamagedDirectory or kMultipleDisks, with the offset of the record.
 [[nodiscard]] Result<DirectoryLocation> locateDirectory(const ByteSource& file);
