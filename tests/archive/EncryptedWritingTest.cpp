@@ -32,7 +32,8 @@ class EncryptedWritingTest : public ExtractionTest, public testing::WithParamInt
     }
 
     void pack() const {
-        auto writer = ArchiveWriter::create(archivePath(), PendingFile::Existing::kReplace, {.threads = 2});
+        auto writer =
+            ArchiveWriter::create(archivePath(), PendingFile::Existing::kReplace, {.threads = 2});
         ASSERT_TRUE(writer);
         const auto password = std::make_shared<const Password>(kPassword);
         std::vector<ArchiveWriter::Source> sources;
