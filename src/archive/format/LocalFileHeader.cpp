@@ -36,6 +36,8 @@ Result<LocalFileHeader> LocalFileHeader::parse(ByteView bytes, std::uint64_t fil
     LocalFileHeader header;
     header.flags = loadLittleEndian<std::uint16_t>(bytes, 6);
     header.method = loadLittleEndian<std::uint16_t>(bytes, 8);
+    header.modified = {.time = loadLittleEndian<std::uint16_t>(bytes, 10),
+                       .date = loadLittleEndian<std::uint16_t>(bytes, 12)};
     header.crc32 = loadLittleEndian<std::uint32_t>(bytes, 14);
     header.compressedSize = loadLittleEndian<std::uint32_t>(bytes, 18);
     header.uncompressedSize = loadLittleEndian<std::uint32_t>(bytes, 22);

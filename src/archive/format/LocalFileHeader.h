@@ -4,6 +4,7 @@
 
 #include "archive/base/Bytes.h"
 #include "archive/base/Error.h"
+#include "archive/format/Timestamps.h"
 
 namespace pellumar::archive::format {
 
@@ -12,6 +13,7 @@ namespace pellumar::archive::format {
 struct LocalFileHeader {
     std::uint16_t flags = 0;
     std::uint16_t method = 0;
+    DosDateTime modified;
     std::uint32_t crc32 = 0;
     std::uint64_t compressedSize = 0;
     std::uint64_t uncompressedSize = 0;

@@ -443,4 +443,15 @@ Result<EntryTable> readCentralDirectory(const ByteSource& file,
     return table;
 }
 
+EntryTable tableOf(const CentralDirectoryHeader& header,
+                   const NameDecoder& names,
+                   const ByteSource& file) {
+    const DirectoryLocation everything{.offset = file.size(), .zip64 = true};
+    TableBuilder builder(file, everything, names, 1, header.name.size());
+    builder.add(header, header.localHeaderOffset);
+    EntryTable table = builder.take();
+    assignSlots(table, everything);
+    return table;
+}
+
 }  // namespace pellumar::archive

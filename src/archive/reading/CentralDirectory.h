@@ -3,8 +3,10 @@
 #include "archive/base/ByteSource.h"
 #include "archive/base/Error.h"
 #include "archive/base/Warning.h"
+#include "archive/format/CentralDirectoryHeader.h"
 #include "archive/reading/DirectoryLocator.h"
 #include "archive/reading/EntryTable.h"
+#include "archive/reading/NameDecoder.h"
 
 namespace pellumar::archive {
 
@@ -19,5 +21,11 @@ namespace pellumar::archive {
 [[nodiscard]] Result<EntryTable> readCentralDirectory(const ByteSource& file,
                                                       const DirectoryLocation& location,
                                                       Warnings& warnings);
+
+// The table of one entry, of which a header like those of the directory tells, with the fault that
+// it shows. Empty for one of the folder itself. The entry's slot is all that follows its place.
+[[nodiscard]] EntryTable tableOf(const format::CentralDirectoryHeader& header,
+                                 const NameDecoder& names,
+                                 const ByteSource& file);
 
 }  // namespace pellumar::archive

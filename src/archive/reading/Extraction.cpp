@@ -25,6 +25,7 @@
 #include "archive/reading/FolderMaker.h"
 #include "archive/reading/LinkSafety.h"
 #include "archive/reading/ReaderThreads.h"
+#include "archive/reading/TargetSink.h"
 #include "archive/reading/WatchedSink.h"
 
 namespace pellumar::archive {
@@ -39,23 +40,6 @@ constexpr std::size_t kEntriesInCheck = 1024;
 constexpr std::uint64_t kNear = 16UL * 1024;
 // Up to where it is worth to look ahead for what can be read together.
 constexpr std::uint64_t kFarEnough = 256UL * 1024;
-
-// Collects a link's target, which no file system takes longer than PATH_MAX.
-class TargetSink final : public DataSink {
-  public:
-    Result<> write(ByteView bytes) override {
-        if (target_.size() + bytes.size() >= PATH_MAX) {
-            return failure(ErrorCode::kUnsafeLink);
-        }
-        target_.append(reinterpret_cast<const char*>(bytes.data()), bytes.size());
-        return {};
-    }
-
-    std::string take() { return std::move(target_); }
-
-  private:
-    std::string target_;
-};
 
 // Tells of entries that are read one after another how far they reach without a gap.
 class Run {

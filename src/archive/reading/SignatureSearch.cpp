@@ -15,7 +15,8 @@ using namespace format;
 
 constexpr std::size_t kSearchPiece = 64UL * 1024;
 
-// Whether a local header could be meant by the bytes, or they have its signature by chance.
+}  // namespace
+
 bool looksLikeLocalHeader(ByteView bytes) {
     constexpr std::uint16_t kHighestMethod = 99;
     constexpr std::uint8_t kHighestVersion = 63;
@@ -25,8 +26,6 @@ bool looksLikeLocalHeader(ByteView bytes) {
            loadLittleEndian<std::uint16_t>(bytes, 8) <= kHighestMethod && nameSize > 0 &&
            nameSize <= kUsualName;
 }
-
-}  // namespace
 
 Result<std::optional<std::uint64_t>> findSignature(const ByteSource& file,
                                                    std::uint32_t signature,

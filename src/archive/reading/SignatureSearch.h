@@ -16,6 +16,10 @@ namespace pellumar::archive {
                                                                  std::uint64_t start,
                                                                  std::uint64_t end);
 
+// Whether a local header could be meant by the bytes, its fixed part, that begin with its
+// signature, or they begin so by chance.
+[[nodiscard]] bool looksLikeLocalHeader(ByteView bytes);
+
 // The offset of the first local file header, by its looks, in the gap from `start` to `end`: looked
 // for at the gap's beginning, where deleted entries leave theirs.
 [[nodiscard]] Result<std::optional<std::uint64_t>> findLocalHeader(const ByteSource& file,
