@@ -1,42 +1,85 @@
 # Completion of pellumar(1) for bash.
 
+# Files that end in .zip, and folders on the way to them.
+_pellumar_archives() {
+    compopt -o filenames
+    mapfile -t COMPREPLY < <(compgen -d -- "$1"; compgen -f -X '!*.[zZ][iI][pP]' -- "$1")
+}
+
+# The names in the archive $2 that begin with $1.
+_pellumar_entries() {
+    local name
+    COMPREPLY=()
+    while IFS= read -r -d '' name; do
+        [[ $name == "$1"* ]] && COMPREPLY+=("$name")
+    done < <("${COMP_WORDS[0]}" --quiet list -0 -- "$2" 2>/dev/null </dev/null)
+    compopt -o filenames
+}
+
 _pellumar() {
-    local current=${COMP_WORDS[COMP_CWORD]} command='' position=0 word i
+    local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
+    local command='' archive='' position=0 options='--help --null --quiet' word i
     COMPREPLY=()
     # Which command stands on the line, and how many arguments it has before the cursor.
     for ((i = 1; i < COMP_CWORD; ++i)); do
         word=${COMP_WORDS[i]}
-        if [[ $word == --documents || $word == --password-file ]]; then
-            ((++i))
-        elif [[ $word != -* ]]; then
-            if [[ -z $command ]]; then
-                command=$word
-            else
-                ((++position))
-            fi
-        fi
+        case $word in
+            --documents | --password-file | --exclude | --level | --from-list | --to | --strip)
+                ((++i)) ;;
+            -?*) ;;
+            *)
+                if [[ -z $command ]]; then
+                    command=$word
+                else
+                    ((++position))
+                    ((position == 1)) && archive=$word
+                fi ;;
+        esac
     done
-    if [[ ${COMP_WORDS[COMP_CWORD - 1]} == --documents ]]; then
-        compopt -o filenames
-        mapfile -t COMPREPLY < <(compgen -d -- "$current")
-    elif [[ ${COMP_WORDS[COMP_CWORD - 1]} == --password-file ]]; then
-        compopt -o filenames
-        mapfile -t COMPREPLY < <(compgen -f -- "$current")
-    elif [[ $current == -* && $command == unzip ]]; then
-        mapfile -t COMPREPLY < <(compgen \
-            -W '--documents --help --null --password-file --quiet --version' -- "$current")
-    elif [[ $current == -* ]]; then
-        mapfile -t COMPREPLY < <(
-            compgen -W '--documents --help --null --quiet --version' -- "$current")
-    elif [[ -z $command ]]; then
-        mapfile -t COMPREPLY < <(compgen -W 'zip unzip' -- "$current")
-    elif [[ $command == zip && $position -gt 0 ]]; then
-        compopt -o filenames
-        mapfile -t COMPREPLY < <(compgen -f -- "$current")
-    elif [[ $command == unzip && $position -eq 0 ]]; then
-        compopt -o filenames
-        mapfile -t COMPREPLY < <(compgen -d -- "$current"; compgen -f -X '!*.[zZ][iI][pP]' -- "$current")
+    case $previous in
+        --documents | --to)
+            compopt -o filenames
+            mapfile -t COMPREPLY < <(compgen -d -- "$current")
+            return ;;
+        --password-file | --from-list)
+            compopt -o filenames
+            mapfile -t COMPREPLY < <(compgen -f -- "$current")
+            return ;;
+        --level)
+            mapfile -t COMPREPLY < <(compgen -W '1 2 3 4 5 6 7 8 9 store' -- "$current")
+            return ;;
+        --exclude | --strip) return ;;
+    esac
+    if [[ $current == -* ]]; then
+        case $command in
+            '') options+=' --documents --version' ;;
+            create) options+=' --exclude --force --from-list --level --password-file --reproducible' ;;
+            extract) options+=' --overwrite --password-file --rename --skip --strip --sync --to' ;;
+            list) options+=' --json --names' ;;
+            cat | test) options+=' --password-file' ;;
+            zip) options+=' --documents' ;;
+            unzip) options+=' --documents --password-file' ;;
+        esac
+        mapfile -t COMPREPLY < <(compgen -W "$options" -- "$current")
+        return
     fi
+    case $command in
+        '') mapfile -t COMPREPLY < <(
+            compgen -W 'create extract list cat test zip unzip' -- "$current") ;;
+        create | zip)
+            if [[ $command == create || $position -gt 0 ]]; then
+                compopt -o filenames
+                mapfile -t COMPREPLY < <(compgen -f -- "$current")
+            fi ;;
+        test) _pellumar_archives "$current" ;;
+        extract | list | cat)
+            if ((position == 0)); then
+                _pellumar_archives "$current"
+            elif [[ $archive == *.[zZ][iI][pP] ]]; then
+                _pellumar_entries "$current" "$archive"
+            fi ;;
+        unzip) ((position == 0)) && _pellumar_archives "$current" ;;
+    esac
 }
 
 complete -F _pellumar pellumar

@@ -51,6 +51,9 @@ std::string withoutGuard(const std::string& title) {
                                                                 : title;
 }
 
+// What people may mean by a command that is none.
+constexpr std::string_view kCommands = "create, extract, list, cat, test, zip and unzip";
+
 // The parser's own words do for mistakes within a command.
 std::string wordsFor(const CLI::App& app, const CLI::Error& mistake) {
     if (!app.get_subcommands().empty()) {
@@ -59,76 +62,286 @@ std::string wordsFor(const CLI::App& app, const CLI::Error& mistake) {
     const std::vector<std::string> unknown = app.remaining();
     if (unknown.empty()) {
         return mistake.get_exit_code() == static_cast<int>(CLI::ExitCodes::RequiredError)
-                   ? "a command is missing: zip or unzip"
+                   ? "a command is missing: there are " + std::string(kCommands)
                    : mistake.what();
     }
     if (unknown.front().starts_with('-')) {
-        return "unknown option: " + printable(unknown.front());
+        return "unknown option: " + unknown.front();
     }
-    return "unknown command: " + printable(unknown.front()) + "; there are zip and unzip";
+    return "unknown command: " + unknown.front() + "; there are " + std::string(kCommands);
 }
 
 std::string describeMistake(const CLI::App* app, const CLI::Error& mistake) {
-    return "pellumar: " + wordsFor(*app, mistake) + "\nRun pellumar --help for more information.\n";
+    const std::vector<CLI::App*> commands = app->get_subcommands();
+    const std::string command = commands.empty() ? "" : commands.front()->get_name() + " ";
+    return "pellumar: " + printable(wordsFor(*app, mistake)) + "\nRun pellumar " + command +
+           "--help for more information.\n";
 }
 
-// A command, whose help tells the options of the program too.
-CLI::App* addCommand(CLI::App& app, const std::string& name, const std::string& description) {
+constexpr const char* kNoWord = " ";
+constexpr const char* kSeveral = "...";
+
+// Said before the command or behind it. In the command they are defined again, as the parser would
+// take "-0" for a negative number there.
+void addCommonOptions(CLI::App& app, CommandLine& line, const std::string& group) {
+    app.add_flag("-q,--quiet", line.quiet, "Print nothing but what was asked for, and errors")
+        ->group(group);
+    app.add_flag("-0,--null", line.endWithNul, "End each path with a NUL instead of a line end")
+        ->group(group);
+}
+
+CLI::App* addCommand(CLI::App& app,
+                     CommandLine& line,
+                     const std::string& name,
+                     const std::string& description,
+                     const std::string& examples) {
     CLI::App* command = app.add_subcommand(name, description);
-    command->fallthrough();
-    command->footer([&app] {
-        const auto common = [](const CLI::Option* option) {
-            return option->get_lnames().front() != "help" &&
-                   option->get_lnames().front() != "version";
-        };
-        return CLI::Formatter().make_group(
-            "Options of every command", false, std::as_const(app).get_options(common));
-    });
+    addCommonOptions(*command, line, "Options of every command");
+    command->footer("Examples:\n" + examples);
     return command;
 }
 
-void addZip(CLI::App& app, CommandLine& line) {
-    CLI::App* zip = addCommand(app, "zip", "Make an archive in the workspace");
-    zip->callback([&line] { line.operation = OperationType::kZip; });
-    zip->add_option("TITLE", line.title, "Name of the archive, without \".zip\"")
+void addDocuments(CLI::App& app, WorkspaceArguments& arguments) {
+    app.add_option("--documents", arguments.documents, "Folder of the workspace, for zip and unzip")
+        ->check(mayNotBeEmpty)
+        ->option_text("DIR");
+}
+
+CLI::Option* addArchive(CLI::App& command, std::filesystem::path& archive, const char* meaning) {
+    return command.add_option("ARCHIVE", archive, meaning)
+        ->required()
+        ->check(mayNotBeEmpty)
+        ->option_text(kNoWord);
+}
+
+CLI::Option* addNames(CLI::App& command, std::vector<std::string>& names, const char* meaning) {
+    return command.add_option("NAME", names, meaning)
+        ->transform(withoutGuard)
+        ->check(mayNotBeEmpty)
+        ->option_text(kSeveral);
+}
+
+void addPasswordFile(CLI::App& command, std::filesystem::path& file) {
+    command.add_option("--password-file", file, "File whose first line is the password")
+        ->check(mayNotBeEmpty)
+        ->option_text("FILE");
+}
+
+void allowOneOf(const std::vector<CLI::Option*>& options) {
+    for (std::size_t i = 0; i < options.size(); ++i) {
+        options[i]->option_text(kNoWord);
+        for (std::size_t k = 0; k < i; ++k) {
+            options[i]->excludes(options[k]);
+        }
+    }
+}
+
+void addZip(CLI::App& app, CommandLine& line, WorkspaceArguments& arguments) {
+    CLI::App* zip = addCommand(
+        app, line, "zip", "Make an archive in the workspace", "  pellumar zip Holiday *.jpg\n");
+    addDocuments(*zip, arguments);
+    zip->callback([&] {
+        arguments.operation = OperationType::kZip;
+        line.command = arguments;
+    });
+    zip->add_option("TITLE", arguments.title, "Name of the archive, without \".zip\"")
         ->required()
         ->transform(withoutGuard)
         ->check(mustStayInside)
-        ->option_text(" ");
-    zip->add_option("FILE", line.files, "Files, each to become an entry under its own name")
+        ->option_text(kNoWord);
+    zip->add_option("FILE", arguments.files, "Files, each to become an entry under its own name")
         ->required()
         ->check(mayNotBeEmpty)
-        ->option_text("...");
+        ->option_text(kSeveral);
 }
 
-void addUnzip(CLI::App& app, CommandLine& line) {
-    CLI::App* unzip = addCommand(app, "unzip", "Extract an archive into the workspace");
-    unzip->callback([&line] { line.operation = OperationType::kUnzip; });
-    unzip->add_option("ARCHIVE", line.archive, "A ZIP archive")
+void addUnzip(CLI::App& app, CommandLine& line, WorkspaceArguments& arguments) {
+    CLI::App* unzip = addCommand(app,
+                                 line,
+                                 "unzip",
+                                 "Extract an archive into the workspace",
+                                 "  pellumar unzip Holiday.zip\n"
+                                 "  pellumar -0 unzip Holiday.zip | xargs -0 ls -ld --\n");
+    addDocuments(*unzip, arguments);
+    unzip->callback([&] {
+        arguments.operation = OperationType::kUnzip;
+        line.command = arguments;
+    });
+    addArchive(*unzip, arguments.archive, "A ZIP archive");
+    addPasswordFile(*unzip, arguments.passwordFile);
+}
+
+std::string mustBeALevel(const std::string& level) {
+    const bool isDigit = level.size() == 1 && level >= "1" && level <= "9";
+    return isDigit || level == "store" ? "" : "a level is 1 to 9, or \"store\": " + level;
+}
+
+void addCreate(CLI::App& app, CommandLine& line, CreateArguments& arguments) {
+    CLI::App* create =
+        addCommand(app,
+                   line,
+                   "create",
+                   "Make an archive of files and whole folders",
+                   "  pellumar create photos.zip Pictures --exclude '*.tmp'\n"
+                   "  pellumar create - src | ssh host 'cat > src.zip'\n"
+                   "  find . -newer mark -print0 | pellumar create new.zip --from-list -\n");
+    addArchive(*create, arguments.archive, "The new archive; \"-\" for standard output");
+    CLI::Option* paths =
+        create->add_option("PATH", arguments.paths, "Files, links, and folders with all in them")
+            ->check(mayNotBeEmpty)
+            ->option_text(kSeveral);
+    CLI::Option* list =
+        create
+            ->add_option("--from-list",
+                         arguments.list,
+                         "Take what FILE lists instead, one a line or ended by NUL, folders "
+                         "without what is in them; \"-\" for standard input")
+            ->check(mayNotBeEmpty)
+            ->excludes(paths)
+            ->option_text("FILE");
+    create
+        ->add_option("--exclude",
+                     arguments.exclude,
+                     "Leave out what fits the pattern, and all below it; may be repeated")
+        ->transform(withoutGuard)
+        ->check(mayNotBeEmpty)
+        ->allow_extra_args(false)
+        ->option_text("GLOB");
+    create
+        ->add_option_function<std::string>(
+            "--level",
+            [&arguments](const std::string& level) {
+                arguments.level = level == "store" ? 0 : level.front() - '0';
+            },
+            "1 (fast) to 9 (small), or store; by the data if not given")
+        ->check(mustBeALevel)
+        ->option_text("LEVEL");
+    addPasswordFile(*create, arguments.passwordFile);
+    create->add_flag("--reproducible",
+                     arguments.reproducible,
+                     "Same bytes for the same files, whenever and wherever it is made");
+    create->add_flag("-f,--force", arguments.force, "Replace an archive that is there");
+    create->callback([&line, &arguments, paths, list] {
+        if (paths->empty() && list->empty()) {
+            throw CLI::RequiredError("PATH or --from-list");
+        }
+        line.command = arguments;
+    });
+}
+
+void addExtract(CLI::App& app, CommandLine& line, ExtractArguments& arguments) {
+    CLI::App* extract = addCommand(app,
+                                   line,
+                                   "extract",
+                                   "Extract an archive, or some of it",
+                                   "  pellumar extract photos.zip --to Pictures\n"
+                                   "  pellumar extract src.zip src/doc '*.md' --strip 1\n"
+                                   "  pellumar extract - --to there < photos.zip\n");
+    extract->callback([&] { line.command = arguments; });
+    addArchive(*extract, arguments.archive, "A ZIP archive; \"-\" for standard input, if a file");
+    addNames(*extract,
+             arguments.names,
+             "Entries, folders with all in them, or patterns; all if there is none");
+    extract
+        ->add_option("--to",
+                     arguments.to,
+                     "Folder to extract into, made if need be; here if "
+                     "not given")
+        ->check(mayNotBeEmpty)
+        ->option_text("DIR");
+    std::vector<CLI::Option*> existing;
+    const auto addExisting =
+        [&](const char* name, archive::ExistingFiles what, const char* meaning) {
+            existing.push_back(extract->add_flag_callback(
+                name, [&arguments, what] { arguments.existing = what; }, meaning));
+        };
+    addExisting("--overwrite", archive::ExistingFiles::kOverwrite, "Replace a file that is there");
+    addExisting("--skip", archive::ExistingFiles::kSkip, "Leave a file that is there as it is");
+    addExisting("--rename",
+                archive::ExistingFiles::kRename,
+                "Extract as \"name (2).ext\" where a file is there");
+    allowOneOf(existing);
+    extract->add_option("--strip", arguments.strip, "Leave out so many leading parts of names")
+        ->option_text("N");
+    extract->add_flag("--sync", arguments.sync, "Return when all is on the disk");
+    addPasswordFile(*extract, arguments.passwordFile);
+}
+
+void addCat(CLI::App& app, CommandLine& line, CatArguments& arguments) {
+    CLI::App* cat = addCommand(app,
+                               line,
+                               "cat",
+                               "Write what entries hold to standard output",
+                               "  pellumar cat src.zip src/README.md | less\n");
+    cat->callback([&] { line.command = arguments; });
+    addArchive(*cat, arguments.archive, "A ZIP archive; \"-\" for standard input, if a file");
+    addNames(*cat, arguments.names, "Entries or patterns, in the order wanted")->required();
+    addPasswordFile(*cat, arguments.passwordFile);
+}
+
+void addList(CLI::App& app, CommandLine& line, ListArguments& arguments) {
+    CLI::App* list = addCommand(app,
+                                line,
+                                "list",
+                                "Tell what an archive holds",
+                                "  pellumar list photos.zip\n"
+                                "  pellumar list photos.zip --json | jq '.entries[].size'\n"
+                                "  pellumar list photos.zip -0 | xargs -0 -n 1 echo\n");
+    list->callback([&] { line.command = arguments; });
+    addArchive(*list, arguments.archive, "A ZIP archive; \"-\" for standard input, if a file");
+    addNames(*list, arguments.names, "Entries, folders with all in them, or patterns");
+    allowOneOf({list->add_flag_callback(
+                    "--names",
+                    [&] { arguments.form = ListForm::kNames; },
+                    "Names alone, one a line; with -0 ended by NUL"),
+                list->add_flag_callback(
+                    "--json",
+                    [&] { arguments.form = ListForm::kJson; },
+                    "Everything, as JSON, an entry a line")});
+}
+
+void addTest(CLI::App& app, CommandLine& line, TestArguments& arguments) {
+    CLI::App* test = addCommand(app,
+                                line,
+                                "test",
+                                "Read archives to the end and tell what is wrong",
+                                "  pellumar test *.zip && echo all right\n");
+    test->callback([&] { line.command = arguments; });
+    test->add_option(
+            "ARCHIVE", arguments.archives, "ZIP archives; \"-\" for standard input, if a file")
         ->required()
         ->check(mayNotBeEmpty)
-        ->option_text(" ");
-    unzip->add_option("--password-file", line.passwordFile, "File whose first line is the password")
-        ->check(mayNotBeEmpty)
-        ->option_text("FILE");
+        ->option_text(kSeveral);
+    addPasswordFile(*test, arguments.passwordFile);
 }
 
 }  // namespace
 
 tl::expected<CommandLine, int> CommandLine::parse(int count, const char* const* arguments) {
     CommandLine line;
-    CLI::App app("Makes and extracts ZIP archives in a workspace, and prints where they are.",
-                 "pellumar");
+    WorkspaceArguments workspace;
+    CreateArguments create;
+    ExtractArguments extract;
+    CatArguments cat;
+    ListArguments list;
+    TestArguments test;
+    CLI::App app("Makes, extracts, lists and checks ZIP archives.", "pellumar");
     app.set_version_flag("--version", "pellumar " PELLUMAR_VERSION);
     app.require_subcommand(1);
     app.failure_message(describeMistake);
-    app.add_option("--documents", line.documents, "Folder in which the workspace is")
-        ->check(mayNotBeEmpty)
-        ->option_text("DIR");
-    app.add_flag("-q,--quiet", line.quiet, "Print nothing but paths and errors");
-    app.add_flag("-0,--null", line.endWithNul, "End each path with a NUL instead of a line end");
-    addZip(app, line);
-    addUnzip(app, line);
+    addDocuments(app, workspace);
+    addCommonOptions(app, line, "Options");
+    addCreate(app, line, create);
+    addExtract(app, line, extract);
+    addList(app, line, list);
+    addCat(app, line, cat);
+    addTest(app, line, test);
+    addZip(app, line, workspace);
+    addUnzip(app, line, workspace);
+    // Not before: the commands would inherit it.
+    app.footer(
+        "pellumar COMMAND --help tells more, with examples; the manual is pellumar(1).\n"
+        "Returns 0 if all went well, 1 if not, 2 if called wrongly.");
     try {
         app.parse(guarded(count, arguments));
     } catch (const CLI::ParseError& outcome) {

@@ -1,28 +1,21 @@
 #pragma once
 
-#include <filesystem>
-#include <optional>
-#include <string>
 #include <tl/expected.hpp>
-#include <vector>
+#include <variant>
 
-#include "engine/OperationType.h"
+#include "cli/Arguments.h"
 
 namespace pellumar {
 
-// What the program returns.
-inline constexpr int kExitSuccess = 0;
-inline constexpr int kExitFailure = 1;
-inline constexpr int kExitUsage = 2;
-
 // What was asked for on the command line.
 struct CommandLine {
-    OperationType operation = OperationType::kZip;
-    std::string title;                         // kZip; without a "/"
-    std::vector<std::filesystem::path> files;  // kZip: at least one
-    std::filesystem::path archive;             // kUnzip
-    std::filesystem::path passwordFile;        // kUnzip; empty: none was named
-    std::optional<std::filesystem::path> documents;
+    std::variant<WorkspaceArguments,
+                 CreateArguments,
+                 ExtractArguments,
+                 CatArguments,
+                 ListArguments,
+                 TestArguments>
+        command;
     bool quiet = false;
     // Each path that is printed ends with a NUL instead of a line end.
     bool endWithNul = false;

@@ -1,11 +1,7 @@
 #include "cli/JobRunner.h"
 
-#include <unistd.h>
-
 #include <QEventLoop>
 #include <algorithm>
-#include <cerrno>
-#include <cstdio>
 #include <filesystem>
 #include <iterator>
 #include <string>
@@ -13,8 +9,8 @@
 #include <unordered_map>
 #include <utility>
 
+#include "cli/Output.h"
 #include "cli/PasswordSource.h"
-#include "cli/PrintableText.h"
 #include "cli/ReportLines.h"
 #include "cli/TerminalProgress.h"
 #include "platform/FileUrl.h"
@@ -62,26 +58,33 @@ std::optional<std::string> whyNoArchive(const fs::path& argument) {
 
 }  // namespace
 
-JobRunner::JobRunner(const CommandLine& commandLine,
+JobRunner::JobRunner(const WorkspaceArguments& arguments,
+                     bool endWithNul,
+                     Messages& messages,
                      const FileSystem& fileSystem,
                      ZipManager& zipManager)
-    : commandLine_(commandLine), fileSystem_(fileSystem), zipManager_(zipManager) {}
+    : arguments_(arguments),
+      endWithNul_(endWithNul),
+      messages_(messages),
+      fileSystem_(fileSystem),
+      zipManager_(zipManager) {}
 
 int JobRunner::run() {
-    return commandLine_.operation == OperationType::kZip ? zip() : unzip();
+    return arguments_.operation == OperationType::kZip ? zip() : unzip();
 }
 
 int JobRunner::zip() {
-    const tl::expected<Paths, std::string> paths = pathsOf(commandLine_.files);
+    const tl::expected<Paths, std::string> paths = pathsOf(arguments_.files);
     if (!paths) {
-        return fail(paths.error());
+        return messages_.fail(paths.error());
     }
     if (const std::optional<std::string> reason = whyNotZipped(*paths)) {
-        return fail(*reason);
+        return messages_.fail(*reason);
     }
+    warnOfFolders();
     fileSystem_.createFolders();
     std::shared_ptr<TerminalProgress> progress;
-    if (!commandLine_.quiet && ::isatty(STDERR_FILENO) != 0) {
+    if (messages_.hasStatus()) {
         progress = std::make_shared<TerminalProgress>(stderr, paths->size());
         zipManager_.setDelegate(progress);
     }
@@ -89,7 +92,7 @@ int JobRunner::zip() {
     std::transform(paths->begin(), paths->end(), std::back_inserter(urls), fileUrl);
     QEventLoop loop;
     zipManager_.zip(urls,
-                    QString::fromStdString(commandLine_.title),
+                    QString::fromStdString(arguments_.title),
                     [&](const std::optional<QUrl>& archive, const JobReport& report) {
                         progress.reset();
                         // One whose archive could not be created calls itself a success.
@@ -99,18 +102,18 @@ int JobRunner::zip() {
 }
 
 int JobRunner::unzip() {
-    const tl::expected<Paths, std::string> paths = pathsOf({commandLine_.archive});
+    const tl::expected<Paths, std::string> paths = pathsOf({arguments_.archive});
     if (!paths) {
-        return fail(paths.error());
+        return messages_.fail(paths.error());
     }
-    if (const std::optional<std::string> reason = whyNoArchive(commandLine_.archive)) {
-        return fail(*reason);
+    if (const std::optional<std::string> reason = whyNoArchive(arguments_.archive)) {
+        return messages_.fail(*reason);
     }
     std::shared_ptr<const archive::Password> password;
-    if (!commandLine_.passwordFile.empty()) {
-        auto read = passwordIn(commandLine_.passwordFile);
+    if (!arguments_.passwordFile.empty()) {
+        auto read = passwordIn(arguments_.passwordFile);
         if (!read) {
-            return fail(read.error());
+            return messages_.fail(read.error());
         }
         password = *std::move(read);
     }
@@ -123,7 +126,8 @@ int JobRunner::unzip() {
         },
         [&](const std::shared_ptr<PasswordRequest>& request) {
             if (!password) {
-                password = askForPassword(paths->front());
+                const std::string name = paths->front().filename().native();
+                password = askOnTerminal("Password of " + name + ": ").value_or(nullptr);
             }
             if (password) {
                 request->tryPassword(password, [request](bool fits) {
@@ -137,19 +141,28 @@ int JobRunner::unzip() {
 }
 
 int JobRunner::finish(const QList<QUrl>& files, const JobReport& report) const {
-    if (!commandLine_.quiet) {
-        static_cast<void>(std::fputs(warningLines(report).c_str(), stderr));
-    }
+    messages_.warn(archiveName(report), report.warnings());
     if (report.failureCount() > 0) {
-        return fail(failureLine(report));
+        return messages_.fail(failureLine(report));
     }
-    return print(files) ? kExitSuccess
-                        : fail("standard output: " + std::generic_category().message(errno));
+    const std::string reason = print(files);
+    return reason.empty() ? kExitSuccess : messages_.fail(reason);
+}
+
+void JobRunner::warnOfFolders() const {
+    for (const fs::path& file : arguments_.files) {
+        std::error_code unknown;
+        if (fs::is_directory(file, unknown)) {
+            messages_.warn(file.native() +
+                           ": only its name goes in, not what is in it; \"pellumar create\" "
+                           "takes folders whole");
+        }
+    }
 }
 
 std::optional<std::string> JobRunner::whyNotZipped(const Paths& files) const {
     const std::optional<fs::path> target =
-        localPath(fileSystem_.archive(QString::fromStdString(commandLine_.title)));
+        localPath(fileSystem_.archive(QString::fromStdString(arguments_.title)));
     std::error_code missing;
     if (target && fs::exists(*target, missing)) {
         // The job would delete it, with all that is in it.
@@ -159,26 +172,21 @@ std::optional<std::string> JobRunner::whyNotZipped(const Paths& files) const {
         for (std::size_t i = 0; i < files.size(); ++i) {
             std::error_code different;
             if (fs::equivalent(*target, files[i], different)) {
-                return commandLine_.files[i].native() + ": is the archive that would be replaced";
+                return arguments_.files[i].native() + ": is the archive that would be replaced";
             }
         }
     }
     return findSameNames(files);
 }
 
-bool JobRunner::print(const QList<QUrl>& urls) const {
-    const bool toTerminal = ::isatty(STDOUT_FILENO) != 0;
-    std::string text;
+std::string JobRunner::print(const QList<QUrl>& urls) const {
+    Output output;
     for (const QUrl& url : urls) {
         if (const std::optional<fs::path> path = localPath(url)) {
-            text = toTerminal ? printable(path->native()) : path->native();
-            text += commandLine_.endWithNul ? '\0' : '\n';
-            if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size()) {
-                return false;
-            }
+            output.appendPath(path->native(), endWithNul_);
         }
     }
-    return std::fflush(stdout) == 0;
+    return output.finish();
 }
 
 std::optional<std::string> JobRunner::findSameNames(const Paths& files) const {
@@ -197,18 +205,11 @@ std::optional<std::string> JobRunner::findSameNames(const Paths& files) const {
         if (fs::is_directory(*seen.first, unknown) != fs::is_directory(file, unknown)) {
             return name + ": is there as a file and as a folder, which no folder can hold";
         }
-        if (seen.count == 2 && !commandLine_.quiet) {
-            const std::string text = name + ": is there twice; extracting leaves the last";
-            static_cast<void>(
-                std::fputs(("pellumar: warning: " + printable(text) + "\n").c_str(), stderr));
+        if (seen.count == 2) {
+            messages_.warn(name + ": is there twice; extracting leaves the last");
         }
     }
     return std::nullopt;
-}
-
-int JobRunner::fail(const std::string& reason) {
-    static_cast<void>(std::fputs(("pellumar: " + printable(reason) + "\n").c_str(), stderr));
-    return kExitFailure;
 }
 
 }  // namespace pellumar

@@ -7,18 +7,23 @@
 #include <string>
 #include <vector>
 
-#include "cli/CommandLine.h"
+#include "cli/Arguments.h"
+#include "cli/Messages.h"
 #include "engine/FileSystem.h"
 #include "engine/ZipManager.h"
 
 namespace pellumar {
 
-// Runs the one job that a command line asks for, and prints what came of it: paths on standard
-// output, the reason of a failure in one line on standard error. Main thread only.
+// Runs the one job in the workspace that a command line asks for, and prints what came of it: paths
+// on standard output, the reason of a failure in one line on standard error. Main thread only.
 class JobRunner {
   public:
     // All of it must outlive this.
-    JobRunner(const CommandLine& commandLine, const FileSystem& fileSystem, ZipManager& zipManager);
+    JobRunner(const WorkspaceArguments& arguments,
+              bool endWithNul,
+              Messages& messages,
+              const FileSystem& fileSystem,
+              ZipManager& zipManager);
 
     // Returns when the job is over; needs the QCoreApplication. The value is what the program
     // returns.
@@ -37,10 +42,14 @@ class JobRunner {
     [[nodiscard]] std::optional<std::string> whyNotZipped(const Paths& files) const;
     // Warns of names that are there twice; why no archive of them could be extracted, if so.
     [[nodiscard]] std::optional<std::string> findSameNames(const Paths& files) const;
-    [[nodiscard]] bool print(const QList<QUrl>& urls) const;
-    [[nodiscard]] static int fail(const std::string& reason);
+    // Says that folders come without what is in them.
+    void warnOfFolders() const;
+    // Why the paths have not arrived, if so.
+    [[nodiscard]] std::string print(const QList<QUrl>& urls) const;
 
-    const CommandLine& commandLine_;
+    const WorkspaceArguments& arguments_;
+    const bool endWithNul_;
+    Messages& messages_;
     const FileSystem& fileSystem_;
     ZipManager& zipManager_;
 };

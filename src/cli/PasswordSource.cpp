@@ -57,6 +57,8 @@ class SilentTyping {
         if (changed_) {
             termios silent = before_;
             silent.c_lflag &= ~static_cast<tcflag_t>(ECHO | ISIG);
+            // A letter that ends a line, or it would only come with the next line end.
+            silent.c_cc[VEOL] = kControlC;
             ::tcsetattr(terminal, TCSAFLUSH, &silent);
         }
     }
@@ -93,18 +95,32 @@ tl::expected<std::shared_ptr<const archive::Password>, std::string> passwordIn(
     return std::make_shared<const archive::Password>(*std::move(line));
 }
 
-std::shared_ptr<const archive::Password> askForPassword(const std::filesystem::path& archive) {
-    if (::isatty(STDIN_FILENO) == 0 || ::isatty(STDERR_FILENO) == 0) {
-        return nullptr;
+tl::expected<std::shared_ptr<const archive::Password>, NoAnswer> askOnTerminal(
+    const std::string& question) {
+    if (::isatty(STDERR_FILENO) == 0) {
+        return tl::unexpected(NoAnswer::kNoTerminal);
     }
-    say(STDERR_FILENO, "Password of " + printable(archive.filename().native()) + ": ");
+    const archive::File terminal(::isatty(STDIN_FILENO) != 0
+                                     ? ::fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 0)
+                                     : ::open("/dev/tty", O_RDONLY | O_CLOEXEC));
+    if (!terminal.isOpen()) {
+        return tl::unexpected(NoAnswer::kNoTerminal);
+    }
     tl::expected<std::string, int> line;
     {
-        const SilentTyping silent(STDIN_FILENO);
-        line = firstLineOf(STDIN_FILENO, kControlC);
+        const SilentTyping silent(terminal.descriptor());
+        say(STDERR_FILENO, printable(question));
+        line = firstLineOf(terminal.descriptor(), kControlC);
     }
     say(STDERR_FILENO, "\n");
-    return line ? std::make_shared<const archive::Password>(*std::move(line)) : nullptr;
+    if (!line) {
+        return tl::unexpected(line.error() == ECANCELED ? NoAnswer::kInterrupted
+                                                        : NoAnswer::kNothing);
+    }
+    if (line->empty()) {
+        return tl::unexpected(NoAnswer::kNothing);
+    }
+    return std::make_shared<const archive::Password>(*std::move(line));
 }
 
 }  // namespace pellumar

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -13,9 +14,15 @@ namespace pellumar {
 [[nodiscard]] tl::expected<std::shared_ptr<const archive::Password>, std::string> passwordIn(
     const std::filesystem::path& file);
 
-// Asks on the terminal for an archive's password, without showing what is typed. Null if there is
-// no terminal to ask on, or nothing was answered.
-[[nodiscard]] std::shared_ptr<const archive::Password> askForPassword(
-    const std::filesystem::path& archive);
+enum class NoAnswer : std::uint8_t {
+    kNoTerminal,  // nobody to ask
+    kNothing,     // an empty line, or the end of input
+    kInterrupted  // Control-C
+};
+
+// Asks on the terminal for a password, without showing what is typed. Standard input may be
+// something else, as it is where the archive comes from there.
+[[nodiscard]] tl::expected<std::shared_ptr<const archive::Password>, NoAnswer> askOnTerminal(
+    const std::string& question);
 
 }  // namespace pellumar

@@ -16,24 +16,33 @@ constexpr unsigned char kEndOfControls = 0xA0;
 
 std::string printable(std::string_view text) {
     std::string line;
+    appendPrintable(line, text);
+    return line;
+}
+
+void appendPrintable(std::string& line, std::string_view text) {
     const auto escape = [&line](unsigned char byte) {
         line += "\\x";
         line += kDigits[byte / kDigits.size()];
         line += kDigits[byte % kDigits.size()];
     };
+    std::size_t written = 0;
     for (std::size_t i = 0; i < text.size(); ++i) {
         const auto byte = static_cast<unsigned char>(text[i]);
-        if (byte < kFirstPrintable || byte == kDelete) {
+        const bool isOne = byte < kFirstPrintable || byte == kDelete;
+        const bool isTwo = byte == kLeadOfControls && i + 1 < text.size() &&
+                           static_cast<unsigned char>(text[i + 1]) < kEndOfControls;
+        if (isOne || isTwo) {
+            // What was plain up to here goes in one piece.
+            line.append(text, written, i - written);
             escape(byte);
-        } else if (byte == kLeadOfControls && i + 1 < text.size() &&
-                   static_cast<unsigned char>(text[i + 1]) < kEndOfControls) {
-            escape(byte);
-            escape(static_cast<unsigned char>(text[++i]));
-        } else {
-            line += text[i];
+            if (isTwo) {
+                escape(static_cast<unsigned char>(text[++i]));
+            }
+            written = i + 1;
         }
     }
-    return line;
+    line.append(text, written);
 }
 
 }  // namespace pellumar

@@ -10,7 +10,7 @@ namespace pellumar {
 // its end; for a report with a failure.
 [[nodiscard]] std::string failureLine(const JobReport& report);
 
-// What was odd, a line each; empty if nothing was.
-[[nodiscard]] std::string warningLines(const JobReport& report);
+// The archive that it is about.
+[[nodiscard]] std::string archiveName(const JobReport& report);
 
 }  // namespace pellumar

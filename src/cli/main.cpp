@@ -9,10 +9,17 @@
 #include <memory>
 #include <string>
 #include <system_error>
+#include <variant>
 
+#include "cli/CatCommand.h"
 #include "cli/CommandLine.h"
+#include "cli/CreateCommand.h"
+#include "cli/ExtractCommand.h"
 #include "cli/JobRunner.h"
+#include "cli/ListCommand.h"
+#include "cli/Messages.h"
 #include "cli/SilentConsole.h"
+#include "cli/TestCommand.h"
 #include "engine/FileSystem.h"
 #include "engine/ZipManager.h"
 #include "events/PellumarAnalytics.h"
@@ -38,15 +45,15 @@ void occupyStandardStreams() {
 }
 
 // A workspace of its own beside the application's, which would empty this one at its launch.
-tl::expected<std::filesystem::path, std::string> documentsOf(const CommandLine& commandLine) {
-    if (!commandLine.documents) {
+tl::expected<std::filesystem::path, std::string> documentsOf(const WorkspaceArguments& arguments) {
+    if (!arguments.documents) {
         if (const std::optional<std::string> reason = UserFolders::whyMissing()) {
             return tl::unexpected(*reason + " Or name one with --documents.");
         }
         return UserFolders::data("Terminal");
     }
     std::error_code error;
-    std::filesystem::path path = std::filesystem::absolute(*commandLine.documents, error);
+    std::filesystem::path path = std::filesystem::absolute(*arguments.documents, error);
     if (error) {
         return tl::unexpected("The folder of --documents: " + error.message());
     }
@@ -70,25 +77,25 @@ void dropQtMessage(QtMsgType /*type*/,
                    const QMessageLogContext& /*context*/,
                    const QString& /*message*/) {}
 
-}  // namespace
+// One road for each command.
+template <typename... Roads>
+struct Commands : Roads... {
+    using Roads::operator()...;
+};
+template <typename... Roads>
+Commands(Roads...) -> Commands<Roads...>;
 
-int main(int argc, char** argv) {
-    occupyStandardStreams();
-    const auto commandLine = CommandLine::parse(argc, argv);
-    if (!commandLine) {
-        return commandLine.error();
-    }
-    const tl::expected<std::filesystem::path, std::string> documents = documentsOf(*commandLine);
+// The jobs of the application, in a workspace.
+int runInWorkspace(const WorkspaceArguments& arguments,
+                   const CommandLine& commandLine,
+                   Messages& messages) {
+    const tl::expected<std::filesystem::path, std::string> documents = documentsOf(arguments);
     if (!documents) {
-        static_cast<void>(std::fprintf(stderr, "pellumar: %s\n", documents.error().c_str()));
-        return kExitFailure;
+        return messages.fail(documents.error());
     }
-    qInstallMessageHandler(dropQtMessage);
-    const QCoreApplication application(argc, argv);
-
     StreamConsole lines(stderr, kConsolePatience);
     SilentConsole silence;
-    const bool silent = commandLine->quiet || ::isatty(STDERR_FILENO) != 0;
+    const bool silent = commandLine.quiet || messages.hasStatus();
     if (!silent) {
         bufferStandardError();
     }
@@ -108,5 +115,32 @@ int main(int argc, char** argv) {
         .mainQueue = mainQueue,
         .backgroundQueue = backgroundQueue,
     });
-    return JobRunner(*commandLine, fileSystem, *zipManager).run();
+    return JobRunner(arguments, commandLine.endWithNul, messages, fileSystem, *zipManager).run();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    occupyStandardStreams();
+    const auto commandLine = CommandLine::parse(argc, argv);
+    if (!commandLine) {
+        return commandLine.error();
+    }
+    qInstallMessageHandler(dropQtMessage);
+    Messages messages(commandLine->quiet);
+    return std::visit(
+        Commands{
+            [&](const WorkspaceArguments& arguments) {
+                const QCoreApplication application(argc, argv);
+                return runInWorkspace(arguments, *commandLine, messages);
+            },
+            [&](const CreateArguments& arguments) { return createArchive(arguments, messages); },
+            [&](const ExtractArguments& arguments) { return extractArchive(arguments, messages); },
+            [&](const CatArguments& arguments) { return printEntries(arguments, messages); },
+            [&](const ListArguments& arguments) {
+                return listArchive(arguments, commandLine->endWithNul, messages);
+            },
+            [&](const TestArguments& arguments) { return testArchives(arguments, messages); },
+        },
+        commandLine->command);
 }

@@ -6,68 +6,16 @@
 
 import os
 import pathlib
-import pty
 import re
 import shutil
 import subprocess
 import sys
-import tempfile
-import termios
-import time
 import unittest
 import zipfile
 
-PROGRAM = os.path.abspath(sys.argv[1])
+from program import PROGRAM, ProgramTest
+
 PACKAGING = pathlib.Path(sys.argv[2]).resolve() / "packaging"
-
-
-class ProgramTest(unittest.TestCase):
-    def setUp(self):
-        folder = tempfile.TemporaryDirectory()
-        self.addCleanup(folder.cleanup)
-        self.folder = pathlib.Path(folder.name).resolve()
-        self.environment = {**os.environ, "XDG_DATA_HOME": str(self.folder / "data"),
-                            "XDG_CONFIG_HOME": str(self.folder / "config"), "LC_ALL": "C.UTF-8"}
-
-    def write(self, name, data=b"text"):
-        """Makes a file in the test's folder, which is where the program runs."""
-        path = os.path.join(os.fsencode(self.folder), name if isinstance(name, bytes)
-                            else name.encode())
-        os.makedirs(os.path.dirname(path), exist_ok=True)
-        with open(path, "wb") as file:
-            file.write(data)
-
-    def run_program(self, *arguments, documents="W", **options):
-        """Returns (exit code, standard output, standard error), the latter two as bytes."""
-        place = ["--documents", documents] if documents else []
-        options = {"stdout": subprocess.PIPE, "stderr": subprocess.PIPE, "cwd": self.folder,
-                   "env": self.environment, "stdin": subprocess.DEVNULL, "timeout": 120, **options}
-        done = subprocess.run([PROGRAM, *place, *arguments], check=False, **options)
-        return done.returncode, done.stdout, done.stderr
-
-    def run_on_terminal(self, *arguments, asked=None, answer=b""):
-        """Returns (exit code, what the terminal was sent) with both streams on it.
-
-        Once what was sent ends with `asked`, the answer is typed.
-        """
-        ours, theirs = pty.openpty()
-        process = subprocess.Popen([PROGRAM, "--documents", "W", *arguments], cwd=self.folder,
-                                   env=self.environment, stdin=theirs, stdout=theirs, stderr=theirs)
-        os.close(theirs)
-        sent = b""
-        try:
-            while block := os.read(ours, 4096):
-                sent += block
-                if asked and sent.endswith(asked):
-                    # What is typed before the echo is off is dropped.
-                    while termios.tcgetattr(ours)[3] & termios.ECHO:
-                        time.sleep(0.01)
-                    os.write(ours, answer)
-                    asked = None
-        except OSError:
-            pass  # The other side is closed.
-        os.close(ours)
-        return process.wait(timeout=120), sent
 
 
 class ZipTest(ProgramTest):
@@ -78,8 +26,11 @@ class ZipTest(ProgramTest):
         code, out, err = self.run_program("zip", "My title", "one", "in/two", "dir/", ".")
         path = self.folder / "W/outputs/My title.zip"
         self.assertEqual((code, out), (0, os.fsencode(path) + b"\n"))
-        self.assertEqual(err.splitlines()[0], b"Compressing 4 items")
-        self.assertEqual(err.splitlines()[-1], b"FINISHED")
+        lines = err.splitlines()
+        self.assertEqual([line.split(b";")[0] for line in lines[:2]],
+                         [b"pellumar: warning: dir/: only its name goes in, not what is in it",
+                          b"pellumar: warning: .: only its name goes in, not what is in it"])
+        self.assertEqual((lines[2], lines[-1]), (b"Compressing 4 items", b"FINISHED"))
         with zipfile.ZipFile(path) as archive:
             self.assertIsNone(archive.testzip())
             self.assertEqual(archive.namelist(), ["one", "two", "dir/", self.folder.name + "/"])
@@ -242,13 +193,13 @@ class StreamsAndUsageTest(ProgramTest):
     def test_wrong_usage_is_told_from_failure(self):
         self.write("one")
         for arguments in ([], ["zip"], ["zip", "T"], ["zip", "../b", "one"], ["zip", "T", ""],
-                          ["unzip"], ["unzip", "a", "b"], ["unzip", "-x", "a"], ["list", "a"]):
+                          ["unzip"], ["unzip", "a", "b"], ["unzip", "-x", "a"], ["draw", "a"]):
             code, out, err = self.run_program(*arguments)
             self.assertEqual((code, out), (2, b""), arguments)
             self.assertTrue(err.startswith(b"pellumar: "), err)
         self.assertFalse((self.folder / "W").exists())
         for arguments, reason in (([], b"a command is missing"),
-                                  (["list", "a"], b"unknown command: list;"),
+                                  (["draw", "a"], b"unknown command: draw;"),
                                   (["--list"], b"unknown option: --list\n"),
                                   (["zip", "--list", "T", "one"], b".*--list\n")):
             self.assertRegex(self.run_program(*arguments)[2], b"^pellumar: " + reason)
@@ -288,33 +239,45 @@ class PackagingTest(ProgramTest):
                                       stderr=subprocess.STDOUT)
                 self.assertEqual((done.returncode, done.stdout), (0, b""), command)
 
-    def test_every_option_is_documented_and_completed(self):
-        _, out, _ = self.run_program("--help")
-        options = set(re.findall(r"--\w+", out.decode())) - {"--null,"}
-        self.assertIn("--documents", options)
-        for file, pattern in ((self.BASH, "{}"), (self.ZSH, "{}"), (self.FISH, "-l {}"),
-                              (self.MAN, "{}")):
-            text = file.read_text().replace("\\-", "-")
-            for option in options:
-                wanted = pattern.format(option[2:])
-                self.assertIn(wanted, text, file)
+    def test_every_command_and_option_is_documented_and_completed(self):
+        help_text = self.run_program("--help", documents=None)[1].decode()
+        commands = re.findall(r"^  (\w+) ", help_text.split("Subcommands:")[1], re.MULTILINE)
+        self.assertIn("create", commands)
+        words = set(commands)
+        for command in commands:
+            text = self.run_program(command, "--help", documents=None)[1].decode()
+            words |= set(re.findall(r"^  (?:-\w,)?(--[\w-]+)", text, re.MULTILINE))
+        self.assertLess({"--documents", "--null", "--strip", "--reproducible"}, words)
+        for file in (self.BASH, self.ZSH, self.FISH, self.MAN):
+            text = file.read_text().replace("\\-", "-").replace("-l ", "--")
+            for word in words:
+                self.assertRegex(text, rf"(?<![\w-]){word}\b", file)
 
     def test_bash_completes(self):
-        for name in ("a.zip", "B.ZIP", "c.txt"):
+        for name in ("B.ZIP", "c.txt"):
             self.write(name)
+        with zipfile.ZipFile(self.folder / "a.zip", "w") as archive:
+            archive.writestr("folder/one", "1")
         os.mkdir(self.folder / "dir")
         for words, expected in (
                 (["z"], {"zip"}),
                 (["--documents", ""], {"dir"}),
-                (["--documents", "dir", ""], {"zip", "unzip"}),
+                (["--documents", "dir", ""], {"create", "extract", "list", "cat", "test", "zip",
+                                              "unzip"}),
                 (["zip", "--n"], {"--null"}),
                 (["zip", ""], set()),
                 (["zip", "T", "c"], {"c.txt"}),
                 (["unzip", "--pa"], {"--password-file"}),
                 (["unzip", "--password-file", "c"], {"c.txt"}),
                 (["unzip", "--password-file", "c.txt", ""], {"a.zip", "B.ZIP", "dir"}),
-                (["unzip", ""], {"a.zip", "B.ZIP", "dir"})):
-            script = (f"compopt() {{ :; }}; . '{self.BASH}'; COMP_WORDS=(pellumar \"$@\"); "
+                (["unzip", ""], {"a.zip", "B.ZIP", "dir"}),
+                (["extract", "--st"], {"--strip"}),
+                (["extract", "a.zip", "--to", ""], {"dir"}),
+                (["extract", "a.zip", "f"], {"folder/one"}),
+                (["create", "new", "c"], {"c.txt"}),
+                (["create", "--level", "st"], {"store"}),
+                (["test", "a.zip", ""], {"a.zip", "B.ZIP", "dir"})):
+            script = (f"compopt() {{ :; }}; . '{self.BASH}'; COMP_WORDS=('{PROGRAM}' \"$@\"); "
                       "COMP_CWORD=$#; _pellumar; printf '%s\\n' \"${COMPREPLY[@]}\"")
             done = subprocess.run(["bash", "-c", script, "bash", *words], cwd=self.folder,
                                   check=True, stdout=subprocess.PIPE)

@@ -1,0 +1,172 @@
+#include "cli/ArchiveInput.h"
+
+#include <fcntl.h>
+#include <fnmatch.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <csignal>
+#include <optional>
+#include <string_view>
+#include <utility>
+
+#include "cli/Arguments.h"
+#include "cli/PasswordSource.h"
+
+namespace pellumar {
+namespace {
+
+using archive::Error;
+using archive::ErrorCode;
+using archive::Reader;
+using Indices = std::vector<std::size_t>;
+
+constexpr int kMostAsked = 3;
+
+archive::Result<Reader> openReader(const std::filesystem::path& path) {
+    if (path != kStandardStream) {
+        return Reader::open(path);
+    }
+    archive::File input(::fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 0));
+    if (!input.isOpen()) {
+        return archive::systemFailure(ErrorCode::kOpenFailed);
+    }
+    return Reader::open(std::move(input));
+}
+
+// Why what was named cannot be an archive whatever is in it, where the library's word for that
+// would not help.
+std::optional<std::string> whyNone(const std::filesystem::path& path) {
+    struct stat status {};
+    const bool isStandard = path == kStandardStream;
+    if ((isStandard ? ::fstat(STDIN_FILENO, &status) : ::stat(path.c_str(), &status)) != 0 ||
+        S_ISREG(status.st_mode)) {
+        return std::nullopt;
+    }
+    if (S_ISDIR(status.st_mode)) {
+        return "is a folder, not an archive";
+    }
+    return isStandard
+               ? "is no file; an archive is read from its end, so it has to be one: \"< FILE\""
+               : "is no file; an archive is read from its end, so it has to be one";
+}
+
+// As the archive has it: "./a/b/" is "a/b".
+std::string_view plain(std::string_view name) {
+    while (name.starts_with("./")) {
+        name.remove_prefix(2);
+    }
+    while (name.size() > 1 && name.ends_with('/')) {
+        name.remove_suffix(1);
+    }
+    return name;
+}
+
+Indices matching(const Reader& reader, const std::string& pattern) {
+    Indices found;
+    for (std::size_t i = 0; i < reader.size(); ++i) {
+        if (::fnmatch(pattern.c_str(), std::string(reader[i].path).c_str(), 0) == 0) {
+            found.push_back(i);
+        }
+    }
+    return found;
+}
+
+// The entries of one name; empty if there is none.
+Indices entriesOf(const Reader& reader, const std::string& name, ArchiveInput::Names meaning) {
+    const std::string_view path = plain(name);
+    if (meaning == ArchiveInput::Names::kWithAllBelow) {
+        if (auto selected = reader.select(std::array{path})) {
+            return *std::move(selected);
+        }
+    } else if (const std::optional<std::size_t> index = reader.find(path)) {
+        return {*index};
+    }
+    return matching(reader, std::string(path));
+}
+
+}  // namespace
+
+ArchiveInput::Outcome<ArchiveInput> ArchiveInput::open(const std::filesystem::path& path,
+                                                       Messages& messages) {
+    std::string name = path == kStandardStream ? "standard input" : path.native();
+    if (const std::optional<std::string> reason = whyNone(path)) {
+        return tl::unexpected(messages.fail(name + ": " + *reason));
+    }
+    auto reader = openReader(path);
+    if (!reader) {
+        return tl::unexpected(messages.fail(name + ": " + reader.error().describe()));
+    }
+    messages.warn(name, reader->warnings());
+    return ArchiveInput(*std::move(reader), std::move(name), messages);
+}
+
+ArchiveInput::Outcome<Indices> ArchiveInput::select(const std::vector<std::string>& names,
+                                                    Names meaning) const {
+    Indices selected;
+    if (names.empty()) {
+        selected.resize(reader_.size());
+        for (std::size_t i = 0; i < selected.size(); ++i) {
+            selected[i] = i;
+        }
+        return selected;
+    }
+    for (const std::string& name : names) {
+        const Indices found = entriesOf(reader_, name, meaning);
+        if (found.empty()) {
+            return tl::unexpected(fail(Error{.code = ErrorCode::kNoSuchEntry, .entry = name}));
+        }
+        selected.insert(selected.end(), found.begin(), found.end());
+    }
+    if (meaning == Names::kWithAllBelow) {
+        std::sort(selected.begin(), selected.end());
+        selected.erase(std::unique(selected.begin(), selected.end()), selected.end());
+    }
+    return selected;
+}
+
+ArchiveInput::Outcome<std::shared_ptr<const archive::Password>> ArchiveInput::password(
+    std::span<const std::size_t> entries,
+    const std::filesystem::path& file) const {
+    const bool isNeeded = std::any_of(entries.begin(), entries.end(), [this](std::size_t index) {
+        return reader_[index].encrypted && !reader_[index].fault;
+    });
+    if (!isNeeded) {
+        return nullptr;
+    }
+    if (file.empty()) {
+        return askForPassword();
+    }
+    auto password = passwordIn(file);
+    if (!password) {
+        return tl::unexpected(messages_->fail(password.error()));
+    }
+    if (auto checked = reader_.checkPassword(**password); !checked) {
+        return tl::unexpected(fail(checked.error()));
+    }
+    return *std::move(password);
+}
+
+ArchiveInput::Outcome<std::shared_ptr<const archive::Password>> ArchiveInput::askForPassword()
+    const {
+    for (int asked = 1;; ++asked) {
+        auto answer = askOnTerminal("Password of " + name_ + ": ");
+        if (!answer) {
+            return tl::unexpected(answer.error() == NoAnswer::kInterrupted
+                                      ? kExitSignal + SIGINT
+                                      : fail("needs a password; --password-file names a file "
+                                             "that has it"));
+        }
+        const auto checked = reader_.checkPassword(**answer);
+        if (checked) {
+            return *std::move(answer);
+        }
+        const int code = fail(checked.error());
+        if (asked == kMostAsked || checked.error().code != ErrorCode::kWrongPassword) {
+            return tl::unexpected(code);
+        }
+    }
+}
+
+}  // namespace pellumar
