@@ -14,7 +14,11 @@ namespace pellumar {
 
 Composition::Composition()
     : settings_(UserSettings::shared()),
-      documents_{platform_.inbox, platform_.mainQueue, platform_.folderQueue, platform_.memory},
+      documents_{platform_.inbox,
+                 platform_.mainQueue,
+                 platform_.folderQueue,
+                 platform_.folders,
+                 platform_.memory},
       fileSystem_(DocumentDirectory(), platform_.console, &platform_.backgroundQueue),
       window_(platform_.thumbnails),
       reviewPrompt_(window_.window(), window_.context()),

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/Console.h"
+#include "platform/FolderQueue.h"
 #include "platform/GlobalDispatchQueue.h"
 #include "platform/MainDispatchQueue.h"
 #include "platform/desktop/DesktopUrlOpener.h"
@@ -31,6 +32,7 @@ struct PlatformParts {
     // For the user's folders, which may be on a network and hang: apart, so that no job waits.
     static constexpr int kFoldersAtOnce = 32;
     GlobalDispatchQueue folderQueue{kWorkNiceness, kFoldersAtOnce};
+    FolderQueue folders{folderQueue};
     // What the platform remembers by itself, apart from the user's preferences.
     QSettings memory;
     const ThumbnailStore thumbnails;

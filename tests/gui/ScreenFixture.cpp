@@ -39,7 +39,7 @@ ScreenFixture::ScreenFixture()
                         .mainQueue = mainQueue,
                         .backgroundQueue = backgroundQueue,
                         .originals = inbox.originals()},
-               .documents = {inbox, mainQueue, backgroundQueue, memory},
+               .documents = {inbox, mainQueue, backgroundQueue, folders, memory},
                .photos = {photoLibrary, images, mainQueue, backgroundQueue},
                .sharing = {services.documents, targets, sharedItems},
                .review = review,

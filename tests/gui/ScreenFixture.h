@@ -74,6 +74,7 @@ class ScreenFixture : public testing::Test {
     TemporaryFolder folder;
     ManualDispatchQueue mainQueue;
     ManualDispatchQueue backgroundQueue;
+    FolderQueue folders{backgroundQueue};
     RecordingConsole console;
     UserDefaults defaults;
     UserSettings settings;

@@ -263,7 +263,8 @@ TEST_F(ShareSheetTest, FolderThatHangsDoesNotHoldUpTheWindow) {
     const QList<QUrl> items(200, fileUrl(network.path() / "a.txt"));
     GlobalDispatchQueue background;
     MainDispatchQueue onMain;
-    const DocumentServices documents{inbox, onMain, background, memory};
+    FolderQueue ownFolders(background);
+    const DocumentServices documents{inbox, onMain, background, ownFolders, memory};
     const SharingServices sharing{documents, targets, sharedItems};
     network.stop();
     const auto start = std::chrono::steady_clock::now();

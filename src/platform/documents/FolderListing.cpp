@@ -4,6 +4,10 @@
 #include <algorithm>
 #include <chrono>
 #include <fstream>
+#include <iterator>
+#include <map>
+#include <memory>
+#include <mutex>
 #include <system_error>
 #include <utility>
 
@@ -88,36 +92,94 @@ void sort(std::vector<FolderListing::Row>& rows) {
     rows = std::move(sorted);
 }
 
-}  // namespace
-
-void readFolder(const FolderQuestion& question,
-                const std::function<bool()>& isWanted,
-                const std::function<void(FolderListing, bool)>& answer) {
+// A folder that is being read.
+struct Reading {
+    const FolderQuestion question;
+    const std::function<bool()> isWanted;
+    const std::function<void(FolderListing, bool)> answer;
+    std::mutex mutex;
     FolderListing listing;
-    std::vector<fs::directory_entry> links;
+    std::size_t placesLeft = 0;
+};
+
+using Links = std::vector<fs::directory_entry>;
+
+// The links by the places that they lead to, which may hang one by one. If those are many, the last
+// ones share one.
+std::map<fs::path, Links> byPlace(const Links& links, const fs::path& folder) {
+    constexpr std::size_t kMostPlaces = 8;
+    std::map<fs::path, Links> places;
+    for (const fs::directory_entry& link : links) {
+        std::error_code unknown;
+        const fs::path target = folder / fs::read_symlink(link.path(), unknown);
+        const fs::path place = target.lexically_normal().parent_path();
+        const bool mayBeNew = places.size() + 1 < kMostPlaces;
+        places[mayBeNew || places.contains(place) ? place : folder / "*"].push_back(link);
+    }
+    return places;
+}
+
+void lookAtLinks(Reading& reading, const Links& links) {
+    FolderListing found;
+    for (const fs::directory_entry& link : links) {
+        if (!reading.isWanted()) {
+            return;
+        }
+        judge(link, reading.question, found);
+    }
+    const std::lock_guard lock(reading.mutex);
+    FolderListing& all = reading.listing;
+    std::move(found.rows.begin(), found.rows.end(), std::back_inserter(all.rows));
+    all.hiddenCount += found.hiddenCount;
+    all.otherCount += found.otherCount;
+    sort(all.rows);
+    --reading.placesLeft;
+    reading.answer(all, reading.placesLeft == 0);
+}
+
+// All but the links, which are returned.
+Links readEntries(Reading& reading) {
+    Links links;
     std::error_code failure;
-    fs::directory_iterator each(question.folder, failure);
-    for (; !failure && each != fs::directory_iterator() && isWanted(); each.increment(failure)) {
+    fs::directory_iterator each(reading.question.folder, failure);
+    for (; !failure && each != fs::directory_iterator() && reading.isWanted();
+         each.increment(failure)) {
         std::error_code unknown;
         if (each->is_symlink(unknown)) {
             links.push_back(*each);
         } else {
-            judge(*each, question, listing);
+            judge(*each, reading.question, reading.listing);
         }
     }
     // From its beginning, or from somewhere on.
-    listing.isUnreadable = static_cast<bool>(failure);
-    sort(listing.rows);
-    if (isWanted() && !links.empty()) {
-        answer(listing, false);
-        for (const fs::directory_entry& link : links) {
-            judge(link, question, listing);
+    reading.listing.isUnreadable = static_cast<bool>(failure);
+    sort(reading.listing.rows);
+    return links;
+}
+
+}  // namespace
+
+void readFolder(const FolderQuestion& question,
+                FolderQueue& folders,
+                std::function<bool()> isWanted,
+                std::function<void(FolderListing, bool)> answer) {
+    const std::shared_ptr<Reading> reading(new Reading{.question = question,
+                                                       .isWanted = std::move(isWanted),
+                                                       .answer = std::move(answer),
+                                                       .mutex = {},
+                                                       .listing = {}});
+    folders.async(question.folder, [reading, &folders] {
+        const Links links = readEntries(*reading);
+        if (!reading->isWanted()) {
+            return;
         }
-        sort(listing.rows);
-    }
-    if (isWanted()) {
-        answer(std::move(listing), true);
-    }
+        const auto places = byPlace(links, reading->question.folder);
+        reading->placesLeft = places.size();
+        reading->answer(reading->listing, places.empty());
+        for (const auto& [place, some] : places) {
+            folders.async(place, [reading, some = some] { lookAtLinks(*reading, some); });
+        }
+    });
 }
 
 }  // namespace pellumar

@@ -9,6 +9,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/FolderQueue.h"
+
 namespace pellumar {
 
 // What a picker shows of a folder.
@@ -37,11 +39,13 @@ struct FolderQuestion {
     bool showsHidden = false;
 };
 
-// Reads a folder. `answer` is called with what is known before links are looked at, if there are
-// any, as those may lead to where nobody answers, and with everything at the end. Gives up, without
-// an answer, once `isWanted` is false. For a thread that may block, perhaps for ever.
+// Reads a folder at its place of the queue, and looks at its links where they lead, as there nobody
+// may answer. `answer` is called with what is known before the links, if there are any, with what
+// becomes known of them, and with everything at the end; on any thread, but once at a time. Gives
+// up, without an answer, once `isWanted` is false. The queue must outlive it.
 void readFolder(const FolderQuestion& question,
-                const std::function<bool()>& isWanted,
-                const std::function<void(FolderListing listing, bool isComplete)>& answer);
+                FolderQueue& folders,
+                std::function<bool()> isWanted,
+                std::function<void(FolderListing listing, bool isComplete)> answer);
 
 }  // namespace pellumar

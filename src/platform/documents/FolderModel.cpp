@@ -13,11 +13,11 @@ namespace fs = std::filesystem;
 FolderModel::FolderModel(QStringList types,
                          PickedFiles& picked,
                          DispatchQueue& mainQueue,
-                         DispatchQueue& folderQueue)
+                         FolderQueue& folders)
     : question_{.folder = {}, .types = std::move(types)},
       picked_(picked),
       mainQueue_(mainQueue),
-      folderQueue_(folderQueue) {
+      folders_(folders) {
     connect(&picked_, &PickedFiles::changed, this, [this] {
         if (rowCount() > 0) {
             emit dataChanged(index(0), index(rowCount() - 1), {kIsSelected});
@@ -45,9 +45,11 @@ void FolderModel::read() {
     emit loadingChanged();
     latest_ = std::make_shared<FolderModel*>(this);
     const std::weak_ptr<FolderModel*> asker = latest_;
-    folderQueue_.async([asker, question = question_, &mainQueue = mainQueue_] {
-        const auto isWanted = [&asker] { return !asker.expired(); };
-        readFolder(question, isWanted, [&](FolderListing listing, bool isComplete) {
+    readFolder(
+        question_,
+        folders_,
+        [asker] { return !asker.expired(); },
+        [asker, &mainQueue = mainQueue_](FolderListing listing, bool isComplete) {
             auto read = std::make_shared<FolderListing>(std::move(listing));
             mainQueue.async([asker, read, isComplete] {
                 if (const auto model = asker.lock()) {
@@ -55,7 +57,6 @@ void FolderModel::read() {
                 }
             });
         });
-    });
 }
 
 void FolderModel::take(FolderListing listing, bool isComplete) {

@@ -34,7 +34,7 @@ class FolderModel : public QAbstractListModel {
     FolderModel(QStringList types,
                 PickedFiles& picked,
                 DispatchQueue& mainQueue,
-                DispatchQueue& folderQueue);
+                FolderQueue& folders);
     ~FolderModel() override;
 
     // Goes to a folder; the list is empty until that is read.
@@ -73,7 +73,7 @@ class FolderModel : public QAbstractListModel {
     FolderQuestion question_;
     PickedFiles& picked_;
     DispatchQueue& mainQueue_;
-    DispatchQueue& folderQueue_;
+    FolderQueue& folders_;
     // The latest listing is the one that counts; the others find this gone.
     std::shared_ptr<FolderModel*> latest_;
     FolderListing listing_;

@@ -48,7 +48,7 @@ bool isInside(const fs::path& path, const fs::path& folder) {
 
 }  // namespace
 
-PickerPlaces::PickerPlaces(DispatchQueue& mainQueue, DispatchQueue& folderQueue) {
+PickerPlaces::PickerPlaces(DispatchQueue& mainQueue, FolderQueue& folders) {
     const auto add = [this](const QString& name, const char* icon, Paths::StandardLocation where) {
         const fs::path folder(Paths::writableLocation(where).toStdString());
         const auto isSame = [&folder](const auto& one) { return one.place.folder == folder; };
@@ -63,7 +63,7 @@ PickerPlaces::PickerPlaces(DispatchQueue& mainQueue, DispatchQueue& folderQueue)
     add(tr("Videos"), "video", Paths::MoviesLocation);
     candidates_.front().isThere = true;
     for (std::size_t i = 1; i < candidates_.size(); ++i) {
-        lookFor(i, mainQueue, folderQueue);
+        lookFor(i, mainQueue, folders);
     }
     for (Place& drive : mountedDrives()) {
         candidates_.push_back({std::move(drive), true});
@@ -71,12 +71,10 @@ PickerPlaces::PickerPlaces(DispatchQueue& mainQueue, DispatchQueue& folderQueue)
     refresh();
 }
 
-void PickerPlaces::lookFor(std::size_t candidate,
-                           DispatchQueue& mainQueue,
-                           DispatchQueue& folderQueue) {
+void PickerPlaces::lookFor(std::size_t candidate, DispatchQueue& mainQueue, FolderQueue& folders) {
     const std::weak_ptr<PickerPlaces*> asker = self_;
     const fs::path folder = candidates_[candidate].place.folder;
-    folderQueue.async([asker, candidate, folder, &mainQueue] {
+    folders.async(folder, [asker, candidate, folder, &mainQueue] {
         std::error_code unknown;
         if (asker.expired() || !fs::is_directory(folder, unknown)) {
             return;

@@ -7,7 +7,7 @@
 #include <memory>
 #include <vector>
 
-#include "platform/DispatchQueue.h"
+#include "platform/FolderQueue.h"
 
 namespace pellumar {
 
@@ -24,7 +24,7 @@ class PickerPlaces : public QObject {
     };
 
     // Looks for them. The queues must outlive every look.
-    PickerPlaces(DispatchQueue& mainQueue, DispatchQueue& folderQueue);
+    PickerPlaces(DispatchQueue& mainQueue, FolderQueue& folders);
 
     [[nodiscard]] const std::vector<Place>& all() const { return places_; }
     [[nodiscard]] const std::filesystem::path& home() const { return places_.front().folder; }
@@ -43,7 +43,7 @@ class PickerPlaces : public QObject {
         bool isThere = false;
     };
 
-    void lookFor(std::size_t candidate, DispatchQueue& mainQueue, DispatchQueue& folderQueue);
+    void lookFor(std::size_t candidate, DispatchQueue& mainQueue, FolderQueue& folders);
     void refresh();
 
     std::vector<Candidate> candidates_;

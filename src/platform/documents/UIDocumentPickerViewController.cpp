@@ -27,8 +27,8 @@ UIDocumentPickerViewController::UIDocumentPickerViewController(const UIContext& 
       services_(services),
       types_(std::move(documentTypes)),
       several_(allowsMultipleSelection),
-      places_(services.mainQueue, services.backgroundQueue),
-      model_(types_, picked_, services.mainQueue, services.backgroundQueue) {
+      places_(services.mainQueue, services.folders),
+      model_(types_, picked_, services.mainQueue, services.folders) {
     connect(&picked_, &PickedFiles::changed, this, [this] { emit confirmChanged(); });
     connect(&places_, &PickerPlaces::changed, this, [this] {
         emit placesChanged();

@@ -32,6 +32,7 @@ struct DocumentServices {
     DispatchQueue& mainQueue;
     // For work with the user's folders, which may hang.
     DispatchQueue& backgroundQueue;
+    FolderQueue& folders;
     // Remembers the folders of the last picks.
     QSettings& memory;
 };

@@ -34,6 +34,7 @@ class FolderModelTest : public testing::Test {
     TemporaryFolder folder;
     ManualDispatchQueue mainQueue;
     ManualDispatchQueue backgroundQueue;
+    FolderQueue folderQueue{backgroundQueue};
     PickedFiles picked;
 };
 
@@ -44,18 +45,18 @@ TEST_F(FolderModelTest, ListsWhatCanBePickedAsPeopleOrderIt) {
         writeFile(folder / name, "text");
     }
     fs::create_symlink("nowhere", folder / "dangling.zip");
-    FolderModel archives({"public.zip-archive"}, picked, mainQueue, backgroundQueue);
+    FolderModel archives({"public.zip-archive"}, picked, mainQueue, folderQueue);
     archives.setFolder(folder.path());
     EXPECT_TRUE(archives.isLoading());
     runAll();
     EXPECT_FALSE(archives.isLoading());
     EXPECT_EQ(names(archives),
               (QStringList{"z folder", "äpfel.zip", "Photo 9.zip", "photo 10.ZIP"}));
-    FolderModel items({"public.item"}, picked, mainQueue, backgroundQueue);
+    FolderModel items({"public.item"}, picked, mainQueue, folderQueue);
     items.setFolder(folder.path());
     runAll();
     EXPECT_EQ(items.rowCount(), 5);
-    FolderModel folders({"public.folder"}, picked, mainQueue, backgroundQueue);
+    FolderModel folders({"public.folder"}, picked, mainQueue, folderQueue);
     folders.setFolder(folder.path());
     runAll();
     EXPECT_EQ(names(folders), QStringList{"z folder"});
@@ -67,7 +68,7 @@ TEST_F(FolderModelTest, KnowsArchivesByTheirContentsWhereTheNameTellsNothing) {
     }
     writeFile(folder / "plain", "no archive");
     writeFile(folder / "nothing", "");
-    FolderModel model({"public.zip-archive"}, picked, mainQueue, backgroundQueue);
+    FolderModel model({"public.zip-archive"}, picked, mainQueue, folderQueue);
     model.setFolder(folder.path());
     runAll();
     ASSERT_EQ(model.rowCount(), 2);
@@ -80,7 +81,7 @@ TEST_F(FolderModelTest, PicksFilesByTheirExactNamesAcrossFolders) {
     writeFile(folder / "caf\xe9.zip", "text");
     writeFile(folder / "b.zip", "text");
     writeFile(folder / "inner" / "b.zip", "text");
-    FolderModel model({"public.item"}, picked, mainQueue, backgroundQueue);
+    FolderModel model({"public.item"}, picked, mainQueue, folderQueue);
     model.setFolder(folder.path());
     runAll();
     for (int row = -1; row <= model.rowCount(); ++row) {
@@ -106,7 +107,7 @@ TEST_F(FolderModelTest, PicksFilesByTheirExactNamesAcrossFolders) {
 }
 
 TEST_F(FolderModelTest, SaysWhatIsNotShownAndShowsWhatIsHidden) {
-    FolderModel model({"public.zip-archive"}, picked, mainQueue, backgroundQueue);
+    FolderModel model({"public.zip-archive"}, picked, mainQueue, folderQueue);
     const auto list = [&](const std::vector<const char*>& files) {
         for (const char* const name : files) {
             writeFile(folder / name, "text");
@@ -134,7 +135,7 @@ TEST_F(FolderModelTest, FindsRowsByTheirFirstLetters) {
     for (const char* const name : {"Alpha", "beta 1", "Beta 2", "gamma"}) {
         writeFile(folder / name, "text");
     }
-    FolderModel model({"public.item"}, picked, mainQueue, backgroundQueue);
+    FolderModel model({"public.item"}, picked, mainQueue, folderQueue);
     EXPECT_EQ(model.rowStartingWith("a", 0), -1);
     model.setFolder(folder.path());
     runAll();
@@ -148,7 +149,7 @@ TEST_F(FolderModelTest, FindsRowsByTheirFirstLetters) {
 TEST_F(FolderModelTest, TheLatestFolderIsTheOneShown) {
     fs::create_directory(folder / "inner");
     writeFile(folder / "inner" / "a.zip", "text");
-    FolderModel model({"public.item"}, picked, mainQueue, backgroundQueue);
+    FolderModel model({"public.item"}, picked, mainQueue, folderQueue);
     model.setFolder(folder.path());
     model.setFolder(folder / "inner");
     runAll();
@@ -157,7 +158,7 @@ TEST_F(FolderModelTest, TheLatestFolderIsTheOneShown) {
     runAll();
     EXPECT_TRUE(model.isUnreadable());
     {
-        FolderModel brief({"public.item"}, picked, mainQueue, backgroundQueue);
+        FolderModel brief({"public.item"}, picked, mainQueue, folderQueue);
         brief.setFolder(folder.path());
     }
     runAll();
@@ -168,7 +169,7 @@ TEST_F(FolderModelTest, ManyFilesDoNotHoldUpTheWindow) {
     for (int i = 0; i < kFiles; ++i) {
         std::ofstream(folder / ("IMG_" + std::to_string(i) + ".jpg"));
     }
-    FolderModel model({"public.item"}, picked, mainQueue, backgroundQueue);
+    FolderModel model({"public.item"}, picked, mainQueue, folderQueue);
     model.setFolder(folder.path());
     backgroundQueue.runAll();
     QElapsedTimer standstill;
