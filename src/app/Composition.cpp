@@ -36,7 +36,7 @@ Composition::Composition()
                                                                  platform_.console,
                                                                  [this] { configureServices(); }})),
       handedOver_(
-          {*delegate_, window(), window_.context(), platform_.mainQueue, platform_.folderQueue}) {
+          {*delegate_, window(), window_.context(), platform_.mainQueue, platform_.folders}) {
     fillStoryboard();
     addShortcuts(window());
     delegate_->setWindow(&window());

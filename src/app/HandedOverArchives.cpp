@@ -3,21 +3,25 @@
 #include <QPointer>
 #include <chrono>
 #include <filesystem>
+#include <future>
+#include <memory>
 #include <system_error>
 
 #include "engine/AppFileOpener.h"
 #include "platform/FileUrl.h"
+#include "platform/kit/Notice.h"
 #include "platform/kit/UIAlertController.h"
-#include "screens/ConfirmationPopupViewController.h"
 
 namespace pellumar {
 namespace {
 
-// A folder in a network may hang, and the archives behind are not to wait for it.
+// A folder in a network may hang. What cannot be looked at is taken as it is.
 constexpr std::chrono::seconds kPatience{1};
+// Before there is a screen, when a short wait holds up nothing but its coming.
+constexpr std::chrono::milliseconds kPatienceAtStart{100};
 
-// Looks at the file, which may take long.
-QString whyRefused(const QUrl& url) {
+// Looks at the file, which may take long; empty if there is one.
+QString whyNotThere(const QUrl& url) {
     const QString name = lastPathComponent(url);
     const auto path = localPath(url);
     if (!path) {
@@ -38,6 +42,10 @@ QString whyRefused(const QUrl& url) {
                    "“%1” is a folder, not an archive. Open the archive that you want to unzip.")
             .arg(name);
     }
+    return {};
+}
+
+QString whyRefused(const QString& name) {
     if (name.contains(QStringLiteral(".zip"), Qt::CaseInsensitive)) {
         return HandedOverArchives::tr(
                    "“%1” has its ending in capital letters. Rename it to end in “.zip”, and open "
@@ -53,7 +61,7 @@ QString whyRefused(const QUrl& url) {
 }  // namespace
 
 HandedOverArchives::HandedOverArchives(const Environment& environment) : environment_(environment) {
-    // Later: what the end of a question brings comes before the next question.
+    // Later: what the end of a question or of a job brings comes before the next question.
     connect(&environment.window,
             &UIWindow::screensChanged,
             this,
@@ -61,12 +69,16 @@ HandedOverArchives::HandedOverArchives(const Environment& environment) : environ
             Qt::QueuedConnection);
     patience_.setSingleShot(true);
     patience_.setInterval(kPatience);
-    connect(&patience_, &QTimer::timeout, this, &HandedOverArchives::passOn);
+    connect(&patience_, &QTimer::timeout, this, [this] { looked(looks_, {}); });
 }
 
 void HandedOverArchives::add(const QList<QUrl>& urls) {
     for (const QUrl& url : urls) {
-        waiting_.push_back({url, {}});
+        waiting_.push_back({url});
+    }
+    if (!urls.isEmpty() && environment_.window.rootViewController() &&
+        !environment_.window.isIdle()) {
+        sayThatTheyWait();
     }
     passOn();
 }
@@ -74,14 +86,16 @@ void HandedOverArchives::add(const QList<QUrl>& urls) {
 void HandedOverArchives::passOn() {
     while (!waiting_.empty() && isFree()) {
         const Waiting next = waiting_.front();
-        if (next.words.isEmpty()) {
+        if (!next.words) {
+            lookAtNext();
+            continue;
+        }
+        const bool mayTell = environment_.window.rootViewController() != nullptr;
+        if (next.words->isEmpty() && environment_.delegate.applicationOpen(next.url)) {
             waiting_.pop_front();
-            if (!environment_.delegate.applicationOpen(next.url)) {
-                findWordsFor(next.url);
-            }
-        } else if (environment_.window.rootViewController()) {
+        } else if (mayTell) {
             waiting_.pop_front();
-            tell(next.words);
+            tell(next.words->isEmpty() ? whyRefused(lastPathComponent(next.url)) : *next.words);
         } else {
             return;
         }
@@ -89,43 +103,56 @@ void HandedOverArchives::passOn() {
 }
 
 bool HandedOverArchives::isFree() const {
-    if (AppFileOpener::url() || patience_.isActive()) {
-        return false;
-    }
-    const auto root = environment_.window.rootViewController();
-    for (auto each = root; each; each = each->presentedViewController()) {
-        const bool isAsking = each == told_.lock() ||
-                              dynamic_cast<ConfirmationPopupViewController*>(each.get()) != nullptr;
-        // What is presented while the topmost leaves would come later, and not in its turn.
-        if (isAsking || (!each->presentedViewController() && each->transition().isLeaving())) {
-            return false;
-        }
-    }
-    return true;
+    const bool isStarting = environment_.window.rootViewController() == nullptr;
+    return !AppFileOpener::url() && !patience_.isActive() &&
+           (isStarting || environment_.window.isIdle());
 }
 
-void HandedOverArchives::findWordsFor(const QUrl& url) {
-    refused_ = url;
+void HandedOverArchives::lookAtNext() {
+    const QUrl url = waiting_.front().url;
+    const auto place = localPath(url).value_or(std::filesystem::path()).parent_path();
+    if (!environment_.window.rootViewController()) {
+        const auto answer = std::make_shared<std::promise<QString>>();
+        std::future<QString> words = answer->get_future();
+        environment_.folders.async(place, [answer, url] { answer->set_value(whyNotThere(url)); });
+        const bool isKnown = words.wait_for(kPatienceAtStart) == std::future_status::ready;
+        waiting_.front().words = isKnown ? words.get() : QString();
+        return;
+    }
     patience_.start();
-    environment_.backgroundQueue.async(
-        [self = QPointer(this), url, &mainQueue = environment_.mainQueue] {
-            mainQueue.async([self, url, words = whyRefused(url)] {
+    environment_.folders.async(
+        place, [self = QPointer(this), url, look = looks_, &mainQueue = environment_.mainQueue] {
+            mainQueue.async([self, look, words = whyNotThere(url)] {
                 if (self) {
-                    self->waiting_.push_front({{}, words});
-                    if (self->refused_ == url) {
-                        self->patience_.stop();
-                    }
-                    self->passOn();
+                    self->looked(look, words);
                 }
             });
         });
+}
+
+void HandedOverArchives::looked(int look, const QString& words) {
+    // Too late, perhaps.
+    if (look != looks_) {
+        return;
+    }
+    ++looks_;
+    patience_.stop();
+    waiting_.front().words = words;
+    passOn();
+}
+
+void HandedOverArchives::sayThatTheyWait() const {
+    Notice::show(environment_.ui,
+                 environment_.window,
+                 waiting_.size() == 1
+                     ? tr("“%1” is next, when this is done").arg(lastPathComponent(waiting_[0].url))
+                     : tr("%1 archives are next, when this is done").arg(waiting_.size()));
 }
 
 void HandedOverArchives::tell(const QString& words) {
     const auto alert =
         makeController<UIAlertController>(environment_.ui, tr("This cannot be unzipped"), words);
     alert->addAction({tr("OK"), UIAlertActionStyle::kDefault, {}});
-    told_ = alert;
     environment_.window.rootViewController()->present(alert, true);
 }
 

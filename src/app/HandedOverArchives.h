@@ -4,20 +4,19 @@
 #include <QTimer>
 #include <QUrl>
 #include <deque>
-#include <memory>
+#include <optional>
 
 #include "app/AppDelegate.h"
-#include "platform/DispatchQueue.h"
+#include "platform/FolderQueue.h"
 
 namespace pellumar {
 
 // Stands in front of the one slot for a handed-over archive, in which a later one replaces an
 // earlier one: holds what other programs and the command line hand over, and passes it on in the
-// order given, each when nobody is being asked about another. So each is asked about once, however
-// many come at once and whatever is on the screen. What the application does not take is told to
-// the user in words, in its turn: which file, what is the matter with it, what one can do. Only if
-// finding that out takes longer than a second, what comes behind goes first. An archive that is
-// not there is taken like any other, and fails when it is confirmed.
+// order given, each when the window is idle. So each is asked about once, however many come at once
+// and whatever is on the screen; a notice says that it waits. What is not there, or the application
+// does not take, is told to the user in words instead, in its turn: which file, what is the matter
+// with it, what one can do.
 //
 // Before the first screen is shown, the first archive goes into the slot. For the main thread; all
 // that it is made with must outlive it.
@@ -30,8 +29,7 @@ class HandedOverArchives : public QObject {
         UIWindow& window;
         UIContext ui;
         DispatchQueue& mainQueue;
-        // For looks at the user's folders, which may hang.
-        DispatchQueue& backgroundQueue;
+        FolderQueue& folders;
     };
 
     explicit HandedOverArchives(const Environment& environment);
@@ -42,20 +40,24 @@ class HandedOverArchives : public QObject {
     // Passes on what waits, as long as it is nobody else's turn.
     void passOn();
     [[nodiscard]] bool isFree() const;
-    void findWordsFor(const QUrl& url);
+    // Looks whether the next is there. Before there is a screen it waits for the answer, if only
+    // for a moment.
+    void lookAtNext();
+    void looked(int look, const QString& words);
+    void sayThatTheyWait() const;
     void tell(const QString& words);
 
     const Environment environment_;
-    // A file, or if that was refused, what is to be said of it.
     struct Waiting {
         QUrl url;
-        QString words;
+        // Why it cannot be opened; empty if it seems to be there, none before it was looked at.
+        std::optional<QString> words = std::nullopt;
     };
     std::deque<Waiting> waiting_;
-    // What is being looked at, and keeps its place for as long as the timer runs.
-    QUrl refused_;
+    // Runs while the next is being looked at.
     QTimer patience_;
-    std::weak_ptr<UIViewController> told_;
+    // The number of the look that counts.
+    int looks_ = 0;
 };
 
 }  // namespace pellumar

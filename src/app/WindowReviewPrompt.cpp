@@ -6,9 +6,8 @@ namespace pellumar {
 
 WindowReviewPrompt::WindowReviewPrompt(UIWindow& window, const UIContext& context)
     : window_(window), context_(context) {
-    // Screens that come and go take the keyboard with them.
     connect(&window,
-            &QQuickWindow::activeFocusItemChanged,
+            &UIWindow::screensChanged,
             this,
             &WindowReviewPrompt::presentWhenFree,
             Qt::QueuedConnection);
@@ -23,9 +22,7 @@ void WindowReviewPrompt::ask(Answered answered) {
 }
 
 void WindowReviewPrompt::presentWhenFree() {
-    const std::shared_ptr<UIViewController> root = window_.rootViewController();
-    if (!waiting_ || !root || window_.topViewController() != root ||
-        root->appearance() != UIViewController::Appearance::kAppeared) {
+    if (!waiting_ || !window_.isIdle()) {
         return;
     }
     const auto alert = makeController<UIAlertController>(
@@ -38,7 +35,7 @@ void WindowReviewPrompt::presentWhenFree() {
                       .style = UIAlertActionStyle::kCancel,
                       .handler = [answered] { answered(false); }});
     shown_ = alert;
-    root->present(alert, true);
+    window_.rootViewController()->present(alert, true);
 }
 
 }  // namespace pellumar

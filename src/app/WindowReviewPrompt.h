@@ -9,8 +9,8 @@
 
 namespace pellumar {
 
-// The question about the rating, as an alert over the root screen. It is never put over anything
-// that is presented: it waits until nothing is.
+// The question about the rating, as an alert over the root screen. It waits until the window is
+// idle.
 class WindowReviewPrompt : public QObject, public ReviewPrompt {
     Q_OBJECT
 

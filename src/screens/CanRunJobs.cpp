@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 
 #include "engine/FailureReason.h"
+#include "platform/kit/UIWindow.h"
 
 namespace pellumar {
 namespace {
@@ -19,7 +20,14 @@ std::shared_ptr<MBProgressHUD> CanRunJobs::showHud(const QString& label) {
     return hud_;
 }
 
+void CanRunJobs::beginJob() {
+    if (UIWindow* const window = screen().window()) {
+        job_ = window->occupy();
+    }
+}
+
 void CanRunJobs::compress(const QString& label, const Compression& compression) {
+    beginJob();
     // That of this run: another may have been shown since.
     const std::weak_ptr<MBProgressHUD> shown = showHud(label);
     hud_->setMode(MBProgressHUD::Mode::kAnnularDeterminate);
@@ -29,9 +37,11 @@ void CanRunJobs::compress(const QString& label, const Compression& compression) 
         if (!archive) {
             // The overlay stays under the alert; the way out is to leave the screen.
             showFailureAlert(FailureReason::of(report));
+            endJob();
             return;
         }
         offer(*archive);
+        endJob();
         if (const auto hud = shown.lock()) {
             hud->hide(true);
         }

@@ -30,6 +30,9 @@ class CanRunJobs : public ZipManagerDelegate,
 
     // Lays a new overlay over the screen, above those that are there.
     std::shared_ptr<MBProgressHUD> showHud(const QString& label);
+    // Between them, a job of this screen occupies the window.
+    void beginJob();
+    void endJob() { job_.reset(); }
 
     // Starts a compression, and calls the completion with its end.
     using Compression =
@@ -44,6 +47,8 @@ class CanRunJobs : public ZipManagerDelegate,
 
     const std::shared_ptr<ZipManager> zipManager_;
     std::shared_ptr<MBProgressHUD> hud_;
+    // Goes with the screen, whatever becomes of the job.
+    std::shared_ptr<void> job_;
 };
 
 }  // namespace pellumar

@@ -100,6 +100,7 @@ void ViewController::documentPickerDidPickDocuments(const QList<QUrl>& urls) {
 }
 
 void ViewController::extract(const QUrl& url) {
+    beginJob();
     // That of this run: another may have been shown since.
     const auto shown =
         std::make_shared<std::weak_ptr<MBProgressHUD>>(showHud(QStringLiteral("Unzipping")));
@@ -115,6 +116,7 @@ void ViewController::extract(const QUrl& url) {
             [this, hide, awake](const std::optional<QList<QUrl>>& urls, const JobReport& report) {
                 hide();
                 showResults(urls, report);
+                endJob();
             }),
         whileAlive([this, url, shown, hide](const std::shared_ptr<PasswordRequest>& request) {
             hide();

@@ -88,6 +88,7 @@ void ZipViewController::pickerDidFinishPicking(
 }
 
 void ZipViewController::takeAssets(const QStringList& identifiers) {
+    beginJob();
     // What goes has time to be gone.
     constexpr std::chrono::milliseconds kPause(250);
     auto* const pause = new QTimer(this);
@@ -108,6 +109,7 @@ void ZipViewController::fetchMedia(const std::vector<PHAsset>& assets) {
                 hud()->hide(false);
                 showFailureAlert(QStringLiteral(
                     "Failed to fetch items. Verify your Internet connection and try again."));
+                endJob();
             } else {
                 nameApart(urls);
             }
@@ -126,6 +128,7 @@ void ZipViewController::nameApart(const QList<QUrl>& urls) {
         } else {
             showFailureAlert(files.error());
         }
+        endJob();
     };
     if (names.size() == urls.size()) {
         named(urls);

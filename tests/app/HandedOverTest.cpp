@@ -1,8 +1,10 @@
 #include "app/HandedOverArchives.h"
 #include "gui/ScreenFixture.h"
 #include "platform/FileUrl.h"
+#include "platform/kit/Notice.h"
 #include "platform/kit/UIAlertController.h"
 #include "screens/ConfirmationPopupViewController.h"
+#include "screens/ZipViewController.h"
 #include "support/FileContents.h"
 
 namespace pellumar::test {
@@ -12,15 +14,13 @@ using Popup = ConfirmationPopupViewController;
 
 class HandedOverTest : public ScreenFixture {
   protected:
-    HandedOverTest() { animator.hold(); }
-
-    static QList<QUrl> hundred() {
-        QList<QUrl> urls;
+    HandedOverTest() {
+        animator.hold();
         for (int i = 1; i <= 100; ++i) {
-            urls.append(QUrl::fromLocalFile(QString("/handed/over/%1.zip").arg(i)));
+            hundred.append(makeArchive(std::to_string(i) + ".zip"));
         }
-        return urls;
     }
+
     static QStringList names(const QList<QUrl>& urls) {
         QStringList names;
         for (const QUrl& url : urls) {
@@ -65,56 +65,82 @@ class HandedOverTest : public ScreenFixture {
         return presented<UIAlertController>();
     }
 
+    QList<QUrl> hundred;
     UIStoryboard storyboard;
     std::shared_ptr<AppDelegate> delegate = std::make_shared<AppDelegate>(
         AppDelegate::Environment{services.ui, storyboard, settings, fileSystem, console, [] {}});
-    HandedOverArchives archives{{*delegate, window, services.ui, mainQueue, backgroundQueue}};
+    HandedOverArchives archives{{*delegate, window, services.ui, mainQueue, folders}};
 };
 
 TEST_F(HandedOverTest, AHundredAreAskedAboutInTheirOrderOneAfterAnother) {
     // Nobody is there to take them yet.
-    archives.add(hundred().first(40));
-    EXPECT_EQ(AppFileOpener::url(), hundred().first());
+    archives.add(hundred.first(40));
+    EXPECT_EQ(AppFileOpener::url(), hundred.first());
     static_cast<void>(showHome());
-    archives.add(hundred().sliced(40));
+    archives.add(hundred.sliced(40));
     come();
-    EXPECT_EQ(answerAll(), names(hundred()));
+    EXPECT_EQ(answerAll(), names(hundred));
     EXPECT_EQ(AppFileOpener::url(), std::nullopt);
     EXPECT_EQ(eventNames().count("used_share_extension"), 100);
     EXPECT_EQ(eventNames().size(), 100);
 }
 
-// The question hung from the picker, or the sheet, and went with it; the slot was empty already.
-TEST_F(HandedOverTest, TheQuestionOutlivesWhatItStandsAbove) {
+// The question lay over the picker and below what the picker brought, or went with it.
+TEST_F(HandedOverTest, TheQuestionWaitsForWhatIsPresentedOrAtWork) {
     const auto home = showHome();
     come();
     home->unzipTapped();
+    come();
+    archives.add(hundred.first(2));
     come();
     const auto picker = presented<UIDocumentPickerViewController>();
     ASSERT_TRUE(picker);
-    archives.add(hundred().first(2));
+    ASSERT_TRUE(Notice::shownIn(window));
+    EXPECT_EQ(Notice::shownIn(window)->text(), "2 archives are next, when this is done");
+    // What is picked is extracted, and its list comes, before anything is asked.
+    picker->dismissSelf(true, [&] { home->documentPickerDidPickDocuments({hundred[9]}); });
+    animator.finishAll();
+    EXPECT_FALSE(home->hud()->isHidden());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(window.topViewController(), window.rootViewController());
     come();
-    ASSERT_TRUE(presented<Popup>());
-    // The copy is there, and the picker closes below.
-    EXPECT_TRUE(picker->dismissSelf(true));
-    archives.add(hundred().sliced(2, 1));
+    EXPECT_EQ(stack()->viewControllers().size(), 2U);
+    archives.add(hundred.sliced(2, 1));
     come();
-    EXPECT_EQ(popups(), 1);
-    EXPECT_EQ(answerAll(), names(hundred().first(3)));
+    EXPECT_EQ(answerAll(), names(hundred.first(3)));
     EXPECT_EQ(window.topViewController(), window.rootViewController());
 }
 
-// One that comes while the topmost screen leaves is asked about when that has gone, and the next
-// not above it.
-TEST_F(HandedOverTest, WhatComesWhileASheetLeavesWaitsForItsTurn) {
+// A screen that has gone brings nothing more, though its job goes on.
+TEST_F(HandedOverTest, AJobThatWasLeftHoldsUpNoQuestion) {
     const auto home = showHome();
     come();
-    home->unzipTapped();
+    home->zipTapped();
     come();
-    presented<UIDocumentPickerViewController>()->cancelTapped();
-    archives.add(hundred().first(3));
+    auto composer = std::dynamic_pointer_cast<ZipViewController>(stack()->topViewController());
+    ASSERT_TRUE(composer);
+    composer->askTitleForFiles({hundred[9]});
     come();
-    EXPECT_EQ(answerAll(), names(hundred().first(3)));
+    presented<UIAlertController>()->choose(0);
+    animator.finishAll();
+    ManualDispatchQueue looks;
+    FolderQueue lookFolders(looks);
+    HandedOverArchives others{{*delegate, window, services.ui, mainQueue, lookFolders}};
+    const auto pass = [&] {
+        QCoreApplication::processEvents();
+        looks.runAll();
+        mainQueue.runAll();
+        animator.finishAll();
+    };
+    others.add(hundred.first(1));
+    pass();
+    EXPECT_FALSE(presented<Popup>());
+    composer.reset();
+    stack()->popViewController(true);
+    pass();
+    releaseScreens();
+    pass();
+    EXPECT_TRUE(presented<Popup>());
 }
 
 TEST_F(HandedOverTest, ADoubleClickOnUnzipExtractsOnce) {
@@ -144,7 +170,8 @@ TEST_F(HandedOverTest, WhatIsRefusedIsToldInWords) {
         {fileUrl(folder / "data.7z"), "“data.7z” is not named as a ZIP archive."},
         {fileUrl(folder / "gone.tar"), "“gone.tar” is not there."},
         {fileUrl(folder.path()), "is a folder, not an archive."},
-        {QUrl("https://host.example/a.7z"), "“a.7z” is not a file on this device."},
+        {QUrl("https://host.example/a.zip"), "“a.zip” is not a file on this device."},
+        {fileUrl(folder / "gone.zip"), "“gone.zip” is not there."},
     };
     for (const auto& [url, words] : cases) {
         const auto alert = toldOf(url);
@@ -158,7 +185,7 @@ TEST_F(HandedOverTest, WhatIsRefusedIsToldInWords) {
     EXPECT_EQ(eventNames(), QStringList());
 
     // Among others, each has its turn.
-    archives.add({hundred()[0], fileUrl(folder / "data.7z"), hundred()[1]});
+    archives.add({hundred[0], fileUrl(folder / "data.7z"), hundred[1]});
     come();
     EXPECT_TRUE(presented<Popup>());
     presented<Popup>()->cancelTapped();
@@ -180,17 +207,23 @@ TEST_F(HandedOverTest, AFileThatCannotBeLookedAtHoldsUpTheOthersNotForLong) {
     static_cast<void>(showHome());
     come();
     ManualDispatchQueue hanging;
-    HandedOverArchives others{{*delegate, window, services.ui, mainQueue, hanging}};
-    others.add({fileUrl(folder / "data.7z"), hundred()[0]});
+    FolderQueue hangingFolders(hanging);
+    HandedOverArchives others{{*delegate, window, services.ui, mainQueue, hangingFolders}};
+    others.add({fileUrl(folder / "data.7z"), hundred[0]});
     come();
+    EXPECT_TRUE(waitUntil([this] {
+        come();
+        return presented<UIAlertController>() != nullptr;
+    }));
+    presented<UIAlertController>()->choose(0);
     EXPECT_TRUE(waitUntil([this] {
         come();
         return presented<Popup>() != nullptr;
     }));
     hanging.runAll();
     come();
-    EXPECT_EQ(answerAll(), names(hundred().first(1)));
-    EXPECT_TRUE(presented<UIAlertController>());
+    EXPECT_EQ(answerAll(), names(hundred.first(1)));
+    EXPECT_EQ(window.topViewController(), window.rootViewController());
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include "app/Composition.h"
 #include "platform/FileUrl.h"
 #include "screens/ConfirmationPopupViewController.h"
+#include "support/FileContents.h"
 #include "support/TemporaryFolder.h"
 
 namespace pellumar::test {
@@ -73,6 +74,7 @@ TEST_F(LaunchTest, NoServiceRunsBeforeTheLaunch) {
 }
 
 TEST_F(LaunchTest, ALaunchForAnArchiveAsksAboutItAndIsNotCounted) {
+    writeFile(home() / "holiday.zip", "x");
     Composition application;
     application.launch({fileUrl(home() / "holiday.zip")});
     const auto popup = std::dynamic_pointer_cast<ConfirmationPopupViewController>(

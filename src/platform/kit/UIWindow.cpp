@@ -133,6 +133,21 @@ void UIWindow::layersChanged() {
     emit screensChanged();
 }
 
+std::shared_ptr<void> UIWindow::occupy() {
+    ++screensAtWork_;
+    auto work = std::make_shared<QObject>();
+    connect(work.get(), &QObject::destroyed, this, [this] {
+        --screensAtWork_;
+        emit screensChanged();
+    });
+    return work;
+}
+
+bool UIWindow::isIdle() const {
+    return root_ && root_->appearance() == UIViewController::Appearance::kAppeared &&
+           !root_->presentedViewController() && !root_->isMoving() && screensAtWork_ == 0;
+}
+
 bool UIWindow::refusesPress(const QPointerEvent& press) {
     const std::shared_ptr<UIViewController> top = topViewController();
     const QPointF place = press.points().isEmpty() ? QPointF() : press.points().first().position();

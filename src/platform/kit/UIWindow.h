@@ -49,8 +49,15 @@ class UIWindow : public QQuickWindow {
     // The view of the topmost screen; null if there is none.
     [[nodiscard]] QQuickItem* topLayer() const;
 
+    // For a screen at work that will present what comes of it: the window is not idle while what
+    // this returns lives.
+    [[nodiscard]] std::shared_ptr<void> occupy();
+    // Whether what comes from elsewhere may be presented: the root screen is there, nothing is
+    // presented over it or moves, and no screen is at work.
+    [[nodiscard]] bool isIdle() const;
+
   signals:
-    // A screen was presented, has come, leaves or has gone.
+    // A screen was presented, has come, leaves or has gone, or is at work no more.
     void screensChanged();
 
   protected:
@@ -70,6 +77,7 @@ class UIWindow : public QQuickWindow {
     ViewHost host_;
     std::shared_ptr<UIViewController> root_;
     bool isShown_ = false;
+    int screensAtWork_ = 0;
     // When and where the last press was, and whether screens have changed since.
     struct {
         quint64 time = 0;

@@ -7,6 +7,7 @@
 
 #include "platform/FileUrl.h"
 #include "platform/kit/Notice.h"
+#include "platform/kit/UIWindow.h"
 #include "platform/sharing/ShowInFilesTarget.h"
 
 namespace pellumar {
@@ -83,6 +84,9 @@ void ItemSaving::documentPickerDidPickDocuments(const QList<QUrl>& urls) {
     }
     hud_ = MBProgressHUD::showAddedTo(context_, screen->view(), true);
     hud_->setLabel(savingText("Saving"));
+    if (UIWindow* const window = screen->window()) {
+        occupied_ = window->occupy();
+    }
     documents_.backgroundQueue.async([self = weak_from_this(),
                                       order = order_,
                                       folder = *folder,
@@ -103,6 +107,8 @@ void ItemSaving::documentPickerWasCancelled() {
 
 void ItemSaving::finish(const fs::path& folder, const ItemSaver::Result& result) {
     std::exchange(hud_, nullptr)->hide(true);
+    // Until the failure is told.
+    const auto occupied = std::exchange(occupied_, nullptr);
     if (result) {
         sayThatItIsSaved(order_.newFolder.isEmpty() || result->isEmpty()
                              ? folder

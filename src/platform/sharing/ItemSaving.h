@@ -74,7 +74,9 @@ class ItemSaving : public UIDocumentPickerDelegate,
     const DocumentServices documents_;
     const Order order_;
     Completion completion_;
+    // While it copies.
     std::shared_ptr<MBProgressHUD> hud_;
+    std::shared_ptr<void> occupied_;
     const std::shared_ptr<std::atomic<bool>> isGoingOn_;
 };
 

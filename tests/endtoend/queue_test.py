@@ -1,0 +1,115 @@
+#!/usr/bin/env python3
+"""A hundred archives, handed over at the wrong moments: each is asked about once, in its turn, and
+never over or under what somebody else has to say."""
+
+import os
+
+import road
+
+QUESTION = "Do you want to unzip "
+NEXT = "when this is done"
+# Takes seconds to compress, and nothing to make.
+LONG = 3 << 30
+
+
+class QueueTest(road.RoadTest):
+    def setUp(self):
+        super().setUp()
+        self.waiting = [self.make_archive(f"{i}.zip", {"a.txt": os.urandom(100)})
+                        for i in range(100)]
+        # Handed over and not yet asked about.
+        self.owed = []
+
+    def hand_over(self, count, at_once=False):
+        paths, self.waiting = self.waiting[:count], self.waiting[count:]
+        for each in [paths] if at_once else [[path] for path in paths]:
+            application = self.desktop.hand_over(*each)
+        self.owed += [path.name for path in paths]
+        return application
+
+    def asked(self, application):
+        return [each.name for each in application.controls("label")
+                if each.name.startswith(QUESTION)]
+
+    def hand_over_during(self, application, count, role, name):
+        """During something that such a control tells of: the archives wait, and that is said."""
+        application.find(role, name)
+        self.hand_over(count)
+        application.find("label", lambda text: text.endswith(NEXT))
+        self.assertEqual(self.asked(application), [])
+        self.assertTrue(application.controls(role, name), f"{role} {name}")
+
+    def decline_all(self, application):
+        """Declines one question for each archive, in the order in which they were handed over."""
+        for name in self.owed:
+            question = f"{QUESTION}{name}?"
+            application.find("label", lambda text: text.startswith(QUESTION))
+            self.assertEqual(self.asked(application), [question])
+            application.press("push button", "Cancel")
+            application.wait_until_gone("label", question)
+        self.owed = []
+
+    def compress(self, application):
+        with open(self.home / "Documents" / "long.bin", "wb") as file:
+            file.write(os.urandom(50 << 20))
+            file.truncate(LONG)
+        application.press("push button", "Zip")
+        application.press("push button", "Files")
+        application.press("push button", "Documents")
+        application.click("check box", "long.bin")
+        application.press("push button", "Add")
+        field = application.find("text", "Filename")
+        road.until(lambda: "focused" in field.states, "the keyboard in the field")
+        application.type("Trip")
+        application.press("push button", "Save")
+
+    def test_a_hundred_during_jobs_pickers_sheets_and_saving(self):
+        # The bus starts the application, and the onboarding comes first.
+        application = self.hand_over(20, at_once=True)
+        application.press("push button", "OK")
+        self.decline_all(application)
+
+        application.press("push button", "Unzip")
+        self.hand_over_during(application, 15, "dialog", "Choose an archive")
+        application.press("push button", "Cancel")
+        self.decline_all(application)
+
+        self.compress(application)
+        self.hand_over_during(application, 15, "progress bar", "Compressing files")
+        self.hand_over_during(application, 10, "push button", "Save to…")
+        application.press("push button", "Save to…")
+        application.press("push button", "Downloads")
+        application.find("label", "Downloads")
+        self.hand_over_during(application, 10, "push button", "Save here")
+        application.press("push button", "Save here")
+        self.hand_over(1)
+        # It has an end of its own before anything is asked.
+        self.decline_all(application)
+        saved = self.home / "Downloads" / "Trip.zip"
+        self.assertGreater(saved.stat().st_size, 50 << 20)
+
+        # The others wait for the list of what the first brings.
+        first = self.make_archive("first.zip", {f"{i}.txt": b"x" for i in range(2000)})
+        self.desktop.hand_over(first)
+        application.find("label", f"{QUESTION}first.zip?")
+        self.hand_over(14, at_once=True)
+        application.press("push button", "Unzip")
+        application.find("heading", "Unzipped Files")
+        self.decline_all(application)
+        application.press("push button", "Save all to…")
+        self.hand_over_during(application, 10, "push button", "Save here")
+        application.press("push button", "Save here")
+        self.hand_over(5)
+        self.decline_all(application)
+        self.assertEqual(self.waiting, [])
+
+        # All of it was kept: nothing else is asked, and there was one list.
+        application.press("push button", "Back")
+        application.find("heading", "Zip Files")
+        application.press("push button", "Back")
+        application.find("push button", "Zip")
+        self.assertEqual(self.asked(application), [])
+
+
+if __name__ == "__main__":
+    road.main()
