@@ -18,10 +18,7 @@ namespace fs = std::filesystem;
 // Opens what it is given, when told.
 class SlowOpener : public ShareTarget {
   public:
-    [[nodiscard]] QString activityType() const override { return activity::kOpenWith; }
-    [[nodiscard]] QString title() const override { return "Open"; }
-    [[nodiscard]] QString iconName() const override { return "open"; }
-    [[nodiscard]] bool canPerform(const ItemSummary& /*summary*/) const override { return true; }
+    SlowOpener() : ShareTarget({activity::kOpenWith, "Open", "open"}) {}
     void perform(const QList<QUrl>& urls, const Done& done) override {
         opened.append(urls);
         done_ = done;

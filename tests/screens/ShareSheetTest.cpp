@@ -21,10 +21,7 @@ namespace fs = std::filesystem;
 // Another application: what it says of what it is given is told before.
 class OtherApplication : public ShareTarget {
   public:
-    [[nodiscard]] QString activityType() const override { return "org.pellumar.test.other"; }
-    [[nodiscard]] QString title() const override { return "Other"; }
-    [[nodiscard]] QString iconName() const override { return "open"; }
-    [[nodiscard]] bool canPerform(const ItemSummary& /*summary*/) const override { return true; }
+    OtherApplication() : ShareTarget({"org.pellumar.test.other", "Other", "open"}) {}
     void perform(const QList<QUrl>& urls, const Done& done) override {
         given = urls;
         done(answer);

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "platform/FileUrl.h"
+#include "platform/TextList.h"
 #include "platform/kit/UIAlertController.h"
 
 namespace pellumar {
@@ -300,27 +301,15 @@ QString UIDocumentPickerViewController::folderName() const {
 }
 
 QStringList UIDocumentPickerViewController::way() const {
-    QStringList names;
-    for (const PickerPlaces::Place& step : places_.wayTo(model_.folder())) {
-        names.append(step.name);
-    }
-    return names;
+    return textList(places_.wayTo(model_.folder()), &PickerPlaces::Place::name);
 }
 
 QStringList UIDocumentPickerViewController::placeNames() const {
-    QStringList names;
-    for (const PickerPlaces::Place& place : places_.all()) {
-        names.append(place.name);
-    }
-    return names;
+    return textList(places_.all(), &PickerPlaces::Place::name);
 }
 
 QStringList UIDocumentPickerViewController::placeIcons() const {
-    QStringList icons;
-    for (const PickerPlaces::Place& place : places_.all()) {
-        icons.append(place.icon);
-    }
-    return icons;
+    return textList(places_.all(), &PickerPlaces::Place::icon);
 }
 
 int UIDocumentPickerViewController::currentPlace() const {

@@ -4,6 +4,7 @@
 #include <QGuiApplication>
 #include <utility>
 
+#include "platform/TextList.h"
 #include "platform/kit/Notice.h"
 #include "platform/kit/UIWindow.h"
 
@@ -43,11 +44,7 @@ bool UIAlertController::goBack() {
 }
 
 QStringList UIAlertController::actionTitles() const {
-    QStringList titles;
-    for (const UIAlertAction& action : actions_) {
-        titles.append(action.title);
-    }
-    return titles;
+    return textList(actions_, &UIAlertAction::title);
 }
 
 int UIAlertController::cancelIndex() const {

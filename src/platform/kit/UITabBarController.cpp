@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "platform/TextList.h"
 #include "platform/kit/UINavigationController.h"
 
 namespace pellumar {
@@ -79,19 +80,11 @@ bool UITabBarController::goBack() {
 }
 
 QStringList UITabBarController::titles() const {
-    QStringList titles;
-    for (const Tab& tab : tabs_) {
-        titles.append(tab.item.title);
-    }
-    return titles;
+    return textList(tabs_, [](const Tab& tab) { return tab.item.title; });
 }
 
 QStringList UITabBarController::images() const {
-    QStringList images;
-    for (const Tab& tab : tabs_) {
-        images.append(tab.item.image);
-    }
-    return images;
+    return textList(tabs_, [](const Tab& tab) { return tab.item.image; });
 }
 
 bool UITabBarController::isBarHidden() const {

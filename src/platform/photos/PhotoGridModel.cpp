@@ -7,6 +7,7 @@
 
 #include "platform/FileUrl.h"
 #include "platform/NaturalOrder.h"
+#include "platform/TextList.h"
 #include "platform/documents/ThumbnailProvider.h"
 
 namespace pellumar {
@@ -36,11 +37,8 @@ void PhotoGridModel::findAlbums() {
 }
 
 QStringList PhotoGridModel::albumNames() const {
-    QStringList names{QCoreApplication::translate("PhotoGridModel", "All")};
-    for (const Album& album : albums_) {
-        names.append(album.name);
-    }
-    return names;
+    return QStringList(QCoreApplication::translate("PhotoGridModel", "All")) +
+           textList(albums_, &Album::name);
 }
 
 void PhotoGridModel::setAlbum(int album) {

@@ -1,29 +1,10 @@
 #include "platform/sharing/CopyTarget.h"
 
 #include <QClipboard>
-#include <QCoreApplication>
 #include <QGuiApplication>
 #include <QMimeData>
 
-#include "platform/sharing/ActivityType.h"
-
 namespace pellumar {
-
-QString CopyTarget::activityType() const {
-    return activity::kCopy;
-}
-
-QString CopyTarget::title() const {
-    return QCoreApplication::translate("ShareTarget", "Copy");
-}
-
-QString CopyTarget::iconName() const {
-    return QStringLiteral("copy");
-}
-
-bool CopyTarget::canPerform(const ItemSummary& /*summary*/) const {
-    return true;
-}
 
 void CopyTarget::perform(const QList<QUrl>& urls, const Done& done) {
     QStringList paths;
@@ -38,7 +19,7 @@ void CopyTarget::perform(const QList<QUrl>& urls, const Done& done) {
     // What file managers of the GTK family read.
     content->setData(QStringLiteral("x-special/gnome-copied-files"), files);
     QGuiApplication::clipboard()->setMimeData(content);
-    done({.isCompleted = true, .notice = QCoreApplication::translate("ShareTarget", "Copied")});
+    done({.isCompleted = true, .notice = text("Copied")});
 }
 
 }  // namespace pellumar

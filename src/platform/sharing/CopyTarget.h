@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/sharing/ActivityType.h"
 #include "platform/sharing/ShareTarget.h"
 
 namespace pellumar {
@@ -7,10 +8,8 @@ namespace pellumar {
 // Puts files on the clipboard, for file managers, editors and terminals alike.
 class CopyTarget : public ShareTarget {
   public:
-    [[nodiscard]] QString activityType() const override;
-    [[nodiscard]] QString title() const override;
-    [[nodiscard]] QString iconName() const override;
-    [[nodiscard]] bool canPerform(const ItemSummary& summary) const override;
+    CopyTarget() : ShareTarget({activity::kCopy, text("Copy"), QStringLiteral("copy")}) {}
+
     void perform(const QList<QUrl>& urls, const Done& done) override;
 };
 

@@ -1,7 +1,6 @@
 #include "platform/sharing/DesktopTargets.h"
 
-#include <QCoreApplication>
-
+#include "platform/TextList.h"
 #include "platform/sharing/ActivityType.h"
 #include "platform/sharing/CopyTarget.h"
 #include "platform/sharing/EmailTarget.h"
@@ -12,24 +11,12 @@
 namespace pellumar {
 namespace {
 
-QString text(const char* source) {
-    return QCoreApplication::translate("ShareTarget", source);
-}
-
 QStringList asPaths(const QList<QUrl>& urls) {
-    QStringList paths;
-    for (const QUrl& url : urls) {
-        paths.append(url.toLocalFile());
-    }
-    return paths;
+    return textList(urls, &QUrl::toLocalFile);
 }
 
 QStringList asAddresses(const QList<QUrl>& urls) {
-    QStringList addresses;
-    for (const QUrl& url : urls) {
-        addresses.append(url.toString(QUrl::FullyEncoded));
-    }
-    return addresses;
+    return textList(urls, [](const QUrl& url) { return url.toString(QUrl::FullyEncoded); });
 }
 
 }  // namespace
@@ -39,18 +26,16 @@ std::vector<std::shared_ptr<ShareTarget>> desktopTargets() {
     return {
         std::make_shared<OpenWithTarget>(),
         std::make_shared<EmailTarget>(),
-        std::make_shared<ProgramTarget>(Program{.activityType = activity::kBluetooth,
-                                                .title = text("Bluetooth"),
-                                                .iconName = "bluetooth",
-                                                .program = "bluetooth-sendto",
-                                                .takesSeveral = true,
-                                                .arguments = asPaths}),
-        std::make_shared<ProgramTarget>(Program{.activityType = activity::kPhone,
-                                                .title = text("Device"),
-                                                .iconName = "phone",
-                                                .program = "kdeconnect-handler",
-                                                .takesSeveral = false,
-                                                .arguments = asAddresses}),
+        std::make_shared<ProgramTarget>(
+            Program{.label = {activity::kBluetooth, ShareTarget::text("Bluetooth"), "bluetooth"},
+                    .program = "bluetooth-sendto",
+                    .takesSeveral = true,
+                    .arguments = asPaths}),
+        std::make_shared<ProgramTarget>(
+            Program{.label = {activity::kPhone, ShareTarget::text("Device"), "phone"},
+                    .program = "kdeconnect-handler",
+                    .takesSeveral = false,
+                    .arguments = asAddresses}),
         std::make_shared<CopyTarget>(),
         std::make_shared<ShowInFilesTarget>(),
     };

@@ -2,12 +2,10 @@
 
 #include <fcntl.h>
 
-#include <QCoreApplication>
 #include <QDBusMetaType>
 #include <QProcess>
 #include <QStandardPaths>
 
-#include "platform/sharing/ActivityType.h"
 #include "platform/sharing/PortalRequest.h"
 #include "platform/sharing/SessionBusNames.h"
 
@@ -23,24 +21,10 @@ void composeByProgram(const QList<QUrl>& urls, const ShareTarget::Done& done) {
     }
     const bool isStarted = QProcess::startDetached(kProgram, arguments);
     done({.isCompleted = isStarted,
-          .error = isStarted
-                       ? QString()
-                       : QCoreApplication::translate("ShareTarget", "No application for mail")});
+          .error = isStarted ? QString() : ShareTarget::text("No application for mail")});
 }
 
 }  // namespace
-
-QString EmailTarget::activityType() const {
-    return activity::kMail;
-}
-
-QString EmailTarget::title() const {
-    return QCoreApplication::translate("ShareTarget", "Email");
-}
-
-QString EmailTarget::iconName() const {
-    return QStringLiteral("email");
-}
 
 bool EmailTarget::canPerform(const ItemSummary& summary) const {
     return summary.folders == 0 &&

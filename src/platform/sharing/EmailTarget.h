@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/sharing/ActivityType.h"
 #include "platform/sharing/ShareTarget.h"
 
 namespace pellumar {
@@ -8,9 +9,8 @@ namespace pellumar {
 // none. Folders cannot be attached.
 class EmailTarget : public ShareTarget {
   public:
-    [[nodiscard]] QString activityType() const override;
-    [[nodiscard]] QString title() const override;
-    [[nodiscard]] QString iconName() const override;
+    EmailTarget() : ShareTarget({activity::kMail, text("Email"), QStringLiteral("email")}) {}
+
     [[nodiscard]] bool canPerform(const ItemSummary& summary) const override;
     void perform(const QList<QUrl>& urls, const Done& done) override;
 };

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "platform/FileUrl.h"
+#include "platform/TextList.h"
 #include "platform/kit/Notice.h"
 #include "platform/sharing/ShowInFilesTarget.h"
 
@@ -38,10 +39,8 @@ void KeptEdits::recover(const SharedItems& sharedItems,
 
 QString KeptEdits::text(const QList<QUrl>& files) {
     constexpr qsizetype kMostNamed = 3;
-    QStringList names;
-    for (const QUrl& file : files.first(std::min(files.size(), kMostNamed))) {
-        names.append(file.fileName());
-    }
+    const QStringList names = textList(files.first(std::min(files.size(), kMostNamed)),
+                                       [](const QUrl& file) { return file.fileName(); });
     const auto folder = localPath(files.first())->parent_path();
     const QString place =
         QString::fromStdString(folder.parent_path().filename() / folder.filename());

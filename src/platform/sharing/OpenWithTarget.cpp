@@ -2,10 +2,8 @@
 
 #include <fcntl.h>
 
-#include <QCoreApplication>
 #include <QDesktopServices>
 
-#include "platform/sharing/ActivityType.h"
 #include "platform/sharing/PortalRequest.h"
 
 namespace pellumar {
@@ -14,24 +12,10 @@ namespace {
 void openByDesktop(const QUrl& url, const ShareTarget::Done& done) {
     const bool isOpened = QDesktopServices::openUrl(url);
     done({.isCompleted = isOpened,
-          .error = isOpened ? QString()
-                            : QCoreApplication::translate("ShareTarget",
-                                                          "No application opens this file")});
+          .error = isOpened ? QString() : ShareTarget::text("No application opens this file")});
 }
 
 }  // namespace
-
-QString OpenWithTarget::activityType() const {
-    return activity::kOpenWith;
-}
-
-QString OpenWithTarget::title() const {
-    return QCoreApplication::translate("ShareTarget", "Open with…");
-}
-
-QString OpenWithTarget::iconName() const {
-    return QStringLiteral("open");
-}
 
 bool OpenWithTarget::canPerform(const ItemSummary& summary) const {
     return summary.items.size() == 1;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/sharing/ActivityType.h"
 #include "platform/sharing/ShareTarget.h"
 
 namespace pellumar {
@@ -8,9 +9,9 @@ namespace pellumar {
 // or in the application that the desktop has for its type.
 class OpenWithTarget : public ShareTarget {
   public:
-    [[nodiscard]] QString activityType() const override;
-    [[nodiscard]] QString title() const override;
-    [[nodiscard]] QString iconName() const override;
+    OpenWithTarget()
+        : ShareTarget({activity::kOpenWith, text("Open with…"), QStringLiteral("open")}) {}
+
     [[nodiscard]] bool canPerform(const ItemSummary& summary) const override;
     void perform(const QList<QUrl>& urls, const Done& done) override;
 };

@@ -1,6 +1,5 @@
 #include "platform/sharing/ProgramTarget.h"
 
-#include <QCoreApplication>
 #include <QProcess>
 #include <QStandardPaths>
 
@@ -16,8 +15,7 @@ void ProgramTarget::perform(const QList<QUrl>& urls, const Done& done) {
         done({.isCompleted = true});
     } else {
         done({.isCompleted = false,
-              .error = QCoreApplication::translate("ShareTarget", "%1 could not be started")
-                           .arg(description_.program)});
+              .error = text("%1 could not be started").arg(description_.program)});
     }
 }
 

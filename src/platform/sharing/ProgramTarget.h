@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QStringList>
-#include <utility>
 
 #include "platform/sharing/ShareTarget.h"
 
@@ -12,20 +11,16 @@ namespace pellumar {
 class ProgramTarget : public ShareTarget {
   public:
     struct Description {
-        QString activityType;
-        QString title;
-        QString iconName;
+        Label label;
         // Found in PATH.
         QString program;
         bool takesSeveral = true;
         std::function<QStringList(const QList<QUrl>& urls)> arguments;
     };
 
-    explicit ProgramTarget(Description description) : description_(std::move(description)) {}
+    explicit ProgramTarget(const Description& description)
+        : ShareTarget(description.label), description_(description) {}
 
-    [[nodiscard]] QString activityType() const override { return description_.activityType; }
-    [[nodiscard]] QString title() const override { return description_.title; }
-    [[nodiscard]] QString iconName() const override { return description_.iconName; }
     [[nodiscard]] bool canPerform(const ItemSummary& summary) const override;
     void perform(const QList<QUrl>& urls, const Done& done) override;
 

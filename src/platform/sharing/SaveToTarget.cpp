@@ -1,23 +1,8 @@
 #include "platform/sharing/SaveToTarget.h"
 
-#include <QCoreApplication>
 #include <optional>
 
-#include "platform/sharing/ActivityType.h"
-
 namespace pellumar {
-
-QString SaveToTarget::activityType() const {
-    return activity::kSaveTo;
-}
-
-QString SaveToTarget::title() const {
-    return QCoreApplication::translate("ShareTarget", "Save to…");
-}
-
-QString SaveToTarget::iconName() const {
-    return QStringLiteral("save");
-}
 
 void SaveToTarget::perform(const QList<QUrl>& urls, const Done& done) {
     const auto sheet = sheet_.lock();

@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "platform/sharing/ActivityType.h"
 #include "platform/sharing/ItemSaving.h"
 #include "platform/sharing/ShareTarget.h"
 
@@ -14,12 +15,11 @@ class SaveToTarget : public ShareTarget {
     SaveToTarget(std::weak_ptr<UIViewController> sheet,
                  const UIContext& context,
                  const DocumentServices& documents)
-        : sheet_(std::move(sheet)), context_(context), documents_(documents) {}
+        : ShareTarget({activity::kSaveTo, text("Save to…"), QStringLiteral("save")}),
+          sheet_(std::move(sheet)),
+          context_(context),
+          documents_(documents) {}
 
-    [[nodiscard]] QString activityType() const override;
-    [[nodiscard]] QString title() const override;
-    [[nodiscard]] QString iconName() const override;
-    [[nodiscard]] bool canPerform(const ItemSummary& /*summary*/) const override { return true; }
     [[nodiscard]] bool isReadLater() const override { return false; }
     void perform(const QList<QUrl>& urls, const Done& done) override;
 

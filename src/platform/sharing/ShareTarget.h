@@ -1,10 +1,12 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QList>
 #include <QString>
 #include <QUrl>
 #include <functional>
 #include <optional>
+#include <utility>
 
 #include "platform/sharing/ItemSummary.h"
 
@@ -26,19 +28,36 @@ class ShareTarget {
     };
     using Done = std::function<void(const Result& result)>;
 
-    virtual ~ShareTarget() = default;
+    struct Label {
+        // What identifies the kind of sharing, "org.pellumar.activity.copy".
+        QString activityType;
+        QString title;
+        // The name of an icon of the theme.
+        QString iconName;
+    };
 
-    // What identifies the kind of sharing, "org.pellumar.activity.copy".
-    [[nodiscard]] virtual QString activityType() const = 0;
-    [[nodiscard]] virtual QString title() const = 0;
-    // The name of an icon of the theme.
-    [[nodiscard]] virtual QString iconName() const = 0;
+    explicit ShareTarget(Label label) : label_(std::move(label)) {}
+    virtual ~ShareTarget() = default;
+    ShareTarget(const ShareTarget&) = delete;
+    ShareTarget& operator=(const ShareTarget&) = delete;
+
+    [[nodiscard]] const QString& activityType() const { return label_.activityType; }
+    [[nodiscard]] const QString& title() const { return label_.title; }
+    [[nodiscard]] const QString& iconName() const { return label_.iconName; }
     // Whether this works here, and with these items, of which there is at least one.
-    [[nodiscard]] virtual bool canPerform(const ItemSummary& summary) const = 0;
+    [[nodiscard]] virtual bool canPerform(const ItemSummary& /*summary*/) const { return true; }
     // Whether somebody may still need the files when it is done.
     [[nodiscard]] virtual bool isReadLater() const { return true; }
     // Returns at once; `done` is called exactly once, or not at all if the target has gone before.
     virtual void perform(const QList<QUrl>& urls, const Done& done) = 0;
+
+    // What all of them say to the user is translated in one place.
+    [[nodiscard]] static QString text(const char* source) {
+        return QCoreApplication::translate("ShareTarget", source);
+    }
+
+  private:
+    const Label label_;
 };
 
 }  // namespace pellumar

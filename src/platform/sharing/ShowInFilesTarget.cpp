@@ -1,12 +1,11 @@
 #include "platform/sharing/ShowInFilesTarget.h"
 
-#include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 
-#include "platform/sharing/ActivityType.h"
+#include "platform/TextList.h"
 #include "platform/sharing/SessionBusNames.h"
 
 namespace pellumar {
@@ -16,20 +15,14 @@ const QString kFileManager = QStringLiteral("org.freedesktop.FileManager1");
 // Some file managers open a window for each.
 constexpr qsizetype kMostSelected = 10;
 
-QStringList addresses(const QList<QUrl>& urls) {
-    QStringList all;
-    for (const QUrl& url : urls) {
-        all.append(QString::fromLatin1(url.toEncoded()));
-    }
-    return all;
+QString address(const QUrl& url) {
+    return QString::fromLatin1(url.toEncoded());
 }
 
 QStringList foldersOf(const QList<QUrl>& urls) {
-    QStringList folders;
-    for (const QUrl& url : urls) {
-        const QUrl folder = url.adjusted(QUrl::StripTrailingSlash).adjusted(QUrl::RemoveFilename);
-        folders.append(QString::fromLatin1(folder.toEncoded()));
-    }
+    QStringList folders = textList(urls, [](const QUrl& url) {
+        return address(url.adjusted(QUrl::StripTrailingSlash).adjusted(QUrl::RemoveFilename));
+    });
     folders.removeDuplicates();
     return folders;
 }
@@ -44,18 +37,6 @@ Notice::Action ShowInFilesTarget::noticeAction(const QList<QUrl>& urls) {
             [urls] { ShowInFilesTarget().perform(urls, [](const Result&) {}); }};
 }
 
-QString ShowInFilesTarget::activityType() const {
-    return activity::kShowInFiles;
-}
-
-QString ShowInFilesTarget::title() const {
-    return QCoreApplication::translate("ShareTarget", "Show in files");
-}
-
-QString ShowInFilesTarget::iconName() const {
-    return QStringLiteral("show");
-}
-
 bool ShowInFilesTarget::canPerform(const ItemSummary& /*summary*/) const {
     return isOnSessionBus(kFileManager);
 }
@@ -68,15 +49,13 @@ void ShowInFilesTarget::perform(const QList<QUrl>& urls, const Done& done) {
         kFileManager,
         areFew ? QStringLiteral("ShowItems") : QStringLiteral("ShowFolders"));
     // The folders of many are one, but for namesakes; a window for each of a hundred is no help.
-    call << (areFew ? addresses(urls) : foldersOf(urls).mid(0, kMostSelected)) << QString();
+    call << (areFew ? textList(urls, address) : foldersOf(urls).mid(0, kMostSelected)) << QString();
     auto* const answer = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call));
     QObject::connect(answer, &QDBusPendingCallWatcher::finished, answer, [answer, done] {
         answer->deleteLater();
         const bool isShown = !QDBusPendingReply<>(*answer).isError();
         done({.isCompleted = isShown,
-              .error = isShown ? QString()
-                               : QCoreApplication::translate(
-                                     "ShareTarget", "The file manager could not be opened")});
+              .error = isShown ? QString() : text("The file manager could not be opened")});
     });
 }
 

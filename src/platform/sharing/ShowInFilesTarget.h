@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/kit/Notice.h"
+#include "platform/sharing/ActivityType.h"
 #include "platform/sharing/ShareTarget.h"
 
 namespace pellumar {
@@ -9,13 +10,13 @@ namespace pellumar {
 // folder is shown.
 class ShowInFilesTarget : public ShareTarget {
   public:
+    ShowInFilesTarget()
+        : ShareTarget({activity::kShowInFiles, text("Show in files"), QStringLiteral("show")}) {}
+
     // A button of a notice that does it; one without handler, which no notice shows, if there are
     // no files or there is no file manager.
     [[nodiscard]] static Notice::Action noticeAction(const QList<QUrl>& urls);
 
-    [[nodiscard]] QString activityType() const override;
-    [[nodiscard]] QString title() const override;
-    [[nodiscard]] QString iconName() const override;
     [[nodiscard]] bool canPerform(const ItemSummary& summary) const override;
     void perform(const QList<QUrl>& urls, const Done& done) override;
 };

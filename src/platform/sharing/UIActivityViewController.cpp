@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "platform/DisplayText.h"
+#include "platform/TextList.h"
 #include "platform/kit/Notice.h"
 #include "platform/kit/UIWindow.h"
 #include "platform/sharing/SaveToTarget.h"
@@ -51,11 +52,7 @@ void UIActivityViewController::offer(const ItemSummary& summary) {
 }
 
 QStringList UIActivityViewController::offeredActivityTypes() const {
-    QStringList types;
-    for (const auto& target : targets_) {
-        types.append(target->activityType());
-    }
-    return types;
+    return textList(targets_, [](const auto& target) { return target->activityType(); });
 }
 
 void UIActivityViewController::targetTapped(int index) {
@@ -178,19 +175,11 @@ QString UIActivityViewController::iconName() const {
 }
 
 QStringList UIActivityViewController::titles() const {
-    QStringList titles;
-    for (const auto& target : targets_) {
-        titles.append(target->title());
-    }
-    return titles;
+    return textList(targets_, [](const auto& target) { return target->title(); });
 }
 
 QStringList UIActivityViewController::icons() const {
-    QStringList icons;
-    for (const auto& target : targets_) {
-        icons.append(target->iconName());
-    }
-    return icons;
+    return textList(targets_, [](const auto& target) { return target->iconName(); });
 }
 
 }  // namespace pellumar
