@@ -8,11 +8,6 @@ ScreenView {
 
     required property UnzipViewController controller
 
-    Keys.onPressed: event => {
-        event.accepted = event.matches(StandardKey.SelectAll)
-        if (event.accepted) controller.shareAll()
-    }
-
     UITableView {
         id: tableView
         objectName: "tableView"
@@ -25,10 +20,11 @@ ScreenView {
             table: tableView
             focus: true
             Accessible.name: root.controller.navigationItem.title
-            onSearched: (letters, row) => {
-                const found = root.controller.rowOf(letters, row)
-                if (found >= 0) go(found)
+            onSearched: (start, from) => {
+                const row = root.controller.rowOf(start, from)
+                if (row >= 0) go(row)
             }
+            onAllAsked: root.controller.shareAll()
             header: ResultsHeader {
                 // qmllint disable unqualified
                 controller: root.controller

@@ -220,6 +220,9 @@ TEST_F(ResultsTest, KeysLeadThroughTheRows) {
     names.insert(names.end(), {"beach", "Bear", "car"});
     const auto results = unzip(names);
     EXPECT_EQ(focusedRow(), "Open 10");
+    // The header has grown meanwhile: the sizes have come.
+    const auto* const rows = results->view().findChild<QQuickItem*>("rows");
+    EXPECT_EQ(rows->property("contentY"), rows->property("originY"));
     const std::vector<std::pair<int, QString>> steps = {{Qt::Key_Down, "Open 11"},
                                                         {Qt::Key_End, "Open car"},
                                                         {Qt::Key_Down, "Open car"},

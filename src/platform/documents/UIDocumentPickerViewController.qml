@@ -1,6 +1,5 @@
 import QtQuick
 import QtQuick.Layouts
-import QtQuick.Controls.Basic
 import Pellumar.Documents
 import Pellumar.Look
 
@@ -103,7 +102,6 @@ Sheet {
             Layout.fillWidth: true
             Layout.fillHeight: true
             clip: true
-            reuseItems: true
             focus: true
             model: root.controller.model
             onSearched: (start, from) => {
@@ -112,8 +110,6 @@ Sheet {
             }
             onBackAsked: root.controller.upTapped()
             onAllAsked: root.controller.selectAllTapped()
-            ScrollBar.vertical: ScrollBar { Accessible.ignored: true }
-            Accessible.role: Accessible.List
             Accessible.name: root.controller.folderName
             delegate: DocumentRow {
                 // qmllint disable unqualified

@@ -39,6 +39,8 @@ FocusScope {
                 visible: root.controller.canPop
                 iconName: "back"
                 text: qsTr("Back")
+                // A click leaves the keyboard with the screen, or Return would go back, unseen.
+                focusPolicy: Qt.TabFocus
                 onClicked: root.controller.backTapped()
             }
             BodyText {
@@ -57,6 +59,7 @@ FocusScope {
             }
             QuietButton {
                 visible: text !== ""
+                focusPolicy: Qt.TabFocus
                 text: root.controller.topItem.rightTitle
                 onClicked: root.controller.rightTapped()
             }

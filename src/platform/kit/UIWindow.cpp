@@ -124,7 +124,9 @@ void UIWindow::layersChanged() {
         each->view().setEnabled(each == top && !each->transition().isLeaving());
     }
     if (top && top->transition().isHere()) {
-        top->view().forceActiveFocus(Qt::OtherFocusReason);
+        // Who came with keys sees where the keyboard is.
+        const bool isKeyed = lastKey_.time > lastPress_.time;
+        top->view().forceActiveFocus(isKeyed ? Qt::TabFocusReason : Qt::OtherFocusReason);
     }
     lastPress_.isOutdated = true;
     lastKey_.isOutdated = true;

@@ -1,4 +1,6 @@
 import QtQuick
+import QtQuick.Controls.Basic
+import QtQuick.Templates as T
 
 // A list for the keyboard: arrows, pages, both ends, the first letters of a name. The row with the
 // keyboard shows it.
@@ -14,9 +16,21 @@ ListView {
     signal backAsked
     signal allAsked
 
+    // A header that grows as more becomes known stays in view until the user has moved on.
+    readonly property real headerHeight: headerItem?.height ?? 0
+    property bool hasMoved: false
+    onHeaderHeightChanged: if (!hasMoved) positionViewAtBeginning()
+    onMovementStarted: hasMoved = true
+
     currentIndex: -1
     highlightFollowsCurrentItem: true
     highlightMoveDuration: 0
+    reuseItems: true
+    ScrollBar.vertical: ScrollBar {
+        Accessible.ignored: true
+        onPressedChanged: list.hasMoved = true
+    }
+    Accessible.role: Accessible.List
 
     Timer {
         id: pause
@@ -25,13 +39,16 @@ ListView {
     }
 
     function go(to: int): void {
+        if (count === 0) return
         isKeyed = true
+        hasMoved = true
         currentIndex = Math.max(0, Math.min(count - 1, to))
         positionViewAtIndex(currentIndex, ListView.Contain)
-        const row = currentItem as PlainButton
-        row?.forceActiveFocus(Qt.ShortcutFocusReason)
-        // Which the view has given it already, for no reason.
-        if (row !== null) row.focusReason = Qt.ShortcutFocusReason
+        if (currentIndex === 0) positionViewAtBeginning()
+        currentItem?.forceActiveFocus(Qt.ShortcutFocusReason)
+        // The view has given it the keyboard already, for no reason.
+        const here = list.Window.activeFocusItem as T.Control
+        if (here) here.focusReason = Qt.ShortcutFocusReason
     }
 
     // For new rows.
@@ -39,7 +56,7 @@ ListView {
         const hadKeys = isKeyed && (activeFocus || currentItem?.activeFocus)
         currentIndex = -1
         positionViewAtIndex(row, ListView.Contain)
-        if (hadKeys && count > 0) go(row)
+        if (hadKeys) go(row)
     }
 
     // Type on, or the same letter again for the next of its kind.
