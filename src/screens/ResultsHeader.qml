@@ -52,6 +52,11 @@ Item {
             onActed: root.controller.showSaved()
         }
         HeaderLine {
+            objectName: "belowLine"
+            text: root.controller.archiveBelow === "" ? ""
+                : qsTr("What came of %1 is still open: Back leads there.").arg(root.controller.archiveBelow)
+        }
+        HeaderLine {
             objectName: "remarksLine"
             text: root.controller.remarks
             action: qsTr("Show")

@@ -4,6 +4,7 @@
 #include <QLocale>
 #include <algorithm>
 #include <chrono>
+#include <iterator>
 #include <utility>
 
 #include "platform/DisplayText.h"
@@ -98,9 +99,28 @@ void UnzipViewController::sumUp() {
 }
 
 QString UnzipViewController::detail() const {
-    const QString count =
-        urls_.size() == 1 ? tr("1 item") : tr("%1 items").arg(QLocale().toString(urls_.size()));
+    const bool isHidden = urls_.isEmpty() && hiddenCount() > 0;
+    const qsizetype items = isHidden ? hiddenCount() : urls_.size();
+    const QString number = QLocale().toString(items);
+    const QString count = isHidden
+                              ? items == 1 ? tr("1 hidden item") : tr("%1 hidden items").arg(number)
+                          : items == 1 ? tr("1 item")
+                                       : tr("%1 items").arg(number);
     return bytes_ ? count + QStringLiteral(", ") + sizeText(*bytes_) : count;
+}
+
+QString UnzipViewController::archiveBelow() const {
+    const auto stack = navigationController();
+    if (!stack) {
+        return {};
+    }
+    const auto& screens = stack->viewControllers();
+    const auto self = std::find(screens.begin(), screens.end(), shared_from_this());
+    if (self == screens.begin() || self == screens.end()) {
+        return {};
+    }
+    const auto below = std::dynamic_pointer_cast<UnzipViewController>(*std::prev(self));
+    return below ? below->archiveName() : QString();
 }
 
 QString UnzipViewController::remarks() const {

@@ -34,6 +34,9 @@ class UnzipViewController : public pellumar::UIViewController,
     Q_PROPERTY(int listedCount READ listedCount CONSTANT)
     // What the list leaves out.
     Q_PROPERTY(int hiddenCount READ hiddenCount CONSTANT)
+    // The archive whose results lie below these, to which a step back leads; empty if it leads
+    // home.
+    Q_PROPERTY(QString archiveBelow READ archiveBelow CONSTANT)
     // How many remarks there are about the archive, in words; empty if there is none.
     Q_PROPERTY(QString remarks READ remarks CONSTANT)
     // The folder of the user's that all of it was saved into; empty before.
@@ -61,6 +64,7 @@ class UnzipViewController : public pellumar::UIViewController,
 
     [[nodiscard]] const JobReport& report() const { return report_; }
     [[nodiscard]] QString archiveName() const { return report_.archive().fileName(); }
+    [[nodiscard]] QString archiveBelow() const;
     [[nodiscard]] QString detail() const;
     [[nodiscard]] int listedCount() const { return static_cast<int>(urls_.size()); }
     [[nodiscard]] int hiddenCount() const { return static_cast<int>(report_.hiddenItems().size()); }

@@ -9,6 +9,7 @@ namespace {
 
 TEST(DisplayText, SizesHaveOneDecimalAndTimesTheHour) {
     QLocale::setDefault(QLocale(QLocale::English, QLocale::UnitedKingdom));
+    EXPECT_EQ(sizeText(1), "1 byte");
     EXPECT_EQ(sizeText(12), "12 bytes");
     EXPECT_EQ(sizeText(1'000'000), "1.0 MB");
     EXPECT_EQ(sizeText(5'260'000'000), "5.3 GB");

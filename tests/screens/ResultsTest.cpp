@@ -102,6 +102,7 @@ TEST_F(ResultsTest, HiddenFilesAloneAreNotNothing) {
     const auto results = unzip({".a", ".b"});
     EXPECT_EQ(results->listedCount(), 0);
     EXPECT_EQ(results->hiddenCount(), 2);
+    EXPECT_EQ(results->detail(), "2 hidden items, 26 bytes");
     const auto* const button = results->view().findChild<QQuickItem*>("saveAllButton");
     ASSERT_TRUE(button);
     EXPECT_TRUE(button->isVisible());
@@ -152,6 +153,8 @@ TEST_F(ResultsTest, LeavingTakesNoOtherResultsAway) {
     alert->choose(1);
     settle();
     EXPECT_EQ(stack()->topViewController(), later);
+    EXPECT_EQ(later->archiveBelow(), "Holiday.zip");
+    EXPECT_EQ(results->archiveBelow(), QString());
 }
 
 TEST_F(ResultsTest, AStepBackWhileTheyAreSavedStopsThatAndOtherKeysDoNothing) {

@@ -39,6 +39,20 @@ void showResults(Stage& stage) {
     stage.until("the results", [&stage] { return stage.top<UnzipViewController>() != nullptr; });
 }
 
+// Over the results of another archive, and what is asked when they are left.
+void showSecondResults(Stage& stage, bool areLeft) {
+    const auto home = stage.showHome();
+    home->didConfirmUnzip(stage.home().archive());
+    stage.until("the results", [&stage] { return stage.top<UnzipViewController>() != nullptr; });
+    const auto first = stage.top<UnzipViewController>();
+    home->didConfirmUnzip(stage.home().archive());
+    stage.until("others", [&] { return stage.top<UnzipViewController>() != first; });
+    if (areLeft) {
+        stage.settle();
+        static_cast<void>(stage.top<UnzipViewController>()->mayGoBack());
+    }
+}
+
 void showFailure(Stage& stage) {
     stage.showHome()->didConfirmUnzip(stage.home().file(QStringLiteral("Downloads/gone.zip")));
     stage.until("the alert", [&stage] { return stage.top<UIAlertController>() != nullptr; });
@@ -87,6 +101,12 @@ void showPicker(Stage& stage, const QString& type, bool several) {
         picker->rowTapped(1);
         picker->rowTapped(2);
     }
+}
+
+// An archive was handed over meanwhile.
+void showWaiting(Stage& stage) {
+    showPicker(stage, QStringLiteral("public.zip-archive"), false);
+    stage.handOver(stage.home().archive());
 }
 
 void showPhotos(Stage& stage) {
@@ -178,10 +198,13 @@ std::vector<Scene> scenesOn(Stage& stage) {
         {"popup", [&, archive] { stage.present(makeController<ConfirmationPopupViewController>(ui, archive)); }},
         {"password", [&] { showPassword(stage); }},
         {"results", [&] { showResults(stage); }},
+        {"results-second", [&] { showSecondResults(stage, false); }},
+        {"results-left", [&] { showSecondResults(stage, true); }},
         {"results-empty", [&] { stage.push(makeController<UnzipViewController>(with, QList<QUrl>())); }},
         {"picker", [&] { showPicker(stage, "public.item", true); }},
         {"picker-archive", [&] { showPicker(stage, "public.zip-archive", false); }},
         {"picker-folder", [&] { showPicker(stage, "public.folder", false); }},
+        {"waiting", [&] { showWaiting(stage); }},
         {"share", [&, archive] { stage.present(makeController<UIActivityViewController>(ui, with.sharing, QList<QUrl>{archive})); }},
         {"share-gone", [&] { stage.present(makeController<UIActivityViewController>(ui, with.sharing, QList<QUrl>{QUrl::fromLocalFile("/gone/Invoice.pdf")})); }},
         {"notice", [&] { showNotice(stage); }},
