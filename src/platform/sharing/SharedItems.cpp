@@ -109,15 +109,16 @@ bool writeNote(const fs::path& sharing, const Note& note) {
     return file.commit();
 }
 
-// Empty if it was not written to its end: then nothing was handed out.
-Note readNote(const fs::path& sharing) {
+// None if it was not written to its end: then nothing was handed out.
+std::optional<Note> readNote(const fs::path& sharing) {
     QFile file(QString::fromStdString(sharing / kNote));
-    Note note;
-    if (file.open(QIODevice::ReadOnly)) {
-        QDataStream stream(&file);
-        stream >> note;
+    if (!file.open(QIODevice::ReadOnly)) {
+        return std::nullopt;
     }
-    return note;
+    QDataStream stream(&file);
+    Note note;
+    stream >> note;
+    return stream.status() == QDataStream::Ok ? std::optional(note) : std::nullopt;
 }
 
 // What editors leave beside their files.
@@ -129,7 +130,7 @@ bool isByTheWay(const QByteArray& path) {
 // What has become different, by its path as in a note.
 Note changesOf(const Note& before, const Note& now) {
     Note changes;
-    for (auto each = now.begin(); !before.isEmpty() && each != now.end(); ++each) {
+    for (auto each = now.begin(); each != now.end(); ++each) {
         const bool isNew = !before.contains(each.key());
         if (isNew ? !isByTheWay(each.key()) : before[each.key()] != each.value()) {
             changes[each.key()] = each.value();
@@ -143,9 +144,9 @@ bool mayBeOpen(const fs::path& sharing) {
     constexpr qint64 kLargest = 64 << 20;
     std::error_code unknown;
     const fs::file_time_type noted = fs::last_write_time(sharing / kNote, unknown);
-    const Note note = readNote(sharing);
-    return !unknown && note.size() == 1 &&
-           note.first().left(note.first().indexOf(' ')).toLongLong() <= kLargest &&
+    const std::optional<Note> note = readNote(sharing);
+    return !unknown && note && note->size() == 1 &&
+           note->first().left(note->first().indexOf(' ')).toLongLong() <= kLargest &&
            fs::file_time_type::clock::now() - noted < kMayBeOpen;
 }
 
@@ -157,7 +158,8 @@ QList<QUrl> recoverFrom(const fs::path& sharing, const fs::path& into, QSet<QByt
     if (!now) {
         return {};
     }
-    const Note changes = changesOf(readNote(sharing), *now);
+    const std::optional<Note> before = readNote(sharing);
+    const Note changes = before ? changesOf(*before, *now) : Note();
     QSet<QByteArray> states;
     QList<QUrl> files;
     for (auto each = changes.begin(); each != changes.end(); ++each) {

@@ -98,8 +98,11 @@ TEST_F(SharedItemsTest, WhatWasChangedElsewhereIsKeptHoweverItWasSaved) {
     writeFile(tree / "deep/leaf.txt~", "backup");
     fs::create_directory(folder / "Kept");
     writeFile(folder / "Kept" / "renamed.txt", "the user's own");
+    fs::create_directory(folder / "empty");
+    writeFile(handOut({fileUrl(folder / "empty")}) / "new.txt", "put there");
     EXPECT_EQ(recover(),
               (Found{{"in place.txt", "edited"},
+                     {"new.txt", "put there"},
                      {"renamed (2).txt", "content OF renamed.txt"},
                      {"leaf.txt", "edited leaf"},
                      {"export.pdf", "beside it"}}));
