@@ -80,14 +80,5 @@ TEST(StartInWordsTest, StopsWithoutADisplay) {
     EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
 }
 
-TEST(StartInWordsTest, KnowsWhatItDoesNotKnow) {
-    const TemporaryFolder folder;
-    const QString home = "HOME=" + QString::fromStdString(folder.path().string());
-    const Ended ended = run(folder, {home, "QT_QPA_PLATFORM=offscreen"}, {"--self-test"});
-    EXPECT_EQ(ended.code, 1);
-    EXPECT_TRUE(ended.complained.contains("Unknown option 'self-test'"))
-        << ended.complained.toStdString();
-}
-
 }  // namespace
 }  // namespace pellumar::test

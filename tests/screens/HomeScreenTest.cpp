@@ -1,6 +1,5 @@
 #include "gui/ScreenFixture.h"
 #include "platform/FileUrl.h"
-#include "platform/kit/UIAlertController.h"
 #include "screens/ConfirmationPopupViewController.h"
 #include "screens/UnzipViewController.h"
 #include "screens/ZipViewController.h"
@@ -78,21 +77,6 @@ TEST_F(HomeScreenTest, PickedArchiveIsExtractedAndListed) {
     // Each time the screen comes into view again, what was extracted goes.
     stack()->popViewController(true);
     EXPECT_FALSE(std::filesystem::exists(*localPath(results->urls().first())));
-}
-
-TEST_F(HomeScreenTest, DamagedArchiveShowsTheAlertAndNoOverlay) {
-    const auto home = showHome();
-    writeFile(folder / "broken.zip", "this is no archive");
-    home->didConfirmUnzip(fileUrl(folder / "broken.zip"));
-    settle();
-    EXPECT_TRUE(home->hud()->isHidden());
-    const auto alert = presented<UIAlertController>();
-    ASSERT_TRUE(alert);
-    EXPECT_EQ(alert->alertTitle(), "Error");
-    EXPECT_EQ(alert->message(), "Could not complete the operation.");
-    EXPECT_EQ(alert->actionTitles(), QStringList{"OK"});
-    EXPECT_TRUE(window.topViewController()->goBack());
-    EXPECT_FALSE(presented<UIAlertController>());
 }
 
 TEST_F(HomeScreenTest, HandedOverArchiveIsConfirmedFirst) {

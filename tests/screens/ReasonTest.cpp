@@ -35,7 +35,10 @@ TEST_F(ReasonTest, AnExtractionTellsWhyAndHandsOnTheDetails) {
     home->didConfirmUnzip(fileUrl(folder / "broken.zip"));
     EXPECT_EQ(reason().toStdString(),
               "“broken.zip” is not a ZIP archive. If it should be one, get it again.");
+    EXPECT_TRUE(home->hud()->isHidden());
     const auto alert = presented<UIAlertController>();
+    EXPECT_EQ(alert->alertTitle(), "Error");
+    EXPECT_EQ(alert->actionTitles(), QStringList{"OK"});
     QGuiApplication::clipboard()->clear();
     QMetaObject::invokeMethod(button(*alert, "copyReason"), "clicked");
     const QString copied = QGuiApplication::clipboard()->text();
@@ -46,6 +49,8 @@ TEST_F(ReasonTest, AnExtractionTellsWhyAndHandsOnTheDetails) {
     EXPECT_EQ(presented<UIAlertController>(), alert);
     ASSERT_TRUE(Notice::shownIn(window));
     EXPECT_EQ(Notice::shownIn(window)->text(), "Copied");
+    EXPECT_TRUE(alert->goBack());
+    EXPECT_FALSE(presented<UIAlertController>());
 }
 
 TEST_F(ReasonTest, CompressionsFromTheHomeScreenAndTheComposerTellWhy) {
@@ -93,14 +98,6 @@ TEST_F(ReasonTest, ResultsSayWhatWasOddWhenAsked) {
     EXPECT_TRUE(QGuiApplication::clipboard()->text().contains("bytes before the archive"));
     QMetaObject::invokeMethod(button(*sheet, "doneButton"), "clicked");
     EXPECT_FALSE(presented<RemarksViewController>());
-}
-
-TEST_F(ReasonTest, OtherAlertsHaveNone) {
-    const auto home = showHome();
-    const auto alert = makeController<UIAlertController>(services.ui, "Title", "Message");
-    alert->addAction({"OK", UIAlertActionStyle::kDefault, {}});
-    home->present(alert, false);
-    EXPECT_FALSE(button(*alert, "copyReason")->isVisible());
 }
 
 }  // namespace

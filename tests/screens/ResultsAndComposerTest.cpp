@@ -120,24 +120,5 @@ TEST_F(ArchiveScreensTest, CancelledTitleStartsNothing) {
     EXPECT_FALSE(composer->hud());
 }
 
-TEST_F(ArchiveScreensTest, PickedItemsAreCopiedUnderTheirOwnNames) {
-    std::filesystem::create_directory(folder / "one");
-    std::filesystem::create_directory(folder / "two");
-    writeFile(folder / "one" / "same.txt", "1");
-    writeFile(folder / "two" / "same.txt", "2");
-    QList<QUrl> copies;
-    static_cast<void>(
-        inbox.import({fileUrl(folder / "one" / "same.txt"), fileUrl(folder / "two" / "same.txt")},
-                     {},
-                     [&copies](const auto& result) { copies = result.value(); }));
-    settle();
-    ASSERT_EQ(copies.size(), 2);
-    EXPECT_EQ(copies[0].fileName(), "same.txt");
-    EXPECT_EQ(readText(*localPath(copies[0])), "1");
-    EXPECT_EQ(readText(*localPath(copies[1])), "2");
-    inbox.clear();
-    EXPECT_FALSE(std::filesystem::exists(*localPath(copies[0])));
-}
-
 }  // namespace
 }  // namespace pellumar::test
