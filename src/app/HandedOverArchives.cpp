@@ -151,7 +151,7 @@ void HandedOverArchives::sayThatTheyWait() const {
 
 void HandedOverArchives::tell(const QString& words) {
     const auto alert =
-        makeController<UIAlertController>(environment_.ui, tr("This cannot be unzipped"), words);
+        makeController<UIAlertController>(environment_.ui, tr("Cannot unzip this"), words);
     alert->addAction({tr("OK"), UIAlertActionStyle::kDefault, {}});
     environment_.window.rootViewController()->present(alert, true);
 }

@@ -230,7 +230,7 @@ bool UnzipViewController::mayGoBack() {
         return true;
     }
     mayLeave_ = true;
-    askToKeep({.title = tr("Nothing of this was kept"),
+    askToKeep({.title = tr("Nothing was kept"),
                .message = tr("What was unzipped goes when you leave."),
                .keep = [this] { saveAll(); },
                .leaveTitle = tr("Leave"),

@@ -119,7 +119,7 @@ TEST_F(ResultsTest, AreAskedAboutOnceBeforeTheyGoHoweverTheUserLeaves) {
         leave();
         const auto alert = presented<UIAlertController>();
         ASSERT_TRUE(alert);
-        EXPECT_EQ(alert->alertTitle(), "Nothing of this was kept");
+        EXPECT_EQ(alert->alertTitle(), "Nothing was kept");
         press(Qt::Key_Escape);  // pressed once too often
         EXPECT_EQ(presented<UIAlertController>(), alert);
         alert->choose(2);

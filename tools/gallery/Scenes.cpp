@@ -103,12 +103,6 @@ void showPicker(Stage& stage, const QString& type, bool several) {
     }
 }
 
-// An archive was handed over meanwhile.
-void showWaiting(Stage& stage) {
-    showPicker(stage, QStringLiteral("public.zip-archive"), false);
-    stage.handOver(stage.home().archive());
-}
-
 void showPhotos(Stage& stage) {
     const ScreenServices& services = stage.services();
     const auto picker = makeController<PHPickerViewController>(
@@ -204,7 +198,6 @@ std::vector<Scene> scenesOn(Stage& stage) {
         {"picker", [&] { showPicker(stage, "public.item", true); }},
         {"picker-archive", [&] { showPicker(stage, "public.zip-archive", false); }},
         {"picker-folder", [&] { showPicker(stage, "public.folder", false); }},
-        {"waiting", [&] { showWaiting(stage); }},
         {"share", [&, archive] { stage.present(makeController<UIActivityViewController>(ui, with.sharing, QList<QUrl>{archive})); }},
         {"share-gone", [&] { stage.present(makeController<UIActivityViewController>(ui, with.sharing, QList<QUrl>{QUrl::fromLocalFile("/gone/Invoice.pdf")})); }},
         {"notice", [&] { showNotice(stage); }},

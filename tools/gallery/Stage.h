@@ -31,8 +31,6 @@ class Stage {
     void push(const std::shared_ptr<UIViewController>& screen);
     // Presents a screen over the home screen.
     void present(const std::shared_ptr<UIViewController>& screen);
-    // As another application does.
-    void handOver(const QUrl& archive) { composition_.open({archive}); }
     // The screen on top of all, or of what is in the tabs if that is the home screen's stack.
     template <typename Screen>
     [[nodiscard]] std::shared_ptr<Screen> top() {

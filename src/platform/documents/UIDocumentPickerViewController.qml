@@ -12,6 +12,7 @@ Sheet {
     fullHeight: true
     preferredWidth: Theme.readableWidth
     onDismissed: controller.cancelTapped()
+    Keys.onPressed: event => list.take(event)
     Accessible.role: Accessible.Dialog
     Accessible.name: controller.heading
 

@@ -95,6 +95,9 @@ DialogCard {
                 required property string modelData
 
                 Layout.fillWidth: true
+                // All of one width, unless a title needs more.
+                Layout.preferredWidth: 1
+                Layout.minimumWidth: implicitWidth
                 leftPadding: Theme.space1
                 rightPadding: Theme.space1
                 text: modelData

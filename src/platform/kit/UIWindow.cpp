@@ -124,15 +124,23 @@ void UIWindow::layersChanged() {
         each->view().setEnabled(each == top && !each->transition().isLeaving());
     }
     if (top && top->transition().isHere()) {
-        // Who came with keys sees where the keyboard is.
-        const bool isKeyed = lastKey_.time > lastPress_.time;
-        top->view().forceActiveFocus(isKeyed ? Qt::TabFocusReason : Qt::OtherFocusReason);
+        top->view().forceActiveFocus(Qt::OtherFocusReason);
+        showKeyboard();
     }
     lastPress_.isOutdated = true;
     lastKey_.isOutdated = true;
     QAccessibleEvent reordered(this, QAccessible::ObjectReorder);
     QAccessible::updateAccessibility(&reordered);
     emit screensChanged();
+}
+
+void UIWindow::showKeyboard() const {
+    constexpr const char* kReason = "focusReason";
+    QQuickItem* const item = activeFocusItem();
+    const bool isKeyed = lastKey_.time > lastPress_.time;
+    if (isKeyed && item != nullptr && item->property(kReason).isValid()) {
+        item->setProperty(kReason, Qt::TabFocusReason);
+    }
 }
 
 std::shared_ptr<void> UIWindow::occupy() {

@@ -68,6 +68,8 @@ class UIWindow : public QQuickWindow {
 
   private:
     void showRoot();
+    // Whoever came with keys sees what has the keyboard.
+    void showKeyboard() const;
     // A press while screens come and go, or the second one of a double click whose first has
     // changed the screen, was meant for what is no more.
     [[nodiscard]] bool refusesPress(const QPointerEvent& press);

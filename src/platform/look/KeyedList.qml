@@ -39,8 +39,8 @@ ListView {
     }
 
     function go(to: int): void {
-        if (count === 0) return
         isKeyed = true
+        if (count === 0) return
         hasMoved = true
         currentIndex = Math.max(0, Math.min(count - 1, to))
         positionViewAtIndex(currentIndex, ListView.Contain)
@@ -78,7 +78,8 @@ ListView {
         }
     }
 
-    Keys.onPressed: event => {
+    // A key of the list's own, or one that nothing beside it took.
+    function take(event) {
         const row = goesTo(event.key)
         event.accepted = true
         if (row !== -2) go(row)
@@ -87,4 +88,6 @@ ListView {
         else if (event.text > " " && !(event.modifiers & (Qt.ControlModifier | Qt.AltModifier))) seek(event.text)
         else event.accepted = false
     }
+
+    Keys.onPressed: event => take(event)
 }
