@@ -9,7 +9,6 @@
 
 #include "engine/AppFileOpener.h"
 #include "platform/FileUrl.h"
-#include "platform/kit/Notice.h"
 #include "platform/kit/UIAlertController.h"
 
 namespace pellumar {
@@ -76,11 +75,10 @@ void HandedOverArchives::add(const QList<QUrl>& urls) {
     for (const QUrl& url : urls) {
         waiting_.push_back({url});
     }
-    if (!urls.isEmpty() && environment_.window.rootViewController() &&
-        !environment_.window.isIdle()) {
+    passOn();
+    if (!waiting_.empty() && environment_.window.isOccupied()) {
         sayThatTheyWait();
     }
-    passOn();
 }
 
 void HandedOverArchives::passOn() {
@@ -91,6 +89,9 @@ void HandedOverArchives::passOn() {
             continue;
         }
         const bool mayTell = environment_.window.rootViewController() != nullptr;
+        if (saidToWait_) {
+            saidToWait_->close();
+        }
         if (next.words->isEmpty() && environment_.delegate.applicationOpen(next.url)) {
             waiting_.pop_front();
         } else if (mayTell) {
@@ -141,12 +142,13 @@ void HandedOverArchives::looked(int look, const QString& words) {
     passOn();
 }
 
-void HandedOverArchives::sayThatTheyWait() const {
+void HandedOverArchives::sayThatTheyWait() {
     Notice::show(environment_.ui,
                  environment_.window,
                  waiting_.size() == 1
                      ? tr("“%1” is next, when this is done").arg(lastPathComponent(waiting_[0].url))
                      : tr("%1 archives are next, when this is done").arg(waiting_.size()));
+    saidToWait_ = Notice::shownIn(environment_.window);
 }
 
 void HandedOverArchives::tell(const QString& words) {

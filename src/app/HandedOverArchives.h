@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
 #include <QTimer>
 #include <QUrl>
 #include <deque>
@@ -8,6 +9,7 @@
 
 #include "app/AppDelegate.h"
 #include "platform/FolderQueue.h"
+#include "platform/kit/Notice.h"
 
 namespace pellumar {
 
@@ -44,7 +46,7 @@ class HandedOverArchives : public QObject {
     // for a moment.
     void lookAtNext();
     void looked(int look, const QString& words);
-    void sayThatTheyWait() const;
+    void sayThatTheyWait();
     void tell(const QString& words);
 
     const Environment environment_;
@@ -54,6 +56,8 @@ class HandedOverArchives : public QObject {
         std::optional<QString> words = std::nullopt;
     };
     std::deque<Waiting> waiting_;
+    // What says so; it would come back when it is no longer true.
+    QPointer<Notice> saidToWait_;
     // Runs while the next is being looked at.
     QTimer patience_;
     // The number of the look that counts.

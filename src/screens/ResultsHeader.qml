@@ -48,7 +48,7 @@ Item {
         HeaderLine {
             objectName: "savedLine"
             text: root.controller.savedTo === "" ? "" : qsTr("Saved to %1").arg(root.controller.savedTo)
-            action: qsTr("Show in files")
+            action: root.controller.canShowSaved ? qsTr("Show in files") : ""
             onActed: root.controller.showSaved()
         }
         HeaderLine {

@@ -99,13 +99,14 @@ void UnzipViewController::sumUp() {
 }
 
 QString UnzipViewController::detail() const {
-    const bool isHidden = urls_.isEmpty() && hiddenCount() > 0;
-    const qsizetype items = isHidden ? hiddenCount() : urls_.size();
-    const QString number = QLocale().toString(items);
-    const QString count = isHidden
-                              ? items == 1 ? tr("1 hidden item") : tr("%1 hidden items").arg(number)
-                          : items == 1 ? tr("1 item")
-                                       : tr("%1 items").arg(number);
+    const bool areHidden = urls_.isEmpty() && hiddenCount() > 0;
+    const int number = areHidden ? hiddenCount() : listedCount();
+    QString count = areHidden ? tr("%1 hidden items") : tr("%1 items");
+    if (number == 1) {
+        count = areHidden ? tr("1 hidden item") : tr("1 item");
+    } else {
+        count = count.arg(QLocale().toString(number));
+    }
     return bytes_ ? count + QStringLiteral(", ") + sizeText(*bytes_) : count;
 }
 
@@ -159,15 +160,15 @@ void UnzipViewController::saveAll() {
     saveFiles({.items = items(), .newFolder = isName ? folder : tr("Unzipped files")},
               [this](const QList<QUrl>& saved) {
                   saved_ = saved;
+                  showSaved_ = ShowInFilesTarget::noticeAction(saved);
                   mayLeave_ = true;
                   emit changed();
               });
 }
 
 void UnzipViewController::showSaved() {
-    const Notice::Action show = ShowInFilesTarget::noticeAction(saved_);
-    if (show.handler) {
-        show.handler();
+    if (showSaved_.handler) {
+        showSaved_.handler();
     }
 }
 

@@ -8,6 +8,7 @@
 
 #include "engine/JobReport.h"
 #include "platform/Question.h"
+#include "platform/kit/Notice.h"
 #include "platform/kit/UITableView.h"
 #include "screens/CanAskFeedback.h"
 #include "screens/CanKeepFiles.h"
@@ -41,6 +42,7 @@ class UnzipViewController : public pellumar::UIViewController,
     Q_PROPERTY(QString remarks READ remarks CONSTANT)
     // The folder of the user's that all of it was saved into; empty before.
     Q_PROPERTY(QString savedTo READ savedTo NOTIFY changed)
+    Q_PROPERTY(bool canShowSaved READ canShowSaved NOTIFY changed)
 
   public:
     // `report` is what the extraction said of itself.
@@ -53,7 +55,7 @@ class UnzipViewController : public pellumar::UIViewController,
     Q_INVOKABLE void shareAll();
     // Into a folder that is named after the archive, with what the list leaves out.
     Q_INVOKABLE void saveAll();
-    // In the file manager, what has been saved.
+    // In the file manager, what has been saved, if there is one.
     Q_INVOKABLE void showSaved();
     Q_INVOKABLE void showRemarks();
     // With its application; a folder in the file manager.
@@ -70,6 +72,7 @@ class UnzipViewController : public pellumar::UIViewController,
     [[nodiscard]] int hiddenCount() const { return static_cast<int>(report_.hiddenItems().size()); }
     [[nodiscard]] QString remarks() const;
     [[nodiscard]] QString savedTo() const;
+    [[nodiscard]] bool canShowSaved() const { return static_cast<bool>(showSaved_.handler); }
     [[nodiscard]] bool mayGoBack() override;
 
     // A row that is not in the list stops the process.
@@ -105,6 +108,7 @@ class UnzipViewController : public pellumar::UIViewController,
     const JobReport report_;
     std::optional<qint64> bytes_;
     QList<QUrl> saved_;
+    Notice::Action showSaved_;
     // Whether anything left, or the user has chosen already.
     bool mayLeave_ = false;
     Question question_;

@@ -109,6 +109,7 @@ TEST_F(HandedOverTest, TheQuestionWaitsForWhatIsPresentedOrAtWork) {
     come();
     EXPECT_EQ(answerAll(), names(hundred.first(3)));
     EXPECT_EQ(window.topViewController(), window.rootViewController());
+    EXPECT_FALSE(Notice::shownIn(window)) << "which is true no more";
 }
 
 // A screen that has gone brings nothing more, though its job goes on.

@@ -19,6 +19,8 @@ class QueueTest(road.RoadTest):
                         for i in range(100)]
         # Handed over and not yet asked about.
         self.owed = []
+        # The last question, which may still be leaving.
+        self.last = None
 
     def hand_over(self, count, at_once=False):
         paths, self.waiting = self.waiting[:count], self.waiting[count:]
@@ -41,21 +43,19 @@ class QueueTest(road.RoadTest):
 
     def decline_all(self, application):
         """Declines one question for each archive, in the order in which they were handed over."""
-        last = None
-
         def next_question():
             controls = application.controls()
             asked = [each.name for each in controls
                      if each.role == "label" and each.name.startswith(QUESTION)]
-            return asked and asked[0] != last and (asked, controls)
+            return asked and asked[0] != self.last and (asked, controls)
 
         for name in self.owed:
             asked, controls = road.until(
-                next_question, lambda: f"a question after {last} in\n{application.outline()}")
+                next_question, lambda: f"a question after {self.last} in\n{application.outline()}")
             self.assertEqual(asked, [f"{QUESTION}{name}?"])
-            last = asked[0]
+            self.last = asked[0]
             next(each for each in controls if each.name == "Cancel").perform("Press")
-        application.wait_until_gone("label", last)
+        application.wait_until_gone("label", self.last)
         self.owed = []
 
     def compress(self, application):
@@ -100,11 +100,11 @@ class QueueTest(road.RoadTest):
         # The others wait for the list of what the first brings.
         first = self.make_archive("first.zip", {f"{i}.txt": b"x" for i in range(2000)})
         self.desktop.hand_over(first)
-        application.find("label", f"{QUESTION}first.zip?")
+        self.last = application.find("label", f"{QUESTION}first.zip?").name
         self.hand_over(14, at_once=True)
         application.press("push button", "Unzip")
-        application.find("heading", "Unzipped Files")
         self.decline_all(application)
+        application.find("heading", "Unzipped Files")
         application.press("push button", "Save all to…")
         self.hand_over_during(application, 10, "push button", "Save here")
         application.press("push button", "Save here")

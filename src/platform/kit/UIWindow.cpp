@@ -155,7 +155,11 @@ std::shared_ptr<void> UIWindow::occupy() {
 
 bool UIWindow::isIdle() const {
     return root_ && root_->appearance() == UIViewController::Appearance::kAppeared &&
-           !root_->presentedViewController() && !root_->isMoving() && screensAtWork_ == 0;
+           !root_->isMoving() && !isOccupied();
+}
+
+bool UIWindow::isOccupied() const {
+    return screensAtWork_ > 0 || (root_ && root_->presentedViewController());
 }
 
 bool UIWindow::refusesPress(const QPointerEvent& press) {

@@ -49,9 +49,10 @@ class UIWindow : public QQuickWindow {
     // The view of the topmost screen; null if there is none.
     [[nodiscard]] QQuickItem* topLayer() const;
 
-    // For a screen at work that will present what comes of it: the window is not idle while what
-    // this returns lives.
+    // For a screen at work that will present what comes of it: the window is occupied while what
+    // this returns lives, as it is while anything is presented over the root screen.
     [[nodiscard]] std::shared_ptr<void> occupy();
+    [[nodiscard]] bool isOccupied() const;
     // Whether what comes from elsewhere may be presented: the root screen is there, nothing is
     // presented over it or moves, and no screen is at work.
     [[nodiscard]] bool isIdle() const;
