@@ -2,14 +2,13 @@
 
 #include <utility>
 
-#include "analytics/AnalyticsWorker.h"
-#include "analytics/EventValidator.h"
+#include "analytics/AnalyticsLoop.h"
 #include "analytics/MeasurementFolder.h"
 
 namespace pellumar {
 
 AnalyticsEngine::AnalyticsEngine(AnalyticsEnvironment environment)
-    : environment_(std::move(environment)), intake_(Consent(environment_.consent)) {}
+    : environment_(std::move(environment)) {}
 
 AnalyticsEngine::~AnalyticsEngine() {
     stop();
@@ -21,58 +20,49 @@ void AnalyticsEngine::start() {
                         environment_.versions.serviceVersion.toStdString());
     }
     CrashMarker* const marker = marker_ ? &*marker_ : nullptr;
-    thread_ = std::thread(
-        [this, marker] { AnalyticsWorker(environment_, intake_, marker).run(stop_.get_token()); });
+    thread_ = std::thread([this, marker] { AnalyticsLoop(environment_, intake_, marker).run(); });
 }
 
 void AnalyticsEngine::logEventWithName(const QString& name,
                                        const std::optional<QVariantMap>& parameters) {
-    validation::CheckedEvent checked =
-        validation::checkEvent(name, parameters.value_or(QVariantMap()));
+    auto checked = Event::check(name, parameters.value_or(QVariantMap()));
     if (checked.error != MeasurementError::kNone) {
         intake_.noteInvalid();
     }
-    if (checked.event) {
-        intake_.add({.moment = environment_.clock->now(), .what = std::move(*checked.event)});
+    if (checked.value) {
+        intake_.add({.moment = environment_.now(), .what = std::move(*checked.value)});
     }
 }
 
 void AnalyticsEngine::setUserPropertyString(const QString& value, const QString& forName) {
-    validation::CheckedProperty checked = validation::checkUserProperty(forName, value);
+    auto checked = UserProperty::check(forName, value);
     if (checked.error != MeasurementError::kNone) {
         intake_.noteInvalid();
     }
-    if (checked.property) {
-        intake_.add({.moment = environment_.clock->now(), .what = std::move(*checked.property)});
+    if (checked.value) {
+        intake_.add({.moment = environment_.now(), .what = std::move(*checked.value)});
     }
 }
 
 void AnalyticsEngine::setConsent(ConsentKind kind, ConsentStatus status) {
-    intake_.answer(kind, status, environment_.clock->now().wall);
+    intake_.answer(
+        [=, time = environment_.now().wall](Consent& consent) { consent.set(kind, status, time); });
 }
 
 void AnalyticsEngine::setCollecting(bool collecting) {
-    intake_.pause(!collecting);
+    intake_.answer([=](Consent& consent) { consent.isPaused = !collecting; });
 }
 
 void AnalyticsEngine::resetInstallation() {
-    intake_.erase();
+    intake_.answer([](Consent& consent) { consent.isErasureOwed = true; });
 }
 
 void AnalyticsEngine::setActive(bool active) {
-    intake_.add({.moment = environment_.clock->now(), .what = ActivityChange{.inFront = active}});
-}
-
-bool AnalyticsEngine::waitUntilStored(std::chrono::milliseconds timeout) {
-    return intake_.waitUntilDone(timeout).isStored;
-}
-
-bool AnalyticsEngine::waitUntilObeyed(std::chrono::milliseconds timeout) {
-    return intake_.waitUntilDone(timeout).isObeyed;
+    intake_.add({.moment = environment_.now(), .what = ActivityChange{.inFront = active}});
 }
 
 void AnalyticsEngine::stop() {
-    stop_.request_stop();
+    intake_.end(environment_.now(), AnalyticsLoop::kLongestFarewell);
     if (thread_.joinable()) {
         thread_.join();
     }

@@ -1,9 +1,7 @@
 #pragma once
 
 #include <chrono>
-#include <memory>
 #include <optional>
-#include <stop_token>
 #include <thread>
 
 #include "analytics/AnalyticsEnvironment.h"
@@ -32,7 +30,7 @@ class AnalyticsEngine : public FIRAnalytics {
     // which it makes; as long as another process holds that, nothing is measured.
     void start();
 
-    // Event and property are held to the limits of EventValidator.h. They are dropped, and counted,
+    // Event and property are held to the limits of Event.h. They are dropped, and counted,
     // if Intake::kCapacity of them wait.
     void logEventWithName(const QString& name,
                           const std::optional<QVariantMap>& parameters) override;
@@ -56,11 +54,15 @@ class AnalyticsEngine : public FIRAnalytics {
 
     // Waits until everything said before is on disk; false if it does not come to that in time,
     // or not at all. Not for the main thread.
-    [[nodiscard]] bool waitUntilStored(std::chrono::milliseconds timeout);
+    [[nodiscard]] bool waitUntilStored(std::chrono::milliseconds timeout) {
+        return intake_.waitUntilDone(timeout).isStored;
+    }
     // The same for answers and resets: they are on disk, and what they erase is gone.
-    [[nodiscard]] bool waitUntilObeyed(std::chrono::milliseconds timeout);
+    [[nodiscard]] bool waitUntilObeyed(std::chrono::milliseconds timeout) {
+        return intake_.waitUntilDone(timeout).isObeyed;
+    }
 
-    // Records what was said before it, sends what can be sent in AnalyticsWorker::kLongestFarewell,
+    // Records what was said before it, sends what can be sent in AnalyticsLoop::kLongestFarewell,
     // and ends the thread. What is said later is dropped. To be called before the QCoreApplication
     // goes.
     void stop();
@@ -69,7 +71,6 @@ class AnalyticsEngine : public FIRAnalytics {
     const AnalyticsEnvironment environment_;
     Intake intake_;
     std::optional<CrashMarker> marker_;
-    std::stop_source stop_;
     std::thread thread_;
 };
 

@@ -7,11 +7,11 @@
 #include <memory>
 #include <vector>
 
-#include "analytics/AnalyticsClock.h"
 #include "analytics/AnalyticsStore.h"
 #include "analytics/Audiences.h"
-#include "analytics/LogTransport.h"
+#include "analytics/HttpTransport.h"
 #include "analytics/MeasurementConfig.h"
+#include "analytics/Moment.h"
 #include "analytics/Recorder.h"
 
 namespace pellumar {
@@ -26,7 +26,7 @@ struct AnalyticsEnvironment {
     // "analytics_storage" as long as nobody has answered.
     ConsentStatus consent = ConsentStatus::kUnset;
     // Makes the way to the collector; empty: nothing leaves the machine.
-    std::function<std::unique_ptr<LogTransport>()> transport;
+    std::function<std::unique_ptr<HttpTransport>()> transport;
     // Asked for once a minute at most; empty: everything is as it is by default.
     MeasurementParameters parameters;
     std::vector<Audience> audiences;
@@ -34,7 +34,8 @@ struct AnalyticsEnvironment {
     std::function<void(const QString& audience, bool member)> audienceChanged;
     // Only one engine in a process may, and it should be started by the main thread.
     CrashCatching crashes = CrashCatching::kOff;
-    std::shared_ptr<const AnalyticsClock> clock = std::make_shared<SystemClock>();
+    // From any thread.
+    std::function<Moment()> now = Moment::now;
     // How long nothing has to be said before something is sent.
     std::chrono::milliseconds idle{2000};
     qint64 mostBytes = AnalyticsStore::kMostBytes;

@@ -6,29 +6,14 @@
 namespace pellumar {
 namespace {
 
-using Properties = std::map<QString, UserProperty>;
-
-struct Holds {
-    AnalyticsStore& store;
-    const Properties& properties;
-    qint64 today;
-
-    bool operator()(const EventHappened& condition) const {
-        const auto from =
-            condition.lastDays ? std::optional(today - *condition.lastDays + 1) : std::nullopt;
-        return store.times(condition.event, from) >= condition.atLeast;
-    }
-    bool operator()(const PropertyIs& condition) const {
-        const auto found = properties.find(condition.name);
-        return (found == properties.end() ? QString() : found->second.value) == condition.value;
-    }
-};
-
-bool isMember(const Audience& audience, const Holds& holds) {
+bool holds(const Audience& audience, AnalyticsStore& store, qint64 today) {
     return std::all_of(audience.conditions.begin(),
                        audience.conditions.end(),
-                       [&](const AudienceCondition& condition) {
-                           return std::visit(holds, condition.what) != condition.negated;
+                       [&](const EventHappened& condition) {
+                           const auto from = condition.lastDays
+                                                 ? std::optional(today - *condition.lastDays + 1)
+                                                 : std::nullopt;
+                           return store.times(condition.event, from) >= condition.atLeast;
                        });
 }
 
@@ -38,40 +23,42 @@ std::vector<AudienceChange> followAudiences(const std::vector<Audience>& declare
                                             AnalyticsStore& store,
                                             const Consent& consent,
                                             qint64 today) {
-    Properties properties;
-    Properties left;
-    for (const UserProperty& property : store.properties()) {
-        properties.emplace(property.name, property);
-        if (property.name.startsWith(kAudiencePrefix)) {
-            left.emplace(property.name, property);
+    // Which of them the user was in, and whether for advertising.
+    std::map<QString, bool> left;
+    for (const auto& [name, property] : store.memory().properties) {
+        if (name.startsWith(kAudiencePrefix)) {
+            left.emplace(name.sliced(kAudiencePrefix.size()), property.advertising);
         }
     }
     std::vector<AudienceChange> changes;
     Change change{.memory = store.memory()};
+    const auto keep = [&](const QString& name, bool member, bool advertising) {
+        change.memory.set({.name = kAudiencePrefix + name,
+                           .value = member ? QStringLiteral("1") : QString(),
+                           .advertising = advertising});
+    };
     for (const Audience& audience : declared) {
-        const QString name = kAudiencePrefix + audience.name;
-        const auto before = left.extract(name);
         const bool isAllowed =
             consent.mayMeasure() && (!audience.forAdvertising || consent.mayAdvertise());
-        const bool member = isAllowed && isMember(audience, Holds{store, properties, today});
+        const auto before = left.find(audience.name);
+        if (!isAllowed || !holds(audience, store, today)) {
+            // Left with those that are not declared any more.
+            continue;
+        }
+        if (before == left.end()) {
+            changes.push_back({.audience = audience.name, .member = true});
+        }
         // Of a member, what the audience is for may have become another thing.
-        if (member == before.empty() ||
-            (member && before.mapped().advertising != audience.forAdvertising)) {
-            const UserProperty property{.name = name,
-                                        .value = member ? QStringLiteral("1") : QString(),
-                                        .advertising = audience.forAdvertising};
-            properties[name] = property;
-            change.properties.push_back(property);
+        if (before == left.end() || before->second != audience.forAdvertising) {
+            keep(audience.name, true, audience.forAdvertising);
         }
-        if (member == before.empty()) {
-            changes.push_back({.audience = audience.name, .member = member});
-        }
+        left.erase(audience.name);
     }
-    for (const auto& [name, property] : left) {
-        changes.push_back({.audience = name.sliced(kAudiencePrefix.size()), .member = false});
-        change.properties.push_back({.name = name, .value = {}});
+    for (const auto& [name, advertising] : left) {
+        changes.push_back({.audience = name, .member = false});
+        keep(name, false, advertising);
     }
-    if (!change.properties.empty() && store.write(change) != DatabaseOutcome::kDone) {
+    if (change.memory != store.memory() && store.write(change) != DatabaseOutcome::kDone) {
         changes.clear();
     }
     return changes;

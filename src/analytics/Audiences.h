@@ -2,7 +2,6 @@
 
 #include <QString>
 #include <optional>
-#include <variant>
 #include <vector>
 
 #include "analytics/AnalyticsStore.h"
@@ -17,25 +16,13 @@ struct EventHappened {
     std::optional<int> lastDays = std::nullopt;
 };
 
-// A user property, one of another audience among them, has this value; an empty one: it is not set.
-struct PropertyIs {
-    QString name;
-    QString value;
-};
-
-struct AudienceCondition {
-    std::variant<EventHappened, PropertyIs> what;
-    // The contrary: has not happened so often lately, has another value.
-    bool negated = false;
-};
-
 // Users who have something in common. Being in it shows as the user property "pz_in_" and the name,
 // with the value "1".
 struct Audience {
     // At most 18 letters, digits and underscores.
     QString name;
     // All of them hold. None: everybody.
-    std::vector<AudienceCondition> conditions;
+    std::vector<EventHappened> conditions;
     // Advertising is made for it, so it needs the consent to that.
     bool forAdvertising = false;
 };

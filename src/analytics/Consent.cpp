@@ -49,6 +49,7 @@ void Consent::set(ConsentKind kind, ConsentStatus status, qint64 time) {
         answer = {.status = status,
                   .time = status == ConsentStatus::kUnset ? std::nullopt : std::optional(time)};
     }
+    isErasureOwed = isErasureOwed || (kind == ConsentKind::kAnalyticsStorage && !allowsStorage());
 }
 
 ConsentStatus Consent::status(ConsentKind kind) const {

@@ -39,6 +39,7 @@ class Consent {
     explicit Consent(ConsentStatus deployed = ConsentStatus::kUnset) : deployed_(deployed) {}
 
     [[nodiscard]] const Answer& answer(ConsentKind kind) const;
+    // A denial of storage owes an erasure, each time.
     void set(ConsentKind kind, ConsentStatus status, qint64 time);
     // The answer, or what stands in for it.
     [[nodiscard]] ConsentStatus status(ConsentKind kind) const;

@@ -1,4 +1,4 @@
-#include "analytics/CrashReport.h"
+#include "analytics/CrashMarker.h"
 
 #include <QCryptographicHash>
 #include <QFile>

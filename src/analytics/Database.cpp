@@ -1,6 +1,8 @@
 #include "analytics/Database.h"
 
+#include <fcntl.h>
 #include <sqlite3.h>
+#include <unistd.h>
 
 #include <utility>
 
@@ -28,65 +30,25 @@ DatabaseOutcome outcomeOf(int result) {
 
 }  // namespace
 
-Database::Rows::~Rows() {
-    if (statement_ != nullptr) {
-        // Says once more what the last step has said.
-        static_cast<void>(sqlite3_reset(statement_));
-        sqlite3_clear_bindings(statement_);
-    }
-}
-
-void Database::Rows::bind(qint64 value) {
-    if (statement_ != nullptr) {
-        database_.note(sqlite3_bind_int64(statement_, ++bound_, value));
-    }
-}
-
-void Database::Rows::bind(const QByteArray& text) {
-    if (statement_ != nullptr) {
-        database_.note(sqlite3_bind_text64(statement_,
-                                           ++bound_,
-                                           text.constData(),
-                                           static_cast<sqlite3_uint64>(text.size()),
-                                           SQLITE_TRANSIENT,
-                                           SQLITE_UTF8));
-    }
-}
-
-bool Database::Rows::next() {
-    if (statement_ == nullptr || database_.failed()) {
-        return false;
-    }
-    const int result = sqlite3_step(statement_);
-    database_.note(result);
-    return result == SQLITE_ROW;
-}
-
-qint64 Database::Rows::number(int column) const {
+qint64 Database::Row::number(int column) const {
     return sqlite3_column_int64(statement_, column);
 }
 
-QByteArray Database::Rows::bytes(int column) const {
+QByteArray Database::Row::bytes(int column) const {
     const void* const bytes = sqlite3_column_text(statement_, column);
     return {static_cast<const char*>(bytes), sqlite3_column_bytes(statement_, column)};
-}
-
-bool Database::Rows::isNumber(int column) const {
-    return sqlite3_column_type(statement_, column) == SQLITE_INTEGER;
-}
-
-int Database::Rows::columns() const {
-    return statement_ == nullptr ? 0 : sqlite3_column_count(statement_);
-}
-
-QString Database::Rows::name(int column) const {
-    return QString::fromUtf8(sqlite3_column_name(statement_, column));
 }
 
 Database::Database(const std::filesystem::path& path, Mode mode) {
     const int access =
         mode == Mode::kMake ? SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE : SQLITE_OPEN_READONLY;
     const int flags = access | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_NOFOLLOW | SQLITE_OPEN_EXRESCODE;
+    const int made = mode == Mode::kMake
+                         ? ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600)
+                         : -1;
+    if (made >= 0) {
+        ::close(made);
+    }
     note(sqlite3_open_v2(path.c_str(), &connection_, flags, nullptr));
     if (connection_ != nullptr) {
         sqlite3_busy_timeout(connection_, kPatienceMilliseconds);
@@ -103,8 +65,10 @@ Database::~Database() {
     sqlite3_close(connection_);
 }
 
-DatabaseOutcome Database::commit() {
-    run("COMMIT");
+DatabaseOutcome Database::transact(const std::function<void()>& work) {
+    script("BEGIN IMMEDIATE");
+    work();
+    script("COMMIT");
     if (failed() && sqlite3_get_autocommit(connection_) == 0) {
         // Says why if it fails, which is no news after a failure.
         static_cast<void>(sqlite3_exec(connection_, "ROLLBACK", nullptr, nullptr, nullptr));
@@ -116,46 +80,70 @@ DatabaseOutcome Database::takeOutcome() {
     return std::exchange(outcome_, DatabaseOutcome::kDone);
 }
 
-void Database::hurry() {
-    // A checkpoint waits for the disk.
-    sqlite3_wal_autocheckpoint(connection_, 0);
+qint64 Database::run(const char* sql, std::initializer_list<Value> values, const Visitor& visit) {
+    sqlite3_stmt* const statement = prepared(sql);
+    int place = 0;
+    for (const Value& value : values) {
+        bind(statement, ++place, value);
+    }
+    int result = SQLITE_ROW;
+    while (result == SQLITE_ROW && !failed()) {
+        result = sqlite3_step(statement);
+        note(result);
+        if (result == SQLITE_ROW && visit) {
+            visit(Row(statement));
+        }
+    }
+    if (statement != nullptr) {
+        // Says once more what the last step has said.
+        static_cast<void>(sqlite3_reset(statement));
+        sqlite3_clear_bindings(statement);
+    }
+    return failed() ? 0 : sqlite3_changes64(connection_);
 }
 
-void Database::run(const char* sql) {
+qint64 Database::number(const char* sql, std::initializer_list<Value> values) {
+    qint64 number = 0;
+    run(sql, values, [&](const Row& row) { number = row.number(0); });
+    return number;
+}
+
+void Database::script(const char* sql) {
     if (!failed()) {
         note(sqlite3_exec(connection_, sql, nullptr, nullptr, nullptr));
     }
 }
 
-sqlite3_stmt* Database::prepared(std::string_view sql) {
-    if (failed()) {
-        return nullptr;
-    }
-    const auto kept = statements_.find(sql);
-    if (kept != statements_.end()) {
-        return kept->second;
-    }
-    sqlite3_stmt* made = nullptr;
-    note(sqlite3_prepare_v3(connection_,
-                            sql.data(),
-                            static_cast<int>(sql.size()),
-                            SQLITE_PREPARE_PERSISTENT,
-                            &made,
-                            nullptr));
-    if (made != nullptr) {
-        statements_.emplace(sql, made);
-    }
-    return made;
+void Database::hurry() {
+    // A checkpoint waits for the disk.
+    sqlite3_wal_autocheckpoint(connection_, 0);
 }
 
-qint64 Database::changes() const {
-    return failed() ? 0 : sqlite3_changes64(connection_);
+sqlite3_stmt* Database::prepared(const char* sql) {
+    sqlite3_stmt*& statement = statements_[sql];
+    if (statement == nullptr && !failed()) {
+        note(sqlite3_prepare_v3(
+            connection_, sql, -1, SQLITE_PREPARE_PERSISTENT, &statement, nullptr));
+    }
+    return statement;
+}
+
+void Database::bind(sqlite3_stmt* statement, int place, const Value& value) {
+    if (failed()) {
+        return;
+    }
+    if (const auto* const number = std::get_if<qint64>(&value)) {
+        note(sqlite3_bind_int64(statement, place, *number));
+        return;
+    }
+    const auto* const text = std::get_if<QString>(&value);
+    const QByteArray bytes = text != nullptr ? text->toUtf8() : std::get<QByteArray>(value);
+    note(sqlite3_bind_text(
+        statement, place, bytes.constData(), static_cast<int>(bytes.size()), SQLITE_TRANSIENT));
 }
 
 void Database::note(int result) {
-    if (!failed()) {
-        outcome_ = outcomeOf(result);
-    }
+    fail(outcomeOf(result));
 }
 
 }  // namespace pellumar

@@ -1,11 +1,11 @@
 #pragma once
 
 #include <QString>
-#include <chrono>
 #include <filesystem>
+#include <functional>
+#include <initializer_list>
 #include <map>
-#include <optional>
-#include <string_view>
+#include <variant>
 
 struct sqlite3;
 struct sqlite3_stmt;
@@ -25,98 +25,63 @@ enum class DatabaseOutcome {
 };
 
 // A SQLite database. The first failure is kept: what is asked of the database after it does nothing
-// until somebody has taken note of it, so that callers look at the outcome once, at the commit. One
+// until somebody has taken note of it, so that callers look at the outcome once, at the end. One
 // thread at a time.
 class Database {
   public:
-    // A statement on its way, which is stepped through row by row. Reset when this goes.
-    class Rows {
+    using Value = std::variant<qint64, QString, QByteArray>;
+
+    class Row {
       public:
-        ~Rows();
-        Rows(const Rows&) = delete;
-        Rows& operator=(const Rows&) = delete;
-
-        // True if there is a row to read.
-        [[nodiscard]] bool next();
-
-        // Of the row, from 0.
+        explicit Row(sqlite3_stmt* statement) : statement_(statement) {}
+        // Columns count from 0.
         [[nodiscard]] qint64 number(int column) const;
         [[nodiscard]] QByteArray bytes(int column) const;
         [[nodiscard]] QString text(int column) const { return QString::fromUtf8(bytes(column)); }
-        [[nodiscard]] bool isNumber(int column) const;
-        [[nodiscard]] int columns() const;
-        [[nodiscard]] QString name(int column) const;
 
       private:
-        friend class Database;
-        // `statement` may be null if the database has failed.
-        template <typename... Values>
-        Rows(Database& database, sqlite3_stmt* statement, const Values&... values)
-            : database_(database), statement_(statement) {
-            (bind(values), ...);
-        }
-
-        void bind(qint64 value);
-        void bind(const QString& value) { bind(value.toUtf8()); }
-        void bind(const QByteArray& text);
-
-        Database& database_;
         sqlite3_stmt* statement_;
-        int bound_ = 0;
     };
+    using Visitor = std::function<void(const Row&)>;
 
     enum class Mode { kMake, kRead };
 
-    // Nothing is looked at yet.
+    // Nothing is looked at yet. What is made is the user's alone.
     Database(const std::filesystem::path& path, Mode mode);
     ~Database();
     Database(const Database&) = delete;
     Database& operator=(const Database&) = delete;
 
-    // Begins to write.
-    void begin() { run("BEGIN IMMEDIATE"); }
-    // Rolls back if something has failed, says what, and forgets it.
-    [[nodiscard]] DatabaseOutcome commit();
-    // What the first failure was, which is then forgotten. For work outside begin() and commit().
+    // What has been found out about the file.
+    void fail(DatabaseOutcome outcome) { outcome_ = failed() ? outcome_ : outcome; }
+    // Writes all that `work` does, or nothing of it.
+    [[nodiscard]] DatabaseOutcome transact(const std::function<void()>& work);
+    // What the first failure was, which is then forgotten. For work outside transact().
     [[nodiscard]] DatabaseOutcome takeOutcome();
+
+    // A statement, whose values take the places of the question marks. How many rows it has
+    // changed; none after a failure. It is kept for the next time: `sql` is a literal.
+    qint64 run(const char* sql,
+               std::initializer_list<Value> values = {},
+               const Visitor& visit = {});
+    // The first column of the only row; 0 if there is none.
+    [[nodiscard]] qint64 number(const char* sql, std::initializer_list<Value> values = {});
+    // Several, which are not kept.
+    void script(const char* sql);
 
     // Nothing waits for the disk any more.
     void hurry();
 
-    // Rows of a statement that is kept for the next time, so `sql` must live as long as this;
-    // values take the places of the question marks.
-    template <typename... Values>
-    [[nodiscard]] Rows query(std::string_view sql, const Values&... values) {
-        return {*this, prepared(sql), values...};
-    }
-    // A statement without rows. How many it has changed.
-    template <typename... Values>
-    qint64 execute(std::string_view sql, const Values&... values) {
-        Rows rows = query(sql, values...);
-        while (rows.next()) {
-        }
-        return changes();
-    }
-    // The first column of the first row; 0 if there is none.
-    template <typename... Values>
-    [[nodiscard]] qint64 number(std::string_view sql, const Values&... values) {
-        Rows rows = query(sql, values...);
-        return rows.next() ? rows.number(0) : 0;
-    }
-    // Statements that are not kept.
-    void run(const char* sql);
-
   private:
     [[nodiscard]] bool failed() const { return outcome_ != DatabaseOutcome::kDone; }
-    // Null after a failure.
-    [[nodiscard]] sqlite3_stmt* prepared(std::string_view sql);
-    // Of the last statement; none after a failure.
-    [[nodiscard]] qint64 changes() const;
     void note(int result);
+    [[nodiscard]] sqlite3_stmt* prepared(const char* sql);
+    void bind(sqlite3_stmt* statement, int place, const Value& value);
 
     sqlite3* connection_ = nullptr;
     DatabaseOutcome outcome_ = DatabaseOutcome::kDone;
-    std::map<std::string_view, sqlite3_stmt*> statements_;
+    // By where their text stands.
+    std::map<const char*, sqlite3_stmt*> statements_;
 };
 
 }  // namespace pellumar

@@ -1,35 +1,14 @@
 #pragma once
 
 #include <QString>
+#include <QVariantMap>
+#include <optional>
 #include <variant>
 #include <vector>
 
+#include "platform/FIRAnalytics.h"
+
 namespace pellumar {
-
-using ParameterValue = std::variant<bool, qint64, double, QString>;
-
-struct EventParameter {
-    QString name;
-    ParameterValue value;
-
-    friend bool operator==(const EventParameter&, const EventParameter&) = default;
-};
-
-// An event within all limits.
-struct Event {
-    QString name;
-    std::vector<EventParameter> parameters;
-    // How many parameters of the caller's did not come so far.
-    int droppedParameters = 0;
-};
-
-struct UserProperty {
-    QString name;
-    // Empty: there is none.
-    QString value;
-    // Found out for advertising.
-    bool advertising = false;
-};
 
 // Names of our own in what is measured. The application's may not begin with this.
 inline const QString kReservedPrefix = QStringLiteral("pz_");
@@ -51,5 +30,69 @@ inline const QString kExpired = QStringLiteral("expired");
 // The collector did not want them.
 inline const QString kRefused = QStringLiteral("refused");
 }  // namespace loss
+
+// Why something was dropped or cut. The numbers leave the machine and keep their meaning.
+enum class MeasurementError {
+    kNone = 0,
+    kEventName = 1,
+    kReservedEventName = 2,
+    kParameterName = 3,
+    kReservedParameterName = 4,
+    kTooManyParameters = 5,
+    kParameterTextCut = 6,
+    kParameterType = 7,
+    kPropertyName = 8,
+    kReservedPropertyName = 9,
+    kPropertyValueCut = 10,
+};
+
+// What the application says, held to the limits and copied, so that what is kept in memory is small
+// and nobody else's. A name is a letter of ASCII, then letters, digits and underscores. Lengths are
+// those of TextLength.h.
+template <typename Value>
+struct Checked {
+    // Nothing if it is not allowed.
+    std::optional<Value> value;
+    // The first thing that was wrong; with an event, it is in its error parameter as well.
+    MeasurementError error = MeasurementError::kNone;
+};
+
+using ParameterValue = std::variant<bool, qint64, double, QString>;
+
+struct EventParameter {
+    QString name;
+    ParameterValue value;
+
+    friend bool operator==(const EventParameter&, const EventParameter&) = default;
+};
+
+struct Event {
+    static constexpr qsizetype kMostNameLength = 40;
+    static constexpr std::size_t kMostParameters = 25;
+    static constexpr qsizetype kMostTextLength = 100;
+
+    QString name;
+    std::vector<EventParameter> parameters;
+
+    // Keeps the first parameters in the order of their names; drops those that are wrong, cuts long
+    // texts. Values are truth values, whole numbers of at most 64 bits with a sign, finite numbers
+    // and texts.
+    [[nodiscard]] static Checked<Event> check(const QString& name, const QVariantMap& parameters);
+};
+
+struct UserProperty {
+    static constexpr qsizetype kMostNameLength = 24;
+    static constexpr qsizetype kMostLength = FIRAnalytics::kMostUserPropertyText;
+
+    QString name;
+    // Empty: there is none.
+    QString value;
+    // Found out for advertising.
+    bool advertising = false;
+
+    [[nodiscard]] static Checked<UserProperty> check(const QString& name, const QString& value);
+
+    friend bool operator==(const UserProperty&, const UserProperty&) = default;
+};
 
 }  // namespace pellumar

@@ -26,11 +26,11 @@ HttpTransport::HttpTransport(QUrl logsUrl, QString bearerToken)
     : url_(std::move(logsUrl)), bearerToken_(std::move(bearerToken)) {}
 
 HttpTransport::~HttpTransport() {
-    HttpTransport::cancel();
+    cancel();
 }
 
-std::function<std::unique_ptr<LogTransport>()> HttpTransport::maker(const QString& address,
-                                                                    const QString& bearerToken) {
+std::function<std::unique_ptr<HttpTransport>()> HttpTransport::maker(const QString& address,
+                                                                     const QString& bearerToken) {
     const std::optional<QUrl> url = serviceUrl(address, QStringLiteral("/v1/logs"));
     const bool isEncrypted = url && url->scheme() == QLatin1String("https");
     if (!url || (!isEncrypted && !isThisMachine(*url))) {
@@ -74,7 +74,7 @@ void HttpTransport::receive() {
     reply_->skip(reply_->bytesAvailable());
 }
 
-std::optional<LogTransport::Answer> HttpTransport::takeAnswer() {
+std::optional<HttpTransport::Answer> HttpTransport::takeAnswer() {
     if (!reply_ || !reply_->isFinished()) {
         return std::nullopt;
     }

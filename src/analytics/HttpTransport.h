@@ -8,16 +8,24 @@
 #include <memory>
 #include <optional>
 
-#include "analytics/LogTransport.h"
-
 namespace pellumar {
 
-// To a collector over HTTP, on one connection that is kept. No cookies, no language of the user. A
-// QCoreApplication must exist.
-class HttpTransport : public LogTransport {
+// Carries batches to a collector over HTTP, one at a time, on one connection that is kept. No
+// cookies, no language of the user. Everything happens on the thread that has made it, whose event
+// loop it uses. A QCoreApplication must exist.
+class HttpTransport {
   public:
+    struct Answer {
+        // Of HTTP; 0: there was no answer, or none of the collector.
+        int status = 0;
+        QByteArray body;
+        QByteArray contentType;
+        // The header, as it stands.
+        QByteArray retryAfter;
+    };
+
     HttpTransport(QUrl logsUrl, QString bearerToken);
-    ~HttpTransport() override;
+    virtual ~HttpTransport();
     HttpTransport(const HttpTransport&) = delete;
     HttpTransport& operator=(const HttpTransport&) = delete;
 
@@ -25,14 +33,19 @@ class HttpTransport : public LogTransport {
     // path. Empty without an address, and for one that would let others read along: HTTP without
     // encryption is for this machine only, and a token, sent as "Authorization: Bearer", is left
     // out then.
-    [[nodiscard]] static std::function<std::unique_ptr<LogTransport>()> maker(
+    [[nodiscard]] static std::function<std::unique_ptr<HttpTransport>()> maker(
         const QString& address,
         const QString& bearerToken);
 
-    void send(const QByteArray& gzippedBody) override;
-    [[nodiscard]] std::optional<Answer> takeAnswer() override;
-    void cancel() override;
-    [[nodiscard]] bool knowsTheWay() const override;
+    // Begins to send a compressed batch, and returns. None may be on its way.
+    virtual void send(const QByteArray& gzippedBody);
+    // The answer, once; nothing while there is none. The event loop is woken when it comes.
+    [[nodiscard]] virtual std::optional<Answer> takeAnswer();
+    // Forgets the batch that is on its way; it may have arrived nevertheless.
+    void cancel();
+    // Whether sending is known not to begin with a search for the server, which may hold up the end
+    // of the process.
+    [[nodiscard]] bool knowsTheWay() const;
 
   private:
     void receive();

@@ -1,28 +1,26 @@
 #include "analytics/Intake.h"
 
-#include <algorithm>
-#include <iterator>
 #include <utility>
 
 namespace pellumar {
 namespace {
 
 std::size_t bytesOf(const QString& text) {
-    constexpr qsizetype kHeader = 24;
-    return static_cast<std::size_t>(kHeader + text.size() * qsizetype{sizeof(QChar)});
+    return static_cast<std::size_t>(text.size()) * sizeof(QChar);
 }
 
-// About what it takes beside itself.
+// About what it takes.
 std::size_t bytesOf(const Accepted& item) {
-    std::size_t bytes = 0;
+    std::size_t bytes = sizeof(Accepted);
     if (const auto* const event = std::get_if<Event>(&item.what)) {
-        bytes = bytesOf(event->name) + event->parameters.size() * sizeof(EventParameter);
+        bytes += bytesOf(event->name);
         for (const EventParameter& parameter : event->parameters) {
             const auto* const text = std::get_if<QString>(&parameter.value);
-            bytes += bytesOf(parameter.name) + (text != nullptr ? bytesOf(*text) : 0);
+            bytes += sizeof(EventParameter) + bytesOf(parameter.name) +
+                     (text != nullptr ? bytesOf(*text) : 0);
         }
     } else if (const auto* const property = std::get_if<UserProperty>(&item.what)) {
-        bytes = bytesOf(property->name) + bytesOf(property->value);
+        bytes += bytesOf(property->name) + bytesOf(property->value);
     }
     return bytes;
 }
@@ -33,30 +31,30 @@ bool isActivity(const Accepted& item) {
 
 }  // namespace
 
-Intake::Intake(Consent unread) : consent_(unread) {
-    items_.reserve(kCapacity);
-}
-
 void Intake::add(Accepted item) {
-    const std::size_t bytes = bytesOf(item);
     const std::lock_guard lock(mutex_);
     if (const auto* const change = std::get_if<ActivityChange>(&item.what)) {
         isInFront_ = change->inFront;
     }
-    if (!consent_.mayKeep()) {
+    if (consent_ && !consent_->mayKeep()) {
         isComplete_ = isComplete_ && isActivity(item);
-        return;
+    } else if (!isEnding_) {
+        put(std::move(item));
     }
-    if (items_.size() < kCapacity && bytes_ + bytes <= kMostBytes) {
-        bytes_ += bytes;
-        items_.push_back(std::move(item));
-    } else if (!isActivity(item)) {
-        ++dropped_;
-        isComplete_ = false;
-    } else if (!items_.empty() && isActivity(items_.back())) {
+}
+
+void Intake::put(Accepted item) {
+    const std::size_t bytes = bytesOf(item);
+    const bool isFull =
+        items_.size() + takenItems_ >= kCapacity || bytes_ + takenBytes_ + bytes > kMostBytes;
+    if (isFull && isActivity(item) && !items_.empty() && isActivity(items_.back())) {
         // The last word counts.
         items_.back() = std::move(item);
+    } else if (isFull && !isActivity(item)) {
+        ++dropped_;
+        isComplete_ = false;
     } else {
+        bytes_ += bytes;
         items_.push_back(std::move(item));
     }
     wake();
@@ -64,48 +62,21 @@ void Intake::add(Accepted item) {
 
 void Intake::noteInvalid() {
     const std::lock_guard lock(mutex_);
-    invalid_ += consent_.mayKeep() ? 1 : 0;
+    invalid_ += !consent_ || consent_->mayKeep() ? 1 : 0;
 }
 
-void Intake::answer(ConsentKind kind, ConsentStatus status, qint64 time) {
+void Intake::answer(const Answer& answer) {
     const std::lock_guard lock(mutex_);
-    consent_.set(kind, status, time);
-    isAnswered_.at(static_cast<std::size_t>(kind)) = true;
-    if (kind == ConsentKind::kAnalyticsStorage) {
-        saidBefore_ = items_.size();
-        if (!consent_.allowsStorage()) {
-            forget();
-        }
+    if (consent_) {
+        answer(*consent_);
     }
+    items_.push_back({.moment = {}, .what = answer});
     wake();
-}
-
-void Intake::pause(bool paused) {
-    const std::lock_guard lock(mutex_);
-    consent_.isPaused = paused;
-    pausedUnread_ = paused;
-    wake();
-}
-
-void Intake::erase() {
-    const std::lock_guard lock(mutex_);
-    forget();
-    wake();
-}
-
-void Intake::forget() {
-    items_.clear();
-    bytes_ = 0;
-    dropped_ = 0;
-    invalid_ = 0;
-    saidBefore_ = 0;
-    ++erasures_;
-    consent_.isErasureOwed = true;
 }
 
 std::optional<Consent> Intake::consent() const {
     const std::lock_guard lock(mutex_);
-    return isKnown_ ? std::optional(consent_) : std::nullopt;
+    return consent_;
 }
 
 Intake::Outcome Intake::waitUntilDone(std::chrono::milliseconds timeout) {
@@ -116,85 +87,51 @@ Intake::Outcome Intake::waitUntilDone(std::chrono::milliseconds timeout) {
     return doneTickets_ >= ticket ? outcome_ : Outcome{};
 }
 
-void Intake::learn(const Consent& kept) {
+void Intake::end(const Moment& now, std::chrono::milliseconds timeout) {
     const std::lock_guard lock(mutex_);
-    const Consent given = std::exchange(consent_, kept);
-    for (const ConsentKind kind : kConsentKinds) {
-        if (isAnswered_.at(static_cast<std::size_t>(kind))) {
-            consent_.set(kind, given.answer(kind).status, given.answer(kind).time.value_or(0));
-        }
+    if (std::exchange(isEnding_, true)) {
+        return;
     }
-    consent_.isPaused = pausedUnread_.value_or(kept.isPaused);
-    consent_.isErasureOwed = kept.isErasureOwed || given.isErasureOwed;
-    isKnown_ = true;
-    if (!consent_.allowsStorage()) {
-        forget();
-    } else if (!kept.mayKeep()) {
-        // Said under it; what was said after another answer stays.
-        const std::size_t forbidden = kept.allowsStorage() ? 0 : saidBefore_;
-        items_.erase(items_.begin(), items_.begin() + static_cast<std::ptrdiff_t>(forbidden));
-        if (!consent_.mayKeep()) {
-            items_.clear();
-        }
+    if (isInFront_) {
+        put({.moment = now, .what = ActivityChange{.inFront = false}});
     }
-    if (consent_.isErasureOwed && erasures_ == 0) {
-        ++erasures_;
-    }
+    deadline_.setRemainingTime(timeout);
+    // It may know of all that was said, and sleep.
+    isNew_ = false;
+    wake();
 }
 
 Intake::Work Intake::take() {
-    Work work;
-    work.items.reserve(kCapacity);
+    std::vector<Accepted> room;
+    room.reserve(kCapacity);
     const std::lock_guard lock(mutex_);
-    work.isNew = std::exchange(isNew_, false);
-    work.ticket = tickets_;
-    work.erasures = erasures_;
-    work.isInFront = isInFront_;
-    if (isKnown_) {
-        work.consent = consent_;
-    }
-    if (isKnown_ && !consent_.isErasureOwed) {
-        work.items.swap(items_);
-        bytes_ = 0;
-        work.dropped = std::exchange(dropped_, 0);
-        work.invalid = std::exchange(invalid_, 0);
-    }
-    work.isComplete = std::exchange(isComplete_, true);
-    return work;
+    takenItems_ += items_.size();
+    takenBytes_ += std::exchange(bytes_, 0);
+    return {.items = std::exchange(items_, std::move(room)),
+            .dropped = std::exchange(dropped_, 0),
+            .invalid = std::exchange(invalid_, 0),
+            .isComplete = std::exchange(isComplete_, true),
+            .isInFront = isInFront_,
+            .ticket = tickets_,
+            .isNew = std::exchange(isNew_, false)};
 }
 
-void Intake::putBack(Work work) {
+void Intake::finish(int ticket,
+                    const Outcome& outcome,
+                    const std::optional<Consent>& consent,
+                    bool isAnythingLeft) {
     const std::lock_guard lock(mutex_);
-    isComplete_ = isComplete_ && work.isComplete;
-    if (work.erasures != erasures_) {
-        return;
+    if (!isAnythingLeft) {
+        takenItems_ = 0;
+        takenBytes_ = 0;
     }
-    dropped_ += work.dropped;
-    invalid_ += work.invalid;
-    std::move(items_.begin(), items_.end(), std::back_inserter(work.items));
-    items_ = std::move(work.items);
-    bytes_ = 0;
-    std::size_t kept = 0;
-    while (kept < std::min(items_.size(), kCapacity) &&
-           bytes_ + bytesOf(items_[kept]) <= kMostBytes) {
-        bytes_ += bytesOf(items_[kept++]);
+    consent_ = consent;
+    for (const Accepted& item : items_) {
+        const auto* const answer = std::get_if<Answer>(&item.what);
+        if (consent_ && answer != nullptr) {
+            (*answer)(*consent_);
+        }
     }
-    if (kept < items_.size()) {
-        dropped_ += static_cast<qint64>(items_.size() - kept);
-        isComplete_ = false;
-        items_.erase(items_.begin() + static_cast<std::ptrdiff_t>(kept), items_.end());
-    }
-}
-
-void Intake::erased(int erasures) {
-    const std::lock_guard lock(mutex_);
-    if (erasures == erasures_) {
-        consent_.isErasureOwed = false;
-    }
-}
-
-void Intake::done(int ticket, Outcome outcome) {
-    const std::lock_guard lock(mutex_);
     doneTickets_ = ticket;
     outcome_ = outcome;
     done_.notify_all();
@@ -210,6 +147,11 @@ void Intake::close() {
     isClosed_ = true;
     waker_ = {};
     done_.notify_all();
+}
+
+QDeadlineTimer Intake::deadline() const {
+    const std::lock_guard lock(mutex_);
+    return deadline_;
 }
 
 void Intake::wake() {

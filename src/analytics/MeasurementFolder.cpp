@@ -2,13 +2,11 @@
 
 #include <fcntl.h>
 #include <sys/file.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <QFile>
 #include <QSaveFile>
 #include <array>
-#include <cerrno>
 #include <system_error>
 
 namespace pellumar {
@@ -17,10 +15,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr qint64 kMostBytes = 64 << 10;
-constexpr fs::perms kOurs = fs::perms::owner_read | fs::perms::owner_write;
-
-// In this order: a log must not be taken for the next store's. The last two are of earlier
-// versions.
+// In this order: a log must not be taken for the next store's.
 constexpr std::array kMeasured = {"usage.db-wal",
                                   "usage.db-shm",
                                   "usage.db-journal",
@@ -30,18 +25,15 @@ constexpr std::array kMeasured = {"usage.db-wal",
 bool makePrivate(const fs::path& folder) {
     std::error_code error;
     fs::create_directories(folder, error);
-    const fs::file_status status = fs::status(folder, error);
-    if (error || !fs::is_directory(status)) {
+    if (error || !fs::is_directory(folder, error)) {
         return false;
     }
-    if (status.permissions() != fs::perms::owner_all) {
-        fs::permissions(folder, fs::perms::owner_all, error);
-    }
+    fs::permissions(folder, fs::perms::owner_all, error);
     for (fs::directory_iterator each(folder, error), end; !error && each != end;
          each.increment(error)) {
         std::error_code ignored;
         if (fs::is_regular_file(each->symlink_status(ignored))) {
-            fs::permissions(each->path(), kOurs, ignored);
+            fs::permissions(each->path(), fs::perms::owner_read | fs::perms::owner_write, ignored);
         }
     }
     return !error;
@@ -73,16 +65,16 @@ bool MeasurementFolder::hold() {
 }
 
 std::optional<QByteArray> MeasurementFolder::readConsent() const {
-    const int handle = ::open(consentIn(path_).c_str(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW);
-    if (handle < 0) {
-        return errno == ENOENT ? std::optional(QByteArray()) : std::nullopt;
+    const fs::path path = consentIn(path_);
+    std::error_code error;
+    if (fs::symlink_status(path, error).type() == fs::file_type::not_found) {
+        return QByteArray();
     }
-    QFile file;
-    if (!file.open(handle, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle)) {
-        ::close(handle);
+    QFile file(QFile::decodeName(path.c_str()));
+    if (!file.open(QIODevice::ReadOnly)) {
         return std::nullopt;
     }
-    QByteArray bytes = file.read(kMostBytes);
+    const QByteArray bytes = file.read(kMostBytes);
     if (file.error() != QFileDevice::NoError) {
         return std::nullopt;
     }
@@ -98,11 +90,11 @@ bool MeasurementFolder::writeConsent(const QByteArray& json) const {
            file.commit();
 }
 
-bool MeasurementFolder::clear() const {
+bool MeasurementFolder::clear(const fs::path& folder) {
     bool isClear = true;
     for (const char* const name : kMeasured) {
         std::error_code error;
-        fs::remove(path_ / name, error);
+        fs::remove(folder / name, error);
         isClear = isClear && !error;
     }
     return isClear;

@@ -28,7 +28,7 @@ class MeasurementFolder {
     [[nodiscard]] bool writeConsent(const QByteArray& json) const;
 
     // Removes all but the answers and the lock. False if something is left.
-    [[nodiscard]] bool clear() const;
+    [[nodiscard]] static bool clear(const std::filesystem::path& folder);
 
     [[nodiscard]] static std::filesystem::path storeIn(const std::filesystem::path& folder) {
         return folder / "usage.db";

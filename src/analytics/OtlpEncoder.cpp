@@ -5,6 +5,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QUuid>
 #include <memory>
 
 namespace pellumar::otlp {
@@ -32,49 +33,52 @@ QString nanoseconds(qint64 milliseconds) {
     return QString::number(milliseconds / kMinute * kMinute * kNanosecondsInMillisecond);
 }
 
-QJsonObject resourceOf(const BatchSource& source) {
+QJsonObject resourceOf(const ProductVersions& versions,
+                       const Consent& consent,
+                       const Memory& memory) {
     QJsonArray attributes;
-    add(attributes, QStringLiteral("service.name"), source.versions.serviceName);
-    add(attributes, QStringLiteral("service.version"), source.versions.serviceVersion);
-    add(attributes, QStringLiteral("os.type"), source.versions.osType);
-    add(attributes, QStringLiteral("os.version"), source.versions.osVersion);
-    add(attributes, QStringLiteral("app.installation.id"), source.installation);
+    add(attributes, QStringLiteral("service.name"), versions.serviceName);
+    add(attributes, QStringLiteral("service.version"), versions.serviceVersion);
+    add(attributes, QStringLiteral("os.type"), versions.osType);
+    add(attributes, QStringLiteral("os.version"), versions.osVersion);
+    add(attributes, QStringLiteral("app.installation.id"), memory.installation);
     for (const ConsentKind kind : kConsentKinds) {
-        if (const ConsentStatus status = source.consent.status(kind);
-            status != ConsentStatus::kUnset) {
+        if (const ConsentStatus status = consent.status(kind); status != ConsentStatus::kUnset) {
             add(attributes, QStringLiteral("pz.consent.") + toText(kind), toText(status));
         }
     }
-    for (const UserProperty& property : source.userProperties) {
-        if (!property.advertising || source.consent.maySendAdvertisingData()) {
-            add(attributes, QStringLiteral("pz.user_property.") + property.name, property.value);
+    for (const auto& [name, property] : memory.properties) {
+        if (!property.advertising || consent.maySendAdvertisingData()) {
+            add(attributes, QStringLiteral("pz.user_property.") + name, property.value);
         }
     }
-    for (const auto& [reason, number] : source.losses) {
+    for (const auto& [reason, number] : memory.losses) {
         add(attributes, QStringLiteral("pz.lost.") + reason, number);
     }
     return {{"attributes", attributes}};
 }
 
-QJsonObject recordOf(const StoredEvent& event) {
+// For the receiver to tell doubles by: of an event it stays the same, and no other has it.
+QString uidOf(const StoredEvent& event, const QString& installation) {
+    return QUuid::createUuidV5(QUuid(installation), QByteArray::number(event.row))
+        .toString(QUuid::WithoutBraces);
+}
+
+QJsonObject recordOf(const StoredEvent& event, const QString& installation) {
     QJsonArray attributes;
     // For receivers that are older than the member "eventName".
     add(attributes, QStringLiteral("event.name"), event.name);
-    add(attributes, QStringLiteral("log.record.uid"), event.uid);
+    add(attributes, QStringLiteral("log.record.uid"), uidOf(event, installation));
     add(attributes, QStringLiteral("session.id"), event.session);
     const QJsonArray parameters = QJsonDocument::fromJson(event.parameters).array();
     for (const QJsonValue parameter : parameters) {
         attributes.append(parameter);
     }
-    QJsonObject record{{"timeUnixNano", nanoseconds(event.time)},
-                       {"observedTimeUnixNano", nanoseconds(event.time)},
-                       {"severityNumber", kInfo},
-                       {"eventName", event.name},
-                       {"attributes", attributes}};
-    if (event.droppedParameters > 0) {
-        record.insert("droppedAttributesCount", event.droppedParameters);
-    }
-    return record;
+    return {{"timeUnixNano", nanoseconds(event.time)},
+            {"observedTimeUnixNano", nanoseconds(event.time)},
+            {"severityNumber", kInfo},
+            {"eventName", event.name},
+            {"attributes", attributes}};
 }
 
 }  // namespace
@@ -90,15 +94,17 @@ QByteArray encode(const std::vector<EventParameter>& parameters) {
     return QJsonDocument(attributes).toJson(QJsonDocument::Compact);
 }
 
-QByteArray encode(const BatchSource& source, const std::vector<StoredEvent>& events) {
+QByteArray encode(const ProductVersions& versions,
+                  const Consent& consent,
+                  const Memory& memory,
+                  const std::vector<StoredEvent>& events) {
     QJsonArray records;
     for (const StoredEvent& event : events) {
-        records.append(recordOf(event));
+        records.append(recordOf(event, memory.installation));
     }
-    const QJsonObject scope{{"name", "pellumar.analytics"},
-                            {"version", source.versions.serviceVersion}};
+    const QJsonObject scope{{"name", "pellumar.analytics"}, {"version", versions.serviceVersion}};
     const QJsonObject scopeLogs{{"scope", scope}, {"logRecords", records}};
-    const QJsonObject resourceLogs{{"resource", resourceOf(source)},
+    const QJsonObject resourceLogs{{"resource", resourceOf(versions, consent, memory)},
                                    {"scopeLogs", QJsonArray{scopeLogs}}};
     return QJsonDocument(QJsonObject{{"resourceLogs", QJsonArray{resourceLogs}}})
         .toJson(QJsonDocument::Compact);

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QByteArray>
-#include <map>
 #include <vector>
 
 #include "analytics/AnalyticsStore.h"
@@ -9,17 +8,6 @@
 #include "analytics/Recorder.h"
 
 namespace pellumar {
-
-// What all events of a batch have in common.
-struct BatchSource {
-    const ProductVersions& versions;
-    QString installation;
-    std::vector<UserProperty> userProperties;
-    // By reason.
-    std::map<QString, qint64> losses;
-    // As it is now.
-    const Consent& consent;
-};
 
 // The logs of OTLP/HTTP in JSON (OpenTelemetry protocol 1.x, "JSON Protobuf Encoding"): names in
 // lowerCamelCase, 64-bit integers as decimal texts, enumerations as numbers.
@@ -30,7 +18,10 @@ namespace otlp {
 
 // The body of POST /v1/logs, an ExportLogsServiceRequest. `events` must not be empty: an envelope
 // without a letter is not sent. Moments are those of the minute.
-[[nodiscard]] QByteArray encode(const BatchSource& source, const std::vector<StoredEvent>& events);
+[[nodiscard]] QByteArray encode(const ProductVersions& versions,
+                                const Consent& consent,
+                                const Memory& memory,
+                                const std::vector<StoredEvent>& events);
 
 // RFC 1952. Empty if there is not enough memory.
 [[nodiscard]] QByteArray gzip(const QByteArray& bytes);

@@ -2,6 +2,8 @@
 
 #include <QRandomGenerator>
 #include <QUuid>
+#include <algorithm>
+#include <cstdlib>
 #include <utility>
 
 #include "analytics/OtlpEncoder.h"
@@ -38,224 +40,209 @@ qint64 milliseconds(std::chrono::milliseconds duration) {
 
 }  // namespace
 
-Recorder::Recorder(AnalyticsStore& store,
-                   const AnalyticsClock& clock,
-                   ProductVersions versions,
-                   bool isFirst)
-    : store_(store),
-      clock_(clock),
-      versions_(std::move(versions)),
-      isFirst_(isFirst),
-      tracker_(store.memory().session.isEmpty() ? std::nullopt
-                                                : std::optional(store.memory().lastSeen)) {}
-
-void Recorder::resume() {
-    tracker_.resume(clock_.now());
+void Recorder::use(AnalyticsStore& store, bool isFirst, bool isInFront) {
+    store_ = &store;
+    isFirst_ = isFirst;
+    if (seen_.last) {
+        seen_ = {.last = now_(), .inFront = isInFront};
+    }
 }
 
-DatabaseOutcome Recorder::start(const std::optional<CrashReport>& crash, const Rules& rules) {
-    const SessionTracker before = begin();
-    const Moment now = clock_.now();
+DatabaseOutcome Recorder::record(const Intake::Work& work, const Due& due) {
+    const Seen before = seen_;
+    change_ = Change{.memory = store_->memory()};
     Memory& memory = change_.memory;
-    renewIdentifier(now, rules);
+    memory.lose(loss::kQueueFull, work.dropped);
+    memory.lose(loss::kInvalid, work.invalid);
+    if (due.start) {
+        tellStart(due.crash);
+    }
+    if (due.upkeep) {
+        tidy();
+    }
+    for (const Accepted& item : work.items) {
+        if (const auto* const event = std::get_if<Event>(&item.what)) {
+            take(*event, item.moment);
+        } else if (const auto* const property = std::get_if<UserProperty>(&item.what)) {
+            memory.set(*property);
+        } else if (const auto* const change = std::get_if<ActivityChange>(&item.what)) {
+            take(*change, item.moment);
+        }
+    }
+    memory.isOpened = isFirst_ ? memory.isOpened : 1;
+    const DatabaseOutcome outcome = store_->write(change_);
+    if (outcome != DatabaseOutcome::kDone) {
+        seen_ = before;
+    }
+    return outcome;
+}
+
+void Recorder::tellStart(const std::optional<CrashReport>& crash) {
+    const Moment now = now_();
+    Memory& memory = change_.memory;
+    renewIdentifier(now);
     // These two belong to the session that the last process was in. One that was killed before it
-    // could remove the marker has told the crash already.
-    if (crash && memory.toldCrash != crash->fingerprint) {
+    // could remove the marker has told the crash already; one from before the answer may have come
+    // to be while nothing was to be known.
+    const qint64 answered = rules_.consent.answer(ConsentKind::kAnalyticsStorage).time.value_or(0);
+    if (crash && memory.toldCrash != crash->fingerprint && crash->time >= answered) {
         memory.toldCrash = crash->fingerprint;
         tell(kCrash,
              {{.name = QStringLiteral("pz_signal"), .value = crash->signal},
               {.name = QStringLiteral("pz_crashed_version"), .value = crash->version},
               {.name = QStringLiteral("pz_stack"), .value = crash->stack}},
-             crash->time > 0 && crash->time <= now.wall ? crash->time : now.wall,
-             rules);
+             crash->time > 0 && crash->time <= now.wall ? crash->time : now.wall);
     }
-    tellEngagement(memory.lastSeen, rules);
+    tellEngagement(memory.lastSeen);
     if (std::exchange(memory.isOpened, 1) == 0 && isFirst_) {
-        touch(now, rules);
-        tell(kFirstOpen, {}, now.wall, rules);
+        touch(now);
+        tell(kFirstOpen, {}, now.wall);
     }
-    follow(&Memory::applicationVersion, versions_.serviceVersion, kAppUpdate, now, rules);
-    follow(&Memory::systemVersion, versions_.osVersion, kSystemUpdate, now, rules);
-    return commit(before);
+    follow(&Memory::applicationVersion, versions_.serviceVersion, kAppUpdate);
+    follow(&Memory::systemVersion, versions_.osVersion, kSystemUpdate);
 }
 
-void Recorder::follow(QString Memory::*kept,
-                      const QString& version,
-                      const QString& event,
-                      const Moment& now,
-                      const Rules& rules) {
+void Recorder::follow(QString Memory::*kept, const QString& version, const QString& event) {
     const QString before = std::exchange(change_.memory.*kept, version);
     if (!before.isEmpty() && before != version) {
-        touch(now, rules);
-        tell(event,
-             {{.name = QStringLiteral("pz_previous_version"), .value = before}},
-             now.wall,
-             rules);
+        const Moment now = now_();
+        touch(now);
+        tell(event, {{.name = QStringLiteral("pz_previous_version"), .value = before}}, now.wall);
     }
 }
 
-DatabaseOutcome Recorder::record(const Intake::Work& work, const Rules& rules) {
-    const SessionTracker before = begin();
-    change_.losses[loss::kQueueFull] = work.dropped;
-    change_.losses[loss::kInvalid] = work.invalid;
-    for (const Accepted& item : work.items) {
-        if (const auto* const event = std::get_if<Event>(&item.what)) {
-            take(*event, item.moment, rules);
-        } else if (const auto* const property = std::get_if<UserProperty>(&item.what)) {
-            change_.properties.push_back(*property);
-        } else {
-            take(std::get<ActivityChange>(item.what), item.moment, rules);
-        }
-    }
-    return commit(before);
-}
-
-DatabaseOutcome Recorder::finish(const Rules& rules) {
-    const SessionTracker before = begin();
-    if (tracker_.isInFront() && rules.consent.mayMeasure()) {
-        const Moment now = clock_.now();
-        take(ActivityChange{.inFront = false}, now, rules);
-    }
-    return commit(before);
-}
-
-SessionTracker Recorder::begin() {
-    // Others write there as well.
-    change_ = Change{.memory = store_.memory()};
-    return tracker_;
-}
-
-DatabaseOutcome Recorder::commit(const SessionTracker& before) {
-    Memory& memory = change_.memory;
-    memory.engagement += tracker_.takeEngagement();
-    memory.isOpened = isFirst_ ? memory.isOpened : 1;
-    const DatabaseOutcome outcome = store_.write(change_);
-    if (outcome != DatabaseOutcome::kDone) {
-        tracker_ = before;
-    }
-    return outcome;
-}
-
-void Recorder::take(const Event& event, const Moment& moment, const Rules& rules) {
-    renewIdentifier(moment, rules);
-    touch(moment, rules);
-    add(event, moment.wall, rules);
-}
-
-void Recorder::take(const ActivityChange& change, const Moment& moment, const Rules& rules) {
-    const bool mayMeasure = rules.consent.mayMeasure();
-    const bool isOver = !mayMeasure && tracker_.isAbsence(moment);
-    if (mayMeasure) {
-        touch(moment, rules);
-    }
-    tracker_.setInFront(change.inFront, moment);
-    if (isOver) {
-        // The next event begins one.
-        tracker_.end();
-    }
-    if (!change.inFront) {
-        tellEngagement(moment.wall, rules);
-    }
-}
-
-void Recorder::touch(const Moment& moment, const Rules& rules) {
-    Memory& memory = change_.memory;
-    const bool begins = tracker_.isAbsence(moment);
-    if (begins) {
-        tellEngagement(memory.lastSeen, rules);
-        // What was looked at before it is of no session.
-        tracker_.touch(moment);
-        static_cast<void>(tracker_.takeEngagement());
-        memory.session = random();
-        memory.lastSeen = moment.wall;
-        ++memory.sessionNumber;
-        tell(kSessionStart,
-             {{.name = QStringLiteral("pz_session_number"), .value = memory.sessionNumber}},
-             moment.wall,
-             rules);
-    }
-    tracker_.touch(moment);
-    memory.lastSeen = moment.wall;
-}
-
-void Recorder::tellEngagement(qint64 wall, const Rules& rules) {
-    Memory& memory = change_.memory;
-    memory.engagement += tracker_.takeEngagement();
-    if (const qint64 engagement = std::exchange(memory.engagement, 0); engagement > 0) {
-        tell(kEngagement,
-             {{.name = QStringLiteral("pz_engagement_ms"), .value = engagement}},
-             wall,
-             rules);
-    }
-}
-
-void Recorder::renewIdentifier(const Moment& now, const Rules& rules) {
-    Memory& memory = change_.memory;
-    // A clock that was set back begins anew.
-    memory.installedAt = std::min(memory.installedAt, now.wall);
-    const bool isOld = now.wall - memory.installedAt >= milliseconds(rules.config.identifierLife);
-    // What is still to leave under the old one would connect the two.
-    if (memory.installation.isEmpty() || !isOld || !change_.events.empty() ||
-        store_.waiting(1) > 0) {
-        return;
-    }
-    memory.installation.clear();
-    memory.session.clear();
-    memory.sessionNumber = 0;
-    change_.forgetsLosses = true;
-    tracker_.end();
-}
-
-void Recorder::tell(const QString& name,
-                    const std::vector<EventParameter>& parameters,
-                    qint64 wall,
-                    const Rules& rules) {
-    if (rules.consent.mayMeasure()) {
-        add({.name = name, .parameters = parameters}, wall, rules);
-    }
-}
-
-void Recorder::add(const Event& event, qint64 wall, const Rules& rules) {
-    if (rules.config.blockedEvents.contains(event.name)) {
-        return;
-    }
-    Change::Happened happened{.name = event.name, .day = clock_.dayOf(wall), .kept = std::nullopt};
-    if (isChosen(event.name, rules.config)) {
-        Memory& memory = change_.memory;
-        if (memory.installation.isEmpty()) {
-            memory.installation = random();
-            memory.installedAt = wall;
-        }
-        happened.kept = {.uid = random(),
-                         .name = event.name,
-                         .time = wall,
-                         .session = memory.session,
-                         .droppedParameters = event.droppedParameters,
-                         .parameters = otlp::encode(event.parameters)};
-    } else {
-        ++change_.losses[loss::kSampledOut];
-    }
-    change_.events.push_back(std::move(happened));
-}
-
-DatabaseOutcome Recorder::tidy(const Rules& rules) {
-    const SessionTracker before = begin();
-    const qint64 now = clock_.now().wall;
+void Recorder::tidy() {
+    const qint64 now = now_().wall;
     Memory& memory = change_.memory;
     const bool isSteady =
         memory.clockSeen > 0 && now >= memory.clockSeen && now - memory.clockSeen <= kLongestGap;
     memory.clockSeen = now;
     memory.clockSteadySince = isSteady ? memory.clockSteadySince : now;
     if (now - memory.clockSteadySince >= kProbation) {
-        change_.tooOld = now - milliseconds(rules.config.retention);
-        change_.today = clock_.dayOf(now);
+        change_.tooOld = now - milliseconds(rules_.config.retention);
+        change_.today = localDay(now);
     }
-    change_.forgetsAutomatic = !rules.consent.mayMeasure() && !rules.consent.isPaused;
+    change_.forgetsAutomatic = !rules_.consent.mayMeasure() && !rules_.consent.isPaused;
     if (change_.forgetsAutomatic) {
-        static_cast<void>(tracker_.takeEngagement());
         memory.engagement = 0;
+        std::erase_if(memory.properties,
+                      [](const auto& each) { return each.first.startsWith(kReservedPrefix); });
     }
-    return commit(before);
+}
+
+void Recorder::take(const Event& event, const Moment& moment) {
+    renewIdentifier(moment);
+    touch(moment);
+    add(event, moment.wall);
+}
+
+void Recorder::take(const ActivityChange& change, const Moment& moment) {
+    if (rules_.consent.mayMeasure()) {
+        touch(moment);
+    } else if (isAbsence(moment)) {
+        // The next event begins one.
+        change_.memory.session.clear();
+    }
+    see(moment);
+    seen_.inFront = change.inFront;
+    if (!change.inFront) {
+        tellEngagement(moment.wall);
+    }
+}
+
+bool Recorder::isAbsence(const Moment& now) const {
+    const Memory& memory = change_.memory;
+    if (memory.session.isEmpty()) {
+        return true;
+    }
+    if (!seen_.last) {
+        // Between two processes there is only the wall clock. One that has been set back by more
+        // than half an hour says nothing of the absence.
+        return std::abs(now.wall - memory.lastSeen) >= kAbsence;
+    }
+    // Nobody looks at what is in front of a machine that sleeps.
+    const qint64 looking = seen_.inFront ? now.awake - seen_.last->awake : 0;
+    return now.elapsed - seen_.last->elapsed - looking >= kAbsence;
+}
+
+void Recorder::see(const Moment& moment) {
+    if (seen_.inFront && seen_.last) {
+        change_.memory.engagement += std::max<qint64>(0, moment.awake - seen_.last->awake);
+    }
+    // Callers on several threads may be told of out of order.
+    if (!seen_.last || moment.elapsed > seen_.last->elapsed) {
+        seen_.last = moment;
+    }
+    change_.memory.lastSeen = moment.wall;
+}
+
+void Recorder::touch(const Moment& moment) {
+    Memory& memory = change_.memory;
+    if (!isAbsence(moment)) {
+        see(moment);
+        return;
+    }
+    tellEngagement(memory.lastSeen);
+    see(moment);
+    // What was looked at before it is of no session.
+    memory.engagement = 0;
+    memory.session = random();
+    ++memory.sessionNumber;
+    tell(kSessionStart,
+         {{.name = QStringLiteral("pz_session_number"), .value = memory.sessionNumber}},
+         moment.wall);
+}
+
+void Recorder::tellEngagement(qint64 wall) {
+    if (const qint64 engagement = std::exchange(change_.memory.engagement, 0); engagement > 0) {
+        tell(
+            kEngagement, {{.name = QStringLiteral("pz_engagement_ms"), .value = engagement}}, wall);
+    }
+}
+
+void Recorder::renewIdentifier(const Moment& now) {
+    Memory& memory = change_.memory;
+    // A clock that was set back begins anew.
+    memory.installedAt = std::min(memory.installedAt, now.wall);
+    const bool isOld = now.wall - memory.installedAt >= milliseconds(rules_.config.identifierLife);
+    // What is still to leave under the old one would connect the two.
+    if (memory.installation.isEmpty() || !isOld || !change_.events.empty() ||
+        store_->waiting(1) > 0) {
+        return;
+    }
+    memory.installation.clear();
+    memory.session.clear();
+    memory.sessionNumber = 0;
+    // What was lost connects them as well.
+    memory.losses.clear();
+}
+
+void Recorder::tell(const QString& name,
+                    const std::vector<EventParameter>& parameters,
+                    qint64 wall) {
+    if (rules_.consent.mayMeasure()) {
+        add({.name = name, .parameters = parameters}, wall);
+    }
+}
+
+void Recorder::add(const Event& event, qint64 wall) {
+    if (rules_.config.blockedEvents.contains(event.name)) {
+        return;
+    }
+    ++change_.counts[{event.name, localDay(wall)}];
+    if (!isChosen(event.name, rules_.config)) {
+        change_.memory.lose(loss::kSampledOut, 1);
+        return;
+    }
+    Memory& memory = change_.memory;
+    if (memory.installation.isEmpty()) {
+        memory.installation = random();
+        memory.installedAt = wall;
+    }
+    change_.events.push_back({.name = event.name,
+                              .time = wall,
+                              .session = memory.session,
+                              .parameters = otlp::encode(event.parameters)});
 }
 
 }  // namespace pellumar

@@ -1,17 +1,16 @@
 #pragma once
 
 #include <QString>
+#include <functional>
 #include <optional>
-#include <span>
 #include <vector>
 
-#include "analytics/AnalyticsClock.h"
 #include "analytics/AnalyticsStore.h"
 #include "analytics/Consent.h"
-#include "analytics/CrashReport.h"
+#include "analytics/CrashMarker.h"
 #include "analytics/Intake.h"
 #include "analytics/MeasurementConfig.h"
-#include "analytics/SessionTracker.h"
+#include "analytics/Moment.h"
 
 namespace pellumar {
 
@@ -25,65 +24,74 @@ struct ProductVersions {
     QString osVersion;
 };
 
+// What the piece of work at hand goes by.
+struct Rules {
+    Consent consent;
+    MeasurementConfig config;
+};
+
 // Makes of what was said what is written: counted, sampled, within its session, with the automatic
 // events that this brings about where the consent allows them. All of a call or nothing of it is
 // kept, so that it can be tried again. One thread at a time.
 class Recorder {
   public:
-    struct Rules {
-        const Consent& consent;
-        const MeasurementConfig& config;
+    // What comes before the items of a piece of work.
+    struct Due {
+        // Under a consent that allows automatic events: those of a start, and the last process'
+        // crash. Once.
+        bool start = false;
+        std::optional<CrashReport> crash;
+        // Forgets what is too old, by a clock that can be believed, and what may not be kept any
+        // more. Once a day, at every start and under every other consent.
+        bool upkeep = false;
     };
 
-    // Both must outlive this. Not `isFirst`: the store follows one that was erased or damaged.
-    Recorder(AnalyticsStore& store,
-             const AnalyticsClock& clock,
-             ProductVersions versions,
-             bool isFirst);
+    // Half an hour in which the application was neither in front nor said anything, or the machine
+    // slept, ends a session.
+    static constexpr qint64 kAbsence = 30LL * 60 * 1000;
 
-    // The application has been in front before the store was opened again.
-    void resume();
+    // All must outlive this. `now` tells the time.
+    Recorder(const std::function<Moment()>& now,
+             const ProductVersions& versions,
+             const Rules& rules)
+        : now_(now), versions_(versions), rules_(rules) {}
 
-    // Under a consent that allows automatic events: those of a start, the last process' crash and
-    // what it has left untold. To be called once.
-    [[nodiscard]] DatabaseOutcome start(const std::optional<CrashReport>& crash,
-                                        const Rules& rules);
-    [[nodiscard]] DatabaseOutcome record(const Intake::Work& work, const Rules& rules);
-    // Tells how long the user has looked, at the end.
-    [[nodiscard]] DatabaseOutcome finish(const Rules& rules);
+    // Writes to `store` from here on, in the middle of a process perhaps, with the application in
+    // front or not. Not `isFirst`: it follows one that was erased or damaged.
+    void use(AnalyticsStore& store, bool isFirst, bool isInFront);
 
-    // Forgets what is too old, by a clock that can be believed, and what may not be kept any more.
-    // To be called once a day, at every start and under every other consent.
-    [[nodiscard]] DatabaseOutcome tidy(const Rules& rules);
+    [[nodiscard]] DatabaseOutcome record(const Intake::Work& work, const Due& due);
 
   private:
-    // What to go back to if the change cannot be written.
-    [[nodiscard]] SessionTracker begin();
-    [[nodiscard]] DatabaseOutcome commit(const SessionTracker& before);
-    void take(const Event& event, const Moment& moment, const Rules& rules);
-    void take(const ActivityChange& change, const Moment& moment, const Rules& rules);
-    // Goes on with the session, or begins one.
-    void touch(const Moment& moment, const Rules& rules);
-    void tellEngagement(qint64 wall, const Rules& rules);
-    void follow(QString Memory::*kept,
-                const QString& version,
-                const QString& event,
-                const Moment& now,
-                const Rules& rules);
-    void renewIdentifier(const Moment& now, const Rules& rules);
-    // Made by the engine, if it may.
-    void tell(const QString& name,
-              const std::vector<EventParameter>& parameters,
-              qint64 wall,
-              const Rules& rules);
-    // Counts the event and keeps it, unless the configuration is against it.
-    void add(const Event& event, qint64 wall, const Rules& rules);
+    // When this process last saw something, and whether the application is in front since.
+    struct Seen {
+        std::optional<Moment> last;
+        bool inFront = false;
+    };
 
-    AnalyticsStore& store_;
-    const AnalyticsClock& clock_;
-    const ProductVersions versions_;
-    const bool isFirst_;
-    SessionTracker tracker_;
+    void tellStart(const std::optional<CrashReport>& crash);
+    void follow(QString Memory::*kept, const QString& version, const QString& event);
+    void tidy();
+    void take(const Event& event, const Moment& moment);
+    void take(const ActivityChange& change, const Moment& moment);
+    [[nodiscard]] bool isAbsence(const Moment& now) const;
+    // Something happened, in the session that goes on.
+    void see(const Moment& moment);
+    // The same, and begins another session after an absence.
+    void touch(const Moment& moment);
+    void tellEngagement(qint64 wall);
+    void renewIdentifier(const Moment& now);
+    // Made by the engine, if it may.
+    void tell(const QString& name, const std::vector<EventParameter>& parameters, qint64 wall);
+    // Counts the event and keeps it, unless the configuration is against it.
+    void add(const Event& event, qint64 wall);
+
+    const std::function<Moment()>& now_;
+    const ProductVersions& versions_;
+    const Rules& rules_;
+    AnalyticsStore* store_ = nullptr;
+    bool isFirst_ = true;
+    Seen seen_;
     // What is being made.
     Change change_;
 };

@@ -36,11 +36,10 @@ class CaptureTest : public EngineTest {
         folder = parent / (std::to_string(static_cast<int>(isSwitchedOn)) + "of" +
                            std::to_string(static_cast<int>(consent)));
         Collector collector;
-        std::atomic<int> underway = 0;
-        AnalyticsEnvironment with = environment();
-        with.consent = consent;
+        AnalyticsEnvironment with = environment(consent);
         // By the clock that stands still, so that everything of a moment leaves together.
         with.idle = std::chrono::seconds(1);
+        std::atomic<int> underway = 0;
         with.transport = [&] {
             return std::make_unique<CountingTransport>(collector.address(), underway);
         };
@@ -55,7 +54,7 @@ class CaptureTest : public EngineTest {
         const auto passMinutes = [&](int minutes) {
             static_cast<void>(engine.waitUntilStored(kDeadline));
             for (int i = 0; i < minutes; ++i, ++minute) {
-                clock->advance(kMinute);
+                advance(kMinute);
                 // It has looked, and has got its answer.
                 for (int look = 0; look < 2; ++look) {
                     static_cast<void>(engine.waitUntilStored(kDeadline));

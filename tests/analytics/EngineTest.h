@@ -8,12 +8,9 @@
 #include <atomic>
 #include <chrono>
 #include <functional>
-#include <memory>
-#include <thread>
 #include <vector>
 
 #include "analytics/AnalyticsEngine.h"
-#include "analytics/HttpTransport.h"
 #include "analytics/MeasurementFolder.h"
 #include "support/TemporaryFolder.h"
 #include "support/collector/Collector.h"
@@ -26,32 +23,6 @@ inline constexpr qint64 kDay = 24LL * 60 * kMinute;
 // A Wednesday in 2024, at noon in UTC.
 inline constexpr qint64 kNoon = 1'705'492'800'000;
 
-// Stands still until a test moves it; local time is UTC.
-class ManualClock : public AnalyticsClock {
-  public:
-    [[nodiscard]] Moment now() const override {
-        return {.wall = wall_, .elapsed = elapsed_, .awake = elapsed_ - slept_};
-    }
-    [[nodiscard]] qint64 utcOffset(qint64 /*wall*/) const override { return 0; }
-
-    void advance(qint64 milliseconds) {
-        wall_ += milliseconds;
-        elapsed_ += milliseconds;
-    }
-    // The machine sleeps.
-    void sleep(qint64 milliseconds) {
-        slept_ += milliseconds;
-        advance(milliseconds);
-    }
-    // Somebody sets the clock.
-    void setAhead(qint64 milliseconds) { wall_ += milliseconds; }
-
-  private:
-    std::atomic<qint64> wall_ = kNoon;
-    std::atomic<qint64> elapsed_ = 1000;
-    std::atomic<qint64> slept_ = 0;
-};
-
 // Started at once.
 class RunningEngine : public AnalyticsEngine {
   public:
@@ -61,62 +32,58 @@ class RunningEngine : public AnalyticsEngine {
     }
 };
 
-// What stands in the store of a folder, which an engine may work on.
-[[nodiscard]] std::vector<QJsonObject> storedRows(const std::filesystem::path& folder,
-                                                  const QString& table);
-[[nodiscard]] std::vector<StoredEvent> storedEvents(const std::filesystem::path& folder);
-[[nodiscard]] QStringList namesOf(const std::vector<StoredEvent>& events);
-// Without the automatic ones.
-[[nodiscard]] QStringList ownNames(const std::filesystem::path& folder);
-// As a text; empty if the event has no such parameter.
-[[nodiscard]] QString parameterOf(const StoredEvent& event, const QString& name);
-// Of a folder that no engine works on.
-[[nodiscard]] std::unique_ptr<AnalyticsStore> openStore(const std::filesystem::path& folder);
+// Says the name, and waits until it is stored or nothing will come of it.
+bool log(AnalyticsEngine& engine, const QString& name, int times = 1);
 
-// Engines over one folder, with a clock that the test moves.
+// Engines over one folder, with a clock that stands still until the test moves it.
 class EngineTest : public testing::Test {
   protected:
-    [[nodiscard]] AnalyticsEnvironment environment() const {
-        AnalyticsEnvironment environment;
-        environment.folder = folder;
-        environment.versions = {.serviceName = "test",
-                                .serviceVersion = "1.0",
-                                .osType = "linux",
-                                .osVersion = "Debian 12"};
-        environment.clock = clock;
-        // Unless a test says otherwise, everything is measured.
-        environment.consent = ConsentStatus::kGranted;
-        environment.idle = std::chrono::milliseconds(0);
-        return environment;
+    // Everything is measured, unless a test says otherwise.
+    [[nodiscard]] AnalyticsEnvironment environment(
+        ConsentStatus consent = ConsentStatus::kGranted) const;
+    // Without the events of every start, by these remote parameters.
+    [[nodiscard]] AnalyticsEnvironment quiet(QMap<QString, QString> parameters = {}) const;
+    // The same, sending to `address`.
+    [[nodiscard]] AnalyticsEnvironment sending(const QString& address,
+                                               const QMap<QString, QString>& parameters = {}) const;
+
+    // What stands in the store, on which an engine may work.
+    [[nodiscard]] std::vector<QJsonObject> rows(const QString& table) const;
+    // Of the one row of the state.
+    [[nodiscard]] QJsonValue state(const QString& key) const;
+    [[nodiscard]] QString installation() const { return state("installation").toString(); }
+    [[nodiscard]] qint64 lost(const QString& reason) const {
+        return state("losses")[reason].toInteger();
     }
-    // Without the events of every start.
-    [[nodiscard]] AnalyticsEnvironment quiet(QMap<QString, QString> parameters = {}) const {
-        parameters.insert("measurement_blocked_events", "pz_first_open,pz_session_start");
-        return configured(parameters);
+    // Of an event; on a day, or ever.
+    [[nodiscard]] qint64 count(const QString& name, qint64 day = -1) const;
+    [[nodiscard]] QStringList names() const;
+    // Without the automatic ones.
+    [[nodiscard]] QStringList ownNames() const;
+    // As a text; empty if the event has no such parameter.
+    [[nodiscard]] static QString parameter(const QJsonObject& event, const QString& name);
+    [[nodiscard]] bool isAnythingStored() const {
+        return std::filesystem::exists(MeasurementFolder::storeIn(folder));
     }
-    [[nodiscard]] AnalyticsEnvironment configured(const QMap<QString, QString>& parameters) const {
-        AnalyticsEnvironment with = environment();
-        with.parameters = [parameters](const QString& key) { return parameters.value(key); };
-        return with;
+
+    void advance(qint64 milliseconds) {
+        wall += milliseconds;
+        elapsed += milliseconds;
+        awake += milliseconds;
     }
-    // Sends to `address`.
-    [[nodiscard]] static AnalyticsEnvironment sending(const QString& address,
-                                                      AnalyticsEnvironment environment) {
-        environment.transport = HttpTransport::maker(address, {});
-        return environment;
+    void sleep(qint64 milliseconds) {
+        advance(milliseconds);
+        awake -= milliseconds;
     }
+
     // Polls; false when the deadline has passed.
-    [[nodiscard]] static bool becomesTrue(const std::function<bool()>& condition) {
-        const auto deadline = std::chrono::steady_clock::now() + kDeadline;
-        while (!condition() && std::chrono::steady_clock::now() < deadline) {
-            std::this_thread::sleep_for(std::chrono::milliseconds(2));
-        }
-        return condition();
-    }
+    [[nodiscard]] static bool becomesTrue(const std::function<bool()>& condition);
 
     TemporaryFolder parent;
     std::filesystem::path folder = parent / "analytics";
-    std::shared_ptr<ManualClock> clock = std::make_shared<ManualClock>();
+    std::atomic<qint64> wall = kNoon;
+    std::atomic<qint64> elapsed = 1000;
+    std::atomic<qint64> awake = 1000;
 };
 
 }  // namespace pellumar::test

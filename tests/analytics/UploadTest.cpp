@@ -14,23 +14,19 @@ class UploadTest : public EngineTest {
 
     // Sends at once, and nothing but what a test logs.
     [[nodiscard]] AnalyticsEnvironment eager(const QMap<QString, QString>& parameters = {}) const {
-        return sending(collector.address(), quiet(parameters));
+        return sending(collector.address(), parameters);
     }
     // Waits until it is kept how long the collector is left alone.
     [[nodiscard]] qint64 waitForHold() const {
-        qint64 hold = 0;
+        qint64 until = 0;
         EXPECT_TRUE(becomesTrue([&] {
-            for (const QJsonObject& row : storedRows(folder, "state")) {
-                hold = row["key"].toString() == "upload_held_until"
-                           ? row["value"].toInteger() - clock->now().wall
-                           : hold;
-            }
-            return hold > 0;
+            until = state("upload_held_until").toInteger();
+            return until > wall;
         }));
-        return hold;
+        return until - wall;
     }
     void waitUntilNothingIsLeft() const {
-        EXPECT_TRUE(becomesTrue([&] { return storedEvents(folder).empty(); }));
+        EXPECT_TRUE(becomesTrue([&] { return names().isEmpty(); }));
     }
     // Whether the engine has looked whether there is something to send, and sent nothing.
     [[nodiscard]] bool isPatient(AnalyticsEngine& engine) const {
@@ -39,25 +35,24 @@ class UploadTest : public EngineTest {
             engine.waitUntilStored(kDeadline) && engine.waitUntilStored(kDeadline);
         return hasLooked && collector.batches().size() == before;
     }
+    [[nodiscard]] QString uid(std::size_t batch) const {
+        return collector.batches().at(batch).records[0].attributes["log.record.uid"];
+    }
 
     Collector collector;
 };
 
 TEST_F(UploadTest, ABatchHoldsEverythingTheEventsCameWith) {
-    {
-        RunningEngine engine(sending(collector.address(), environment()));
-        engine.setUserPropertyString("|1|7|", "participating_tests");
-        engine.setConsent(ConsentKind::kAdUserData, ConsentStatus::kDenied);
-        engine.logEventWithName("evaluated",
-                                QVariantMap{{"rating", qint64{1} << 62},
-                                            {"share", 0.5},
-                                            {"first", true},
-                                            {"where", "Grüße \"an\" 😀"}});
-        ASSERT_TRUE(collector.waitFor([](const auto& batches) {
-            return !batches.empty() && batches.back().records.back().name == "evaluated";
-        }));
-        waitUntilNothingIsLeft();
-    }
+    RunningEngine engine(eager());
+    engine.setUserPropertyString("|1|7|", "participating_tests");
+    engine.setConsent(ConsentKind::kAdUserData, ConsentStatus::kDenied);
+    engine.logEventWithName("evaluated",
+                            QVariantMap{{"rating", qint64{1} << 62},
+                                        {"share", 0.5},
+                                        {"first", true},
+                                        {"where", "Grüße \"an\" 😀"}});
+    ASSERT_TRUE(collector.waitForBatches(1));
+    waitUntilNothingIsLeft();
     const CollectedBatch batch = collector.batches().back();
     EXPECT_EQ(batch.resource["service.name"], "test");
     EXPECT_EQ(batch.resource["app.installation.id"].size(), 36);
@@ -72,25 +67,17 @@ TEST_F(UploadTest, ABatchHoldsEverythingTheEventsCameWith) {
     EXPECT_EQ(event.attributes["session.id"].size(), 36);
     EXPECT_EQ(batch.head.find("cookie"), std::string::npos);
     EXPECT_NE(batch.head.find("accept-language: *"), std::string::npos);
-    EXPECT_EQ(collector.names(), (QStringList{"pz_session_start", "pz_first_open", "evaluated"}));
 }
 
 TEST_F(UploadTest, TheseAnswersAreTheEndOfABatch) {
     const std::map<std::string, std::pair<HttpAnswer, qint64>> cases{
         {"success", {LoopbackServer::answer(200, "{}"), 0}},
-        {"warning",
-         {LoopbackServer::answer(
-              200, R"({"partialSuccess":{"rejectedLogRecords":0,"errorMessage":"old"}})"),
-          0}},
         {"partly",
          {LoopbackServer::answer(
               200, R"({"partialSuccess":{"rejectedLogRecords":"1","errorMessage":"no"}})"),
           1}},
-        {"other words", {LoopbackServer::answer(200, "OK"), 0}},
         {"success, at length", {LoopbackServer::answer(200, std::string(200'000, ' ')), 0}},
         {"accepted", {LoopbackServer::answer(202, ""), 0}},
-        {"bad request", {LoopbackServer::answer(400, "{}"), 1}},
-        {"too large", {LoopbackServer::answer(413, ""), 1}},
         {"too large, at length", {LoopbackServer::answer(413, std::string(200'000, 'x')), 1}},
         {"too large, cut off",
          {HttpAnswer{.bytes = "HTTP/1.1 413 Too Large\r\nContent-Length: 9\r\n\r\n{"}, 1}},
@@ -106,8 +93,7 @@ TEST_F(UploadTest, TheseAnswersAreTheEndOfABatch) {
         ASSERT_TRUE(collector.waitForBatches(before + 1));
         waitUntilNothingIsLeft();
         EXPECT_TRUE(isPatient(engine));
-        engine.stop();
-        EXPECT_EQ(openStore(folder)->losses()["refused"], expected.second);
+        EXPECT_EQ(lost("refused"), expected.second);
     }
 }
 
@@ -117,16 +103,14 @@ TEST_F(UploadTest, TheseAnswersAreWaitedOutAcrossRestarts) {
         {"date",
          {LoopbackServer::answer(503, "", "Retry-After: Wed, 17 Jan 2024 20:00:30 GMT\r\n"),
           30'000}},
-        {"bad gateway", {LoopbackServer::answer(502, ""), {}}},
         {"unavailable", {LoopbackServer::answer(503, ""), {}}},
-        {"timeout", {LoopbackServer::answer(504, ""), {}}},
         {"dropped", {HttpAnswer{}, {}}},
         {"cut off", {HttpAnswer{.bytes = "HTTP/1.1 200 OK\r\nContent-Length: 9\r\n\r\n{"}, {}}},
         {"portal", {LoopbackServer::answer(200, "<html>Sign in</html>"), {}}},
         {"redirect", {LoopbackServer::answer(302, "", "Location: http://127.0.0.1:1/\r\n"), {}}},
     };
-    // In the form of the date above.
-    clock->advance(1'705'521'600'000 - kNoon);
+    // Before the date above.
+    wall = 1'705'521'600'000;
     for (const auto& [name, expected] : cases) {
         SCOPED_TRACE(name);
         folder = parent / name;
@@ -149,14 +133,12 @@ TEST_F(UploadTest, TheseAnswersAreWaitedOutAcrossRestarts) {
         EXPECT_TRUE(isPatient(engine));
         const std::size_t sent = collector.batches().size();
         collector.setAnswers({});
-        clock->advance(hold);
+        advance(hold);
         engine.logEventWithName("tapped", {});
         ASSERT_TRUE(collector.waitForBatches(sent + 1));
-        const std::vector<CollectedBatch> batches = collector.batches();
-        EXPECT_EQ(batches.at(before).records[0].attributes["log.record.uid"],
-                  batches.at(sent).records[0].attributes["log.record.uid"]);
+        EXPECT_EQ(uid(before), uid(sent));
         waitUntilNothingIsLeft();
-        clock->advance(-hold);
+        advance(-hold);
     }
 }
 
@@ -185,12 +167,11 @@ TEST_F(UploadTest, ACollectorThatNeverAnswersDoesNotHoldUpTheEnd) {
         // The bound is 200 ms; a busy machine is allowed some more.
         EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
     }
-    EXPECT_EQ(ownNames(folder), QStringList{"tapped"});
+    EXPECT_EQ(ownNames(), QStringList{"tapped"});
     const RunningEngine engine(eager());
     ASSERT_TRUE(collector.waitForBatches(2));
     waitUntilNothingIsLeft();
-    EXPECT_EQ(collector.batches()[0].records[0].attributes["log.record.uid"],
-              collector.batches()[1].records[0].attributes["log.record.uid"]);
+    EXPECT_EQ(uid(0), uid(1));
 }
 
 TEST_F(UploadTest, WaitsForIdlenessButNotAtTheEnd) {
@@ -217,10 +198,10 @@ TEST_F(UploadTest, SendsWhenABatchIsFullOrTheIntervalIsOver) {
     ASSERT_TRUE(collector.waitForBatches(2));
     waitUntilNothingIsLeft();
     EXPECT_EQ(collector.batches().back().records.size(), 10U);
-    clock->advance(9 * kMinute);
+    advance(9 * kMinute);
     engine.logEventWithName("later", {});
     EXPECT_TRUE(isPatient(engine));
-    clock->advance(kMinute);
+    advance(kMinute);
     engine.logEventWithName("latest", {});
     ASSERT_TRUE(collector.waitForBatches(3));
     EXPECT_EQ(collector.batches()[2].records[0].name, "later");

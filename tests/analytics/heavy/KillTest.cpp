@@ -7,8 +7,11 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <QCoreApplication>
 #include <algorithm>
 #include <array>
+#include <cstdio>
+#include <cstdlib>
 #include <iterator>
 #include <limits>
 #include <random>
@@ -17,7 +20,6 @@
 #include <thread>
 #include <vector>
 
-#include "LoggingChild.h"
 #include "analytics/AnalyticsEngine.h"
 #include "analytics/HttpTransport.h"
 #include "analytics/MeasurementFolder.h"
@@ -33,6 +35,49 @@ constexpr std::size_t kMostLinesOfAChild = 24;
 // In every so many, events are logged without consent.
 constexpr int kForbiddenEvery = 10;
 constexpr std::chrono::seconds kDeadline{60};
+constexpr std::string_view kChildArgument = "--log-for-ever";
+constexpr std::string_view kForbidden = "forbidden";
+
+AnalyticsEnvironment environmentOf(const std::filesystem::path& folder, const QString& address) {
+    AnalyticsEnvironment environment;
+    environment.folder = folder;
+    environment.versions = {
+        .serviceName = "child", .serviceVersion = "1", .osType = "linux", .osVersion = "Debian"};
+    environment.idle = std::chrono::milliseconds(0);
+    environment.transport = HttpTransport::maker(address, {});
+    environment.parameters = [](const QString& key) {
+        return key == QLatin1String("measurement_batch_events") ? "20" : QString();
+    };
+    return environment;
+}
+
+// What this program does as the child that is killed: it logs "counted" with its number, and says
+// how many of them are stored, a line each time, beginning with 0 when there is consent.
+[[noreturn]] void logForEver(const char* folder, const char* address, int first, bool isForbidden) {
+    AnalyticsEngine engine(environmentOf(folder, address));
+    engine.start();
+    const auto sayIfStored = [&engine](int number) {
+        if (engine.waitUntilStored(kDeadline)) {
+            std::printf("%d\n", number);
+            std::fflush(stdout);
+        }
+    };
+    if (isForbidden) {
+        engine.setConsent(ConsentKind::kAnalyticsStorage, ConsentStatus::kDenied);
+        for (int i = 0; i < 20; ++i) {
+            engine.logEventWithName("forbidden", {});
+        }
+        static_cast<void>(engine.waitUntilStored(kDeadline));
+    }
+    engine.setConsent(ConsentKind::kAnalyticsStorage, ConsentStatus::kGranted);
+    sayIfStored(0);
+    for (int i = 0;; ++i) {
+        engine.logEventWithName("counted", QVariantMap{{"n", first + i}});
+        if (i % 5 == 4) {
+            sayIfStored(i + 1);
+        }
+    }
+}
 
 // This program as the child, with its standard output.
 class Child {
@@ -113,13 +158,7 @@ std::set<int> arrivedAt(const Collector& collector) {
 
 // Sends the rest.
 void sendAll(const std::filesystem::path& folder, const Collector& collector) {
-    AnalyticsEnvironment environment;
-    environment.folder = folder;
-    environment.versions = {
-        .serviceName = "last", .serviceVersion = "1", .osType = "linux", .osVersion = "Debian"};
-    environment.idle = std::chrono::milliseconds(0);
-    environment.transport = HttpTransport::maker(collector.address(), {});
-    AnalyticsEngine engine(std::move(environment));
+    AnalyticsEngine engine(environmentOf(folder, collector.address()));
     engine.start();
     const auto isAnythingLeft = [&] {
         const std::optional<QByteArray> lines = AnalyticsStore::jsonLines(folder);
@@ -162,7 +201,7 @@ int killOne(const std::filesystem::path& folder,
             int first,
             std::mt19937& random,
             bool forbidden) {
-    Child child(folder, collector.address().toStdString(), first, forbidden ? kForbidden : kPlain);
+    Child child(folder, collector.address().toStdString(), first, forbidden ? kForbidden : "plain");
     // Anywhere between its start and the end of its events.
     child.readLines(static_cast<std::ptrdiff_t>(random() % kMostLinesOfAChild));
     std::this_thread::sleep_for(std::chrono::microseconds(random() % 3000));
@@ -204,3 +243,13 @@ TEST(AnalyticsKill, WhatWasReportedStoredArrivesThoughTheProcessIsKilledAgainAnd
 
 }  // namespace
 }  // namespace pellumar::test
+
+int main(int argc, char** argv) {
+    const QCoreApplication application(argc, argv);
+    if (argc == 6 && argv[1] == pellumar::test::kChildArgument) {
+        pellumar::test::logForEver(
+            argv[2], argv[3], std::atoi(argv[4]), argv[5] == pellumar::test::kForbidden);
+    }
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}

@@ -1,4 +1,4 @@
-#include "analytics/AnalyticsClock.h"
+#include "analytics/Moment.h"
 
 #include <time.h>
 
@@ -6,8 +6,6 @@
 
 namespace pellumar {
 namespace {
-
-constexpr qint64 kDay = 24LL * 60 * 60 * 1000;
 
 qint64 milliseconds(clockid_t clock) {
     timespec time{};
@@ -17,19 +15,14 @@ qint64 milliseconds(clockid_t clock) {
 
 }  // namespace
 
-qint64 AnalyticsClock::dayOf(qint64 wall) const {
-    const qint64 local = wall + utcOffset(wall);
-    return local >= 0 ? local / kDay : (local + 1) / kDay - 1;
-}
-
-Moment SystemClock::now() const {
+Moment Moment::now() {
     return {.wall = milliseconds(CLOCK_REALTIME),
             .elapsed = milliseconds(CLOCK_BOOTTIME),
             .awake = milliseconds(CLOCK_MONOTONIC)};
 }
 
-qint64 SystemClock::utcOffset(qint64 wall) const {
-    return QDateTime::fromMSecsSinceEpoch(wall).offsetFromUtc() * 1000LL;
+qint64 localDay(qint64 wall) {
+    return QDate(1970, 1, 1).daysTo(QDateTime::fromMSecsSinceEpoch(wall).date());
 }
 
 }  // namespace pellumar

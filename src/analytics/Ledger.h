@@ -1,0 +1,55 @@
+#pragma once
+
+#include <memory>
+#include <optional>
+
+#include "analytics/AnalyticsEnvironment.h"
+#include "analytics/Intake.h"
+#include "analytics/Recorder.h"
+#include "analytics/Uploader.h"
+
+namespace pellumar {
+
+// The store of a folder that is held, from its making to its erasure, with what is recorded in it
+// and sent from it. Open while there is something in it or to be kept. One thread at a time.
+class Ledger {
+  public:
+    // All must outlive this. Without a transport nothing is sent.
+    Ledger(const AnalyticsEnvironment& environment, const Rules& rules, HttpTransport* transport);
+
+    // False if it could not be written.
+    [[nodiscard]] bool record(const Intake::Work& work);
+    // Leaves nothing of what was recorded, nor of a crash. False if something is left.
+    [[nodiscard]] bool erase();
+    // Closes a store that cannot be used, and removes one that is damaged.
+    void recover(DatabaseOutcome outcome);
+
+    // Crashes may be caught: what was known of the last is told.
+    [[nodiscard]] bool isStartTold() const { return isStartTold_; }
+    // Null while no store is open, and where nothing is sent.
+    [[nodiscard]] Uploader* uploader() { return uploader_.get(); }
+    // From here on nothing waits for the disk.
+    void hurry();
+
+  private:
+    [[nodiscard]] bool open(const Intake::Work& work);
+    void close();
+    [[nodiscard]] DatabaseOutcome write(const Intake::Work& work);
+    void followAudiences();
+
+    const AnalyticsEnvironment& environment_;
+    const Rules& rules_;
+    HttpTransport* const transport_;
+    Recorder recorder_;
+    std::unique_ptr<AnalyticsStore> store_;
+    std::unique_ptr<Uploader> uploader_;
+    // Of the store that is open: when upkeep was last done, and whether automatic events were
+    // allowed then.
+    std::optional<qint64> lastUpkeep_;
+    bool measured_ = false;
+    bool isStartTold_ = false;
+    // The store before it was erased or damaged.
+    bool isReplaced_ = false;
+};
+
+}  // namespace pellumar
