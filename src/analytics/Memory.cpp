@@ -62,10 +62,14 @@ void Memory::set(const UserProperty& property) {
 QByteArray Memory::toJson() const {
     QJsonObject content;
     for (const auto& [key, member] : kTexts) {
-        content.insert(QLatin1String(key), this->*member);
+        if (!(this->*member).isEmpty()) {
+            content.insert(QLatin1String(key), this->*member);
+        }
     }
     for (const auto& [key, member] : kNumbers) {
-        content.insert(QLatin1String(key), this->*member);
+        if (this->*member != 0) {
+            content.insert(QLatin1String(key), this->*member);
+        }
     }
     QJsonObject kept;
     QJsonObject advertising;

@@ -3,6 +3,7 @@
 #include <QDeadlineTimer>
 #include <QGuiApplication>
 
+#include "app/Measurement.h"
 #include "app/OnboardingViewController.h"
 #include "app/SettingsViewController.h"
 #include "app/Shortcuts.h"
@@ -124,7 +125,12 @@ void Composition::fillStoryboard() {
                          [this] { return makeController<ViewController>(screens(), launches_); });
     storyboard_.addScene(QStringLiteral("SettingsViewController"), [this] {
         return makeController<SettingsViewController>(
-            screens().ui, settings_, screens().analytics, links_, platform_.opener);
+            screens().ui,
+            settings_,
+            screens().analytics,
+            links_,
+            platform_.opener,
+            UsageDataSource{usageData, platform_.backgroundQueue, platform_.mainQueue});
     });
     storyboard_.addScene(QStringLiteral("OnboardingViewController"), [this] {
         return makeController<OnboardingViewController>(

@@ -44,25 +44,32 @@ AnalyticsEnvironment measurementEnvironment(
     return environment;
 }
 
+std::optional<QByteArray> usageData() {
+    const std::filesystem::path folder = measurementFolder();
+    const std::optional<QByteArray> consent = MeasurementFolder(folder).readConsent();
+    const std::optional<QByteArray> lines = AnalyticsStore::jsonLines(folder);
+    if (!consent || !lines) {
+        return std::nullopt;
+    }
+    QJsonObject answers = QJsonDocument::fromJson(*consent).object();
+    answers.insert("table", "consent");
+    return QJsonDocument(answers).toJson(QJsonDocument::Compact) + '\n' + *lines;
+}
+
 int exportUsageData(const QString& file) {
     if (const std::optional<std::string> reason = UserFolders::whyMissing()) {
         std::fprintf(stderr, "pellumar-zip: %s\n", reason->c_str());
         return 1;
     }
-    const std::filesystem::path folder = measurementFolder();
-    const std::optional<QByteArray> consent = MeasurementFolder(folder).readConsent();
-    const std::optional<QByteArray> lines = AnalyticsStore::jsonLines(folder);
-    if (!consent || !lines) {
+    const std::optional<QByteArray> all = usageData();
+    if (!all) {
         std::fputs("pellumar-zip: the usage data cannot be read\n", stderr);
         return 1;
     }
-    QJsonObject answers = QJsonDocument::fromJson(*consent).object();
-    answers.insert("table", "consent");
-    const QByteArray all = QJsonDocument(answers).toJson(QJsonDocument::Compact) + '\n' + *lines;
     QFile output(file);
     const bool isOpen = file == u"-" ? output.open(stdout, QIODevice::WriteOnly)
                                      : output.open(QIODevice::WriteOnly | QIODevice::Truncate);
-    if (!isOpen || output.write(all) != all.size() || !output.flush()) {
+    if (!isOpen || output.write(*all) != all->size() || !output.flush()) {
         std::fputs("pellumar-zip: the usage data cannot be written\n", stderr);
         return 1;
     }

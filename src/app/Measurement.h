@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QByteArray>
 #include <memory>
+#include <optional>
 
 #include "analytics/AnalyticsEnvironment.h"
 #include "platform/FIRRemoteConfig.h"
@@ -17,9 +19,11 @@ namespace pellumar {
     const UserSettings& settings,
     const std::shared_ptr<const FIRRemoteConfig>& remoteConfig);
 
-// Writes what is kept of the measurements into a file, or to the standard output as "-": JSON
-// Lines, an object for each row, and the answers about consent first. The exit code, 1 if that
-// failed.
+// What is kept of the measurements: JSON Lines, an object for each row, and the answers about
+// consent first. Nothing if it cannot be read. From any thread.
+[[nodiscard]] std::optional<QByteArray> usageData();
+
+// Writes that into a file, or to the standard output as "-". The exit code, 1 if that failed.
 [[nodiscard]] int exportUsageData(const QString& file);
 
 }  // namespace pellumar

@@ -1,5 +1,7 @@
 #include "app/SettingsViewController.h"
 
+#include <utility>
+
 #include "events/EventNames.h"
 #include "platform/kit/UINavigationController.h"
 
@@ -8,12 +10,14 @@ SettingsViewController::SettingsViewController(const UIContext& context,
                                                const UserSettings& settings,
                                                const PellumarAnalytics& analytics,
                                                const OutboundLinks& links,
-                                               UrlOpener& opener)
+                                               UrlOpener& opener,
+                                               UsageDataSource usageData)
     : UIViewController(context),
       settings_(settings),
       analytics_(analytics),
       links_(links),
-      opener_(opener) {}
+      opener_(opener),
+      usageData_(std::move(usageData)) {}
 
 void SettingsViewController::viewDidLoad() {
     UIViewController::viewDidLoad();
@@ -42,6 +46,10 @@ void SettingsViewController::seeMoreTapped() {
     if (page.isValid()) {
         opener_.open(page);
     }
+}
+
+void SettingsViewController::usageDataTapped() {
+    present(makeController<UsageDataViewController>(context(), usageData_), true);
 }
 
 void SettingsViewController::didSelectRow(int row) {

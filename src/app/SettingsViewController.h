@@ -3,6 +3,7 @@
 #include <QPointer>
 
 #include "app/OutboundLinks.h"
+#include "app/UsageDataViewController.h"
 #include "events/PellumarAnalytics.h"
 #include "platform/UrlOpener.h"
 #include "platform/kit/StoryboardInstantiable.h"
@@ -11,7 +12,8 @@
 
 namespace pellumar {
 
-// The settings: the user's word on usage data, and two ways out. Layout outlet: "usageSwitch".
+// The settings: the user's word on usage data, what is kept of that, and two ways out. Layout
+// outlet: "usageSwitch".
 class SettingsViewController : public UIViewController, public StoryboardInstantiable {
     Q_OBJECT
     QML_ELEMENT
@@ -27,11 +29,13 @@ class SettingsViewController : public UIViewController, public StoryboardInstant
                            const UserSettings& settings,
                            const PellumarAnalytics& analytics,
                            const OutboundLinks& links,
-                           UrlOpener& opener);
+                           UrlOpener& opener,
+                           UsageDataSource usageData);
 
     // Keeps the setting, which is read at every event.
     Q_INVOKABLE void appUsageSwitchChanged();
     Q_INVOKABLE void seeMoreTapped();
+    Q_INVOKABLE void usageDataTapped();
     Q_INVOKABLE void didSelectRow(int row);
 
     [[nodiscard]] int developerRow() const { return kDeveloperRow; }
@@ -45,6 +49,7 @@ class SettingsViewController : public UIViewController, public StoryboardInstant
     const PellumarAnalytics& analytics_;
     const OutboundLinks& links_;
     UrlOpener& opener_;
+    const UsageDataSource usageData_;
     QPointer<QQuickItem> usageSwitch_;
 };
 

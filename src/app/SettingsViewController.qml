@@ -54,10 +54,18 @@ ScreenView {
                         text: qsTr("Which buttons are used, and whether archives could be read or made. Never what is in them. Switched off, nothing about this is kept or sent. What was kept before may still be sent.")
                         color: Theme.textSecondary
                     }
-                    QuietButton {
-                        Layout.leftMargin: -leftPadding
-                        text: qsTr("See more")
-                        onClicked: root.controller.seeMoreTapped()
+                    Flow {
+                        Layout.fillWidth: true
+                        Layout.leftMargin: -Theme.space3
+                        QuietButton {
+                            text: qsTr("See more")
+                            onClicked: root.controller.seeMoreTapped()
+                        }
+                        QuietButton {
+                            objectName: "usageDataButton"
+                            text: qsTr("What has been kept…")
+                            onClicked: root.controller.usageDataTapped()
+                        }
                     }
                 }
             }

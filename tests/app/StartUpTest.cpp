@@ -39,7 +39,7 @@ class StartUpTest : public ScreenFixture {
         });
         storyboard.addScene("SettingsViewController", [this] {
             return makeController<SettingsViewController>(
-                services.ui, settings, analytics, links, opener);
+                services.ui, settings, analytics, links, opener, usageData());
         });
         storyboard.setInitialScene("ViewController");
         delegate->setWindow(&window);
@@ -50,7 +50,12 @@ class StartUpTest : public ScreenFixture {
         return std::dynamic_pointer_cast<Screen>(window.rootViewController());
     }
 
+    UsageDataSource usageData() {
+        return {[this] { return usageLines; }, backgroundQueue, mainQueue};
+    }
+
     RecordingOpener opener;
+    std::optional<QByteArray> usageLines;
     bool hasStore = true;
     const OutboundLinks links{{}, [this] { return hasStore; }};
     UIStoryboard storyboard;
@@ -158,8 +163,8 @@ TEST_F(StartUpTest, SettingsSwitchDecidesAboutEvents) {
 }
 
 TEST_F(StartUpTest, TheSwitchStandsWhereItBelongsWhenTheSettingsAppear) {
-    const auto screen =
-        makeController<SettingsViewController>(services.ui, settings, analytics, links, opener);
+    const auto screen = makeController<SettingsViewController>(
+        services.ui, settings, analytics, links, opener, usageData());
     auto* const usage = outlet<QQuickItem>(screen->view(), "usageSwitch");
     auto* const knob = outlet<QQuickItem>(*usage, "knob");
     window.setRootViewController(screen);
@@ -180,8 +185,48 @@ TEST_F(StartUpTest, TheSwitchStandsWhereItBelongsWhenTheSettingsAppear) {
     EXPECT_TRUE(waitUntil([&] { return knob->x() == whenOn; }));
 }
 
+TEST_F(StartUpTest, WhatHasBeenKeptIsShownInWords) {
+    struct Case {
+        std::optional<QByteArray> lines;
+        QStringList titles;
+        const char* summary;
+    };
+    const std::vector<Case> cases{
+        {std::nullopt, {}, "What has been kept cannot be read."},
+        {"", {}, "Nothing has been kept."},
+        {R"({"table":"events","name":"tapped_zip","time":0,"parameters":[]}
+{"table":"counts","name":"tapped_zip","day":0,"total":1}
+{"table":"events","name":"evaluated_app","time":0,"parameters":[{"key":"rating","value":{"intValue":"4"}}]})",
+         {"The application was rated", "Zip was tapped"},
+         "2 events. They stay on this device until they are sent."},
+    };
+    for (const Case& each : cases) {
+        usageLines = each.lines;
+        const auto settingsScreen = makeController<SettingsViewController>(
+            services.ui, settings, analytics, links, opener, usageData());
+        window.setRootViewController(settingsScreen);
+        window.makeKeyAndVisible();
+        QMetaObject::invokeMethod(outlet<QQuickItem>(settingsScreen->view(), "usageDataButton"),
+                                  "clicked");
+        const auto sheet = presented<UsageDataViewController>();
+        ASSERT_TRUE(sheet);
+        // Nothing is read on the way.
+        EXPECT_EQ(sheet->summary(), QString());
+        settle();
+        EXPECT_EQ(sheet->summary(), each.summary);
+        EXPECT_EQ(sheet->titles(), each.titles);
+        EXPECT_EQ(outlet<QQuickItem>(sheet->view(), "usageRows")->property("count").toInt(),
+                  each.titles.size());
+        if (!each.titles.isEmpty()) {
+            EXPECT_TRUE(sheet->details()[0].endsWith("rating: 4"));
+        }
+        EXPECT_TRUE(sheet->goBack());
+        settle();
+    }
+}
+
 TEST_F(StartUpTest, TheLinksLeadSomewhere) {
-    SettingsViewController screen(services.ui, settings, analytics, links, opener);
+    SettingsViewController screen(services.ui, settings, analytics, links, opener, usageData());
     screen.didSelectRow(SettingsViewController::kDeveloperRow);
     screen.seeMoreTapped();
     hasStore = false;

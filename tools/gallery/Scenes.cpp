@@ -1,6 +1,7 @@
 #include "gallery/Scenes.h"
 
 #include "app/FeedbackViewController.h"
+#include "app/UsageDataViewController.h"
 #include "engine/FailureReason.h"
 #include "platform/FileUrl.h"
 #include "platform/kit/MBProgressHUD.h"
@@ -25,6 +26,32 @@ void showFeedback(Stage& stage) {
     fourthStar.setProperty("tag", 3);
     outlet<StarEvaluationView>(feedback->view(), QStringLiteral("starEvaluationView"))
         ->starSelected(&fourthStar);
+}
+
+void showUsageData(Stage& stage, bool isAnyKept) {
+    const auto read = [isAnyKept] {
+        QByteArray lines;
+        qint64 minute = 0;
+        for (const char* const name : {"started_tutorial",
+                                       "finished_tutorial",
+                                       "tapped_unzip",
+                                       "unzipped_successfuly",
+                                       "tapped_zip",
+                                       "tapped_photos",
+                                       "zipped_successfuly"}) {
+            constexpr qint64 kMorning = 1'784'016'000'000;
+            lines += R"({"table":"events","name":")" + QByteArray(name) +
+                     R"(","parameters":[],"time":)" +
+                     QByteArray::number(kMorning + 60'000 * ++minute) + "}\n";
+        }
+        lines += R"({"table":"events","name":"evaluated_app","time":1784016600000,"parameters":)"
+                 R"([{"key":"rating","value":{"intValue":"5"}}]})";
+        return std::optional(isAnyKept ? lines : QByteArray());
+    };
+    stage.present(makeController<UsageDataViewController>(
+        stage.services().ui,
+        UsageDataSource{read, stage.services().jobs.backgroundQueue, stage.services().mainQueue}));
+    stage.settle();
 }
 
 void showRating(Stage& stage) {
@@ -187,6 +214,8 @@ std::vector<Scene> scenesOn(Stage& stage) {
         {"onboarding", [&] { stage.showOnboarding(); }},
         {"home", [&] { stage.showHome(); }},
         {"settings", [&] { stage.showSettings(); }},
+        {"usage-data", [&] { showUsageData(stage, true); }},
+        {"usage-data-none", [&] { showUsageData(stage, false); }},
         {"feedback", [&] { showFeedback(stage); }},
         {"rating", [&] { showRating(stage); }},
         {"popup", [&, archive] { stage.present(makeController<ConfirmationPopupViewController>(ui, archive)); }},

@@ -1,0 +1,118 @@
+import QtQuick
+import QtQuick.Controls.Basic
+import QtQuick.Layouts
+import Pellumar.App
+import Pellumar.Look
+
+Sheet {
+    id: root
+
+    required property UsageDataViewController controller
+
+    progress: controller.presentation
+    fullHeight: true
+    onDismissed: controller.doneTapped()
+    Accessible.role: Accessible.Dialog
+    Accessible.name: heading.text
+
+    ColumnLayout {
+        anchors.fill: parent
+        anchors.topMargin: Theme.space5
+        anchors.bottomMargin: Theme.space3
+        spacing: Theme.space3
+
+        BodyText {
+            id: heading
+            Layout.fillWidth: true
+            Layout.leftMargin: Theme.space5
+            Layout.rightMargin: Theme.space5
+            text: qsTr("What has been kept")
+            font.pixelSize: Theme.fontHeading
+            font.weight: Theme.weightStrong
+            Accessible.role: Accessible.Heading
+        }
+        BodyText {
+            Layout.fillWidth: true
+            Layout.leftMargin: Theme.space5
+            Layout.rightMargin: Theme.space5
+            visible: list.count > 0
+            text: root.controller.summary
+            color: Theme.textSecondary
+        }
+        Rectangle {
+            Layout.fillWidth: true
+            Layout.preferredHeight: 1
+            visible: list.count > 0
+            color: Theme.hairline
+        }
+        ListView {
+            id: list
+            objectName: "usageRows"
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+            clip: true
+            focus: count > 0
+            activeFocusOnTab: count > 0
+            boundsBehavior: Flickable.StopAtBounds
+            model: root.controller.titles
+            ScrollBar.vertical: ScrollBar { Accessible.ignored: true }
+            delegate: Column {
+                id: row
+
+                required property int index
+                required property string modelData
+
+                x: Theme.space5
+                width: ListView.view.width - 2 * Theme.space5
+                topPadding: Theme.space2
+                bottomPadding: Theme.space2
+                Accessible.role: Accessible.ListItem
+                Accessible.name: title.text + ", " + detail.text
+
+                BodyText {
+                    id: title
+                    width: row.width
+                    text: row.modelData
+                    Accessible.ignored: true
+                }
+                BodyText {
+                    id: detail
+                    width: row.width
+                    // qmllint disable unqualified
+                    text: root.controller.details[row.index] ?? ""
+                    // qmllint enable unqualified
+                    font.pixelSize: Theme.fontCaption
+                    color: Theme.textSecondary
+                    Accessible.ignored: true
+                }
+            }
+            EmptyState {
+                anchors.centerIn: parent
+                width: parent.width - 2 * Theme.space5
+                visible: list.count === 0 && root.controller.summary !== ""
+                iconName: "text"
+                text: root.controller.summary
+            }
+        }
+        RowLayout {
+            Layout.fillWidth: true
+            Layout.leftMargin: Theme.space3
+            Layout.rightMargin: Theme.space3
+            QuietButton {
+                Layout.fillWidth: true
+                objectName: "copyButton"
+                text: qsTr("Copy all")
+                color: Theme.text
+                enabled: root.controller.canCopy
+                onClicked: root.controller.copyTapped()
+            }
+            QuietButton {
+                Layout.fillWidth: true
+                objectName: "doneButton"
+                focus: list.count === 0
+                text: qsTr("Done")
+                onClicked: root.controller.doneTapped()
+            }
+        }
+    }
+}
