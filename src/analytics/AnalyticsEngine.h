@@ -6,9 +6,9 @@
 
 #include "analytics/AnalyticsEnvironment.h"
 #include "analytics/Consent.h"
-#include "analytics/CrashMarker.h"
 #include "analytics/Intake.h"
 #include "platform/FIRAnalytics.h"
+#include "platform/crashes/CrashMarker.h"
 
 namespace pellumar {
 

@@ -6,10 +6,10 @@
 #include <vector>
 
 #include "analytics/AnalyticsEnvironment.h"
-#include "analytics/CrashMarker.h"
 #include "analytics/Intake.h"
 #include "analytics/Ledger.h"
 #include "analytics/MeasurementFolder.h"
+#include "platform/crashes/CrashMarker.h"
 
 namespace pellumar {
 

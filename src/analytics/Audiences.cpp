@@ -25,9 +25,12 @@ std::vector<AudienceChange> followAudiences(const std::vector<Audience>& declare
                                             qint64 today) {
     // Which of them the user was in, and whether for advertising.
     std::map<QString, bool> left;
-    for (const auto& [name, property] : store.memory().properties) {
-        if (name.startsWith(kAudiencePrefix)) {
-            left.emplace(name.sliced(kAudiencePrefix.size()), property.advertising);
+    const Memory& memory = store.memory();
+    for (const bool advertising : {false, true}) {
+        for (const QString& name : (advertising ? memory.advertising : memory.properties).keys()) {
+            if (name.startsWith(kAudiencePrefix)) {
+                left.emplace(name.sliced(kAudiencePrefix.size()), advertising);
+            }
         }
     }
     std::vector<AudienceChange> changes;

@@ -91,8 +91,6 @@ struct UserProperty {
     bool advertising = false;
 
     [[nodiscard]] static Checked<UserProperty> check(const QString& name, const QString& value);
-
-    friend bool operator==(const UserProperty&, const UserProperty&) = default;
 };
 
 }  // namespace pellumar

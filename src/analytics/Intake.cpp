@@ -5,26 +5,6 @@
 namespace pellumar {
 namespace {
 
-std::size_t bytesOf(const QString& text) {
-    return static_cast<std::size_t>(text.size()) * sizeof(QChar);
-}
-
-// About what it takes.
-std::size_t bytesOf(const Accepted& item) {
-    std::size_t bytes = sizeof(Accepted);
-    if (const auto* const event = std::get_if<Event>(&item.what)) {
-        bytes += bytesOf(event->name);
-        for (const EventParameter& parameter : event->parameters) {
-            const auto* const text = std::get_if<QString>(&parameter.value);
-            bytes += sizeof(EventParameter) + bytesOf(parameter.name) +
-                     (text != nullptr ? bytesOf(*text) : 0);
-        }
-    } else if (const auto* const property = std::get_if<UserProperty>(&item.what)) {
-        bytes += bytesOf(property->name) + bytesOf(property->value);
-    }
-    return bytes;
-}
-
 bool isActivity(const Accepted& item) {
     return std::holds_alternative<ActivityChange>(item.what);
 }
@@ -44,9 +24,7 @@ void Intake::add(Accepted item) {
 }
 
 void Intake::put(Accepted item) {
-    const std::size_t bytes = bytesOf(item);
-    const bool isFull =
-        items_.size() + takenItems_ >= kCapacity || bytes_ + takenBytes_ + bytes > kMostBytes;
+    const bool isFull = items_.size() + taken_ >= kCapacity;
     if (isFull && isActivity(item) && !items_.empty() && isActivity(items_.back())) {
         // The last word counts.
         items_.back() = std::move(item);
@@ -54,7 +32,6 @@ void Intake::put(Accepted item) {
         ++dropped_;
         isComplete_ = false;
     } else {
-        bytes_ += bytes;
         items_.push_back(std::move(item));
     }
     wake();
@@ -105,8 +82,7 @@ Intake::Work Intake::take() {
     std::vector<Accepted> room;
     room.reserve(kCapacity);
     const std::lock_guard lock(mutex_);
-    takenItems_ += items_.size();
-    takenBytes_ += std::exchange(bytes_, 0);
+    taken_ += items_.size();
     return {.items = std::exchange(items_, std::move(room)),
             .dropped = std::exchange(dropped_, 0),
             .invalid = std::exchange(invalid_, 0),
@@ -121,10 +97,7 @@ void Intake::finish(int ticket,
                     const std::optional<Consent>& consent,
                     bool isAnythingLeft) {
     const std::lock_guard lock(mutex_);
-    if (!isAnythingLeft) {
-        takenItems_ = 0;
-        takenBytes_ = 0;
-    }
+    taken_ = isAnythingLeft ? taken_ : 0;
     consent_ = consent;
     for (const Accepted& item : items_) {
         const auto* const answer = std::get_if<Answer>(&item.what);

@@ -37,7 +37,6 @@ class Intake {
     // Of what is not stored yet. A disk that is further behind is not going to catch up: what comes
     // then is dropped, and counted. Answers are not.
     static constexpr std::size_t kCapacity = 1024;
-    static constexpr std::size_t kMostBytes = 1UL << 20;
 
     // From any thread, these.
     void add(Accepted item);
@@ -96,10 +95,8 @@ class Intake {
     mutable std::mutex mutex_;
     std::condition_variable done_;
     std::vector<Accepted> items_;
-    std::size_t bytes_ = 0;
-    // Of what is worked on.
-    std::size_t takenItems_ = 0;
-    std::size_t takenBytes_ = 0;
+    // So many more are worked on.
+    std::size_t taken_ = 0;
     qint64 dropped_ = 0;
     qint64 invalid_ = 0;
     bool isComplete_ = true;

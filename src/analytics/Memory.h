@@ -1,17 +1,39 @@
 #pragma once
 
 #include <QByteArray>
+#include <QObject>
 #include <QString>
-#include <map>
+#include <QVariantMap>
 
 #include "analytics/Event.h"
 
 namespace pellumar {
 
-// What is known from one process to the next beside the events and their counts. Times are
-// milliseconds, moments since 1970 in UTC.
+// What is known from one process to the next beside the events and their counts. Its properties are
+// what is kept of it. Times are milliseconds, moments since 1970 in UTC.
 struct Memory {
-    static constexpr int kMostProperties = 25;
+    Q_GADGET
+    Q_PROPERTY(QString installation MEMBER installation)
+    Q_PROPERTY(qint64 installed_at MEMBER installedAt)
+    Q_PROPERTY(qint64 session_number MEMBER sessionNumber)
+    Q_PROPERTY(QString session MEMBER session)
+    Q_PROPERTY(qint64 last_seen MEMBER lastSeen)
+    Q_PROPERTY(qint64 engagement MEMBER engagement)
+    Q_PROPERTY(bool opened MEMBER isOpened)
+    Q_PROPERTY(QString app_version MEMBER applicationVersion)
+    Q_PROPERTY(QString system_version MEMBER systemVersion)
+    Q_PROPERTY(QString crash_told MEMBER toldCrash)
+    Q_PROPERTY(qint64 upload_failures MEMBER failures)
+    Q_PROPERTY(qint64 upload_held_from MEMBER heldFrom)
+    Q_PROPERTY(qint64 upload_held_until MEMBER heldUntil)
+    Q_PROPERTY(qint64 clock_seen MEMBER clockSeen)
+    Q_PROPERTY(qint64 clock_steady_since MEMBER clockSteadySince)
+    Q_PROPERTY(QVariantMap user_properties MEMBER properties)
+    Q_PROPERTY(QVariantMap advertising_properties MEMBER advertising)
+    Q_PROPERTY(QVariantMap losses MEMBER losses)
+
+  public:
+    static constexpr qsizetype kMostProperties = 25;
 
     // Random, and made of nothing of the machine or the user; empty as long as nothing was kept.
     QString installation{};
@@ -25,7 +47,7 @@ struct Memory {
     qint64 engagement = 0;
 
     // What the automatic events were told of.
-    qint64 isOpened = 0;
+    bool isOpened = false;
     QString applicationVersion{};
     QString systemVersion{};
     QString toldCrash{};
@@ -39,16 +61,18 @@ struct Memory {
     qint64 clockSeen = 0;
     qint64 clockSteadySince = 0;
 
-    // By their names.
-    std::map<QString, UserProperty> properties{};
-    // By their reason.
-    std::map<QString, qint64> losses{};
+    // Texts by the names of user properties: the application's, and of those that show membership
+    // of audiences, the ones that are for advertising apart.
+    QVariantMap properties{};
+    QVariantMap advertising{};
+    // Whole numbers by their reason.
+    QVariantMap losses{};
 
     void lose(const QString& reason, qint64 number);
-    // One too many is lost.
+    // One of the application's too many is lost.
     void set(const UserProperty& property);
 
-    // JSON.
+    // JSON, without what is empty.
     [[nodiscard]] QByteArray toJson() const;
     void read(const QByteArray& json);
 

@@ -47,13 +47,15 @@ QJsonObject resourceOf(const ProductVersions& versions,
             add(attributes, QStringLiteral("pz.consent.") + toText(kind), toText(status));
         }
     }
-    for (const auto& [name, property] : memory.properties) {
-        if (!property.advertising || consent.maySendAdvertisingData()) {
-            add(attributes, QStringLiteral("pz.user_property.") + name, property.value);
-        }
+    QVariantMap properties = memory.properties;
+    if (consent.maySendAdvertisingData()) {
+        properties.insert(memory.advertising);
     }
-    for (const auto& [reason, number] : memory.losses) {
-        add(attributes, QStringLiteral("pz.lost.") + reason, number);
+    for (auto each = properties.begin(); each != properties.end(); ++each) {
+        add(attributes, QStringLiteral("pz.user_property.") + each.key(), each->toString());
+    }
+    for (auto each = memory.losses.begin(); each != memory.losses.end(); ++each) {
+        add(attributes, QStringLiteral("pz.lost.") + each.key(), qint64{each->toLongLong()});
     }
     return {{"attributes", attributes}};
 }

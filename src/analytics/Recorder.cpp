@@ -69,7 +69,7 @@ DatabaseOutcome Recorder::record(const Intake::Work& work, const Due& due) {
             take(*change, item.moment);
         }
     }
-    memory.isOpened = isFirst_ ? memory.isOpened : 1;
+    memory.isOpened = memory.isOpened || !isFirst_;
     const DatabaseOutcome outcome = store_->write(change_);
     if (outcome != DatabaseOutcome::kDone) {
         seen_ = before;
@@ -94,7 +94,7 @@ void Recorder::tellStart(const std::optional<CrashReport>& crash) {
              crash->time > 0 && crash->time <= now.wall ? crash->time : now.wall);
     }
     tellEngagement(memory.lastSeen);
-    if (std::exchange(memory.isOpened, 1) == 0 && isFirst_) {
+    if (!std::exchange(memory.isOpened, true) && isFirst_) {
         touch(now);
         tell(kFirstOpen, {}, now.wall);
     }
@@ -125,8 +125,9 @@ void Recorder::tidy() {
     change_.forgetsAutomatic = !rules_.consent.mayMeasure() && !rules_.consent.isPaused;
     if (change_.forgetsAutomatic) {
         memory.engagement = 0;
-        std::erase_if(memory.properties,
-                      [](const auto& each) { return each.first.startsWith(kReservedPrefix); });
+        memory.advertising.clear();
+        memory.properties.removeIf(
+            [](const auto& each) { return each.key().startsWith(kReservedPrefix); });
     }
 }
 

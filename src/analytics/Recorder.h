@@ -7,10 +7,10 @@
 
 #include "analytics/AnalyticsStore.h"
 #include "analytics/Consent.h"
-#include "analytics/CrashMarker.h"
 #include "analytics/Intake.h"
 #include "analytics/MeasurementConfig.h"
 #include "analytics/Moment.h"
+#include "platform/crashes/CrashReport.h"
 
 namespace pellumar {
 

@@ -1,5 +1,3 @@
-#include "analytics/CrashMarker.h"
-
 #include <signal.h>
 #include <sys/mman.h>
 #include <sys/resource.h>
@@ -11,6 +9,7 @@
 #include <string_view>
 
 #include "EngineTest.h"
+#include "platform/crashes/CrashReport.h"
 #include "support/FileContents.h"
 #include "support/Process.h"
 

@@ -1,4 +1,4 @@
-#include "analytics/CrashMarker.h"
+#include "platform/crashes/CrashMarker.h"
 
 #include <fcntl.h>
 #include <signal.h>

@@ -1,4 +1,4 @@
-#include "analytics/CrashMarker.h"
+#include "platform/crashes/CrashReport.h"
 
 #include <QCryptographicHash>
 #include <QFile>
