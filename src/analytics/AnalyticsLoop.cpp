@@ -58,12 +58,12 @@ bool AnalyticsLoop::work() {
     work_.dropped += taken.dropped;
     work_.invalid += taken.invalid;
     work_.isComplete = work_.isComplete && taken.isComplete;
-    work_.isInFront = taken.isInFront;
     Intake::Outcome outcome;
     const bool isKnown = knowsConsent();
     const Consent& consent = rules_.consent;
     if (isKnown) {
         sift();
+        work_.isInFront = taken.isInFront;
         outcome.isObeyed = obey();
         outcome.isStored =
             consent.allowsStorage() && !consent.isErasureOwed && ledger_.record(work_);

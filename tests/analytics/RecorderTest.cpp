@@ -61,6 +61,19 @@ TEST_F(RecorderTest, WhoLooksIsNotAbsentButNobodyLooksAtAMachineThatSleeps) {
     EXPECT_EQ(engagements(), (QList<qint64>{80 * kMinute, 5 * kMinute}));
 }
 
+// The new store knows nothing of it by itself.
+TEST_F(RecorderTest, WhoIsInFrontStaysThereOverAReset) {
+    RunningEngine engine(environment());
+    engine.setActive(true);
+    log(engine, "before");
+    engine.resetInstallation();
+    log(engine, "after");
+    advance(kMinute);
+    engine.setActive(false);
+    EXPECT_TRUE(engine.waitUntilStored(kDeadline));
+    EXPECT_EQ(engagements(), QList<qint64>{kMinute});
+}
+
 TEST_F(RecorderTest, BetweenProcessesTheWallClockDecides) {
     const std::map<qint64, int> sessions{
         {29 * kMinute, 1},
@@ -96,7 +109,7 @@ TEST_F(RecorderTest, DaysAreThoseOfLocalTime) {
     const QByteArray zone = qgetenv("TZ");
     for (const int hours : {0, 2, -10}) {
         // POSIX counts westwards.
-        qputenv("TZ", "XXX" + QByteArray::number(-hours));
+        qputenv("TZ", "ABC" + QByteArray::number(-hours));
         ::tzset();
         folder = parent / std::to_string(hours);
         // To a millisecond before midnight.
