@@ -1,22 +1,14 @@
-#include <fcntl.h>
 #include <gtest/gtest.h>
-#include <poll.h>
-#include <signal.h>
-#include <spawn.h>
 #include <sqlite3.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <QCoreApplication>
+#include <QProcess>
 #include <algorithm>
-#include <array>
 #include <cstdio>
 #include <cstdlib>
 #include <iterator>
-#include <limits>
 #include <random>
 #include <set>
-#include <string>
 #include <thread>
 #include <vector>
 
@@ -35,8 +27,8 @@ constexpr std::size_t kMostLinesOfAChild = 24;
 // In every so many, events are logged without consent.
 constexpr int kForbiddenEvery = 10;
 constexpr std::chrono::seconds kDeadline{60};
-constexpr std::string_view kChildArgument = "--log-for-ever";
-constexpr std::string_view kForbidden = "forbidden";
+constexpr QLatin1String kChildArgument("--log-for-ever");
+constexpr QLatin1String kForbidden("forbidden");
 
 AnalyticsEnvironment environmentOf(const std::filesystem::path& folder, const QString& address) {
     AnalyticsEnvironment environment;
@@ -79,70 +71,11 @@ AnalyticsEnvironment environmentOf(const std::filesystem::path& folder, const QS
     }
 }
 
-// This program as the child, with its standard output.
-class Child {
-  public:
-    Child(const std::string& folder, const std::string& address, int first, std::string_view how) {
-        std::array<int, 2> ends{};
-        if (::pipe2(ends.data(), O_CLOEXEC) != 0) {
-            ADD_FAILURE() << "no pipe";
-            return;
-        }
-        posix_spawn_file_actions_t actions;
-        posix_spawn_file_actions_init(&actions);
-        posix_spawn_file_actions_adddup2(&actions, ends[1], STDOUT_FILENO);
-        std::array<std::string, 6> words{"/proc/self/exe",
-                                         std::string(kChildArgument),
-                                         folder,
-                                         address,
-                                         std::to_string(first),
-                                         std::string(how)};
-        std::array<char*, words.size() + 1> arguments{};
-        for (std::size_t i = 0; i < words.size(); ++i) {
-            arguments[i] = words[i].data();
-        }
-        EXPECT_EQ(posix_spawn(&id_, arguments[0], &actions, nullptr, arguments.data(), environ), 0);
-        posix_spawn_file_actions_destroy(&actions);
-        ::close(ends[1]);
-        output_ = ends[0];
-    }
-    ~Child() {
-        kill();
-        ::close(output_);
-    }
-    Child(const Child&) = delete;
-    Child& operator=(const Child&) = delete;
-
-    // Reads until so many lines have come, or everything if the child has ended.
-    void readLines(std::ptrdiff_t count) {
-        std::array<char, 4096> buffer{};
-        ssize_t size = 0;
-        while (std::count(text_.begin(), text_.end(), '\n') < count &&
-               (size = ::read(output_, buffer.data(), buffer.size())) > 0) {
-            text_.append(buffer.data(), static_cast<std::size_t>(size));
-        }
-    }
-    void kill() {
-        if (id_ > 0) {
-            ::kill(id_, SIGKILL);
-            ::waitpid(id_, nullptr, 0);
-            id_ = -1;
-        }
-    }
-    // Of its events, those that it has said are stored.
-    [[nodiscard]] int stored() const {
-        const std::size_t end = text_.rfind('\n');
-        const std::size_t begin = text_.rfind('\n', end - 1);
-        return end == std::string::npos || begin == std::string::npos
-                   ? 0
-                   : std::stoi(text_.substr(begin + 1));
-    }
-
-  private:
-    pid_t id_ = -1;
-    int output_ = -1;
-    std::string text_;
-};
+// Of a child's events, those that it has said are stored.
+int storedBy(const QByteArray& said) {
+    const QList<QByteArray> lines = said.left(said.lastIndexOf('\n')).split('\n');
+    return lines.last().toInt();
+}
 
 std::set<int> arrivedAt(const Collector& collector) {
     std::set<int> numbers;
@@ -195,19 +128,29 @@ std::string soundness(const std::filesystem::path& folder) {
     return said;
 }
 
-// Kills one child, and says how many of its events were stored by then.
+// Kills one child, anywhere between its start and the end of its events, and says how many of these
+// were stored by then.
 int killOne(const std::filesystem::path& folder,
             const Collector& collector,
             int first,
             std::mt19937& random,
             bool forbidden) {
-    Child child(folder, collector.address().toStdString(), first, forbidden ? kForbidden : "plain");
-    // Anywhere between its start and the end of its events.
-    child.readLines(static_cast<std::ptrdiff_t>(random() % kMostLinesOfAChild));
+    QProcess child;
+    child.start("/proc/self/exe",
+                {kChildArgument,
+                 QString::fromStdString(folder.string()),
+                 collector.address(),
+                 QString::number(first),
+                 forbidden ? kForbidden : QLatin1String("plain")});
+    QByteArray said;
+    const auto lines = static_cast<qsizetype>(random() % kMostLinesOfAChild);
+    while (said.count('\n') < lines && child.waitForReadyRead(30'000)) {
+        said += child.readAllStandardOutput();
+    }
     std::this_thread::sleep_for(std::chrono::microseconds(random() % 3000));
     child.kill();
-    child.readLines(std::numeric_limits<std::ptrdiff_t>::max());
-    return child.stored();
+    child.waitForFinished();
+    return storedBy(said + child.readAllStandardOutput());
 }
 
 TEST(AnalyticsKill, WhatWasReportedStoredArrivesThoughTheProcessIsKilledAgainAndAgain) {
@@ -246,9 +189,9 @@ TEST(AnalyticsKill, WhatWasReportedStoredArrivesThoughTheProcessIsKilledAgainAnd
 
 int main(int argc, char** argv) {
     const QCoreApplication application(argc, argv);
-    if (argc == 6 && argv[1] == pellumar::test::kChildArgument) {
+    if (argc == 6 && pellumar::test::kChildArgument == argv[1]) {
         pellumar::test::logForEver(
-            argv[2], argv[3], std::atoi(argv[4]), argv[5] == pellumar::test::kForbidden);
+            argv[2], argv[3], std::atoi(argv[4]), pellumar::test::kForbidden == argv[5]);
     }
     testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
