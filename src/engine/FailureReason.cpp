@@ -256,14 +256,32 @@ class FailureWords {
     const QString file_;
 };
 
+// Damage, as a bad download or a worn disk leave it; what looks like intent is left alone.
+bool isDamage(ErrorCode code) {
+    switch (code) {
+        case ErrorCode::kTruncated:
+        case ErrorCode::kDamagedDirectory:
+        case ErrorCode::kHeaderMismatch:
+        case ErrorCode::kSizeMismatch:
+        case ErrorCode::kDamagedData:
+        case ErrorCode::kChecksumMismatch:
+            return true;
+        default:
+            return false;
+    }
+}
+
 }  // namespace
 
 FailureReason FailureReason::of(const JobReport& report) {
     if (report.failures().empty()) {
         return {};
     }
-    FailureReason reason{.text = FailureWords(report, report.failures().front()).text(),
-                         .details = report.archive().toString(QUrl::FullyEncoded)};
+    const Error& first = report.failures().front();
+    FailureReason reason{
+        .text = FailureWords(report, first).text(),
+        .details = report.archive().toString(QUrl::FullyEncoded),
+        .canBeSalvaged = report.operation() == OperationType::kUnzip && isDamage(first.code)};
     if (report.failureCount() > 1) {
         const auto others = static_cast<int>(report.failureCount() - 1);
         reason.text += '\n';

@@ -13,6 +13,8 @@ struct FailureReason {
     QString text;
     // For somebody who knows archives: one line a failure, with codes, entries and offsets.
     QString details;
+    // Whether what is whole in the archive may be had all the same, by ZipManager::salvage.
+    bool canBeSalvaged = false;
 
     [[nodiscard]] static FailureReason of(const JobReport& report);
 };

@@ -4,10 +4,12 @@
 #include <QUrl>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <utility>
 #include <vector>
 
 #include "archive/base/Error.h"
+#include "archive/base/Salvaging.h"
 #include "archive/base/Warning.h"
 #include "engine/OperationType.h"
 
@@ -36,6 +38,8 @@ class JobReport {
     void addWarnings(const archive::Warnings& warnings) { warnings_.add(warnings); }
     void setHiddenItems(QList<QUrl> items) { hiddenItems_ = std::move(items); }
 
+    void setSalvage(archive::SalvageReport salvage) { salvage_ = std::move(salvage); }
+
     [[nodiscard]] OperationType operation() const { return operation_; }
     [[nodiscard]] const QUrl& archive() const { return archive_; }
     // In the order in which they came up.
@@ -47,6 +51,9 @@ class JobReport {
     // a dot.
     [[nodiscard]] const QList<QUrl>& hiddenItems() const { return hiddenItems_; }
 
+    // What could be had of a damaged archive, and what not; nothing where all of one was taken.
+    [[nodiscard]] const std::optional<archive::SalvageReport>& salvage() const { return salvage_; }
+
   private:
     OperationType operation_;
     QUrl archive_;
@@ -54,6 +61,7 @@ class JobReport {
     std::uint64_t failureCount_ = 0;
     archive::Warnings warnings_;
     QList<QUrl> hiddenItems_;
+    std::optional<archive::SalvageReport> salvage_;
 };
 
 }  // namespace pellumar

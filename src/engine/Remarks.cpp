@@ -2,12 +2,15 @@
 
 #include <QCoreApplication>
 #include <QLocale>
+#include <algorithm>
 
 #include "engine/ShownName.h"
 
 namespace pellumar {
 namespace {
 
+using archive::LostEntry;
+using archive::SalvageReport;
 using archive::Warning;
 using archive::WarningCode;
 
@@ -49,18 +52,59 @@ class RemarkWords {
         }
         return {};
     }
+    // What is said of a damaged archive before what is lost of it is named.
+    static QStringList beforeLosses(const SalvageReport& salvage) {
+        const QLocale locale;
+        QStringList lines = {
+            tr("The archive is damaged. Of %2 things that were found in it, %1 are whole.")
+                .arg(locale.toString(static_cast<qulonglong>(salvage.recovered)),
+                     locale.toString(static_cast<qulonglong>(salvage.recovered + salvage.lost)))};
+        if (!salvage.hasDirectory) {
+            lines.append(
+                tr("Its list of contents is gone, so nobody can tell whether there was more."));
+        }
+        return lines;
+    }
+    static QString lost(const LostEntry& entry) {
+        return entry.path.empty()
+                   ? tr("Something whose name cannot be read is lost.")
+                   : tr("%1 is lost.").arg(shownName(QString::fromStdString(entry.path)));
+    }
     static QString more(qsizetype count) {
         return tr("And %1 more.").arg(QLocale().toString(count));
     }
 };
+
+void addLosses(const SalvageReport& salvage, Remarks& remarks) {
+    constexpr std::size_t kMostNamed = 100;
+    remarks.areLosses = salvage.lost > 0;
+    remarks.lines = RemarkWords::beforeLosses(salvage);
+    remarks.count = salvage.lost > 0 ? static_cast<qsizetype>(salvage.lost) : remarks.lines.size();
+    for (const LostEntry& entry : salvage.lostEntries) {
+        const archive::Error error{
+            .code = entry.reason, .entry = entry.path, .offset = entry.offset};
+        remarks.details += '\n' + QString::fromStdString(error.describe());
+    }
+    const std::size_t named = std::min(kMostNamed, salvage.lostEntries.size());
+    for (std::size_t i = 0; i < named; ++i) {
+        remarks.lines.append(RemarkWords::lost(salvage.lostEntries[i]));
+    }
+    if (salvage.lost > named) {
+        remarks.lines.append(RemarkWords::more(static_cast<qsizetype>(salvage.lost - named)));
+    }
+}
 
 }  // namespace
 
 Remarks Remarks::of(const JobReport& report) {
     const archive::Warnings& warnings = report.warnings();
     Remarks remarks;
-    remarks.count = static_cast<qsizetype>(warnings.count());
     remarks.details = report.archive().toString(QUrl::FullyEncoded);
+    if (report.salvage()) {
+        addLosses(*report.salvage(), remarks);
+        return remarks;
+    }
+    remarks.count = static_cast<qsizetype>(warnings.count());
     for (const Warning& warning : warnings.kept()) {
         remarks.lines.append(RemarkWords::text(warning));
         remarks.details += '\n' + QString::fromStdString(warning.describe());

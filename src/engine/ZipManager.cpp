@@ -9,6 +9,7 @@
 
 #include "engine/CompressionJob.h"
 #include "engine/ExtractionJob.h"
+#include "engine/SalvageJob.h"
 #include "platform/FileUrl.h"
 
 namespace pellumar {
@@ -129,6 +130,10 @@ void ZipManager::unzip(const QUrl& url,
                        PasswordQuestion question) const {
     std::make_shared<ExtractionJob>(environment_, url, std::move(completion), std::move(question))
         ->start();
+}
+
+void ZipManager::salvage(const QUrl& url, FilesCompletion completion) const {
+    std::make_shared<SalvageJob>(environment_, url, std::move(completion))->start();
 }
 
 }  // namespace pellumar

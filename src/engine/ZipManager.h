@@ -87,6 +87,11 @@ class ZipManager : public std::enable_shared_from_this<ZipManager> {
     // queue; without one that is a failure.
     void unzip(const QUrl& url, FilesCompletion completion, PasswordQuestion question = {}) const;
 
+    // Gets out of a damaged archive what is whole, into a new folder of the workspace. The
+    // completion gets what stands at the top of it, and the report what is lost; nothing if nothing
+    // is whole. Not an extraction: no usage event tells of it.
+    void salvage(const QUrl& url, FilesCompletion completion) const;
+
   private:
     explicit ZipManager(const Environment& environment) : environment_(environment) {}
 

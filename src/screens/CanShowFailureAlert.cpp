@@ -1,21 +1,21 @@
 #include "screens/CanShowFailureAlert.h"
 
-#include "platform/kit/UIAlertController.h"
-
 namespace pellumar {
 
-void CanShowFailureAlert::showFailureAlert(const FailureReason& reason) {
-    show(QStringLiteral("Could not complete the operation."), reason);
+void CanShowFailureAlert::showFailureAlert(const FailureReason& reason,
+                                           const UIAlertAction& remedy) {
+    show(QStringLiteral("Could not complete the operation."),
+         {.text = reason.text, .details = reason.details, .remedy = remedy});
 }
 
 void CanShowFailureAlert::showFailureAlert(const QString& message) {
     show(message, {});
 }
 
-void CanShowFailureAlert::show(const QString& message, const FailureReason& reason) {
+void CanShowFailureAlert::show(const QString& message, const AlertReason& reason) {
     const auto alert =
         makeController<UIAlertController>(services().ui, QStringLiteral("Error"), message);
-    alert->setReason({reason.text, reason.details});
+    alert->setReason(reason);
     alert->addAction({QStringLiteral("OK"), UIAlertActionStyle::kDefault, {}});
     screen().present(alert, true);
 }

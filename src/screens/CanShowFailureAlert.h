@@ -1,6 +1,7 @@
 #pragma once
 
 #include "engine/FailureReason.h"
+#include "platform/kit/UIAlertController.h"
 #include "screens/ScreenAbility.h"
 
 namespace pellumar {
@@ -9,12 +10,13 @@ namespace pellumar {
 // its texts.
 class CanShowFailureAlert : public virtual ScreenAbility {
   protected:
-    void showFailureAlert(const FailureReason& reason);
+    // `remedy`, which may be empty, is what the alert offers to do about it.
+    void showFailureAlert(const FailureReason& reason, const UIAlertAction& remedy = {});
     // The same alert with another message.
     void showFailureAlert(const QString& message);
 
   private:
-    void show(const QString& message, const FailureReason& reason);
+    void show(const QString& message, const AlertReason& reason);
 };
 
 }  // namespace pellumar

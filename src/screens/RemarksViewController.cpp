@@ -14,6 +14,9 @@ RemarksViewController::RemarksViewController(const UIContext& context, Remarks r
     : UIViewController(context), remarks_(std::move(remarks)) {}
 
 QString RemarksViewController::headingOf(const Remarks& remarks) {
+    if (remarks.areLosses) {
+        return tr("Not everything could be rescued");
+    }
     switch (remarks.count) {
         case 0:
             return {};
@@ -22,6 +25,11 @@ QString RemarksViewController::headingOf(const Remarks& remarks) {
         default:
             return tr("%1 remarks").arg(QLocale().toString(remarks.count));
     }
+}
+
+QString RemarksViewController::introduction() const {
+    return remarks_.areLosses ? tr("What is whole stands in the list.")
+                              : tr("The archive was opened all the same.");
 }
 
 void RemarksViewController::copyTapped() {

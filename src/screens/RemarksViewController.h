@@ -11,12 +11,14 @@ class RemarksViewController : public pellumar::UIViewController {
     QML_ELEMENT
     QML_UNCREATABLE("Made in C++")
     Q_PROPERTY(QString heading READ heading CONSTANT)
+    Q_PROPERTY(QString introduction READ introduction CONSTANT)
     Q_PROPERTY(QStringList lines READ lines CONSTANT)
 
   public:
     RemarksViewController(const UIContext& context, Remarks remarks);
 
-    // "1 remark", "2 remarks"; empty if there is none.
+    // "1 remark", "2 remarks", or of a damaged archive that not all of it is there; empty if there
+    // is nothing to be said.
     [[nodiscard]] static QString headingOf(const Remarks& remarks);
 
     // Puts the lines and their details on the clipboard.
@@ -24,6 +26,7 @@ class RemarksViewController : public pellumar::UIViewController {
     Q_INVOKABLE void doneTapped() { dismissSelf(true); }
 
     [[nodiscard]] QString heading() const { return headingOf(remarks_); }
+    [[nodiscard]] QString introduction() const;
     [[nodiscard]] QStringList lines() const { return remarks_.lines; }
 
   private:

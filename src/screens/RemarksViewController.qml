@@ -31,7 +31,7 @@ Sheet {
         }
         BodyText {
             Layout.fillWidth: true
-            text: qsTr("The archive was opened all the same.")
+            text: root.controller.introduction
             color: Theme.textSecondary
         }
         Repeater {

@@ -115,7 +115,11 @@ void ViewController::extract(const QUrl& url) {
         whileAlive(
             [this, hide, awake](const std::optional<QList<QUrl>>& urls, const JobReport& report) {
                 hide();
-                showResults(urls, report);
+                if (urls) {
+                    showResults(*urls, report);
+                } else {
+                    showFailure(report);
+                }
                 endJob();
             }),
         whileAlive([this, url, shown, hide](const std::shared_ptr<PasswordRequest>& request) {
@@ -128,12 +132,37 @@ void ViewController::extract(const QUrl& url) {
         }));
 }
 
-void ViewController::showResults(const std::optional<QList<QUrl>>& urls, const JobReport& report) {
-    if (!urls) {
-        showFailureAlert(FailureReason::of(report));
-        return;
+void ViewController::showFailure(const JobReport& report) {
+    const FailureReason reason = FailureReason::of(report);
+    UIAlertAction remedy;
+    if (reason.canBeSalvaged) {
+        remedy.title = tr("Rescue what is whole");
+        remedy.handler = whileAlive([this, archive = report.archive()] { salvage(archive); });
     }
-    const auto results = makeController<UnzipViewController>(services_, *urls, report);
+    showFailureAlert(reason, remedy);
+}
+
+void ViewController::salvage(const QUrl& url) {
+    beginJob();
+    const std::weak_ptr<MBProgressHUD> shown = showHud(tr("Rescuing"));
+    const auto awake = services_.sleep.keepAwake(tr("Extracting an archive"));
+    zipManager().salvage(url,
+                         whileAlive([this, shown, awake](const std::optional<QList<QUrl>>& urls,
+                                                         const JobReport& report) {
+                             if (const auto hud = shown.lock()) {
+                                 hud->hide(true);
+                             }
+                             if (urls) {
+                                 showResults(*urls, report);
+                             } else {
+                                 showFailureAlert(FailureReason::of(report));
+                             }
+                             endJob();
+                         }));
+}
+
+void ViewController::showResults(const QList<QUrl>& urls, const JobReport& report) {
+    const auto results = makeController<UnzipViewController>(services_, urls, report);
     results->setHidesBottomBarWhenPushed(true);
     if (const auto stack = navigationController()) {
         stack->pushViewController(results, true);

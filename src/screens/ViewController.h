@@ -48,7 +48,10 @@ class ViewController : public UIViewController,
     [[nodiscard]] const ScreenServices& services() const override { return services_; }
     void askForRating();
     void extract(const QUrl& url);
-    void showResults(const std::optional<QList<QUrl>>& urls, const JobReport& report);
+    // What is whole in a damaged archive.
+    void salvage(const QUrl& url);
+    void showFailure(const JobReport& report);
+    void showResults(const QList<QUrl>& urls, const JobReport& report);
 
     const ScreenServices services_;
     RelevantActionCount& launches_;

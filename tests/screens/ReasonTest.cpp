@@ -9,6 +9,7 @@
 #include "screens/UnzipViewController.h"
 #include "screens/ZipViewController.h"
 #include "support/FileContents.h"
+#include "support/Process.h"
 
 namespace pellumar::test {
 namespace {
@@ -51,6 +52,36 @@ TEST_F(ReasonTest, AnExtractionTellsWhyAndHandsOnTheDetails) {
     EXPECT_EQ(Notice::shownIn(window)->text(), "Copied");
     EXPECT_TRUE(alert->goBack());
     EXPECT_FALSE(presented<UIAlertController>());
+}
+
+// Never unasked: the alert offers it, once.
+TEST_F(ReasonTest, WhatIsWholeInADamagedArchiveCanBeRescued) {
+    writeFile(folder / "first.txt", "the first of two");
+    writeFile(folder / "second.txt", "the second of two");
+    const auto made =
+        runProcess({"7zz", "a", "-mx0", "two.zip", "first.txt", "second.txt"}, folder.path());
+    ASSERT_EQ(made.exitCode, 0) << made.output;
+    std::string bytes = readText(folder / "two.zip");
+    bytes[bytes.find("the first")] ^= 1;
+    writeFile(folder / "two.zip", bytes);
+    const auto home = showHome();
+    home->didConfirmUnzip(fileUrl(folder / "two.zip"));
+    settle();
+    const auto alert = presented<UIAlertController>();
+    ASSERT_TRUE(alert);
+    EXPECT_EQ(alert->remedy(), "Rescue what is whole");
+    QMetaObject::invokeMethod(button(*alert, "remedy"), "clicked");
+    settle();
+    EXPECT_TRUE(home->hud()->isHidden());
+    const auto results =
+        std::dynamic_pointer_cast<UnzipViewController>(stack()->topViewController());
+    ASSERT_TRUE(results);
+    ASSERT_EQ(results->urls().size(), 1);
+    EXPECT_EQ(readText(*localPath(results->urls().first())), "the second of two");
+    EXPECT_EQ(results->remarks(), "Not everything could be rescued");
+    results->showRemarks();
+    EXPECT_EQ(presented<RemarksViewController>()->lines().last(), "“first.txt” is lost.");
+    EXPECT_EQ(eventNames(), QStringList{"failed_to_unzip"});
 }
 
 TEST_F(ReasonTest, CompressionsFromTheHomeScreenAndTheComposerTellWhy) {

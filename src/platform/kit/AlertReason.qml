@@ -8,7 +8,10 @@ Rectangle {
     id: block
 
     property alias text: words.text
+    // What can be done about it; empty if there is nothing.
+    property string remedy: ""
     signal copied
+    signal remedied
 
     implicitHeight: content.implicitHeight + Theme.space3 + Theme.space1
     radius: Theme.controlRadius
@@ -25,6 +28,14 @@ Rectangle {
             id: words
             Layout.fillWidth: true
             objectName: "reason"
+        }
+        QuietButton {
+            Layout.fillWidth: true
+            Layout.topMargin: Theme.space2
+            objectName: "remedy"
+            visible: text !== ""
+            text: block.remedy
+            onClicked: block.remedied()
         }
         QuietButton {
             Layout.alignment: Qt.AlignRight

@@ -38,6 +38,9 @@ struct SecretField {
 struct AlertReason {
     QString text;
     QString details;
+    // Something to be done about it, which closes the dialog as well; without a title there is
+    // nothing.
+    UIAlertAction remedy;
 };
 
 // A dialog with a title, a message, at most one text field and one for a secret, and buttons that
@@ -50,6 +53,7 @@ class UIAlertController : public pellumar::UIViewController {
     Q_PROPERTY(QString alertTitle READ alertTitle CONSTANT)
     Q_PROPERTY(QString message READ message CONSTANT)
     Q_PROPERTY(QString reason READ reason CONSTANT)
+    Q_PROPERTY(QString remedy READ remedy CONSTANT)
     Q_PROPERTY(QStringList actionTitles READ actionTitles CONSTANT)
     Q_PROPERTY(int cancelIndex READ cancelIndex CONSTANT)
     Q_PROPERTY(bool hasTextField READ hasTextField CONSTANT)
@@ -80,11 +84,13 @@ class UIAlertController : public pellumar::UIViewController {
     Q_INVOKABLE void choose(int index);
     // Puts the reason and its details on the clipboard.
     Q_INVOKABLE void copyReason() const;
+    Q_INVOKABLE void chooseRemedy() { dismissSelf(true, reason_.remedy.handler); }
     bool goBack() override;
 
     [[nodiscard]] QString alertTitle() const { return title_; }
     [[nodiscard]] QString message() const { return message_; }
     [[nodiscard]] QString reason() const { return reason_.text; }
+    [[nodiscard]] QString remedy() const { return reason_.remedy.title; }
     [[nodiscard]] QStringList actionTitles() const;
     // The position of the cancelling button, -1 if there is none.
     [[nodiscard]] int cancelIndex() const;

@@ -30,7 +30,9 @@ DialogCard {
         Layout.fillWidth: true
         visible: root.controller.reason !== ""
         text: root.controller.reason
+        remedy: root.controller.remedy
         onCopied: root.controller.copyReason()
+        onRemedied: root.controller.chooseRemedy()
     }
     InputField {
         Layout.fillWidth: true
