@@ -22,8 +22,8 @@ constexpr double kMemory = 2;
 
 std::string humanTime(double seconds) {
     constexpr unsigned long kMinute = 60;
-    constexpr double kLongest = 359999;  // 99:59:59
-    const auto whole = static_cast<unsigned long>(std::min(std::ceil(seconds), kLongest));
+    constexpr double kLongestTime = 359999;  // 99:59:59
+    const auto whole = static_cast<unsigned long>(std::min(std::ceil(seconds), kLongestTime));
     const unsigned long minutes = whole / kMinute;
     std::array<char, 64> text{};
     if (minutes >= kMinute) {
