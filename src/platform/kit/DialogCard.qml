@@ -1,6 +1,5 @@
 import QtQuick
 import QtQuick.Layouts
-import Pellumar.Kit
 import Pellumar.Look
 
 // The card of a dialog, in the middle of what the keyboard leaves free, over the dimmed screen.
