@@ -33,10 +33,12 @@ int testArchive(const std::filesystem::path& path,
                                        .stop = interruption.token(),
                                        .progress = progress.handler()});
     }
+    if (!faults && faults.error().code == archive::ErrorCode::kCancelled) {
+        messages.fail("interrupted");
+        return interruption.exitCode();
+    }
     if (!faults) {
-        const int code = input->fail(faults.error());
-        const bool wasStopped = faults.error().code == archive::ErrorCode::kCancelled;
-        return wasStopped ? interruption.exitCode() : code;
+        return input->fail(faults.error());
     }
     for (const archive::Error& fault : *faults) {
         input->fail(fault);
