@@ -56,6 +56,7 @@ _pellumar() {
             create) options+=' --exclude --force --from-list --level --password-file --reproducible' ;;
             extract) options+=' --overwrite --password-file --rename --skip --strip --sync --to' ;;
             list) options+=' --json --names' ;;
+            salvage) options+=' --password-file --to' ;;
             cat | test) options+=' --password-file' ;;
             zip) options+=' --documents' ;;
             unzip) options+=' --documents --password-file' ;;
@@ -65,7 +66,7 @@ _pellumar() {
     fi
     case $command in
         '') mapfile -t COMPREPLY < <(
-            compgen -W 'create extract list cat test zip unzip' -- "$current") ;;
+            compgen -W 'create extract list cat test salvage zip unzip' -- "$current") ;;
         create | zip)
             if [[ $command == create || $position -gt 0 ]]; then
                 compopt -o filenames
@@ -78,7 +79,7 @@ _pellumar() {
             elif [[ $archive == *.[zZ][iI][pP] ]]; then
                 _pellumar_entries "$current" "$archive"
             fi ;;
-        unzip) ((position == 0)) && _pellumar_archives "$current" ;;
+        salvage | unzip) ((position == 0)) && _pellumar_archives "$current" ;;
     esac
 }
 

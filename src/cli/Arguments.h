@@ -73,4 +73,10 @@ struct TestArguments {
     std::filesystem::path passwordFile;
 };
 
+struct SalvageArguments {
+    std::filesystem::path archive;
+    std::filesystem::path to;
+    std::filesystem::path passwordFile;
+};
+
 }  // namespace pellumar

@@ -52,7 +52,7 @@ std::string withoutGuard(const std::string& title) {
 }
 
 // What people may mean by a command that is none.
-constexpr std::string_view kCommands = "create, extract, list, cat, test, zip and unzip";
+constexpr std::string_view kCommands = "create, extract, list, cat, test, salvage, zip and unzip";
 
 // The parser's own words do for mistakes within a command.
 std::string wordsFor(const CLI::App& app, const CLI::Error& mistake) {
@@ -315,6 +315,21 @@ void addTest(CLI::App& app, CommandLine& line, TestArguments& arguments) {
     addPasswordFile(*test, arguments.passwordFile);
 }
 
+void addSalvage(CLI::App& app, CommandLine& line, SalvageArguments& arguments) {
+    CLI::App* salvage = addCommand(app,
+                                   line,
+                                   "salvage",
+                                   "Get what is whole out of a damaged archive",
+                                   "  pellumar salvage broken.zip --to saved\n");
+    salvage->callback([&] { line.command = arguments; });
+    addArchive(*salvage, arguments.archive, "A damaged ZIP archive");
+    salvage->add_option("--to", arguments.to, "Folder for what is whole, made if need be; required")
+        ->required()
+        ->check(mayNotBeEmpty)
+        ->option_text("DIR");
+    addPasswordFile(*salvage, arguments.passwordFile);
+}
+
 }  // namespace
 
 tl::expected<CommandLine, int> CommandLine::parse(int count, const char* const* arguments) {
@@ -325,6 +340,7 @@ tl::expected<CommandLine, int> CommandLine::parse(int count, const char* const* 
     CatArguments cat;
     ListArguments list;
     TestArguments test;
+    SalvageArguments salvage;
     CLI::App app("Makes, extracts, lists and checks ZIP archives.", "pellumar");
     app.set_version_flag("--version", "pellumar " PELLUMAR_VERSION);
     app.require_subcommand(1);
@@ -336,6 +352,7 @@ tl::expected<CommandLine, int> CommandLine::parse(int count, const char* const* 
     addList(app, line, list);
     addCat(app, line, cat);
     addTest(app, line, test);
+    addSalvage(app, line, salvage);
     addZip(app, line, workspace);
     addUnzip(app, line, workspace);
     // Not before: the commands would inherit it.

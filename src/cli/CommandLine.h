@@ -14,7 +14,8 @@ struct CommandLine {
                  ExtractArguments,
                  CatArguments,
                  ListArguments,
-                 TestArguments>
+                 TestArguments,
+                 SalvageArguments>
         command;
     bool quiet = false;
     // Each path that is printed ends with a NUL instead of a line end.

@@ -18,6 +18,7 @@
 #include "cli/JobRunner.h"
 #include "cli/ListCommand.h"
 #include "cli/Messages.h"
+#include "cli/SalvageCommand.h"
 #include "cli/SilentConsole.h"
 #include "cli/TestCommand.h"
 #include "engine/FileSystem.h"
@@ -141,6 +142,7 @@ int main(int argc, char** argv) {
                 return listArchive(arguments, commandLine->endWithNul, messages);
             },
             [&](const TestArguments& arguments) { return testArchives(arguments, messages); },
+            [&](const SalvageArguments& arguments) { return salvageArchive(arguments, messages); },
         },
         commandLine->command);
 }

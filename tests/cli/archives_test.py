@@ -323,6 +323,30 @@ class LookTest(ArchivesTest):
         self.succeed("test", "a.zip")
 
 
+class SalvageTest(ArchivesTest):
+    def test_gets_what_is_whole_and_tells_what_is_lost(self):
+        for name in ("one", "two", "three"):
+            self.write(f"tree/{name}", os.urandom(5000))
+        self.other("zip", "-qr", "a.zip", "tree/one", "tree/two", "tree/three")
+        data = bytearray((self.folder / "a.zip").read_bytes())
+        self.write("cut.zip", bytes(data[:12000]))
+        data[data.index(b"tree/two") + 100] ^= 1
+        self.write("bad.zip", bytes(data))
+        for name, lost, kept in (("cut.zip", rb"tree/three", ["one", "two"]),
+                                 ("bad.zip", rb"tree/two", ["one", "three"])):
+            to = name.split(".")[0]
+            code, out, err = self.run_program("salvage", name, "--to", f"new/{to}")
+            self.assertEqual((code, out), (1, b""))
+            self.assertRegex(err, rb"^pellumar: " + name.encode() + rb": lost: .*: " + lost)
+            for file in kept:
+                self.assertEqual((self.folder / "new" / to / "tree" / file).read_bytes(),
+                                 (self.folder / "tree" / file).read_bytes())
+            self.assertEqual(len(os.listdir(self.folder / "new" / to / "tree")), 2)
+        self.assertIn(b"lost its directory",
+                      self.run_program("salvage", "cut.zip", "--to", "again")[2])
+        self.succeed("salvage", "a.zip", "--to", "whole")
+
+
 class InterruptionTest(ArchivesTest):
     def test_nothing_half_is_left(self):
         self.write("big/one")

@@ -262,7 +262,8 @@ class PackagingTest(ProgramTest):
         for words, expected in (
                 (["z"], {"zip"}),
                 (["--documents", ""], {"dir"}),
-                (["--documents", "dir", ""], {"create", "extract", "list", "cat", "test", "zip",
+                (["--documents", "dir", ""], {"create", "extract", "list", "cat", "test",
+                                              "salvage", "zip",
                                               "unzip"}),
                 (["zip", "--n"], {"--null"}),
                 (["zip", ""], set()),
