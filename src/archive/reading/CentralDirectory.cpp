@@ -1,5 +1,6 @@
 #include "archive/reading/CentralDirectory.h"
 
+#include <linux/limits.h>
 #include <sys/stat.h>
 
 #include <algorithm>
@@ -92,6 +93,12 @@ bool isClaimed(std::uint64_t headers, const DirectoryLocation& location) {
 RawName rawNameOf(const CentralDirectoryHeader& header) {
     return {
         .bytes = header.name, .utf8Flag = (header.flags & kFlagUtf8) != 0, .extra = header.extra};
+}
+
+// No path of a file can be as long, so nobody has to find out what is meant.
+bool isTooLong(const RawName& name) {
+    const auto said = saidLetters(name);
+    return name.bytes.size() >= PATH_MAX || (said && said->size() >= PATH_MAX);
 }
 
 std::string_view textOf(ByteView bytes) {
@@ -324,12 +331,11 @@ class TableBuilder {
                           bytes.end());
     }
 
-    // Keeps the name once where the path is a part of it, which it nearly always is.
+    // Keeps the name once where it begins with the path, which it nearly always does.
     void keepNames(const CentralDirectoryHeader& header, std::string_view path, EntryData& data) {
         data.rawName = table_.keep(textOf(header.name));
-        const std::size_t at = data.rawName.find(path);
-        data.entry.path =
-            at == std::string_view::npos ? table_.keep(path) : data.rawName.substr(at, path.size());
+        data.entry.path = data.rawName.starts_with(path) ? data.rawName.substr(0, path.size())
+                                                         : table_.keep(path);
     }
 
     const ByteSource& file_;
@@ -402,8 +408,12 @@ Result<EntryTable> readCentralDirectory(const ByteSource& file,
         forEachHeader(file,
                       location,
                       window,
-                      [&](const CentralDirectoryHeader& header, std::uint64_t) -> Result<> {
-                          names.consider(rawNameOf(header));
+                      [&](const CentralDirectoryHeader& header, std::uint64_t offset) -> Result<> {
+                          const RawName name = rawNameOf(header);
+                          if (isTooLong(name)) {
+                              return failure(ErrorCode::kNameTooLong, offset);
+                          }
+                          names.consider(name);
                           ++headers;
                           namesSize += header.name.size();
                           return {};

@@ -341,19 +341,6 @@ bool beginsWithLocalHeader(const ByteSource& file, std::uint64_t offset) {
     return begins && *begins;
 }
 
-// Whether what stands before the archive at `location` is no archive of its own. The end of one
-// that is cut off within a stored archive looks like bytes before and behind that.
-bool hasNoArchiveBefore(const ByteSource& file, const DirectoryLocation& location) {
-    if (location.archiveStart == 0) {
-        return true;
-    }
-    if (!beginsWithLocalHeader(file, location.archiveStart)) {
-        return false;
-    }
-    const auto found = findSignature(file, kLocalFileHeaderSignature, 0, location.archiveStart);
-    return found && !*found;
-}
-
 // Takes the candidates from the end of the file to the front and remembers what became of them.
 class CandidateSearch {
   public:
@@ -371,7 +358,7 @@ class CandidateSearch {
         location->commentOffset = position + kEndOfCentralDirectorySize;
         location->commentSize = loadLittleEndian<std::uint16_t>(record, 20);
         if (bytesAfter > 0) {
-            if (!withBytesAfter_ && hasNoArchiveBefore(file_, *location)) {
+            if (!withBytesAfter_ && hasNoArchiveBefore(*location)) {
                 withBytesAfter_ = *location;
             }
         } else if (exact_) {
@@ -397,7 +384,31 @@ class CandidateSearch {
     }
 
   private:
+    // Whether what stands before the archive at `location` is no archive of its own. The end of one
+    // that is cut off within a stored archive looks like bytes before and behind that.
+    [[nodiscard]] bool hasNoArchiveBefore(const DirectoryLocation& location) {
+        return location.archiveStart == 0 || (beginsWithLocalHeader(file_, location.archiveStart) &&
+                                              !mayHoldHeaderBefore(location.archiveStart));
+    }
+
+    // Looks at each byte of the file once, however many candidates there are.
+    [[nodiscard]] bool mayHoldHeaderBefore(std::uint64_t end) {
+        constexpr std::uint64_t kSignatureSize = sizeof(kLocalFileHeaderSignature);
+        if (!firstHeader_ && searchedUntil_ < end) {
+            const auto found = findSignature(file_, kLocalFileHeaderSignature, searchedUntil_, end);
+            if (!found) {
+                return true;
+            }
+            firstHeader_ = *found;
+            // One may lie across this end.
+            searchedUntil_ = end - std::min(end, kSignatureSize - 1);
+        }
+        return firstHeader_ && *firstHeader_ + kSignatureSize <= end;
+    }
+
     const ByteSource& file_;
+    std::optional<std::uint64_t> firstHeader_;  // of the file, if one has been found
+    std::uint64_t searchedUntil_ = 0;           // and no other before here
     std::optional<DirectoryLocation> exact_;
     std::optional<DirectoryLocation> withBytesAfter_;
     std::optional<Error> error_;

@@ -99,7 +99,7 @@ EntryTable EntryTable::selected(std::span<const std::size_t> indices,
 }
 
 bool EntryTable::isNameless(std::uint64_t localHeaderOffset) const {
-    return std::find(nameless_.begin(), nameless_.end(), localHeaderOffset) != nameless_.end();
+    return nameless_.count(localHeaderOffset) != 0;
 }
 
 void EntryTable::addBlock(std::size_t size) {

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <set>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -47,7 +48,7 @@ class EntryTable {
 
     // Remembers that an entry of the folder itself ("./") has its local header there; it has no
     // place in the table.
-    void addNameless(std::uint64_t localHeaderOffset) { nameless_.push_back(localHeaderOffset); }
+    void addNameless(std::uint64_t localHeaderOffset) { nameless_.insert(localHeaderOffset); }
     [[nodiscard]] bool isNameless(std::uint64_t localHeaderOffset) const;
 
     // Remembers what is wrong with the entry at `index`, at that offset of the file; of several
@@ -81,7 +82,7 @@ class EntryTable {
 
     std::vector<EntryData> entries_;
     std::vector<Fault> faults_;
-    std::vector<std::uint64_t> nameless_;
+    std::set<std::uint64_t> nameless_;
     std::vector<std::unique_ptr<char[]>> blocks_;
     std::size_t freeInBlock_ = 0;
     char* next_ = nullptr;

@@ -19,6 +19,10 @@ constexpr std::uint64_t kLargeFile = 1024UL * 1024;
 // The last tasks should be short, since threads wait for each other at the end.
 constexpr std::size_t kMostFilesInTask = 64;
 constexpr std::uint64_t kMostBytesInTask = 1024UL * 1024;
+// A name of 4 KB can ask for 2,000 folders that it alone is in. No tree that somebody has made has
+// that many folders for so few files.
+constexpr std::size_t kMostFoldersForEntry = 64;
+constexpr std::size_t kFoldersForAnyArchive = 64UL * 1024;
 
 Failure failureOf(const EntryData& data, ErrorCode code) {
     return Failure(Error{.code = code,
@@ -120,6 +124,9 @@ class Planner {
             return failureOf(data, ErrorCode::kNameTooLong);
         }
         addParents(path);
+        if (plan_.folders.size() > kFoldersForAnyArchive + kMostFoldersForEntry * order_.size()) {
+            return failureOf(data, ErrorCode::kTooLarge);
+        }
         warnOf(data);
         if (isFolder(data)) {
             addFolder({.path = path, .data = &data});

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <optional>
+#include <vector>
 
 namespace pellumar::archive {
 
@@ -177,15 +178,26 @@ std::uint64_t costOfWestern(const Place& place) {
 
 // ---- East Asia
 
-// The cost of a letter of a list, or nothing if it is not in it.
-std::optional<std::uint64_t> costIn(std::u32string_view common, char32_t c) {
-    constexpr std::size_t kMostCommon = 150;
-    const std::size_t rank = common.find(c);
-    if (rank == std::u32string_view::npos) {
-        return std::nullopt;
+// The letters of a list, each found at once: names of any length are judged by them.
+class CommonLetters {
+  public:
+    explicit CommonLetters(std::u32string_view fromMostFrequent) {
+        constexpr std::size_t kMostCommon = 150;
+        for (std::size_t i = fromMostFrequent.size(); i-- > 0;) {
+            costs_[fromMostFrequent[i] % kSize] = i < kMostCommon ? 80 : 100;
+        }
     }
-    return rank < kMostCommon ? 80 : 100;
-}
+
+    // The cost of a letter of the list, or nothing if it is not in it.
+    [[nodiscard]] std::optional<std::uint64_t> costOf(char32_t c) const {
+        const std::uint8_t cost = c < kSize ? costs_[c] : 0;
+        return cost == 0 ? std::nullopt : std::optional<std::uint64_t>(cost);
+    }
+
+  private:
+    static constexpr std::size_t kSize = 0x10000;
+    std::vector<std::uint8_t> costs_ = std::vector<std::uint8_t>(kSize);
+};
 
 bool between(std::uint16_t code, std::uint16_t first, std::uint16_t last) {
     return code >= first && code <= last;
@@ -207,7 +219,8 @@ std::uint64_t costOfJapanese(const Place& place) {
     if (isKana(c)) {
         return 70;
     }
-    if (const auto cost = costIn(kKanji, c)) {
+    static const CommonLetters kCommon(kKanji);
+    if (const auto cost = kCommon.costOf(c)) {
         return *cost;
     }
     if (!isHan(c)) {
@@ -217,11 +230,11 @@ std::uint64_t costOfJapanese(const Place& place) {
 }
 
 std::uint64_t costOfChinese(const Place& place,
-                            std::u32string_view common,
+                            const CommonLetters& common,
                             std::uint16_t firstLevelBegin,
                             std::uint16_t firstLevelEnd) {
     const char32_t c = place.letter;
-    if (const auto cost = costIn(common, c)) {
+    if (const auto cost = common.costOf(c)) {
         return *cost;
     }
     if (!isHan(c)) {
@@ -232,7 +245,8 @@ std::uint64_t costOfChinese(const Place& place,
 
 std::uint64_t costOfKorean(const Place& place) {
     const char32_t c = place.letter;
-    if (const auto cost = costIn(kHangul, c)) {
+    static const CommonLetters kCommon(kHangul);
+    if (const auto cost = kCommon.costOf(c)) {
         return *cost - 10;
     }
     if (!isHangul(c)) {
@@ -254,10 +268,14 @@ std::uint64_t costOfEastAsian(Charset charset, const Place& place) {
     switch (charset) {
         case Charset::kShiftJis:
             return cost + costOfJapanese(place);
-        case Charset::kGbk:
-            return cost + costOfChinese(place, kSimplified, 0xB0A1, 0xD7F9);
-        case Charset::kBig5:
-            return cost + costOfChinese(place, kTraditional, 0xA440, 0xC67E);
+        case Charset::kGbk: {
+            static const CommonLetters kCommon(kSimplified);
+            return cost + costOfChinese(place, kCommon, 0xB0A1, 0xD7F9);
+        }
+        case Charset::kBig5: {
+            static const CommonLetters kCommon(kTraditional);
+            return cost + costOfChinese(place, kCommon, 0xA440, 0xC67E);
+        }
         default:
             return cost + costOfKorean(place);
     }

@@ -15,6 +15,13 @@ using namespace format;
 
 constexpr std::size_t kSearchPiece = 64UL * 1024;
 
+// The bytes of a record's signature as they stand in a file.
+std::array<std::uint8_t, sizeof(std::uint32_t)> bytesOf(std::uint32_t signature) {
+    std::array<std::uint8_t, sizeof signature> bytes{};
+    storeLittleEndian(bytes, 0, signature);
+    return bytes;
+}
+
 }  // namespace
 
 bool looksLikeLocalHeader(ByteView bytes) {
@@ -31,8 +38,7 @@ Result<std::optional<std::uint64_t>> findSignature(const ByteSource& file,
                                                    std::uint32_t signature,
                                                    std::uint64_t start,
                                                    std::uint64_t end) {
-    std::array<std::uint8_t, sizeof signature> wanted{};
-    storeLittleEndian(wanted, 0, signature);
+    const auto wanted = bytesOf(signature);
     const auto buffer = std::make_unique_for_overwrite<std::uint8_t[]>(kSearchPiece);
     while (start + wanted.size() <= end) {
         const MutableBytes piece(
@@ -55,22 +61,23 @@ Result<std::optional<std::uint64_t>> findLocalHeader(const ByteSource& file,
                                                      std::uint64_t start,
                                                      std::uint64_t end) {
     // What was deleted stands where a gap begins; gaps may be gigabytes.
-    constexpr std::uint64_t kSearched = 64UL * 1024;
-    end = std::min(end, start + kSearched);
-    while (true) {
-        auto found = findSignature(file, kLocalFileHeaderSignature, start, end);
-        if (!found || !*found || end - **found < kLocalFileHeaderSize) {
-            return found ? std::optional<std::uint64_t>() : std::move(found);
-        }
-        std::array<std::uint8_t, kLocalFileHeaderSize> header{};
-        if (auto read = file.readExactlyAt(**found, header); !read) {
-            return passOn(read);
-        }
-        if (looksLikeLocalHeader(header)) {
-            return *found;
-        }
-        start = **found + 1;
+    const auto size = static_cast<std::size_t>(std::min<std::uint64_t>(end - start, kSearchPiece));
+    const auto buffer = std::make_unique_for_overwrite<std::uint8_t[]>(size);
+    const MutableBytes gap(buffer.get(), size);
+    if (auto read = file.readExactlyAt(start, gap); !read) {
+        return passOn(read);
     }
+    const auto wanted = bytesOf(kLocalFileHeaderSignature);
+    // All of it is looked at once, however many signatures there are.
+    for (ByteView rest = gap; rest.size() >= kLocalFileHeaderSize;) {
+        const auto found = std::search(rest.begin(), rest.end(), wanted.begin(), wanted.end());
+        rest = rest.subspan(static_cast<std::size_t>(found - rest.begin()));
+        if (rest.size() >= kLocalFileHeaderSize && looksLikeLocalHeader(rest)) {
+            return start + (size - rest.size());
+        }
+        rest = rest.subspan(std::min<std::size_t>(1, rest.size()));
+    }
+    return std::nullopt;
 }
 
 }  // namespace pellumar::archive
