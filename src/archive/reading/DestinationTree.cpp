@@ -18,7 +18,7 @@ namespace {
 
 constexpr int kEnterFlags = O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
 constexpr mode_t kNewFolderMode = 0777;
-// How many descriptors a cursor may hold; deeper folders are reached from there.
+// How many descriptors a cursor may hold; other folders are reached from the nearest.
 constexpr std::size_t kMostLevels = 16;
 
 }  // namespace
@@ -97,7 +97,8 @@ Result<int> FolderCursor::enterParentOf(std::string_view path) {
     }
     const int descriptor = entered->descriptor();
     if (levels_.size() == kMostLevels) {
-        levels_.pop_back();
+        // Not the last: what comes next is mostly near it, however deep that is.
+        levels_.erase(levels_.begin() + kMostLevels / 2);
     }
     levels_.push_back({.folder = std::move(*entered), .length = parent.size()});
     path_ = parent;
