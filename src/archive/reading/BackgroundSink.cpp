@@ -1,6 +1,9 @@
 #include "archive/reading/BackgroundSink.h"
 
+#include <algorithm>
 #include <system_error>
+
+#include "archive/base/WithinMemory.h"
 
 namespace pellumar::archive {
 
@@ -27,8 +30,24 @@ Result<> BackgroundSink::write(ByteView bytes) {
     if (!thread_.joinable()) {
         return target_.write(bytes);
     }
+    // What was unpacked elsewhere is brought here.
+    while (!bytes.empty()) {
+        const MutableBytes piece = room();
+        const ByteView part = bytes.first(std::min(bytes.size(), piece.size()));
+        if (part.data() != piece.data()) {
+            std::copy(part.begin(), part.end(), piece.begin());
+        }
+        if (auto passed = handOver(part.size()); !passed) {
+            return passed;
+        }
+        bytes = bytes.subspan(part.size());
+    }
+    return {};
+}
+
+Result<> BackgroundSink::handOver(std::size_t size) {
     const std::lock_guard lock(mutex_);
-    sizes_[filled_ % kPieces] = bytes.size();
+    sizes_[filled_ % kPieces] = size;
     ++filled_;
     changed_.notify_all();
     return errorSoFar();
@@ -64,7 +83,7 @@ void BackgroundSink::work() {
         const std::size_t place = written_ % kPieces;
         const ByteView bytes = ByteView((*pieces_)[place]).first(sizes_[place]);
         lock.unlock();
-        auto passed = target_.write(bytes);
+        auto passed = withinMemory([&] { return target_.write(bytes); });
         lock.lock();
         if (!passed) {
             error_ = std::move(passed.error());

@@ -36,7 +36,8 @@ class BackgroundSink final : public DataSink {
         return target_.expectMore(bytes);
     }
 
-    // `bytes` lie at the front of what room() gave last. An error is that of an earlier piece.
+    // Bytes at the front of what room() gave last are handed on as they lie, all others copied. An
+    // error is that of an earlier piece.
     [[nodiscard]] Result<> write(ByteView bytes) override;
 
     // Waits until all has been handed on; the first error of the target.
@@ -47,6 +48,7 @@ class BackgroundSink final : public DataSink {
     using Piece = std::array<std::uint8_t, kStreamedPiece>;
 
     void work();
+    [[nodiscard]] Result<> handOver(std::size_t size);
     void stop();
     [[nodiscard]] Result<> errorSoFar() const;
 
