@@ -6,6 +6,7 @@
 
 #include "archive/Archive.h"
 #include "archive/Reader.h"
+#include "engine/TreeRemoval.h"
 #include "events/EventNames.h"
 #include "platform/FileUrl.h"
 
@@ -17,17 +18,30 @@ using archive::ErrorCode;
 using archive::Result;
 using std::filesystem::path;
 
-// Into a folder that is made for it.
+// Into a folder that is made for it. Until all files in it are whole it has another name, which is
+// what a killed process leaves.
 Result<archive::UnzipReport> extract(const path& source,
                                      const path& destination,
                                      const archive::Password* password) {
-    std::error_code error;
-    std::filesystem::create_directories(destination, error);
-    if (error) {
+    path unfinished = destination;
+    unfinished += ".part";
+    const auto failed = [](const std::error_code& error) {
         return archive::Failure(
             Error{.code = ErrorCode::kWriteFailed, .entry = {}, .systemError = error.value()});
+    };
+    std::error_code error;
+    std::filesystem::create_directories(unfinished, error);
+    if (error) {
+        return failed(error);
     }
-    return archive::unzipItem(source, destination, false, password);
+    auto extracted = archive::unzipItem(source, unfinished, false, password);
+    // After a failure as well: what was finished before it stays.
+    std::filesystem::rename(unfinished, destination, error);
+    if (error) {
+        static_cast<void>(removeTree(unfinished));
+        return extracted ? failed(error) : std::move(extracted);
+    }
+    return extracted;
 }
 
 }  // namespace
