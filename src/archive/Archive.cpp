@@ -51,12 +51,16 @@ Result<> Archive::addEntry(const std::string& path,
 }
 
 void Archive::compressAhead(const std::vector<EntrySource>& next, std::size_t bufferSize) {
-    std::vector<ArchiveWriter::Source> sources;
-    sources.reserve(next.size());
-    for (const EntrySource& source : next) {
-        sources.push_back(sourceOf(source, password_));
-    }
-    writer_->compressAhead(std::move(sources), bufferSize);
+    // Without memory for that nothing is done ahead.
+    static_cast<void>(withinMemory([&]() -> Result<> {
+        std::vector<ArchiveWriter::Source> sources;
+        sources.reserve(next.size());
+        for (const EntrySource& source : next) {
+            sources.push_back(sourceOf(source, password_));
+        }
+        writer_->compressAhead(std::move(sources), bufferSize);
+        return {};
+    }));
 }
 
 Result<> Archive::close() {
@@ -71,17 +75,19 @@ Result<UnzipReport> unzipItem(const std::filesystem::path& at,
                               const std::filesystem::path& to,
                               bool skipCRC32,
                               const Password* password) {
-    auto archive = Reader::open(at);
-    if (!archive) {
-        return passOn(archive);
-    }
-    auto report = archive->extractAll(to, {.password = password, .skipChecksum = skipCRC32});
-    if (report) {
-        Warnings warnings = archive->warnings();
-        warnings.add(report->warnings);
-        report->warnings = std::move(warnings);
-    }
-    return report;
+    return withinMemory([&]() -> Result<UnzipReport> {
+        auto archive = Reader::open(at);
+        if (!archive) {
+            return passOn(archive);
+        }
+        auto report = archive->extractAll(to, {.password = password, .skipChecksum = skipCRC32});
+        if (report) {
+            Warnings warnings = archive->warnings();
+            warnings.add(report->warnings);
+            report->warnings = std::move(warnings);
+        }
+        return report;
+    });
 }
 
 }  // namespace pellumar::archive

@@ -292,12 +292,14 @@ Result<Reader> Reader::open(const std::filesystem::path& path) {
 }
 
 Result<Reader> Reader::open(File file) {
-    auto source = FileSource::of(std::move(file));
-    return source ? openSource(std::move(*source)) : Result<Reader>(passOn(source));
+    return withinMemory([&] {
+        auto source = FileSource::of(std::move(file));
+        return source ? openSource(std::move(*source)) : Result<Reader>(passOn(source));
+    });
 }
 
 Result<Reader> Reader::openMemory(ByteView bytes) {
-    return openSource(std::make_unique<MemorySource>(bytes));
+    return withinMemory([&] { return openSource(std::make_unique<MemorySource>(bytes)); });
 }
 
 std::size_t Reader::size() const {

@@ -27,10 +27,18 @@ File::~File() {
 }
 
 Result<File> File::openForReading(const std::filesystem::path& path) {
-    const int descriptor = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
-    if (descriptor < 0) {
+    File file = openAt(AT_FDCWD, path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+    if (!file.isOpen()) {
         return systemFailure(ErrorCode::kOpenFailed);
     }
+    return file;
+}
+
+File File::openAt(int folder, const char* path, int flags, mode_t mode) {
+    int descriptor = -1;
+    do {
+        descriptor = ::openat(folder, path, flags, mode);
+    } while (descriptor < 0 && errno == EINTR);
     return File(descriptor);
 }
 

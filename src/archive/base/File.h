@@ -31,6 +31,9 @@ class File {
     // controlling terminal's reader. Follows symbolic links.
     [[nodiscard]] static Result<File> openForReading(const std::filesystem::path& path);
 
+    // As openat(2), begun again where a signal broke in; not open if it failed, with errno.
+    [[nodiscard]] static File openAt(int folder, const char* path, int flags, mode_t mode = 0);
+
     [[nodiscard]] bool isOpen() const { return descriptor_ >= 0; }
     [[nodiscard]] int descriptor() const { return descriptor_; }
 

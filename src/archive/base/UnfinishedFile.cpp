@@ -52,7 +52,7 @@ Result<UnfinishedFile> UnfinishedFile::create(int folder, mode_t mode, Road road
 }
 
 bool UnfinishedFile::openNameless(mode_t mode) {
-    File file(::openat(folder_, ".", O_TMPFILE | O_RDWR | O_CLOEXEC, mode));
+    File file = File::openAt(folder_, ".", O_TMPFILE | O_RDWR | O_CLOEXEC, mode);
     // Without /proc it could never get a name.
     if (!file.isOpen() || ::access(descriptorPath(file).c_str(), F_OK) != 0) {
         return false;
@@ -64,8 +64,8 @@ bool UnfinishedFile::openNameless(mode_t mode) {
 Result<> UnfinishedFile::openNamed(mode_t mode) {
     for (int i = 0; i < kNameTries; ++i) {
         std::string name = temporaryName();
-        file_ = File(::openat(
-            folder_, name.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode));
+        file_ = File::openAt(
+            folder_, name.c_str(), O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode);
         if (file_.isOpen()) {
             temporary_ = std::move(name);
             return {};

@@ -1,7 +1,7 @@
 #include "archive/reading/BackgroundSink.h"
 
 #include <algorithm>
-#include <system_error>
+#include <exception>
 
 #include "archive/base/WithinMemory.h"
 
@@ -11,7 +11,7 @@ BackgroundSink::BackgroundSink(DataSink& target)
     : target_(target), pieces_(std::make_unique_for_overwrite<std::array<Piece, kPieces>>()) {
     try {
         thread_ = std::thread([this] { work(); });
-    } catch (const std::system_error&) {
+    } catch (const std::exception&) {
         stopping_ = true;
     }
 }

@@ -3,7 +3,9 @@
 #include <iconv.h>
 
 #include <bit>
+#include <cerrno>
 #include <cstddef>
+#include <new>
 
 namespace pellumar::archive {
 
@@ -20,6 +22,19 @@ constexpr const char* kCodePoints =
 
 iconv_t noConversion() {
     return reinterpret_cast<iconv_t>(-1);  // NOLINT(performance-no-int-to-ptr): iconv's own way
+}
+
+// Nothing if the system does not know the charset. Without memory it may say the same, and the name
+// would be read as another: so it is asked twice.
+iconv_t openConversion(const char* from) {
+    iconv_t handle = iconv_open(kCodePoints, from);
+    if (handle == noConversion()) {
+        handle = iconv_open(kCodePoints, from);
+    }
+    if (handle == noConversion() && errno == ENOMEM) {
+        throw std::bad_alloc();
+    }
+    return handle;
 }
 
 std::u32string fromCodePage437(ByteView text) {
@@ -55,10 +70,10 @@ const char* nameOf(Charset charset) {
 
 CharsetConverter::CharsetConverter(Charset from)
     : isCodePage437_(from == Charset::kCodePage437),
-      handle_(isCodePage437_ ? noConversion() : iconv_open(kCodePoints, nameOf(from))) {}
+      handle_(isCodePage437_ ? noConversion() : openConversion(nameOf(from))) {}
 
 CharsetConverter::CharsetConverter(const char* from)
-    : isCodePage437_(false), handle_(iconv_open(kCodePoints, from)) {}
+    : isCodePage437_(false), handle_(openConversion(from)) {}
 
 CharsetConverter::~CharsetConverter() {
     if (handle_ != noConversion()) {

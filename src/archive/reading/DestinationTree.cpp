@@ -27,7 +27,7 @@ Result<DestinationTree> DestinationTree::open(const std::filesystem::path& path)
     if (::mkdir(path.c_str(), kNewFolderMode) != 0 && errno != EEXIST) {
         return systemFailure(ErrorCode::kOpenFailed);
     }
-    File root(::open(path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    File root = File::openAt(AT_FDCWD, path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (!root.isOpen()) {
         return systemFailure(ErrorCode::kOpenFailed);
     }
@@ -43,18 +43,18 @@ Result<File> DestinationTree::enter(int from, std::string_view folder) {
     if (descriptor >= 0) {
         return File(static_cast<int>(descriptor));
     }
-    if (errno == ENOSYS || errno == EPERM || errno == EAGAIN) {
+    if (errno == ENOSYS || errno == EPERM || errno == EAGAIN || errno == EINTR) {
         return enterStepByStep(from, folder);
     }
     return systemFailure(ErrorCode::kOpenFailed);
 }
 
 Result<File> DestinationTree::enterStepByStep(int from, std::string_view folder) {
-    File current(::openat(from, ".", kEnterFlags));
+    File current = File::openAt(from, ".", kEnterFlags);
     while (current.isOpen() && !folder.empty()) {
         const std::size_t end = std::min(folder.find('/'), folder.size());
         const std::string component(folder.substr(0, end));
-        current = File(::openat(current.descriptor(), component.c_str(), kEnterFlags));
+        current = File::openAt(current.descriptor(), component.c_str(), kEnterFlags);
         folder.remove_prefix(std::min(end + 1, folder.size()));
     }
     if (!current.isOpen()) {

@@ -83,10 +83,10 @@ Result<> FileSink::makeNamed() {
     const std::string wanted = name_;
     for (std::size_t number = kFirstNumber; number < kMostTries; ++number) {
         // O_EXCL neither follows a link nor takes what is there.
-        file_ = File(::openat(folder_,
-                              name_.c_str(),
-                              O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
-                              static_cast<mode_t>(entry_.permissions)));
+        file_ = File::openAt(folder_,
+                             name_.c_str(),
+                             O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
+                             static_cast<mode_t>(entry_.permissions));
         if (file_.isOpen()) {
             return {};
         }

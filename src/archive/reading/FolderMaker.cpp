@@ -161,8 +161,8 @@ bool FolderMaker::restore(const Entry& entry) {
     if (hasPermissions(entry)) {
         return timed;
     }
-    const File folder(
-        ::openat(*parent, name.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+    const File folder =
+        File::openAt(*parent, name.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
     struct stat made {};
     // What the umask has taken stays taken.
     return folder.isOpen() && ::fstat(folder.descriptor(), &made) == 0 &&

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <exception>
 #include <memory>
 #include <mutex>
-#include <system_error>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -55,8 +55,9 @@ class ReaderThreads {
         for (std::size_t i = 1; i < threads; ++i) {
             try {
                 helpers.emplace_back(runOne, i);
-            } catch (const std::system_error&) {
-                break;  // fewer threads take longer, no more
+            } catch (const std::exception&) {
+                // No thread, or no memory for one: fewer threads take longer, no more.
+                break;
             }
         }
         runOne(0);

@@ -1,8 +1,8 @@
 #include "archive/writing/CompressionThreads.h"
 
 #include <algorithm>
+#include <exception>
 #include <memory>
-#include <system_error>
 #include <utility>
 
 #include "archive/base/WithinMemory.h"
@@ -21,15 +21,7 @@ class Worker {
     Worker(CompressionQueue& queue, OutputBuffers& buffers, const FileIdentity& archive)
         : queue_(queue), archive_(archive), compressor_(buffers) {}
 
-    // Ends when the queue is stopped, or says that it could not go on.
-    void run() {
-        const Result<> done = withinMemory([this] { return work(); });
-        if (!done) {
-            queue_.fail(done.error());
-        }
-    }
-
-  private:
+    // Ends when the queue is stopped.
     [[nodiscard]] Result<> work() {
         while (auto task = queue_.takeTask()) {
             const auto opened = [&] { return withinMemory([&] { return open(*task->source); }); };
@@ -40,6 +32,7 @@ class Worker {
         return {};
     }
 
+  private:
     [[nodiscard]] Result<SourceFile> open(const CompressionQueue::Source& source) const {
         if (!portableName(source.name)) {
             return failure(ErrorCode::kInvalidArgument);
@@ -92,10 +85,14 @@ Result<> CompressionThreads::start(unsigned count,
     threads_.reserve(count);
     try {
         for (unsigned i = 0; i < count; ++i) {
-            threads_.emplace_back(
-                [&queue, &buffers, archive] { Worker(queue, buffers, archive).run(); });
+            threads_.emplace_back([&queue, &buffers, archive] {
+                const auto work = [&] { return Worker(queue, buffers, archive).work(); };
+                if (const Result<> done = withinMemory(work); !done) {
+                    queue.fail(done.error());
+                }
+            });
         }
-    } catch (const std::system_error&) {
+    } catch (const std::exception&) {
         if (threads_.empty()) {
             return failure(ErrorCode::kOutOfMemory);
         }

@@ -17,6 +17,9 @@ OutputBuffers::Buffer OutputBuffers::take() {
         if (!free_.empty()) {
             buffer = std::move(free_.back());
             free_.pop_back();
+        } else {
+            // To give it back must not take memory.
+            free_.reserve(++made_);
         }
     }
     if (!buffer) {

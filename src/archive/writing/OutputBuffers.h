@@ -29,8 +29,9 @@ class OutputBuffers {
 
   private:
     const std::size_t size_;
-    std::mutex mutex_;
-    std::vector<std::unique_ptr<std::uint8_t[]>> free_;  // the mutex guards it
+    std::mutex mutex_;  // guards what follows
+    std::vector<std::unique_ptr<std::uint8_t[]>> free_;
+    std::size_t made_ = 0;  // of which free_ has room for all
 };
 
 }  // namespace pellumar::archive

@@ -37,10 +37,10 @@ Result<PendingFile> PendingFile::create(const std::filesystem::path& path,
         return systemFailure(ErrorCode::kOpenFailed);
     }
     const std::filesystem::path parent = path.has_parent_path() ? path.parent_path() : ".";
-    File folder(::open(parent.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    File folder = File::openAt(AT_FDCWD, parent.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     if (!folder.isOpen() && errno == EACCES) {
         // One that may be written and not listed; its own change cannot be flushed then.
-        folder = File(::open(parent.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+        folder = File::openAt(AT_FDCWD, parent.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC);
     }
     if (!folder.isOpen()) {
         return systemFailure(ErrorCode::kOpenFailed);
