@@ -57,8 +57,11 @@ Result<> PendingFile::commit() {
     if (done) {
         done = file_.giveName(name_, existing_);
     }
-    if (done && ::fsync(folder_.descriptor()) != 0 && errno != EBADF && errno != EINVAL) {
-        done = systemFailure(ErrorCode::kWriteFailed);
+    if (done) {
+        done = folder_.flush();
+        if (!done && done.error().systemError == EBADF) {
+            done = {};  // one that may not be listed, see create()
+        }
     }
     if (!done) {
         file_.discard();
