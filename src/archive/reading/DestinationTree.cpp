@@ -2,9 +2,10 @@
 
 #include <fcntl.h>
 #include <linux/limits.h>
+#include <linux/magic.h>
 #include <linux/openat2.h>
 #include <sys/stat.h>
-#include <sys/statvfs.h>
+#include <sys/statfs.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
@@ -20,6 +21,16 @@ constexpr int kEnterFlags = O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
 constexpr mode_t kNewFolderMode = 0777;
 // How many descriptors a cursor may hold; other folders are reached from the nearest.
 constexpr std::size_t kMostLevels = 16;
+// What compressing file systems make of a file at best: a block of every 128 KiB, as btrfs does.
+constexpr std::uint64_t kMostShrinking = 32;
+
+// Whether what is written certainly takes as much room as it has bytes. Others may compress it, or
+// leave out what is there already, themselves or on a server.
+bool keepsBytesAsTheyAre(const struct statfs& status) {
+    const auto type = static_cast<unsigned long>(status.f_type);
+    return type == EXT4_SUPER_MAGIC || type == TMPFS_MAGIC || type == XFS_SUPER_MAGIC ||
+           type == MSDOS_SUPER_MAGIC || type == EXFAT_SUPER_MAGIC;
+}
 
 }  // namespace
 
@@ -64,15 +75,28 @@ Result<File> DestinationTree::enterStepByStep(int from, std::string_view folder)
 }
 
 DestinationTree::Room DestinationTree::room() const {
+    return roomAt(root_.descriptor());
+}
+
+DestinationTree::Room DestinationTree::roomAt(int descriptor) {
     constexpr std::uint64_t kUntold = std::numeric_limits<std::uint64_t>::max();
-    struct statvfs status {};
-    if (::fstatvfs(root_.descriptor(), &status) != 0) {
-        return {.bytes = kUntold, .nodes = kUntold, .blockSize = 1};
+    struct statfs status {};
+    if (::fstatfs(descriptor, &status) != 0) {
+        return {.free = kUntold, .bytes = kUntold, .nodes = kUntold, .blockSize = 1};
     }
+    const auto blockSize = static_cast<std::uint64_t>(
+        status.f_frsize > 0 ? status.f_frsize : std::max<long>(status.f_bsize, 1));
+    const std::uint64_t factor = keepsBytesAsTheyAre(status) ? 1 : kMostShrinking;
     // File systems of the network, and those that make nodes as they need them, say 0 of 0.
-    return {.bytes = status.f_blocks == 0 ? kUntold : status.f_bavail * status.f_frsize,
-            .nodes = status.f_files == 0 ? kUntold : status.f_favail,
-            .blockSize = std::max<std::uint64_t>(status.f_frsize, 1)};
+    const std::uint64_t free = status.f_blocks == 0 ? kUntold : status.f_bavail * blockSize;
+    std::uint64_t bytes = kUntold;
+    if (__builtin_mul_overflow(free, factor, &bytes)) {
+        bytes = kUntold;
+    }
+    return {.free = free,
+            .bytes = bytes,
+            .nodes = status.f_files == 0 ? kUntold : status.f_ffree,
+            .blockSize = factor == 1 ? blockSize : 1};
 }
 
 std::size_t DestinationTree::longestName() const {

@@ -37,11 +37,14 @@ class DestinationTree {
 
     // What the file system has left for this user. UINT64_MAX for what it does not tell.
     struct Room {
-        std::uint64_t bytes = 0;
+        std::uint64_t free = 0;       // bytes
+        std::uint64_t bytes = 0;      // of files, that fit in at best: it may compress them
         std::uint64_t nodes = 0;      // files, folders and links
         std::uint64_t blockSize = 0;  // what a file's size is rounded up to
     };
     [[nodiscard]] Room room() const;
+    // The same of the file system that an open file or folder is on.
+    [[nodiscard]] static Room roomAt(int descriptor);
 
     // The longest name of one component that the file system takes, in bytes.
     [[nodiscard]] std::size_t longestName() const;

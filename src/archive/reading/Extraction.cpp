@@ -143,7 +143,7 @@ class Extraction {
             return Failure(Error{.code = ErrorCode::kTooLarge,
                                  .entry = {},
                                  .bytesNeeded = needed,
-                                 .bytesFree = room.bytes});
+                                 .bytesFree = room.free});
         }
         return plan_.nodes() > room.nodes ? failure(ErrorCode::kTooLarge) : Result<>();
     }

@@ -2,7 +2,6 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <sys/statvfs.h>
 #include <unistd.h>
 
 #include <array>
@@ -34,11 +33,8 @@ FileSink::~FileSink() {
 }
 
 Result<> FileSink::expectMore(std::uint64_t bytes) {
-    struct statvfs status {};
-    if (::fstatvfs(folder_, &status) == 0 && status.f_bavail < bytes / status.f_frsize) {
-        return failure(ErrorCode::kTooLarge);
-    }
-    return {};
+    return DestinationTree::roomAt(folder_).bytes < bytes ? failure(ErrorCode::kTooLarge)
+                                                          : Result<>();
 }
 
 Result<> FileSink::write(ByteView bytes) {

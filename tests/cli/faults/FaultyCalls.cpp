@@ -3,7 +3,7 @@
 #include <fcntl.h>
 #include <pthread.h>
 #include <sys/stat.h>
-#include <sys/statvfs.h>
+#include <sys/statfs.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
@@ -11,6 +11,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdarg>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -23,6 +24,7 @@
 //     FAULTY_AT     its number, from 1 on
 //     FAULTY_WITH   errno, "short" (half of what was to be read or written), or "kill"
 //     FAULTY_MARK   a file to be made when it has happened, with the call's name in it
+//     FAULTY_DISK   the type of file system to pretend, one with 800 KiB left
 //     FAULTY_LACKS  calls that this system does not have: "openat2", "tmpfile", "renameat2"
 
 namespace {
@@ -175,7 +177,6 @@ FAULTY(int,
        (int fd, const char* path, struct stat* to, int flags),
        (fd, path, to, flags),
        path)
-FAULTY(int, fstatvfs, kAny, (int fd, struct statvfs* to), (fd, to), nullptr)
 FAULTY(long, fpathconf, kAny, (int fd, int name), (fd, name), nullptr)
 FAULTY(int, fsync, kTakesRoom | kWaits, (int fd), (fd), nullptr)
 FAULTY(int, ftruncate, kTakesRoom | kWaits, (int fd, off_t size), (fd, size), nullptr)
@@ -217,6 +218,17 @@ FAULTY(int,
        (const char* target, int fd, const char* path),
        (target, fd, path),
        path)
+
+extern "C" int fstatfs(int fd, struct statfs* to) {
+    static const auto real = next<int (*)(int, struct statfs*)>("fstatfs");
+    const int told = isFaulty("fstatfs", kAny) ? -1 : real(fd, to);
+    if (const long type = std::strtol(setting("FAULTY_DISK"), nullptr, 0); type != 0) {
+        constexpr std::uint64_t kFree = 800UL * 1024;
+        to->f_type = type;
+        to->f_bavail = kFree / static_cast<std::uint64_t>(to->f_bsize);
+    }
+    return told;
+}
 
 extern "C" int renameat2(int fd, const char* from, int other, const char* to, unsigned flags) {
     static const auto real =

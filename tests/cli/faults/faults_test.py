@@ -86,13 +86,14 @@ class Run:
     def __exit__(self, *_):
         shutil.rmtree(self.folder)
 
-    def start(self, *arguments, fault=None):
+    def start(self, *arguments, fault=None, **settings):
         environment = {"PATH": os.environ["PATH"], "LC_ALL": "C.UTF-8", "HOME": str(self.folder)}
         if fault:
             environment |= {"LD_PRELOAD": FAULTY_CALLS, "FAULTY_AT": str(self.at),
                             "FAULTY_WITH": str(fault), "FAULTY_LACKS": self.lacks,
                             "FAULTY_ROOT": str(self.work),
                             "FAULTY_MARK": str(self.folder / "mark")}
+        environment |= settings
         done = subprocess.run([PROGRAM, "--quiet", "--documents", str(self.work), *arguments],
                               cwd=self.folder, env=environment, capture_output=True, check=False,
                               stdin=subprocess.DEVNULL, timeout=DEADLINE)
@@ -158,6 +159,15 @@ class FaultTest(unittest.TestCase):
 
     def test_compression(self):
         self.sweep(Compression(self, FILES), [e for e in ERRORS if e != errno.EAGAIN])
+
+    def test_room_that_may_be_there(self):
+        """Megabytes that shrink fit into less where the file system compresses."""
+        job = Extraction(self, GIANT)
+        for kind, code in [("0x9123683E", 0), ("0xEF53", 1), ("0x01021994", 1)]:
+            with Run(None, 0, "") as run:
+                run.start(*job.arguments, LD_PRELOAD=FAULTY_CALLS, FAULTY_DISK=kind)
+                self.assertEqual(run.code, code, f"{kind} {run.message}")
+                self.assertEqual("larger unpacked than the free space" in run.message, code == 1)
 
     def test_killed_at_any_call(self):
         self.sweep(Extraction(self, FILES), ["kill"])
