@@ -218,13 +218,7 @@ TEST(Decoder, RefusesLzmaHeadersThatCannotBe) {
     EXPECT_EQ(errorWith(4, 4 + 9), ErrorCode::kUnsupportedMethod);  // lc 4, lp 1
 }
 
-TEST(Decoder, KnowsItsMethodsAndTheirBounds) {
-    for (unsigned method = 0; method <= 100; ++method) {
-        const auto id = static_cast<std::uint16_t>(method);
-        EXPECT_EQ(makeDecoder({.method = id}).has_value(), isSupportedMethod(id)) << method;
-    }
-    EXPECT_EQ(makeDecoder({.method = 7}).error().code, ErrorCode::kUnsupportedMethod);
-
+TEST(Decoder, KnowsTheBoundsOfItsMethods) {
     EXPECT_EQ(mostUncompressedSize(format::kMethodStored, 7), 7U);
     EXPECT_EQ(mostUncompressedSize(format::kMethodDeflate, UINT64_MAX / 1032),
               UINT64_MAX / 1032 * 1032);
