@@ -12,10 +12,6 @@ constexpr unsigned kHighestFrequency = 124;
 constexpr unsigned kChanceBits = 7;  // how far a chance moves at a time
 constexpr unsigned kPeriodBits = 7;
 constexpr unsigned kAllSymbols = 255;  // count of a context that has seen all
-constexpr unsigned kRescaled = 0x04;
-constexpr unsigned kHighSymbols = 0x08;      // some are 64 or more
-constexpr unsigned kAfterHighSymbol = 0x10;  // so was the one before
-constexpr unsigned kFirstHighSymbol = 0x40;
 
 constexpr std::array<std::uint16_t, 8> kInitialEscapes =
     {0x3CDD, 0x1F3F, 0x59BF, 0x48F3, 0x64A1, 0x5ABC, 0x6632, 0x6051};
@@ -45,14 +41,6 @@ unsigned classOfCount(unsigned count) {
     return count == 0 ? 0 : count == 1 ? 2 : count < 11 ? 4 : 6;
 }
 
-unsigned highFlag(unsigned symbol) {
-    return symbol >= kFirstHighSymbol ? kHighSymbols : 0;
-}
-
-unsigned unitsFor(unsigned count) {
-    return (count + 2) >> 1U;
-}
-
 std::uint16_t stepOf(std::uint16_t chance) {
     constexpr unsigned kRound = 1U << (kPeriodBits - 2);
     return static_cast<std::uint16_t>((chance + kRound) >> kPeriodBits);
@@ -80,19 +68,8 @@ void PpmdModel::startAnew() {
     initialRunLength_ = -static_cast<std::int32_t>(std::min(order_, 12U)) - 1;
     runLength_ = initialRunLength_;
     lastWasLikely_ = 0;
-    context_ = longestContext_ = memory_.allocateContext();
-    found_ = memory_.allocate((kAllSymbols + 1) / 2);
-    setCount(context_, kAllSymbols);
-    setFlags(context_, 0);
-    setSum(context_, kAllSymbols + 2);
-    setStates(context_, found_);
-    memory_.store(context_ + kSuffixAt, PpmdMemory::kNone);
-    for (unsigned symbol = 0; symbol <= kAllSymbols; ++symbol) {
-        const Place state = found_ + symbol * kStateSize;
-        memory_.setByte(state, static_cast<std::uint8_t>(symbol));
-        setFrequency(state, 1);
-        setSuccessor(state, PpmdMemory::kNone);
-    }
+    context_ = longestContext_ = tree_.makeRoot();
+    found_ = tree_.statesOf(context_);
     startChances();
 }
 
@@ -119,29 +96,13 @@ void PpmdModel::startChances() {
     }
 }
 
-void PpmdModel::swapStates(Place one, Place other) {
-    std::array<std::uint8_t, kStateSize> kept{};
-    for (Place i = 0; i < kStateSize; ++i) {
-        kept[i] = memory_.byteAt(one + i);
-        memory_.setByte(one + i, memory_.byteAt(other + i));
-        memory_.setByte(other + i, kept[i]);
-    }
-}
-
-PpmdModel::Place PpmdModel::findState(Place context, unsigned symbol) const {
-    Place state = statesOf(context);
-    while (symbolOf(state) != symbol) {
-        state += kStateSize;
-    }
-    return state;
-}
-
 std::uint16_t& PpmdModel::chance() {
     const std::size_t row = std::min<std::size_t>(
-        kClasses[std::max(frequencyOf(onlyState(context_)), 1U) - 1], chances_.size() - 1);
+        kClasses[std::max(tree_.frequencyOf(tree_.onlyState(context_)), 1U) - 1],
+        chances_.size() - 1);
     const std::size_t run = runLength_ < 0 ? 0x20 : 0;
-    return chances_[row][classOfCount(countOf(suffixOf(context_))) + lastWasLikely_ +
-                         flagsOf(context_) + run];
+    return chances_[row][classOfCount(tree_.countOf(tree_.suffixOf(context_))) + lastWasLikely_ +
+                         tree_.flagsOf(context_) + run];
 }
 
 std::uint16_t PpmdModel::binaryChance() {
@@ -151,10 +112,10 @@ std::uint16_t PpmdModel::binaryChance() {
 std::uint8_t PpmdModel::takeBinary() {
     std::uint16_t& likely = chance();
     likely = static_cast<std::uint16_t>(likely + (1U << kChanceBits) - stepOf(likely));
-    found_ = onlyState(context_);
-    const auto symbol = static_cast<std::uint8_t>(symbolOf(found_));
-    const unsigned frequency = frequencyOf(found_);
-    setFrequency(found_, frequency + (frequency < 196 ? 1 : 0));
+    found_ = tree_.onlyState(context_);
+    const auto symbol = static_cast<std::uint8_t>(tree_.symbolOf(found_));
+    const unsigned frequency = tree_.frequencyOf(found_);
+    tree_.setFrequency(found_, frequency + (frequency < 196 ? 1 : 0));
     lastWasLikely_ = 1;
     ++runLength_;
     advance();
@@ -165,7 +126,7 @@ void PpmdModel::escapeBinary() {
     std::uint16_t& likely = chance();
     likely = static_cast<std::uint16_t>(likely - stepOf(likely));
     initialEscape_ = kEscapesByChance[likely >> 10U];
-    isLeftOut_[symbolOf(onlyState(context_))] = true;
+    isLeftOut_[tree_.symbolOf(tree_.onlyState(context_))] = true;
     leftOut_ = 1;
     lastWasLikely_ = 0;
 }
@@ -173,33 +134,34 @@ void PpmdModel::escapeBinary() {
 void PpmdModel::choose(Choice& choice) {
     choice.count = 0;
     choice.statesTotal = 0;
-    Place state = statesOf(context_);
-    for (unsigned i = 0; i <= countOf(context_); ++i, state += kStateSize) {
-        const auto symbol = static_cast<std::uint8_t>(symbolOf(state));
+    Place state = tree_.statesOf(context_);
+    for (unsigned i = 0; i <= tree_.countOf(context_); ++i, state += kStateSize) {
+        const auto symbol = static_cast<std::uint8_t>(tree_.symbolOf(state));
         if (leftOut_ > 0 && isLeftOut_[symbol]) {
             continue;
         }
-        const auto frequency = static_cast<std::uint8_t>(frequencyOf(state));
+        const auto frequency = static_cast<std::uint8_t>(tree_.frequencyOf(state));
         choice.states[choice.count++] = {.place = state, .symbol = symbol, .frequency = frequency};
         choice.statesTotal += frequency;
     }
     if (leftOut_ == 0) {
-        choice.total = sumOf(context_);
+        choice.total = tree_.sumOf(context_);
     } else {
         estimateEscape(choice);
     }
 }
 
 void PpmdModel::estimateEscape(Choice& choice) {
-    const unsigned count = countOf(context_);
+    const unsigned count = tree_.countOf(context_);
     if (count == kAllSymbols) {
         estimate_ = &noEstimate_;
         choice.total = choice.statesTotal + 1;
         return;
     }
-    const std::size_t column = (sumOf(context_) > 11 * (count + 1) ? 1U : 0U) +
-                               (2 * count < countOf(suffixOf(context_)) + leftOut_ - 1 ? 2U : 0U) +
-                               flagsOf(context_);
+    const std::size_t column =
+        (tree_.sumOf(context_) > 11 * (count + 1) ? 1U : 0U) +
+        (2 * count < tree_.countOf(tree_.suffixOf(context_)) + leftOut_ - 1 ? 2U : 0U) +
+        tree_.flagsOf(context_);
     estimate_ = &estimates_[kClasses[count + 2] - 3U][column];
     const unsigned mean = unsigned{estimate_->sum} >> estimate_->shift;
     estimate_->sum = static_cast<std::uint16_t>(estimate_->sum - mean);
@@ -209,7 +171,7 @@ void PpmdModel::estimateEscape(Choice& choice) {
 void PpmdModel::take(const Choice& choice, unsigned index) {
     constexpr unsigned kMore = 4;
     found_ = choice.states[index].place;
-    const unsigned frequency = frequencyOf(found_);
+    const unsigned frequency = tree_.frequencyOf(found_);
     if (leftOut_ > 0) {
         if (estimate_->shift < kPeriodBits && --estimate_->count == 0) {
             estimate_->sum = static_cast<std::uint16_t>(estimate_->sum << 1U);
@@ -217,20 +179,20 @@ void PpmdModel::take(const Choice& choice, unsigned index) {
         }
         runLength_ = initialRunLength_;
     } else if (index == 0) {
-        lastWasLikely_ = 2 * frequency >= sumOf(context_) ? 1 : 0;
+        lastWasLikely_ = 2 * frequency >= tree_.sumOf(context_) ? 1 : 0;
         runLength_ += static_cast<std::int32_t>(lastWasLikely_);
     } else {
         lastWasLikely_ = 0;
     }
-    setSum(context_, sumOf(context_) + kMore);
-    setFrequency(found_, frequency + kMore);
+    tree_.setSum(context_, tree_.sumOf(context_) + kMore);
+    tree_.setFrequency(found_, frequency + kMore);
     // Only symbols found at once move up one by one.
     const bool isSorted = leftOut_ > 0 || index == 0;
     bool isHigh = frequency + kMore > kHighestFrequency;
     if (!isSorted) {
         const Place before = found_ - kStateSize;
-        if (frequency + kMore > frequencyOf(before)) {
-            swapStates(found_, before);
+        if (frequency + kMore > tree_.frequencyOf(before)) {
+            tree_.swapStates(found_, before);
             found_ = before;
         } else {
             isHigh = false;
@@ -257,11 +219,11 @@ void PpmdModel::escape(const Choice& choice) {
 bool PpmdModel::shorten() {
     do {
         ++orderFall_;
-        if (suffixOf(context_) == PpmdMemory::kNone) {
+        if (tree_.suffixOf(context_) == PpmdMemory::kNone) {
             return false;
         }
-        context_ = suffixOf(context_);
-    } while (countOf(context_) + 1 == leftOut_);
+        context_ = tree_.suffixOf(context_);
+    } while (tree_.countOf(context_) + 1 == leftOut_);
     return true;
 }
 
@@ -269,7 +231,7 @@ void PpmdModel::advance() {
     if (leftOut_ > 0) {
         isLeftOut_.fill(false);
     }
-    const Place successor = successorOf(found_);
+    const Place successor = tree_.successorOf(found_);
     if (leftOut_ == 0 && orderFall_ == 0 && memory_.isUnit(successor)) {
         context_ = longestContext_ = successor;
     } else {
@@ -280,23 +242,25 @@ void PpmdModel::advance() {
 }
 
 PpmdModel::Place PpmdModel::tellShorter() {
-    const Place suffix = suffixOf(context_);
-    if (frequencyOf(found_) >= kHighestFrequency / 4 || suffix == PpmdMemory::kNone) {
+    const Place suffix = tree_.suffixOf(context_);
+    if (tree_.frequencyOf(found_) >= kHighestFrequency / 4 || suffix == PpmdMemory::kNone) {
         return PpmdMemory::kNone;
     }
-    if (countOf(suffix) == 0) {
-        const Place state = onlyState(suffix);
-        setFrequency(state, frequencyOf(state) + (frequencyOf(state) < 32 ? 1 : 0));
+    if (tree_.countOf(suffix) == 0) {
+        const Place state = tree_.onlyState(suffix);
+        tree_.setFrequency(state,
+                           tree_.frequencyOf(state) + (tree_.frequencyOf(state) < 32 ? 1 : 0));
         return state;
     }
-    Place state = findState(suffix, symbolOf(found_));
-    if (state != statesOf(suffix) && frequencyOf(state) >= frequencyOf(state - kStateSize)) {
-        swapStates(state, state - kStateSize);
+    Place state = tree_.findState(suffix, tree_.symbolOf(found_));
+    if (state != tree_.statesOf(suffix) &&
+        tree_.frequencyOf(state) >= tree_.frequencyOf(state - kStateSize)) {
+        tree_.swapStates(state, state - kStateSize);
         state -= kStateSize;
     }
-    if (frequencyOf(state) < kHighestFrequency - 9) {
-        setFrequency(state, frequencyOf(state) + 2);
-        setSum(suffix, sumOf(suffix) + 2);
+    if (tree_.frequencyOf(state) < kHighestFrequency - 9) {
+        tree_.setFrequency(state, tree_.frequencyOf(state) + 2);
+        tree_.setSum(suffix, tree_.sumOf(suffix) + 2);
     }
     return state;
 }
@@ -304,9 +268,9 @@ PpmdModel::Place PpmdModel::tellShorter() {
 void PpmdModel::update() {
     const Place shorter = tellShorter();
     Place context = longestContext_;
-    if (orderFall_ == 0 && successorOf(found_) != PpmdMemory::kNone) {
+    if (orderFall_ == 0 && tree_.successorOf(found_) != PpmdMemory::kNone) {
         const Place made = createSuccessors(true, shorter, context_);
-        setSuccessor(found_, made);
+        tree_.setSuccessor(found_, made);
         if (made == PpmdMemory::kNone) {
             restore(context);
         } else {
@@ -314,8 +278,8 @@ void PpmdModel::update() {
         }
         return;
     }
-    const unsigned frequency = frequencyOf(found_);
-    const unsigned symbol = symbolOf(found_);
+    const unsigned frequency = tree_.frequencyOf(found_);
+    const unsigned symbol = tree_.symbolOf(found_);
     const bool hasRoom = memory_.appendText(static_cast<std::uint8_t>(symbol));
     Place successor = memory_.textEnd();
     if (!hasRoom) {
@@ -342,7 +306,7 @@ void PpmdModel::update() {
 }
 
 PpmdModel::Place PpmdModel::followFound(Place shorter) {
-    const Place following = successorOf(found_);
+    const Place following = tree_.successorOf(found_);
     if (following == PpmdMemory::kNone) {
         return reduceOrder(shorter, context_);
     }
@@ -353,91 +317,93 @@ PpmdModel::Place PpmdModel::followFound(Place shorter) {
 bool PpmdModel::addFound(Place& context, Place successor, unsigned found) {
     const unsigned frequency = found >> 8U;
     const unsigned symbol = found & 0xFFU;
-    const unsigned presentCount = countOf(context_);
-    const std::uint32_t others = sumOf(context_) - presentCount - frequency;
-    for (; context != context_; context = suffixOf(context)) {
+    const unsigned presentCount = tree_.countOf(context_);
+    const std::uint32_t others = tree_.sumOf(context_) - presentCount - frequency;
+    for (; context != context_; context = tree_.suffixOf(context)) {
         if (!makeRoom(context, presentCount)) {
             return false;
         }
-        const std::uint32_t sum = sumOf(context);
+        const std::uint32_t sum = tree_.sumOf(context);
         const std::uint32_t weight = 2 * frequency * (sum + 6);
         const std::uint32_t whole = others + sum;
         unsigned initial = 0;
         if (weight < 6 * whole) {
             initial = 1 + (weight > whole ? 1U : 0U) + (weight >= 4 * whole ? 1U : 0U);
-            setSum(context, sum + 4);
+            tree_.setSum(context, sum + 4);
         } else {
             initial = 4 + (weight > 9 * whole ? 1U : 0U) + (weight > 12 * whole ? 1U : 0U) +
                       (weight > 15 * whole ? 1U : 0U);
-            setSum(context, sum + initial);
+            tree_.setSum(context, sum + initial);
         }
-        const unsigned count = countOf(context) + 1;
-        const Place state = statesOf(context) + count * kStateSize;
+        const unsigned count = tree_.countOf(context) + 1;
+        const Place state = tree_.statesOf(context) + count * kStateSize;
         memory_.setByte(state, static_cast<std::uint8_t>(symbol));
-        setFrequency(state, initial);
-        setSuccessor(state, successor);
-        setFlags(context, flagsOf(context) | highFlag(symbol));
-        setCount(context, count);
+        tree_.setFrequency(state, initial);
+        tree_.setSuccessor(state, successor);
+        tree_.setFlags(context, tree_.flagsOf(context) | tree_.highFlag(symbol));
+        tree_.setCount(context, count);
     }
     return true;
 }
 
 // For one more state; `presentCount` is the count of the present context.
 bool PpmdModel::makeRoom(Place context, unsigned presentCount) {
-    const unsigned count = countOf(context);
+    const unsigned count = tree_.countOf(context);
     if (count == 0) {
         const Place states = memory_.allocate(1);
         if (states == PpmdMemory::kNone) {
             return false;
         }
-        copyState(states, onlyState(context));
-        setStates(context, states);
-        const unsigned frequency = frequencyOf(states);
-        setFrequency(states,
-                     frequency < kHighestFrequency / 4 - 1 ? 2 * frequency : kHighestFrequency - 4);
-        setSum(context, frequencyOf(states) + initialEscape_ + (presentCount > 2 ? 1 : 0));
+        tree_.copyState(states, tree_.onlyState(context));
+        tree_.setStates(context, states);
+        const unsigned frequency = tree_.frequencyOf(states);
+        tree_.setFrequency(
+            states, frequency < kHighestFrequency / 4 - 1 ? 2 * frequency : kHighestFrequency - 4);
+        tree_.setSum(context,
+                     tree_.frequencyOf(states) + initialEscape_ + (presentCount > 2 ? 1 : 0));
         return true;
     }
     if (count % 2 != 0) {
-        const Place states = memory_.expand(statesOf(context), (count + 1) / 2);
+        const Place states = memory_.expand(tree_.statesOf(context), (count + 1) / 2);
         if (states == PpmdMemory::kNone) {
             return false;
         }
-        setStates(context, states);
+        tree_.setStates(context, states);
     }
-    setSum(context, sumOf(context) + (3 * count + 1 < presentCount ? 1 : 0));
+    tree_.setSum(context, tree_.sumOf(context) + (3 * count + 1 < presentCount ? 1 : 0));
     return true;
 }
 
 PpmdModel::Place PpmdModel::countMore(Place context, unsigned symbol) {
-    if (countOf(context) == 0) {
-        const Place only = onlyState(context);
-        const bool more = countOf(suffixOf(context)) == 0 && frequencyOf(only) < 24;
-        setFrequency(only, frequencyOf(only) + (more ? 1 : 0));
+    if (tree_.countOf(context) == 0) {
+        const Place only = tree_.onlyState(context);
+        const bool more =
+            tree_.countOf(tree_.suffixOf(context)) == 0 && tree_.frequencyOf(only) < 24;
+        tree_.setFrequency(only, tree_.frequencyOf(only) + (more ? 1 : 0));
         return only;
     }
-    const Place state = findState(context, symbol);
-    if (frequencyOf(state) < kHighestFrequency - 9) {
-        setFrequency(state, frequencyOf(state) + 1);
-        setSum(context, sumOf(context) + 1);
+    const Place state = tree_.findState(context, symbol);
+    if (tree_.frequencyOf(state) < kHighestFrequency - 9) {
+        tree_.setFrequency(state, tree_.frequencyOf(state) + 1);
+        tree_.setSum(context, tree_.sumOf(context) + 1);
     }
     return state;
 }
 
 PpmdModel::Place PpmdModel::createSuccessors(bool skip, Place shorter, Place context) {
-    const unsigned symbol = symbolOf(found_);
-    const Place branch = successorOf(found_);
+    const unsigned symbol = tree_.symbolOf(found_);
+    const Place branch = tree_.successorOf(found_);
     std::array<Place, kLongestOrder + 1> states{};
     std::size_t count = 0;
     if (!skip) {
         states[count++] = found_;
     }
-    while (suffixOf(context) != PpmdMemory::kNone) {
-        context = suffixOf(context);
+    while (tree_.suffixOf(context) != PpmdMemory::kNone) {
+        context = tree_.suffixOf(context);
         const Place known = std::exchange(shorter, PpmdMemory::kNone);
         const Place state = known == PpmdMemory::kNone ? countMore(context, symbol) : known;
-        if (successorOf(state) != branch) {
-            context = successorOf(state);
+        if (tree_.successorOf(state) != branch) {
+            context = tree_.successorOf(state);
             if (count == 0) {
                 return context;
             }
@@ -446,31 +412,31 @@ PpmdModel::Place PpmdModel::createSuccessors(bool skip, Place shorter, Place con
         states[count++] = state;
     }
     const unsigned next = memory_.byteAt(branch);
-    const unsigned flags = (symbol >= kFirstHighSymbol ? kAfterHighSymbol : 0) + highFlag(next);
+    const unsigned flags = PpmdContexts::afterHighFlag(symbol) + tree_.highFlag(next);
     const unsigned frequency = inheritedFrequency(context, next);
     while (count > 0) {
         const Place child = memory_.allocateContext();
         if (child == PpmdMemory::kNone) {
             return child;
         }
-        setCount(child, 0);
-        setFlags(child, flags);
-        memory_.setByte(onlyState(child), static_cast<std::uint8_t>(next));
-        setFrequency(onlyState(child), frequency);
-        setSuccessor(onlyState(child), branch + 1);
-        memory_.store(child + kSuffixAt, context);
-        setSuccessor(states[--count], child);
+        tree_.setCount(child, 0);
+        tree_.setFlags(child, flags);
+        memory_.setByte(tree_.onlyState(child), static_cast<std::uint8_t>(next));
+        tree_.setFrequency(tree_.onlyState(child), frequency);
+        tree_.setSuccessor(tree_.onlyState(child), branch + 1);
+        memory_.store(child + PpmdContexts::kSuffixAt, context);
+        tree_.setSuccessor(states[--count], child);
         context = child;
     }
     return context;
 }
 
 unsigned PpmdModel::inheritedFrequency(Place context, unsigned symbol) const {
-    if (countOf(context) == 0) {
-        return frequencyOf(onlyState(context));
+    if (tree_.countOf(context) == 0) {
+        return tree_.frequencyOf(tree_.onlyState(context));
     }
-    const std::uint32_t own = frequencyOf(findState(context, symbol)) - 1;
-    const std::uint32_t others = std::max(sumOf(context) - countOf(context) - own, 1U);
+    const std::uint32_t own = tree_.frequencyOf(tree_.findState(context, symbol)) - 1;
+    const std::uint32_t others = std::max(tree_.sumOf(context) - tree_.countOf(context) - own, 1U);
     if (2 * own <= others) {
         return 1 + (5 * own > others ? 1U : 0U);
     }
@@ -480,209 +446,134 @@ unsigned PpmdModel::inheritedFrequency(Place context, unsigned symbol) const {
 PpmdModel::Place PpmdModel::reduceOrder(Place shorter, Place context) {
     const Place first = context;
     const Place branch = memory_.textEnd();
-    const unsigned symbol = symbolOf(found_);
-    setSuccessor(found_, branch);
+    const unsigned symbol = tree_.symbolOf(found_);
+    tree_.setSuccessor(found_, branch);
     ++orderFall_;
     Place state = PpmdMemory::kNone;
     while (true) {
-        if (suffixOf(context) == PpmdMemory::kNone) {
+        if (tree_.suffixOf(context) == PpmdMemory::kNone) {
             return context;
         }
-        context = suffixOf(context);
+        context = tree_.suffixOf(context);
         state = shorter;
         shorter = PpmdMemory::kNone;
         if (state == PpmdMemory::kNone) {
-            if (countOf(context) != 0) {
-                state = findState(context, symbol);
-                if (frequencyOf(state) < kHighestFrequency - 9) {
-                    setFrequency(state, frequencyOf(state) + 2);
-                    setSum(context, sumOf(context) + 2);
+            if (tree_.countOf(context) != 0) {
+                state = tree_.findState(context, symbol);
+                if (tree_.frequencyOf(state) < kHighestFrequency - 9) {
+                    tree_.setFrequency(state, tree_.frequencyOf(state) + 2);
+                    tree_.setSum(context, tree_.sumOf(context) + 2);
                 }
             } else {
-                state = onlyState(context);
-                setFrequency(state, frequencyOf(state) + (frequencyOf(state) < 32 ? 1 : 0));
+                state = tree_.onlyState(context);
+                tree_.setFrequency(
+                    state, tree_.frequencyOf(state) + (tree_.frequencyOf(state) < 32 ? 1 : 0));
             }
         }
-        if (successorOf(state) != PpmdMemory::kNone) {
+        if (tree_.successorOf(state) != PpmdMemory::kNone) {
             break;
         }
-        setSuccessor(state, branch);
+        tree_.setSuccessor(state, branch);
         ++orderFall_;
     }
-    if (successorOf(state) <= branch) {
+    if (tree_.successorOf(state) <= branch) {
         const Place kept = found_;
         found_ = state;
-        setSuccessor(state, createSuccessors(false, PpmdMemory::kNone, context));
+        tree_.setSuccessor(state, createSuccessors(false, PpmdMemory::kNone, context));
         found_ = kept;
     }
     if (orderFall_ == 1 && first == longestContext_) {
-        setSuccessor(found_, successorOf(state));
+        tree_.setSuccessor(found_, tree_.successorOf(state));
         memory_.dropText();
     }
-    return successorOf(state);
+    return tree_.successorOf(state);
 }
 
 // Halves the frequencies of the present context, the found symbol first and the others in order.
 void PpmdModel::rescale() {
-    const Place states = statesOf(context_);
+    const Place states = tree_.statesOf(context_);
     for (; found_ != states; found_ -= kStateSize) {
-        swapStates(found_, found_ - kStateSize);
+        tree_.swapStates(found_, found_ - kStateSize);
     }
     const unsigned round = orderFall_ != 0 ? 1 : 0;
     Place state = states;
-    unsigned escapes = sumOf(context_) - frequencyOf(state);
-    setFrequency(state, (frequencyOf(state) + 4 + round) >> 1U);
-    unsigned sum = frequencyOf(state);
-    for (unsigned i = countOf(context_); i > 0; --i) {
+    unsigned escapes = tree_.sumOf(context_) - tree_.frequencyOf(state);
+    tree_.setFrequency(state, (tree_.frequencyOf(state) + 4 + round) >> 1U);
+    unsigned sum = tree_.frequencyOf(state);
+    for (unsigned i = tree_.countOf(context_); i > 0; --i) {
         state += kStateSize;
-        escapes -= frequencyOf(state);
-        setFrequency(state, (frequencyOf(state) + round) >> 1U);
-        sum += frequencyOf(state);
-        for (Place at = state; at != states && frequencyOf(at) > frequencyOf(at - kStateSize);
+        escapes -= tree_.frequencyOf(state);
+        tree_.setFrequency(state, (tree_.frequencyOf(state) + round) >> 1U);
+        sum += tree_.frequencyOf(state);
+        for (Place at = state;
+             at != states && tree_.frequencyOf(at) > tree_.frequencyOf(at - kStateSize);
              at -= kStateSize) {
-            swapStates(at, at - kStateSize);
+            tree_.swapStates(at, at - kStateSize);
         }
     }
     unsigned unseen = 0;
-    for (; frequencyOf(state) == 0; state -= kStateSize) {
+    for (; tree_.frequencyOf(state) == 0; state -= kStateSize) {
         ++unseen;
     }
     if (unseen > 0) {
         escapes += unseen;
         dropUnseen(unseen, escapes);
-        if (countOf(context_) == 0) {
+        if (tree_.countOf(context_) == 0) {
             return;
         }
     }
-    setSum(context_, sum + escapes - (escapes >> 1U));
-    setFlags(context_, flagsOf(context_) | kRescaled);
-    found_ = statesOf(context_);
+    tree_.setSum(context_, sum + escapes - (escapes >> 1U));
+    tree_.setFlags(context_, tree_.flagsOf(context_) | PpmdContexts::kRescaled);
+    found_ = tree_.statesOf(context_);
 }
 
 void PpmdModel::dropUnseen(unsigned unseen, unsigned escapes) {
-    const unsigned oldUnits = unitsFor(countOf(context_));
-    const Place states = statesOf(context_);
-    setCount(context_, countOf(context_) - unseen);
-    if (countOf(context_) == 0) {
-        const unsigned frequency = (2 * frequencyOf(states) + escapes - 1) / escapes;
-        const unsigned flags = flagsOf(context_) & kAfterHighSymbol;
-        found_ = onlyState(context_);
-        copyState(found_, states);
-        setFrequency(found_, std::min(frequency & 0xFFU, kHighestFrequency / 3));
+    const unsigned oldUnits = tree_.unitsFor(tree_.countOf(context_));
+    const Place states = tree_.statesOf(context_);
+    tree_.setCount(context_, tree_.countOf(context_) - unseen);
+    if (tree_.countOf(context_) == 0) {
+        const unsigned frequency = (2 * tree_.frequencyOf(states) + escapes - 1) / escapes;
+        const unsigned flags = tree_.flagsOf(context_) & PpmdContexts::kAfterHighSymbol;
+        found_ = tree_.onlyState(context_);
+        tree_.copyState(found_, states);
+        tree_.setFrequency(found_, std::min(frequency & 0xFFU, kHighestFrequency / 3));
         memory_.release(states, oldUnits);
-        setFlags(context_, flags + highFlag(symbolOf(found_)));
+        tree_.setFlags(context_, flags + tree_.highFlag(tree_.symbolOf(found_)));
         return;
     }
-    const unsigned newUnits = unitsFor(countOf(context_));
-    setStates(context_, memory_.shrink(states, oldUnits, newUnits));
-    unsigned flags = flagsOf(context_) & ~kHighSymbols;
-    for (unsigned i = 0; i <= countOf(context_); ++i) {
-        flags |= highFlag(symbolOf(statesOf(context_) + i * kStateSize));
+    const unsigned newUnits = tree_.unitsFor(tree_.countOf(context_));
+    tree_.setStates(context_, memory_.shrink(states, oldUnits, newUnits));
+    unsigned flags = tree_.flagsOf(context_) & ~PpmdContexts::kHighSymbols;
+    for (unsigned i = 0; i <= tree_.countOf(context_); ++i) {
+        flags |= tree_.highFlag(tree_.symbolOf(tree_.statesOf(context_) + i * kStateSize));
     }
-    setFlags(context_, flags);
-}
-
-void PpmdModel::refresh(Place context, unsigned oldUnits, unsigned scale) {
-    const unsigned count = countOf(context);
-    Place state = memory_.shrink(statesOf(context), oldUnits, unitsFor(count));
-    setStates(context, state);
-    unsigned flags = flagsOf(context) & (kAfterHighSymbol + kRescaled * scale);
-    unsigned escapes = sumOf(context);
-    unsigned sum = 0;
-    for (unsigned i = 0; i <= count; ++i, state += kStateSize) {
-        escapes -= frequencyOf(state);
-        setFrequency(state, (frequencyOf(state) + scale) >> scale);
-        sum += frequencyOf(state);
-        flags |= highFlag(symbolOf(state));
-    }
-    setSum(context, sum + ((escapes + scale) >> scale));
-    setFlags(context, flags);
-}
-
-void PpmdModel::becomeBinary(Place context) {
-    const Place states = statesOf(context);
-    setFlags(context, (flagsOf(context) & kAfterHighSymbol) + highFlag(symbolOf(states)));
-    copyState(onlyState(context), states);
-}
-
-PpmdModel::Place PpmdModel::cutOffBinary(Place context, unsigned order) {
-    constexpr unsigned kKept = 9;  // contexts up to this length stay
-    const Place state = onlyState(context);
-    if (memory_.isUnit(successorOf(state))) {
-        setSuccessor(state,
-                     order < order_ ? cutOff(successorOf(state), order + 1) : PpmdMemory::kNone);
-        if (successorOf(state) != PpmdMemory::kNone || order <= kKept) {
-            return context;
-        }
-    }
-    memory_.releaseToText(context);
-    return PpmdMemory::kNone;
-}
-
-// Takes out of the tree what leads into the text. As deep as contexts are long.
-// NOLINTNEXTLINE(misc-no-recursion)
-PpmdModel::Place PpmdModel::cutOff(Place context, unsigned order) {
-    const unsigned count = countOf(context);
-    if (count == 0) {
-        return cutOffBinary(context, order);
-    }
-    const unsigned units = unitsFor(count);
-    const Place states = memory_.moveUp(statesOf(context), units);
-    setStates(context, states);
-    unsigned left = count + 1;
-    for (unsigned i = count + 1; i-- > 0;) {
-        const Place state = states + i * kStateSize;
-        if (!memory_.isUnit(successorOf(state))) {
-            setSuccessor(state, PpmdMemory::kNone);
-            --left;
-            swapStates(state, states + left * kStateSize);
-        } else {
-            setSuccessor(
-                state, order < order_ ? cutOff(successorOf(state), order + 1) : PpmdMemory::kNone);
-        }
-    }
-    if (left == count + 1 || order == 0) {
-        return context;
-    }
-    if (left == 0) {
-        memory_.release(states, units);
-        memory_.releaseToText(context);
-        return PpmdMemory::kNone;
-    }
-    setCount(context, left - 1);
-    if (left == 1) {
-        becomeBinary(context);
-        memory_.release(states, units);
-        setFrequency(onlyState(context), (frequencyOf(onlyState(context)) + 11) >> 3U);
-    } else {
-        refresh(context, units, sumOf(context) > 16 * (left - 1) ? 1 : 0);
-    }
-    return context;
+    tree_.setFlags(context_, flags);
 }
 
 // Memory is out, in the middle of an update: contexts up to `until` know the found symbol already.
 void PpmdModel::restore(Place until) {
     memory_.clearText();
     Place context = longestContext_;
-    for (; context != until; context = suffixOf(context)) {
-        setCount(context, countOf(context) - 1);
-        if (countOf(context) == 0) {
-            const Place states = statesOf(context);
-            becomeBinary(context);
+    for (; context != until; context = tree_.suffixOf(context)) {
+        tree_.setCount(context, tree_.countOf(context) - 1);
+        if (tree_.countOf(context) == 0) {
+            const Place states = tree_.statesOf(context);
+            tree_.becomeBinary(context);
             memory_.releaseToText(states);
-            setFrequency(onlyState(context), (frequencyOf(onlyState(context)) + 11) >> 3U);
+            tree_.setFrequency(tree_.onlyState(context),
+                               (tree_.frequencyOf(tree_.onlyState(context)) + 11) >> 3U);
         } else {
-            refresh(context, (countOf(context) + 3) >> 1U, 0);
+            tree_.refresh(context, (tree_.countOf(context) + 3) >> 1U, 0);
         }
     }
-    for (; context != context_; context = suffixOf(context)) {
-        if (countOf(context) == 0) {
-            const unsigned frequency = frequencyOf(onlyState(context));
-            setFrequency(onlyState(context), frequency - (frequency >> 1U));
+    for (; context != context_; context = tree_.suffixOf(context)) {
+        if (tree_.countOf(context) == 0) {
+            const unsigned frequency = tree_.frequencyOf(tree_.onlyState(context));
+            tree_.setFrequency(tree_.onlyState(context), frequency - (frequency >> 1U));
         } else {
-            setSum(context, sumOf(context) + 4);
-            if (sumOf(context) > 128 + 4 * countOf(context)) {
-                refresh(context, unitsFor(countOf(context)), 1);
+            tree_.setSum(context, tree_.sumOf(context) + 4);
+            if (tree_.sumOf(context) > 128 + 4 * tree_.countOf(context)) {
+                tree_.refresh(context, tree_.unitsFor(tree_.countOf(context)), 1);
             }
         }
     }
@@ -690,11 +581,11 @@ void PpmdModel::restore(Place until) {
         startAnew();
         return;
     }
-    while (suffixOf(longestContext_) != PpmdMemory::kNone) {
-        longestContext_ = suffixOf(longestContext_);
+    while (tree_.suffixOf(longestContext_) != PpmdMemory::kNone) {
+        longestContext_ = tree_.suffixOf(longestContext_);
     }
     do {
-        static_cast<void>(cutOff(longestContext_, 0));
+        static_cast<void>(tree_.cutOff(longestContext_, 0, order_));
         memory_.expandText();
     } while (memory_.used() > 3 * (memory_.size() / 4));
     memory_.gluesAtOnce();

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "archive/codecs/PpmdContexts.h"
 #include "archive/codecs/PpmdMemory.h"
 
 namespace pellumar::archive {
@@ -44,7 +45,7 @@ class PpmdModel {
     // Forgets all.
     void start(unsigned order, WhenFull whenFull);
 
-    [[nodiscard]] bool isBinary() const { return countOf(context_) == 0; }
+    [[nodiscard]] bool isBinary() const { return tree_.countOf(context_) == 0; }
     // The chance that the only symbol follows.
     [[nodiscard]] std::uint16_t binaryChance();
     // It does; the symbol is returned.
@@ -60,17 +61,7 @@ class PpmdModel {
     [[nodiscard]] bool shorten();
 
   private:
-    // Records. Contexts: number of states less one, flags, sum of frequencies, place of the states,
-    // next shorter context. A context of one state holds it instead of sum and states.
-    // States: symbol, frequency, successor: in the text, or a context.
-    static constexpr Place kFlagsAt = 1;
-    static constexpr Place kSumAt = 2;
-    static constexpr Place kOnlyStateAt = 2;
-    static constexpr Place kStatesAt = 4;
-    static constexpr Place kSuffixAt = 8;
-    static constexpr Place kStateSize = 6;
-    static constexpr Place kFrequencyAt = 1;
-    static constexpr Place kSuccessorAt = 2;
+    static constexpr Place kStateSize = PpmdContexts::kStateSize;
 
     // An adaptive chance of an escape.
     struct Estimate {
@@ -78,47 +69,6 @@ class PpmdModel {
         std::uint8_t shift = 0;
         std::uint8_t count = 0;
     };
-
-    [[nodiscard]] unsigned countOf(Place context) const { return memory_.byteAt(context); }
-    void setCount(Place context, unsigned count) {
-        memory_.setByte(context, static_cast<std::uint8_t>(count));
-    }
-    [[nodiscard]] unsigned flagsOf(Place context) const {
-        return memory_.byteAt(context + kFlagsAt);
-    }
-    void setFlags(Place context, unsigned flags) {
-        memory_.setByte(context + kFlagsAt, static_cast<std::uint8_t>(flags));
-    }
-    [[nodiscard]] unsigned sumOf(Place context) const {
-        return memory_.load<std::uint16_t>(context + kSumAt);
-    }
-    void setSum(Place context, unsigned sum) {
-        memory_.store(context + kSumAt, static_cast<std::uint16_t>(sum));
-    }
-    [[nodiscard]] Place statesOf(Place context) const {
-        return memory_.load<Place>(context + kStatesAt);
-    }
-    void setStates(Place context, Place states) { memory_.store(context + kStatesAt, states); }
-    [[nodiscard]] Place suffixOf(Place context) const {
-        return memory_.load<Place>(context + kSuffixAt);
-    }
-    [[nodiscard]] static Place onlyState(Place context) { return context + kOnlyStateAt; }
-    [[nodiscard]] unsigned symbolOf(Place state) const { return memory_.byteAt(state); }
-    [[nodiscard]] unsigned frequencyOf(Place state) const {
-        return memory_.byteAt(state + kFrequencyAt);
-    }
-    void setFrequency(Place state, unsigned frequency) {
-        memory_.setByte(state + kFrequencyAt, static_cast<std::uint8_t>(frequency));
-    }
-    [[nodiscard]] Place successorOf(Place state) const {
-        return memory_.load<Place>(state + kSuccessorAt);
-    }
-    void setSuccessor(Place state, Place successor) {
-        memory_.store(state + kSuccessorAt, successor);
-    }
-    void copyState(Place to, Place from) { memory_.move(to, from, kStateSize); }
-    void swapStates(Place one, Place other);
-    [[nodiscard]] Place findState(Place context, unsigned symbol) const;
 
     void startAnew();
     void startChances();
@@ -143,14 +93,10 @@ class PpmdModel {
     [[nodiscard]] Place reduceOrder(Place shorter, Place context);
     void rescale();
     void dropUnseen(unsigned unseen, unsigned escapes);
-    void refresh(Place context, unsigned oldUnits, unsigned scale);
-    [[nodiscard]] Place cutOff(Place context, unsigned order);
-    [[nodiscard]] Place cutOffBinary(Place context, unsigned order);
     void restore(Place until);
-    // Makes a context of one state of one that has lost all others.
-    void becomeBinary(Place context);
 
     PpmdMemory memory_;
+    PpmdContexts tree_{memory_};
     unsigned order_ = kShortestOrder;
     WhenFull whenFull_ = WhenFull::kStartAnew;
 
