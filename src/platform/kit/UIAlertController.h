@@ -40,7 +40,7 @@ struct AlertReason {
     QString details;
     // Something to be done about it, which closes the dialog as well; without a title there is
     // nothing.
-    UIAlertAction remedy;
+    UIAlertAction remedy = {};
 };
 
 // A dialog with a title, a message, at most one text field and one for a secret, and buttons that
