@@ -53,9 +53,11 @@ class AllocationTest : public testing::Test {
     // Does a job again and again, each time with another allocation failing, until there is none
     // left. It has to succeed all the same, or to say that memory was missing, and may leave
     // neither threads nor a part of a file.
-    void sweep(const std::function<Result<>()>& job, const std::function<void(bool)>& look) {
+    void sweep(const std::function<Result<>()>& job,
+               const std::function<void(bool)>& look,
+               std::size_t stride = 1) {
         std::size_t at = 0;
-        for (bool failed = true; failed && !HasFailure(); ++at) {
+        for (bool failed = true; failed && !HasFailure(); at += stride) {
             test::failAllocation(at);
             const Result<> done = job();
             failed = test::hasFailedAllocation();
@@ -66,7 +68,27 @@ class AllocationTest : public testing::Test {
             EXPECT_TRUE(done || failed);
             look(done.has_value());
         }
-        std::printf("%zu allocations\n", at - 1);
+        std::printf("%zu allocations\n", at - stride);
+    }
+
+    void sweepExtraction(const test::ZipBuilder& zip, const Files& files, std::size_t stride) {
+        const fs::path archive = home_ / "archive.zip";
+        const fs::path out = home_ / "out";
+        zip.writeTo(archive);
+        const auto extract = [&]() -> Result<> {
+            if (auto opened = Reader::open(archive); !opened) {
+                return Failure(opened.error());
+            }
+            auto report = unzipItem(archive, out);
+            return report ? Result<>() : Failure(report.error());
+        };
+        const auto look = [&](bool done) {
+            if (fs::exists(out)) {
+                expectWhole(out, files, done);
+            }
+            fs::remove_all(out);
+        };
+        sweep(extract, look, stride);
     }
 
     // That what stands in `folder` is of `files` and whole; all of it if `all`.
@@ -90,36 +112,23 @@ class AllocationTest : public testing::Test {
 };
 
 TEST_F(AllocationTest, ExtractionLacksMemory) {
-    Files files = {{"small", test::prose(3000)},
-                   {"\u5199\u771F/\u65B0", "a name of a vote"},
-                   {"in/large", repeated(test::prose(1000), 700)},
-                   {"giant", std::string(17UL << 20U, '\0')},
-                   {"last", "text"}};
+    const Files files = {{"small", test::prose(3000)},
+                         {"\u5199\u771F/\u65B0", "a name of a vote"},
+                         {"in/large", repeated(test::prose(1000), 700)}};
     test::ZipBuilder zip;
-    zip.add(test::deflated("small", files["small"]))
+    zip.add(test::deflated("small", files.at("small")))
         .add(test::stored("\x8E\xCA\x90\x5E/\x90\x56", "a name of a vote"))
         .add(test::folder("in/"))
-        .add(test::deflated("in/large", files["in/large"]).described())
-        .add(test::deflated("giant", files["giant"]))
-        .add(test::symbolicLink("link", "in/large"))
-        .add(test::stored("last", "text"));
-    zip.writeTo(home() / "archive.zip");
-    const fs::path archive = home() / "archive.zip";
-    const fs::path out = home() / "out";
-    sweep(
-        [&]() -> Result<> {
-            if (auto opened = Reader::open(archive); !opened) {
-                return Failure(opened.error());
-            }
-            auto report = unzipItem(archive, out);
-            return report ? Result<>() : Failure(report.error());
-        },
-        [&](bool done) {
-            if (fs::exists(out)) {
-                expectWhole(out, files, done);
-            }
-            fs::remove_all(out);
-        });
+        .add(test::deflated("in/large", files.at("in/large")).described())
+        .add(test::symbolicLink("link", "in/large"));
+    sweepExtraction(zip, files, 1);
+}
+
+TEST_F(AllocationTest, WritingBehindLacksMemory) {
+    const Files files = {{"giant", std::string(17UL << 20U, '\0')}, {"last", "text"}};
+    test::ZipBuilder zip;
+    zip.add(test::deflated("giant", files.at("giant"))).add(test::stored("last", "text"));
+    sweepExtraction(zip, files, 3);
 }
 
 TEST_F(AllocationTest, CompressionLacksMemory) {
