@@ -85,8 +85,11 @@ def judge(archive):
         for name, unpack in PEERS.items():
             folder = pathlib.Path(scratch, name)
             folder.mkdir()
-            if unpack(archive, folder):
-                key = tuple(sorted(tree(folder).items()))
+            try:
+                key = tuple(sorted(tree(folder).items())) if unpack(archive, folder) else None
+            except OSError:
+                key = None  # paths that nobody can name
+            if key is not None:
                 found[key] += 1
                 trees.setdefault(key, []).append(name)
         folder = pathlib.Path(scratch, "ours")
