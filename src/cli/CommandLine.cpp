@@ -37,7 +37,8 @@ std::vector<std::string> guarded(int count, const char* const* arguments) {
             onlyNames = true;
             continue;
         }
-        if (argument.starts_with('[') || (onlyNames && argument.starts_with('-'))) {
+        const bool isLikeOption = argument.size() > 1 && argument.starts_with('-');
+        if (argument.starts_with('[') || (onlyNames && isLikeOption)) {
             argument.insert(0, kGuard);
         }
         reversed.push_back(std::move(argument));

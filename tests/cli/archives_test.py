@@ -176,7 +176,8 @@ class CreateTest(ArchivesTest):
         for list_bytes, names in ((listed, [b"tree/one.txt", b"two\nlines", b"tree/sub/"]),
                                   (b"tree/one.txt\n\ntree/sub/link",
                                    [b"tree/one.txt", b"tree/sub/link"])):
-            made = self.succeed("create", "-", "--from-list", "-", input=list_bytes, stdin=None)
+            made = self.succeed("create", "--from-list", "-", "--", "-", input=list_bytes,
+                                stdin=None)
             self.write("piped.zip", made)
             self.assertEqual(self.succeed("list", "-0", "piped.zip").split(b"\0")[:-1], names)
         self.write("big.zip", self.succeed("create", "-", "tree"))
