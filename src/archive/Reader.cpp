@@ -65,7 +65,8 @@ class Handing {
         if (auto allowed = check(entries); !allowed) {
             return passOn(allowed);
         }
-        auto reader = EntryReader::create(archive_.source(), options_.password);
+        auto reader = EntryReader::create(
+            archive_.source(), options_.password, windowMemory(options_.limits, 1));
         if (!reader) {
             return passOn(reader);
         }
@@ -236,7 +237,8 @@ Result<std::unique_ptr<EntryReader>> begun(const ArchiveReader& archive,
     if (isOverLimit(data.entry, options.limits)) {
         return failureOf(ErrorCode::kOverLimit, data.entry);
     }
-    auto reader = EntryReader::create(archive.source(), options.password);
+    auto reader =
+        EntryReader::create(archive.source(), options.password, windowMemory(options.limits, 1));
     if (!reader) {
         return reader;
     }

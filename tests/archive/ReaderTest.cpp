@@ -225,6 +225,26 @@ TEST_F(ReaderTest, LimitsAreHeldBeforeAnythingIsWritten) {
         destination(), {.limits = {.bytes = 100'002, .entries = 3, .ratio = 1000, .memory = 1}}));
 }
 
+TEST_F(ReaderTest, AWindowThatIsLargerThanTheMemoryAllowedIsRefused) {
+    const std::string data = prose(3'000'000);
+    test::writeFile(home() / "data", std::string_view(data));
+    for (const std::string method : {"lzma:d=16m", "xz:d=16m", "zstd", "ppmd:mem=16m"}) {
+        const auto zip = home() / (method.substr(0, 3) + ".zip");
+        const auto made =
+            test::runProcess({"7zz", "a", "-bd", "-mm=" + method, zip, home() / "data"});
+        if (made.exitCode != 0) {
+            continue;  // it does not write all of them
+        }
+        const auto archive = Reader::open(zip);
+        ASSERT_TRUE(archive);
+        EXPECT_EQ(archive->readEntry(0, {.limits = {.memory = 3UL << 20U}}).error().code,
+                  ErrorCode::kOutOfMemory)
+            << method;
+        EXPECT_TRUE(textOf(archive->readEntry(0, {.limits = {.memory = 40UL << 20U}}).value()) ==
+                    data);
+    }
+}
+
 TEST_F(ReaderTest, ProgressIsToldAndAJobCanBeEnded) {
     ZipBuilder zip;
     for (int i = 0; i < 40; ++i) {

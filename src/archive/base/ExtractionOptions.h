@@ -32,8 +32,8 @@ struct ExtractionLimits {
     // How many threads work, the calling one included; 0 means as many as the machine has, up to
     // eight.
     unsigned threads = 0;
-    // For buffers and decoders, in bytes: there are fewer threads for it, and kOutOfMemory for an
-    // entry that needs more by itself. One thread with Deflate takes 1.5 MiB.
+    // For buffers and windows, in bytes: fewer threads work for it, one at least, and an entry that
+    // needs more by itself is kOutOfMemory. A thread takes 1.5 MiB, and 8 more but for Deflate.
     std::uint64_t memory = kNone;
 };
 

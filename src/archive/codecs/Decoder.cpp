@@ -1,8 +1,9 @@
 #include "archive/codecs/Decoder.h"
 
+#include <array>
 #include <limits>
 #include <new>
-#include <utility>
+#include <type_traits>
 
 #include "archive/codecs/Bzip2Decoder.h"
 #include "archive/codecs/Deflate64Decoder.h"
@@ -36,13 +37,20 @@ constexpr std::uint64_t kLargeWindowFrom = 8ULL * 1024 * 1024;
 // A model grows by some hundred bytes for each that does not repeat what was before.
 constexpr std::uint64_t kLargeModelFrom = 64ULL * 1024;
 
+constexpr std::uint64_t kNever = kUnbounded;
+
 std::uint64_t multiplyBounded(std::uint64_t size, std::uint64_t factor) {
     return size > kUnbounded / factor ? kUnbounded : size * factor;
 }
 
-template <typename T, typename... Arguments>
-Result<std::unique_ptr<Decoder>> make(Arguments&&... arguments) {
-    std::unique_ptr<Decoder> decoder(new (std::nothrow) T(std::forward<Arguments>(arguments)...));
+template <typename T>
+Result<std::unique_ptr<Decoder>> make(const DecoderParameters& parameters) {
+    std::unique_ptr<Decoder> decoder;
+    if constexpr (std::is_default_constructible_v<T>) {
+        decoder.reset(new (std::nothrow) T());
+    } else {
+        decoder.reset(new (std::nothrow) T(parameters));
+    }
     if (decoder == nullptr) {
         return failure(ErrorCode::kOutOfMemory);
     }
@@ -53,89 +61,65 @@ Result<std::unique_ptr<Decoder>> make(Arguments&&... arguments) {
     return decoder;
 }
 
+// What is to be known of a method.
+struct Method {
+    std::uint16_t number = 0;
+    Result<std::unique_ptr<Decoder>> (*make)(const DecoderParameters& parameters) = nullptr;
+    // From over which size on it may need a large window.
+    std::uint64_t largeFrom = kNever;
+    // The most bytes that one can become; 0: no bound.
+    std::uint64_t mostGrowth = 0;
+};
+
+constexpr std::array kMethods = {
+    Method{format::kMethodDeflate, make<InflateDecoder>, kNever, kMostByDeflate},
+    Method{format::kMethodStored, make<StoredDecoder>, kNever, 1},
+    Method{format::kMethodDeflate64, make<Deflate64Decoder>, kNever, kMostByDeflate64},
+    Method{format::kMethodBzip2, make<Bzip2Decoder>},
+    Method{format::kMethodLzma, make<LzmaDecoder>, kLargeWindowFrom},
+    Method{format::kMethodZstandard, make<ZstandardDecoder>, kLargeWindowFrom},
+    Method{format::kMethodZstandardOld, make<ZstandardDecoder>, kLargeWindowFrom},
+    Method{format::kMethodXz, make<XzDecoder>, kLargeWindowFrom},
+    Method{format::kMethodPpmd, make<PpmdDecoder>, kLargeModelFrom},
+    Method{format::kMethodShrink, make<ShrinkDecoder>},
+    Method{format::kMethodReduce1, make<ReduceDecoder>},
+    Method{format::kMethodReduce2, make<ReduceDecoder>},
+    Method{format::kMethodReduce3, make<ReduceDecoder>},
+    Method{format::kMethodReduce4, make<ReduceDecoder>},
+    Method{format::kMethodImplode, make<ImplodeDecoder>},
+};
+
+// Null if there is none of that number.
+const Method* methodOf(std::uint16_t number) {
+    for (const Method& method : kMethods) {
+        if (method.number == number) {
+            return &method;
+        }
+    }
+    return nullptr;
+}
+
 }  // namespace
 
 bool isSupportedMethod(std::uint16_t method) {
-    switch (method) {
-        case format::kMethodStored:
-        case format::kMethodShrink:
-        case format::kMethodReduce1:
-        case format::kMethodReduce2:
-        case format::kMethodReduce3:
-        case format::kMethodReduce4:
-        case format::kMethodImplode:
-        case format::kMethodDeflate:
-        case format::kMethodDeflate64:
-        case format::kMethodBzip2:
-        case format::kMethodLzma:
-        case format::kMethodZstandardOld:
-        case format::kMethodZstandard:
-        case format::kMethodXz:
-        case format::kMethodPpmd:
-            return true;
-        default:
-            return false;
-    }
+    return methodOf(method) != nullptr;
 }
 
 bool needsLargeWindow(std::uint16_t method, std::uint64_t uncompressedSize) {
-    switch (method) {
-        case format::kMethodLzma:
-        case format::kMethodXz:
-        case format::kMethodZstandard:
-        case format::kMethodZstandardOld:
-            return uncompressedSize > kLargeWindowFrom;
-        case format::kMethodPpmd:
-            return uncompressedSize > kLargeModelFrom;
-        default:
-            return false;
-    }
+    const Method* const known = methodOf(method);
+    return known != nullptr && uncompressedSize > known->largeFrom;
 }
 
 std::uint64_t mostUncompressedSize(std::uint16_t method, std::uint64_t compressedSize) {
-    switch (method) {
-        case format::kMethodStored:
-            return compressedSize;
-        case format::kMethodDeflate:
-            return multiplyBounded(compressedSize, kMostByDeflate);
-        case format::kMethodDeflate64:
-            return multiplyBounded(compressedSize, kMostByDeflate64);
-        default:
-            return kUnbounded;
-    }
+    const Method* const known = methodOf(method);
+    return known == nullptr || known->mostGrowth == 0
+               ? kUnbounded
+               : multiplyBounded(compressedSize, known->mostGrowth);
 }
 
 Result<std::unique_ptr<Decoder>> makeDecoder(const DecoderParameters& parameters) {
-    switch (parameters.method) {
-        case format::kMethodStored:
-            return make<StoredDecoder>(parameters.uncompressedSize);
-        case format::kMethodShrink:
-            return make<ShrinkDecoder>(parameters);
-        case format::kMethodReduce1:
-        case format::kMethodReduce2:
-        case format::kMethodReduce3:
-        case format::kMethodReduce4:
-            return make<ReduceDecoder>(parameters);
-        case format::kMethodImplode:
-            return make<ImplodeDecoder>(parameters);
-        case format::kMethodDeflate:
-            return make<InflateDecoder>();
-        case format::kMethodDeflate64:
-            return make<Deflate64Decoder>();
-        case format::kMethodBzip2:
-            return make<Bzip2Decoder>();
-        case format::kMethodLzma:
-            return make<LzmaDecoder>(parameters);
-        case format::kMethodZstandardOld:
-        case format::kMethodZstandard:
-            return make<ZstandardDecoder>();
-        case format::kMethodXz:
-            return make<XzDecoder>();
-        case format::kMethodPpmd:
-            return make<PpmdDecoder>(parameters);
-        default:
-            return failure(ErrorCode::kUnsupportedMethod);
-    }
+    const Method* const known = methodOf(parameters.method);
+    return known == nullptr ? failure(ErrorCode::kUnsupportedMethod) : known->make(parameters);
 }
 
 }  // namespace pellumar::archive

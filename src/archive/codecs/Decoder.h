@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <memory>
 
 #include "archive/base/Bytes.h"
@@ -59,6 +60,8 @@ struct DecoderParameters {
     // of methods 1 to 6. A decoder touches no more memory for its window than this (but see
     // needsLargeWindow).
     std::uint64_t uncompressedSize = 0;
+    // For the window, in bytes: kOutOfMemory over it, and over kLargestWindow (PPMd: 256 MiB).
+    std::uint64_t mostMemory = std::numeric_limits<std::uint64_t>::max();
 };
 
 // Whether makeDecoder has a decoder for this method.

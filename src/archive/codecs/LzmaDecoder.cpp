@@ -24,7 +24,8 @@ constexpr std::uint64_t kUntilMarker = std::numeric_limits<std::uint64_t>::max()
 
 LzmaDecoder::LzmaDecoder(const DecoderParameters& parameters)
     : uncompressedSize_(parameters.uncompressedSize),
-      endMarker_((parameters.flags & format::kFlagLzmaEndMarker) != 0) {}
+      endMarker_((parameters.flags & format::kFlagLzmaEndMarker) != 0),
+      mostMemory_(std::min(parameters.mostMemory, kLargestWindow)) {}
 
 Result<Decoder::Step> LzmaDecoder::decode(ByteView input, MutableBytes output) {
     std::size_t taken = 0;
@@ -55,7 +56,7 @@ Result<> LzmaDecoder::begin() {
     const std::uint64_t dictionary =
         std::min<std::uint64_t>(loadLittleEndian<std::uint32_t>(header_, kDictionarySizeAt),
                                 std::max<std::uint64_t>(uncompressedSize_, LZMA_DICT_SIZE_MIN));
-    if (dictionary > kLargestWindow) {
+    if (dictionary > mostMemory_) {
         return failure(ErrorCode::kOutOfMemory);
     }
     const std::uint8_t properties = header_[kPropertiesAt];

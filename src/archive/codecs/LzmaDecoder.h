@@ -27,6 +27,7 @@ class LzmaDecoder final : public Decoder {
 
     std::uint64_t uncompressedSize_;
     bool endMarker_;
+    std::uint64_t mostMemory_;
     std::array<std::uint8_t, kHeaderSize> header_{};
     std::size_t headerSize_ = 0;
     LzmaStream stream_;

@@ -12,7 +12,7 @@ constexpr std::uint32_t kBottom = 1U << 15U;
 }  // namespace
 
 PpmdDecoder::PpmdDecoder(const DecoderParameters& parameters)
-    : size_(parameters.uncompressedSize) {}
+    : size_(parameters.uncompressedSize), mostMemory_(parameters.mostMemory) {}
 
 Result<Decoder::Step> PpmdDecoder::decode(ByteView input, MutableBytes output) {
     input_ = input;
@@ -78,7 +78,7 @@ Result<> PpmdDecoder::begin() {
     if (order < PpmdModel::kShortestOrder || whenFull > 1) {
         return failure(ErrorCode::kUnsupportedMethod);
     }
-    if (!model_.create(memory)) {
+    if (memory > mostMemory_ || !model_.create(memory)) {
         return failure(ErrorCode::kOutOfMemory);
     }
     model_.start(order,

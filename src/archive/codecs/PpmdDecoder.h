@@ -32,6 +32,7 @@ class PpmdDecoder final : public Decoder {
     void narrow(std::uint32_t start, std::uint32_t size);
 
     const std::uint64_t size_;
+    const std::uint64_t mostMemory_;
 
     ByteView input_;
     std::size_t position_ = 0;

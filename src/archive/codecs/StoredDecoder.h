@@ -9,7 +9,8 @@ namespace pellumar::archive {
 // Method 0: the bytes themselves. They do not say where they end, so the declared size does.
 class StoredDecoder final : public Decoder {
   public:
-    explicit StoredDecoder(std::uint64_t size) : size_(size), left_(size) {}
+    explicit StoredDecoder(const DecoderParameters& parameters)
+        : size_(parameters.uncompressedSize), left_(size_) {}
 
     [[nodiscard]] Result<Step> decode(ByteView input, MutableBytes output) override;
     [[nodiscard]] Result<> reset() override;

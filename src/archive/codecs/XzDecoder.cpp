@@ -10,7 +10,7 @@ constexpr std::uint64_t kBesideDictionary = 1024UL * 1024;
 }  // namespace
 
 Result<> XzDecoder::reset() {
-    return stream_.begin(lzma_stream_decoder(stream_.get(), kLargestWindow + kBesideDictionary, 0));
+    return stream_.begin(lzma_stream_decoder(stream_.get(), mostMemory_ + kBesideDictionary, 0));
 }
 
 }  // namespace pellumar::archive

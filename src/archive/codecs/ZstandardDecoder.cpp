@@ -2,12 +2,12 @@
 
 #include <zstd_errors.h>
 
+#include <algorithm>
+#include <bit>
+
 namespace pellumar::archive {
 
 namespace {
-
-constexpr int kWindowLogMax = 27;
-static_assert(kLargestWindow == 1ULL << static_cast<unsigned>(kWindowLogMax));
 
 ErrorCode errorOf(std::size_t result) {
     switch (ZSTD_getErrorCode(result)) {
@@ -21,6 +21,15 @@ ErrorCode errorOf(std::size_t result) {
         default:
             return ErrorCode::kDamagedData;
     }
+}
+
+// RFC 8878, 3.1.1.1.2.
+constexpr int kSmallestWindowLog = 10;
+
+// The largest window that fits, as libzstd is told it.
+int windowLog(std::uint64_t bytes) {
+    const auto largest = static_cast<int>(std::bit_width(bytes)) - 1;
+    return std::max(largest, kSmallestWindowLog);
 }
 
 }  // namespace
@@ -54,7 +63,7 @@ Result<> ZstandardDecoder::reset() {
     betweenFrames_ = false;
     // Neither fails between two streams and with a value in range.
     ZSTD_DCtx_reset(context_.get(), ZSTD_reset_session_only);
-    ZSTD_DCtx_setParameter(context_.get(), ZSTD_d_windowLogMax, kWindowLogMax);
+    ZSTD_DCtx_setParameter(context_.get(), ZSTD_d_windowLogMax, windowLog(mostMemory_));
     return {};
 }
 

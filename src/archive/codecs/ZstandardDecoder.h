@@ -12,6 +12,9 @@ namespace pellumar::archive {
 // reset().
 class ZstandardDecoder final : public Decoder {
   public:
+    explicit ZstandardDecoder(const DecoderParameters& parameters)
+        : mostMemory_(std::min(parameters.mostMemory, kLargestWindow)) {}
+
     [[nodiscard]] Result<Step> decode(ByteView input, MutableBytes output) override;
     [[nodiscard]] Result<> reset() override;
 
@@ -20,6 +23,7 @@ class ZstandardDecoder final : public Decoder {
         void operator()(ZSTD_DCtx* context) const { ZSTD_freeDCtx(context); }
     };
 
+    std::uint64_t mostMemory_;
     std::unique_ptr<ZSTD_DCtx, Free> context_;
     // The last byte consumed was the last of a frame, and the frame is all put out.
     bool betweenFrames_ = false;

@@ -93,20 +93,26 @@ bool agrees(const LocalFileHeader& local, const EntryData& data) {
 
 }  // namespace
 
-EntryReader::EntryReader(const ByteSource& file, const Password* password, OneShotInflater inflater)
+EntryReader::EntryReader(const ByteSource& file,
+                         const Password* password,
+                         std::uint64_t windowMemory,
+                         OneShotInflater inflater)
     : file_(file),
       password_(password),
+      windowMemory_(windowMemory),
       inflater_(std::move(inflater)),
       input_(std::make_unique_for_overwrite<std::uint8_t[]>(kInputSize)),
       output_(std::make_unique_for_overwrite<std::uint8_t[]>(kOutputSize)) {}
 
 Result<std::unique_ptr<EntryReader>> EntryReader::create(const ByteSource& file,
-                                                         const Password* password) {
+                                                         const Password* password,
+                                                         std::uint64_t windowMemory) {
     auto inflater = OneShotInflater::create();
     if (!inflater) {
         return passOn(inflater);
     }
-    return std::unique_ptr<EntryReader>(new EntryReader(file, password, std::move(*inflater)));
+    return std::unique_ptr<EntryReader>(
+        new EntryReader(file, password, windowMemory, std::move(*inflater)));
 }
 
 Result<> EntryReader::read(const EntryData& data,
@@ -319,7 +325,8 @@ Result<Decoder*> EntryReader::decoderFor(const EntryData& data) {
     }
     auto made = makeDecoder({.method = data.entry.method,
                              .flags = data.flags,
-                             .uncompressedSize = data.entry.uncompressedSize});
+                             .uncompressedSize = data.entry.uncompressedSize,
+                             .mostMemory = windowMemory_});
     if (!made) {
         return passOn(made);
     }

@@ -10,6 +10,7 @@
 #include "archive/base/Bytes.h"
 #include "archive/base/DataSink.h"
 #include "archive/base/Error.h"
+#include "archive/base/ExtractionOptions.h"
 #include "archive/codecs/Decoder.h"
 #include "archive/codecs/OneShotInflater.h"
 #include "archive/reading/EntryTable.h"
@@ -26,10 +27,11 @@ namespace pellumar::archive {
 class EntryReader {
   public:
     // `file` and `password`, which may be null, outlive the reader; other readers may use them at
-    // the same time.
+    // the same time. `windowMemory` is what a decoder may take for its window, in bytes.
     [[nodiscard]] static Result<std::unique_ptr<EntryReader>> create(
         const ByteSource& file,
-        const Password* password = nullptr);
+        const Password* password = nullptr,
+        std::uint64_t windowMemory = ExtractionLimits::kNone);
 
     // Of an encrypted entry: kWrongPassword by its check bytes, kEncrypted if there is no password.
     [[nodiscard]] Result<> checkPassword(const EntryData& data);
@@ -92,7 +94,10 @@ class EntryReader {
         bool ended = false;
     };
 
-    EntryReader(const ByteSource& file, const Password* password, OneShotInflater inflater);
+    EntryReader(const ByteSource& file,
+                const Password* password,
+                std::uint64_t windowMemory,
+                OneShotInflater inflater);
 
     [[nodiscard]] Result<> readUnnamed(const EntryData& data,
                                        bool skipChecksum,
@@ -133,6 +138,7 @@ class EntryReader {
 
     const ByteSource& file_;
     const Password* password_;
+    const std::uint64_t windowMemory_;
     OneShotInflater inflater_;
     std::unique_ptr<Decoder> inflateDecoder_;  // kept: nearly every large entry needs it
     std::unique_ptr<Decoder> otherDecoder_;

@@ -5,18 +5,26 @@ namespace pellumar::archive {
 namespace {
 
 constexpr unsigned kMostThreads = 8;
-// What a thread takes with the usual methods.
-constexpr std::uint64_t kThreadMemory = 1536UL * 1024;
+// What a thread takes for its buffers, and for the windows that it need not share.
+constexpr std::uint64_t kBuffers = 1536UL * 1024;
+constexpr std::uint64_t kWindow = 8UL * 1024 * 1024;
 
 std::size_t threadsFor(const ExtractionLimits& limits) {
     const unsigned wanted = limits.threads != 0
                                 ? limits.threads
                                 : std::min(std::thread::hardware_concurrency(), kMostThreads);
-    return static_cast<std::size_t>(std::clamp<std::uint64_t>(
-        wanted, 1, std::max<std::uint64_t>(1, limits.memory / kThreadMemory)));
+    const std::uint64_t most = std::max<std::uint64_t>(limits.memory / (kBuffers + kWindow), 1);
+    return static_cast<std::size_t>(std::clamp<std::uint64_t>(wanted, 1, most));
 }
 
 }  // namespace
+
+std::uint64_t windowMemory(const ExtractionLimits& limits, std::size_t threads) {
+    const std::uint64_t others = threads * kBuffers + (threads - 1) * kWindow;
+    return limits.memory == ExtractionLimits::kNone
+               ? limits.memory
+               : limits.memory - std::min(limits.memory, others);
+}
 
 ReaderThreads::ReaderThreads(const ByteSource& source, const ExtractionOptions& options)
     : source_(source), options_(options), readers_(threadsFor(options.limits)) {}
@@ -24,7 +32,8 @@ ReaderThreads::ReaderThreads(const ByteSource& source, const ExtractionOptions& 
 Result<EntryReader*> ReaderThreads::readerOf(std::size_t thread) {
     std::unique_ptr<EntryReader>& reader = readers_[thread];
     if (!reader) {
-        auto made = EntryReader::create(source_, options_.password);
+        auto made =
+            EntryReader::create(source_, options_.password, windowMemory(options_.limits, count()));
         if (!made) {
             return passOn(made);
         }
