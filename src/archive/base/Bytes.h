@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <cstring>
 #include <span>
+#include <string_view>
 #include <type_traits>
 
 // Views over raw bytes, and the little-endian integers that every ZIP record is made of
@@ -12,6 +13,14 @@ namespace pellumar::archive {
 
 using ByteView = std::span<const std::uint8_t>;
 using MutableBytes = std::span<std::uint8_t>;
+
+// The same bytes, looked at as the other.
+[[nodiscard]] inline std::string_view asText(ByteView bytes) {
+    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+}
+[[nodiscard]] inline ByteView asBytes(std::string_view text) {
+    return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
+}
 
 // Reads an unsigned little-endian integer at `offset`. The caller has checked that
 // `offset + sizeof(T)` lies within `bytes`.

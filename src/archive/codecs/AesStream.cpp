@@ -16,7 +16,7 @@ std::size_t keySize(unsigned strength) {
 }
 
 const std::uint8_t* bytesOf(const Password& password) {
-    return reinterpret_cast<const std::uint8_t*>(password.text().data());
+    return asBytes(password.text()).data();
 }
 
 // In words; the compiler takes several at once.

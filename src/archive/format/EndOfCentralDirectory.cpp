@@ -35,6 +35,24 @@ void appendZip64End(std::vector<std::uint8_t>& out,
 
 }  // namespace
 
+EndFields parseEndOfCentralDirectory(ByteView record) {
+    return {.disk = loadLittleEndian<std::uint16_t>(record, 4),
+            .directoryDisk = loadLittleEndian<std::uint16_t>(record, 6),
+            .entriesOnDisk = loadLittleEndian<std::uint16_t>(record, 8),
+            .entries = loadLittleEndian<std::uint16_t>(record, 10),
+            .directorySize = loadLittleEndian<std::uint32_t>(record, 12),
+            .directoryOffset = loadLittleEndian<std::uint32_t>(record, 16)};
+}
+
+EndFields parseZip64EndOfCentralDirectory(ByteView record) {
+    return {.disk = loadLittleEndian<std::uint32_t>(record, 16),
+            .directoryDisk = loadLittleEndian<std::uint32_t>(record, 20),
+            .entriesOnDisk = loadLittleEndian<std::uint64_t>(record, 24),
+            .entries = loadLittleEndian<std::uint64_t>(record, 32),
+            .directorySize = loadLittleEndian<std::uint64_t>(record, 40),
+            .directoryOffset = loadLittleEndian<std::uint64_t>(record, 48)};
+}
+
 void appendEndOfCentralDirectory(std::vector<std::uint8_t>& out,
                                  std::uint64_t entryCount,
                                  std::uint64_t directoryOffset,
@@ -52,7 +70,7 @@ void appendEndOfCentralDirectory(std::vector<std::uint8_t>& out,
     append(out, static_cast<std::uint32_t>(std::min<std::uint64_t>(directorySize, kMax32)));
     append(out, static_cast<std::uint32_t>(std::min<std::uint64_t>(directoryOffset, kMax32)));
     append(out, static_cast<std::uint16_t>(comment.size()));
-    append(out, ByteView(reinterpret_cast<const std::uint8_t*>(comment.data()), comment.size()));
+    append(out, asBytes(comment));
 }
 
 }  // namespace pellumar::archive::format

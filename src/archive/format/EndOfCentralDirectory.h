@@ -4,8 +4,27 @@
 #include <string_view>
 #include <vector>
 
+#include "archive/base/Bytes.h"
+
 // The records that close an archive and say where its central directory is.
 namespace pellumar::archive::format {
+
+// The fields of the end of central directory record that say where the directory is (4.3.16), or
+// those of the ZIP64 record (4.3.14).
+struct EndFields {
+    std::uint64_t disk = 0;
+    std::uint64_t directoryDisk = 0;
+    std::uint64_t entriesOnDisk = 0;
+    std::uint64_t entries = 0;
+    std::uint64_t directorySize = 0;
+    std::uint64_t directoryOffset = 0;
+
+    friend bool operator==(const EndFields&, const EndFields&) = default;
+};
+
+// Of a record that is there whole, its fixed part at least.
+[[nodiscard]] EndFields parseEndOfCentralDirectory(ByteView record);
+[[nodiscard]] EndFields parseZip64EndOfCentralDirectory(ByteView record);
 
 // Appends the end of central directory record (APPNOTE 4.3.16). Where a value does not fit into it,
 // the ZIP64 record (4.3.14) and its locator (4.3.15) go before. All of it belongs right behind the

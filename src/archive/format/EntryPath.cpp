@@ -1,19 +1,28 @@
 #include "archive/format/EntryPath.h"
 
+#include "archive/format/Utf8.h"
+#include "archive/format/ZipFormat.h"
+
 namespace pellumar::archive {
 
 namespace {
 
 constexpr std::string_view kSeparators = "/\\";
+constexpr std::string_view kWideBackslash = "\uFF3C";
+constexpr std::string_view kWideColon = "\uFF1A";
+constexpr std::string_view kPlain = "_";
 
 bool isLetter(char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
 }
 
+bool isDrive(std::string_view name) {
+    return name.size() >= 2 && isLetter(name[0]) && name[1] == ':';
+}
+
 bool isOutside(std::string_view name) {
     const bool absolute = kSeparators.find(name.front()) != std::string_view::npos;
-    const bool drive = name.size() >= 2 && isLetter(name[0]) && name[1] == ':';
-    return absolute || drive || name.find('\0') != std::string_view::npos;
+    return absolute || isDrive(name) || name.find('\0') != std::string_view::npos;
 }
 
 }  // namespace
@@ -45,6 +54,27 @@ Result<EntryPath> judgeEntryName(std::string_view name, std::string& storage) {
     }
     judged.path = differs ? std::string_view(storage) : name.substr(0, storage.size());
     return judged;
+}
+
+std::optional<std::string> portableName(std::string_view path) {
+    const bool utf8 = format::isUtf8(path);
+    const bool drive = isDrive(path);
+    std::string name;
+    name.reserve(path.size());
+    for (std::size_t i = 0; i < path.size(); ++i) {
+        if (path[i] == '\\') {
+            name += utf8 ? kWideBackslash : kPlain;
+        } else if (i == 1 && drive) {
+            name += utf8 ? kWideColon : kPlain;
+        } else {
+            name += path[i];
+        }
+    }
+    std::string storage;
+    if (name.size() > format::kMax16 || !judgeEntryName(name, storage)) {
+        return std::nullopt;
+    }
+    return name;
 }
 
 }  // namespace pellumar::archive

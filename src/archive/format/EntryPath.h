@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -22,5 +23,12 @@ struct EntryPath {
 //
 // `storage` takes the path where it differs from the name; where it does not, nothing is copied.
 [[nodiscard]] Result<EntryPath> judgeEntryName(std::string_view name, std::string& storage);
+
+// The name under which a file at this path, below some folder, goes into an archive: the path, but
+// for what is a name here and a way to another folder elsewhere. A "\" and the ":" of a beginning
+// like that of a drive ("C:x") become letters that look the same and are names everywhere (in names
+// that are not UTF-8, "_"). Nothing if the path is empty, absolute, longer than 65,535 bytes or has
+// a ".." component.
+[[nodiscard]] std::optional<std::string> portableName(std::string_view path);
 
 }  // namespace pellumar::archive

@@ -20,10 +20,6 @@ constexpr std::uint32_t kOwnerWrite = 0200;
 // Stored DEFLATE blocks cost five bytes each 65,535; a 1,024th covers that and every join.
 constexpr std::uint64_t kWorstGrowth = 1024;
 
-ByteView bytesOf(std::string_view text) {
-    return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
-}
-
 bool isAscii(std::string_view text) {
     return std::all_of(text.begin(), text.end(), [](char c) { return (c & 0x80) == 0; });
 }
@@ -67,7 +63,7 @@ void appendAesField(std::vector<std::uint8_t>& out, const EntryRecord& record) {
     }
     appendExtraFieldHeader(out, kExtraAes, kAesFieldSize);
     append(out, std::uint16_t{2});
-    append(out, bytesOf("AE"));
+    append(out, asBytes("AE"));
     append(out, record.aesStrength);
     append(out, record.method);
 }
@@ -122,7 +118,7 @@ void appendLocalFileHeader(std::vector<std::uint8_t>& out, const EntryRecord& re
     append(out, record.zip64Sizes ? kMax32 : low32(record.uncompressedSize));
     append(out, static_cast<std::uint16_t>(record.name.size()));
     append(out, static_cast<std::uint16_t>(extra.size()));
-    append(out, bytesOf(record.name));
+    append(out, asBytes(record.name));
     append(out, ByteView(extra));
 }
 
@@ -161,9 +157,9 @@ void appendCentralDirectoryHeader(std::vector<std::uint8_t>& out, const EntryRec
     append(out, std::uint16_t{0});  // internal attributes
     append(out, externalAttributes(record));
     append(out, low32(record.localHeaderOffset));
-    append(out, bytesOf(record.name));
+    append(out, asBytes(record.name));
     append(out, ByteView(extra));
-    append(out, bytesOf(record.comment));
+    append(out, asBytes(record.comment));
 }
 
 }  // namespace pellumar::archive::format

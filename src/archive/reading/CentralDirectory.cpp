@@ -101,10 +101,6 @@ bool isTooLong(const RawName& name) {
     return name.bytes.size() >= PATH_MAX || (said && said->size() >= PATH_MAX);
 }
 
-std::string_view textOf(ByteView bytes) {
-    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
-}
-
 // The Unix mode that the header holds, or 0 if it holds none.
 std::uint32_t unixModeOf(const CentralDirectoryHeader& header) {
     const std::uint32_t mode = header.externalAttributes >> kUnixModeShift;
@@ -333,7 +329,7 @@ class TableBuilder {
 
     // Keeps the name once where it begins with the path, which it nearly always does.
     void keepNames(const CentralDirectoryHeader& header, std::string_view path, EntryData& data) {
-        data.rawName = table_.keep(textOf(header.name));
+        data.rawName = table_.keep(asText(header.name));
         data.entry.path = data.rawName.starts_with(path) ? data.rawName.substr(0, path.size())
                                                          : table_.keep(path);
     }

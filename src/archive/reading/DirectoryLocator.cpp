@@ -5,6 +5,7 @@
 #include <optional>
 #include <vector>
 
+#include "archive/format/EndOfCentralDirectory.h"
 #include "archive/format/ZipFormat.h"
 #include "archive/reading/SignatureSearch.h"
 
@@ -14,41 +15,12 @@ namespace {
 
 using namespace format;
 
-// The fields of the end of central directory record that say where the directory is (4.3.16), or
-// those of the ZIP64 record (4.3.14).
-struct EndFields {
-    std::uint64_t disk = 0;
-    std::uint64_t directoryDisk = 0;
-    std::uint64_t entriesOnDisk = 0;
-    std::uint64_t entries = 0;
-    std::uint64_t directorySize = 0;
-    std::uint64_t directoryOffset = 0;
-};
-
 // A ZIP64 end of central directory record, found through its locator.
 struct Zip64End {
     EndFields fields;
     std::uint64_t position = 0;
     std::uint64_t claimedPosition = 0;
 };
-
-EndFields parseEnd(ByteView record) {
-    return {.disk = loadLittleEndian<std::uint16_t>(record, 4),
-            .directoryDisk = loadLittleEndian<std::uint16_t>(record, 6),
-            .entriesOnDisk = loadLittleEndian<std::uint16_t>(record, 8),
-            .entries = loadLittleEndian<std::uint16_t>(record, 10),
-            .directorySize = loadLittleEndian<std::uint32_t>(record, 12),
-            .directoryOffset = loadLittleEndian<std::uint32_t>(record, 16)};
-}
-
-EndFields parseZip64End(ByteView record) {
-    return {.disk = loadLittleEndian<std::uint32_t>(record, 16),
-            .directoryDisk = loadLittleEndian<std::uint32_t>(record, 20),
-            .entriesOnDisk = loadLittleEndian<std::uint64_t>(record, 24),
-            .entries = loadLittleEndian<std::uint64_t>(record, 32),
-            .directorySize = loadLittleEndian<std::uint64_t>(record, 40),
-            .directoryOffset = loadLittleEndian<std::uint64_t>(record, 48)};
-}
 
 // Whether each 16 or 32 bit field is masked or says the same as its 64 bit one.
 bool agree(const EndFields& small, const EndFields& large) {
@@ -61,12 +33,6 @@ bool agree(const EndFields& small, const EndFields& large) {
            same(small.entries, kMax16, large.entries) &&
            same(small.directorySize, kMax32, large.directorySize) &&
            same(small.directoryOffset, kMax32, large.directoryOffset);
-}
-
-bool fieldsAre(const EndFields& one, const EndFields& other) {
-    return one.disk == other.disk && one.directoryDisk == other.directoryDisk &&
-           one.entriesOnDisk == other.entriesOnDisk && one.entries == other.entries &&
-           one.directorySize == other.directorySize && one.directoryOffset == other.directoryOffset;
 }
 
 // Whether something in the record can only be known from a ZIP64 one.
@@ -101,7 +67,7 @@ Result<std::optional<EndFields>> zip64EndAt(const ByteSource& file, std::uint64_
     if (loadLittleEndian<std::uint32_t>(record) != kZip64EndOfCentralDirectorySignature) {
         return std::nullopt;
     }
-    return parseZip64End(record);
+    return parseZip64EndOfCentralDirectory(record);
 }
 
 // Whether the record at `position` reaches to the locator. The size field leaves out itself and the
@@ -144,7 +110,7 @@ Result<std::optional<Zip64End>> followLocator(const ByteSource& file,
         if (!*fields) {
             continue;
         }
-        if (end && !fieldsAre(end->fields, **fields)) {
+        if (end && end->fields != **fields) {
             return failure(ErrorCode::kDamagedDirectory, position);
         }
         if (!end) {
@@ -283,7 +249,7 @@ Result<DirectoryLocation> followExactly(const ByteSource& file,
 
 // Follows the record at `position` to its directory.
 Result<DirectoryLocation> follow(const ByteSource& file, std::uint64_t position, ByteView record) {
-    EndFields fields = parseEnd(record);
+    EndFields fields = parseEndOfCentralDirectory(record);
     auto zip64 = findZip64End(file, position, fields);
     if (!zip64) {
         return passOn(zip64);
@@ -428,7 +394,7 @@ std::size_t claimedVolumes(const ByteSource& file) {
             bytes.subspan(end - kEndOfCentralDirectorySize, kEndOfCentralDirectorySize);
         if (loadLittleEndian<std::uint32_t>(record) == kEndOfCentralDirectorySignature &&
             loadLittleEndian<std::uint16_t>(record, 20) == bytes.size() - end) {
-            return static_cast<std::size_t>(parseEnd(record).disk + 1);
+            return static_cast<std::size_t>(parseEndOfCentralDirectory(record).disk + 1);
         }
     }
     return 0;

@@ -56,8 +56,7 @@ bool flagsAgree(const LocalFileHeader& local, const EntryData& data) {
 }
 
 bool namesAgree(const LocalFileHeader& local, const EntryData& data) {
-    const std::string_view name(reinterpret_cast<const char*>(local.name.data()),
-                                local.name.size());
+    const std::string_view name = asText(local.name);
     const bool plain = ((local.flags ^ data.flags) & kFlagUtf8) == 0 &&
                        !findExtraField(local.extra, kExtraUnicodePath);
     return (plain && name == data.rawName) ||

@@ -15,14 +15,6 @@ namespace {
 // What Windows uses beside the charsets that a vote knows: its western and central European ones.
 constexpr std::array kOtherCharsets = {"CP850", "CP852", "CP1250", "CP1252"};
 
-std::string_view textIn(ByteView bytes) {
-    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
-}
-
-ByteView bytesIn(std::string_view text) {
-    return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
-}
-
 // Whether `name` leads to the entry's path, and to a folder just if the entry is one by its name.
 bool leadsTo(std::string_view name, std::string_view path, bool isFolder) {
     std::string storage;
@@ -33,7 +25,7 @@ bool leadsTo(std::string_view name, std::string_view path, bool isFolder) {
 // Whether `accept` takes one of the texts that the bytes can spell.
 template <typename Accept>
 bool anyReading(ByteView bytes, Accept accept) {
-    const std::string_view text = textIn(bytes);
+    const std::string_view text = asText(bytes);
     if (format::isUtf8(text) && accept(text)) {
         return true;
     }
@@ -59,13 +51,13 @@ bool meansTheSame(const RawName& local, const EntryData& data) {
     const bool isFolder = data.namedAsFolder;
     const auto said = saidLetters(local);
     if (!said) {
-        return textIn(local.bytes) == data.rawName ||
+        return asText(local.bytes) == data.rawName ||
                anyReading(local.bytes,
                           [&](std::string_view text) { return leadsTo(text, path, isFolder); });
     }
     // Where the directory's letters were guessed, the guess may be wrong.
     return leadsTo(*said, path, isFolder) ||
-           (data.legacyName && anyReading(bytesIn(data.rawName), [&](std::string_view text) {
+           (data.legacyName && anyReading(asBytes(data.rawName), [&](std::string_view text) {
                 std::string storage;
                 const auto judged = judgeEntryName(text, storage);
                 return judged && leadsTo(*said, judged->path, judged->isFolder);

@@ -23,14 +23,6 @@ namespace {
 // More bytes than this do not make the vote surer.
 constexpr std::size_t kLargestSample = 16UL * 1024;
 
-std::string_view asText(ByteView bytes) {
-    return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
-}
-
-ByteView asBytes(std::string_view text) {
-    return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
-}
-
 // The name in the Unicode path field: version 1, CRC-32 of the header's name, name (4.6.9).
 std::optional<std::string_view> unicodePath(const RawName& name) {
     constexpr std::size_t kHeader = 5;

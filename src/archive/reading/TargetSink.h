@@ -16,7 +16,7 @@ class TargetSink final : public DataSink {
         if (target_.size() + bytes.size() >= PATH_MAX) {
             return failure(ErrorCode::kUnsafeLink);
         }
-        target_.append(reinterpret_cast<const char*>(bytes.data()), bytes.size());
+        target_.append(asText(bytes));
         return {};
     }
 

@@ -8,16 +8,16 @@
 #include "archive/base/Crc32.h"
 #include "archive/base/ProgressTeller.h"
 #include "archive/codecs/Encryptor.h"
+#include "archive/format/EntryPath.h"
 #include "archive/format/EntryRecord.h"
 #include "archive/format/Utf8.h"
 #include "archive/format/ZipFormat.h"
 #include "archive/writing/ArchiveOutput.h"
-#include "archive/writing/CentralDirectory.h"
 #include "archive/writing/ChunkCompressor.h"
 #include "archive/writing/CompressionQueue.h"
 #include "archive/writing/CompressionThreads.h"
 #include "archive/writing/DeflateCompressor.h"
-#include "archive/writing/EntryPath.h"
+#include "archive/writing/DirectoryWriter.h"
 #include "archive/writing/StreamPieces.h"
 #include "archive/writing/TakenNames.h"
 
@@ -204,7 +204,7 @@ class ArchiveWriter::State {
     ArchiveOutput output_;
     const Settings settings_;
     ProgressTeller progress_;
-    CentralDirectory directory_;
+    DirectoryWriter directory_;
     TakenNames names_;
     Warnings warnings_;
     std::vector<std::uint8_t> header_;

@@ -6,8 +6,8 @@
 #include <utility>
 
 #include "archive/base/WithinMemory.h"
+#include "archive/format/EntryPath.h"
 #include "archive/writing/ChunkCompressor.h"
-#include "archive/writing/EntryPath.h"
 
 namespace pellumar::archive {
 

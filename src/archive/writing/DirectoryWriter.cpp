@@ -1,4 +1,4 @@
-#include "archive/writing/CentralDirectory.h"
+#include "archive/writing/DirectoryWriter.h"
 
 #include <algorithm>
 
@@ -12,7 +12,7 @@ constexpr std::size_t kBlockSize = 64UL * 1024;
 
 }  // namespace
 
-void CentralDirectory::add(const format::EntryRecord& record) {
+void DirectoryWriter::add(const format::EntryRecord& record) {
     std::vector<std::uint8_t> header;
     format::appendCentralDirectoryHeader(header, record);
     if (blocks_.empty() || blocks_.back().size() + header.size() > blocks_.back().capacity()) {
@@ -22,7 +22,7 @@ void CentralDirectory::add(const format::EntryRecord& record) {
     ++entries_;
 }
 
-Result<> CentralDirectory::writeTo(ArchiveOutput& output, std::string_view comment) {
+Result<> DirectoryWriter::writeTo(ArchiveOutput& output, std::string_view comment) {
     const std::uint64_t start = output.position();
     for (std::vector<std::uint8_t>& block : blocks_) {
         if (auto result = output.append(block); !result) {

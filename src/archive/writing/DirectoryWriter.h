@@ -13,7 +13,7 @@ namespace pellumar::archive {
 
 // The central directory while it grows: the headers in the bytes they will have in the archive,
 // which is the most compact form, in blocks, so that no growth copies them. Belongs to one thread.
-class CentralDirectory {
+class DirectoryWriter {
   public:
     void add(const format::EntryRecord& record);
 
