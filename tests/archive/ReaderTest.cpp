@@ -250,6 +250,7 @@ TEST_F(ReaderTest, ProgressIsToldAndAJobCanBeEnded) {
     for (int i = 0; i < 40; ++i) {
         zip.add(deflated(std::to_string(i), prose(200'000, static_cast<unsigned>(i))));
     }
+    zip.add(folder("folder/")).add(symbolicLink("link", "0"));
     const Reader archive = reader(zip);
     Progress last;
     std::stop_source stop;
@@ -259,8 +260,8 @@ TEST_F(ReaderTest, ProgressIsToldAndAJobCanBeEnded) {
                                          last = now;
                                      }};
     ASSERT_TRUE(archive.extractAll(destination(), watching));
-    EXPECT_EQ(last.entriesDone, 40U);
-    EXPECT_EQ(last.entriesTotal, 40U);
+    EXPECT_EQ(last.entriesDone, 42U);
+    EXPECT_EQ(last.entriesTotal, 42U);
     EXPECT_EQ(last.bytesDone, 8'000'000U);
     EXPECT_EQ(last.bytesTotal, 8'000'000U);
 
@@ -269,7 +270,8 @@ TEST_F(ReaderTest, ProgressIsToldAndAJobCanBeEnded) {
     EXPECT_EQ(archive.extractAll(home() / "ended", ending).error().code, ErrorCode::kCancelled);
     EXPECT_EQ(archive.test({.stop = stop.get_token()}).error().code, ErrorCode::kCancelled);
     for (const auto& file : std::filesystem::directory_iterator(home() / "ended")) {
-        EXPECT_EQ(file.file_size(), 200'000U) << "no part of a file stands";
+        EXPECT_TRUE(file.is_directory() || file.file_size() == 200'000)
+            << "no part of a file stands";
     }
 }
 

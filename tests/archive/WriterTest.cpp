@@ -137,17 +137,47 @@ TEST_F(WriterTest, EverySourceGoesIntoAPipe) {
     expectSound();
 }
 
-TEST_F(WriterTest, AnOutputThatCannotBeTakenBackEndsWithAFailedEntry) {
-    struct Memory final : ByteOutput {
-        explicit Memory(std::string* to) : all(to) {}
-        Result<> write(ByteView bytes) override {
-            all->append(bytes.begin(), bytes.end());
-            return {};
+// Where an archive goes that cannot be gone back in.
+struct MemoryOutput final : ByteOutput {
+    explicit MemoryOutput(std::string* to) : all(to) {}
+    Result<> write(ByteView bytes) override {
+        all->append(asText(bytes));
+        return {};
+    }
+    std::string* all;
+};
+
+TEST_F(WriterTest, EncryptedEntriesGoOutInOneGo) {
+    for (const NewEncryption way : {NewEncryption::kAes256, NewEncryption::kTraditional}) {
+        std::string out;
+        auto writer = Writer::toOutput(std::make_unique<MemoryOutput>(&out));
+        ASSERT_TRUE(writer);
+        std::vector<NewEntry> entries = {
+            buffer("small", "x"),
+            file("large", sample(SampleKind::kText, 3'000'000)),
+            stream("stream", sample(SampleKind::kText, 2'000'000), 999)};
+        for (NewEntry& entry : entries) {
+            entry.options.password = std::make_shared<const Password>("secret");
+            entry.options.encryption = way;
         }
-        std::string* all;
-    };
+        const auto added = writer->addAll(entries);
+        ASSERT_TRUE(added) << added.error().describe();
+        ASSERT_TRUE(writer->close());
+        test::writeFile(archivePath(), std::string_view(out));
+        const auto tested = test::runProcess({"7zz", "t", "-bd", "-psecret", archivePath()});
+        EXPECT_EQ(tested.exitCode, 0) << tested.output;
+        const Password password("secret");
+        const auto archive = Reader::open(archivePath());
+        ASSERT_TRUE(archive);
+        const auto wrong = archive->test({.password = &password});
+        ASSERT_TRUE(wrong);
+        EXPECT_TRUE(wrong->empty()) << (*wrong)[0].describe();
+    }
+}
+
+TEST_F(WriterTest, AnOutputThatCannotBeTakenBackEndsWithAFailedEntry) {
     std::string out;
-    auto writer = Writer::toOutput(std::make_unique<Memory>(&out));
+    auto writer = Writer::toOutput(std::make_unique<MemoryOutput>(&out));
     ASSERT_TRUE(writer);
     ASSERT_TRUE(writer->add(buffer("a", "x")));
     // Found out before anything has left.

@@ -20,9 +20,9 @@ void ProgressTeller::addBytes(std::uint64_t bytes, std::string_view entry) {
     }
 }
 
-void ProgressTeller::addEntry(std::string_view entry) {
+void ProgressTeller::addEntry(std::string_view entry, std::size_t count) {
     if (isHeard()) {
-        entries_.fetch_add(1, std::memory_order_relaxed);
+        entries_.fetch_add(count, std::memory_order_relaxed);
         tellIfDue(entry);
     }
 }

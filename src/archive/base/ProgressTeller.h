@@ -20,7 +20,8 @@ class ProgressTeller {
     void expect(std::size_t entries, std::uint64_t bytes);
 
     void addBytes(std::uint64_t bytes, std::string_view entry);
-    void addEntry(std::string_view entry);
+    // Or several of which that is the last.
+    void addEntry(std::string_view entry, std::size_t count = 1);
     // Tells the state at the end.
     void finish();
 

@@ -108,6 +108,7 @@ class Extraction {
         if (auto made = folders_.makeLinks(plan_.links, links_, options_.existing, report); !made) {
             return passOn(made);
         }
+        progress_.addEntry({}, plan_.folders.size() + plan_.links.size());
         folders_.restoreMetadata(plan_.folders, plan_.warnings);
         if (options_.sync && ::syncfs(tree_.descriptor()) != 0) {
             return systemFailure(ErrorCode::kWriteFailed);
