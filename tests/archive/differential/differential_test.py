@@ -29,7 +29,7 @@ LARGEST = 16 << 20
 # Why an archive is refused that two others take; docs/security.md says more.
 ACCOUNTED = ["headers disagree", "damaged central directory", "overlaps another entry",
              "declared sizes are not true", "unsafe name", "symbolic link that leaves",
-             "both a file and a folder", "name too long", "unsupported compression method",
+             "volume of the archive is missing", "both a file and a folder", "name too long", "unsupported compression method",
              "encrypted, needs", "spans several disks", "larger unpacked than", "truncated"]
 
 
@@ -77,6 +77,13 @@ for seven in ("7zz", "7z"):
         break
 
 
+def spelled(name):
+    try:
+        return name.decode()
+    except UnicodeDecodeError:
+        return name
+
+
 def judge(archive):
     """What came of it: a word to count, and a complaint if it is not right."""
     found = collections.Counter()
@@ -101,6 +108,8 @@ def judge(archive):
         return ("nobody agrees, " + ("refused" if complaint else "taken")), None
     if complaint is None:
         # Others leave a name's oddities in, or a link out; what they have in common counts.
+        if any(isinstance(spelled(name), bytes) for key in agreed for name, _ in key):
+            return "names without UTF-8, of which we make letters", None
         return "agrees", None if mine in agreed else f"{trees[agreed[0]]} find otherwise"
     for words in ACCOUNTED:
         if words in complaint:

@@ -39,26 +39,27 @@ bool hasFailedAllocation() {
 
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 
-void* operator new(std::size_t size) {
+// Not inline: g++ 12 would see a free for what new has given.
+[[gnu::noinline]] void* operator new(std::size_t size) {
     void* const memory = isToFail() ? nullptr : std::malloc(size == 0 ? 1 : size);
     if (memory == nullptr) {
         throw std::bad_alloc();
     }
     return memory;
 }
-void* operator new[](std::size_t size) {
+[[gnu::noinline]] void* operator new[](std::size_t size) {
     return operator new(size);
 }
-void operator delete(void* memory) noexcept {
+[[gnu::noinline]] void operator delete(void* memory) noexcept {
     std::free(memory);
 }
-void operator delete[](void* memory) noexcept {
+[[gnu::noinline]] void operator delete[](void* memory) noexcept {
     std::free(memory);
 }
-void operator delete(void* memory, std::size_t /*size*/) noexcept {
+[[gnu::noinline]] void operator delete(void* memory, std::size_t /*size*/) noexcept {
     std::free(memory);
 }
-void operator delete[](void* memory, std::size_t /*size*/) noexcept {
+[[gnu::noinline]] void operator delete[](void* memory, std::size_t /*size*/) noexcept {
     std::free(memory);
 }
 
