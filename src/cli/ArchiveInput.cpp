@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <csignal>
+#include <cstdlib>
 #include <optional>
 #include <string_view>
 #include <utility>
@@ -90,6 +91,8 @@ Indices entriesOf(const Reader& reader, const std::string& name, ArchiveInput::N
 
 ArchiveInput::Outcome<ArchiveInput> ArchiveInput::open(const std::filesystem::path& path,
                                                        Messages& messages) {
+    // With the zone unset, the system would look for its file anew for each entry's time.
+    ::setenv("TZ", ":/etc/localtime", 0);
     std::string name = path == kStandardStream ? "standard input" : path.native();
     if (const std::optional<std::string> reason = whyNone(path)) {
         return tl::unexpected(messages.fail(name + ": " + *reason));

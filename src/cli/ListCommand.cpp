@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 #include <span>
 #include <string>
 
@@ -34,8 +33,6 @@ void printTable(const Reader& reader, Indices entries, Output& output) {
     std::uint64_t size = 0;
     std::uint64_t packed = 0;
     std::string line;
-    // With the zone unset, the system would look for its file anew with each entry.
-    ::setenv("TZ", ":/etc/localtime", 0);
     output.append(tableHeading());
     for (const std::size_t index : entries) {
         line.clear();
