@@ -46,8 +46,10 @@ class ArchiveInput {
         const std::filesystem::path& file) const;
 
     // Says what went wrong with it.
-    int fail(const std::string& reason) const { return messages_->fail(name_ + ": " + reason); }
-    int fail(const archive::Error& error) const { return fail(error.describe()); }
+    [[nodiscard]] int fail(const std::string& reason) const {
+        return messages_->fail(name_ + ": " + reason);
+    }
+    [[nodiscard]] int fail(const archive::Error& error) const { return fail(error.describe()); }
 
   private:
     ArchiveInput(archive::Reader reader, std::string name, Messages& messages)

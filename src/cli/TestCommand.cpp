@@ -41,7 +41,7 @@ int testArchive(const std::filesystem::path& path,
         return input->fail(faults.error());
     }
     for (const archive::Error& fault : *faults) {
-        input->fail(fault);
+        messages.fail(input->name() + ": " + fault.describe());
     }
     if (!faults->empty()) {
         return kExitFailure;
