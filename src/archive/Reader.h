@@ -30,6 +30,8 @@ class EntryStream {
   public:
     EntryStream(EntryStream&&) noexcept;
     EntryStream& operator=(EntryStream&&) noexcept;
+    EntryStream(const EntryStream&) = delete;
+    EntryStream& operator=(const EntryStream&) = delete;
     ~EntryStream();
 
     // Puts the next bytes into `buffer`, which is not empty, and returns how many: fewer than asked
@@ -71,6 +73,8 @@ class Reader {
 
     Reader(Reader&&) noexcept;
     Reader& operator=(Reader&&) noexcept;
+    Reader(const Reader&) = delete;
+    Reader& operator=(const Reader&) = delete;
     ~Reader();
 
     // ---- The list, in the order of the central directory

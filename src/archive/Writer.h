@@ -65,6 +65,8 @@ class Writer {
 
     Writer(Writer&&) noexcept;
     Writer& operator=(Writer&&) noexcept;
+    Writer(const Writer&) = delete;
+    Writer& operator=(const Writer&) = delete;
     ~Writer();
 
     // Adds one entry. On an error nothing of it is in the archive, and the next may be added; after
