@@ -127,7 +127,7 @@ Result<> Writer::addAll(const std::vector<NewEntry>& entries, const AfterEach& a
         writer_->expectEntries(entries.size());
         announce(entries, 0);
         for (std::size_t i = 0; i < entries.size();) {
-            const Result<> added = add(entries[i]);
+            Result<> added = add(entries[i]);
             const Next otherwise = added ? Next::kGoOn : Next::kStop;
             const Next next = afterEach ? afterEach(i, added) : otherwise;
             if (next == Next::kStop) {

@@ -1,76 +1,54 @@
 #include "archive/base/Error.h"
 
+#include <array>
 #include <cerrno>
 #include <system_error>
 
 namespace pellumar::archive {
 
+namespace {
+
+// In the order of the codes.
+constexpr std::array<std::string_view, 31> kDescriptions = {
+    "invalid argument",
+    "cancelled",
+    "not in the archive",
+    "over the limits that are set",
+    "cannot be opened",
+    "cannot be read",
+    "cannot be written",
+    "no space left",
+    "already exists",
+    "needs more memory than is allowed",
+    "volume of the archive is missing",
+    "not a ZIP archive",
+    "truncated",
+    "damaged central directory",
+    "spans several disks",
+    "larger unpacked than the free space",
+    "unsafe name",
+    "name too long",
+    "both a file and a folder",
+    "symbolic link that leaves the destination",
+    "encrypted, needs a password",
+    "wrong password",
+    "unsupported compression method",
+    "overlaps another entry or the directory",
+    "declared sizes are not true",
+    "headers disagree",
+    "damaged data",
+    "wrong checksum",
+    "source cannot be read",
+    "source is neither a file nor a folder",
+    "source has changed, or is not as long as it claims",
+};
+static_assert(kDescriptions.size() == static_cast<std::size_t>(ErrorCode::kSourceChanged) + 1);
+
+}  // namespace
+
 std::string_view describe(ErrorCode code) {
-    switch (code) {
-        case ErrorCode::kInvalidArgument:
-            return "invalid argument";
-        case ErrorCode::kCancelled:
-            return "cancelled";
-        case ErrorCode::kNoSuchEntry:
-            return "not in the archive";
-        case ErrorCode::kOverLimit:
-            return "over the limits that are set";
-        case ErrorCode::kOpenFailed:
-            return "cannot be opened";
-        case ErrorCode::kReadFailed:
-            return "cannot be read";
-        case ErrorCode::kWriteFailed:
-            return "cannot be written";
-        case ErrorCode::kNoSpace:
-            return "no space left";
-        case ErrorCode::kAlreadyExists:
-            return "already exists";
-        case ErrorCode::kOutOfMemory:
-            return "needs more memory than is allowed";
-        case ErrorCode::kVolumeMissing:
-            return "volume of the archive is missing";
-        case ErrorCode::kNotAnArchive:
-            return "not a ZIP archive";
-        case ErrorCode::kTruncated:
-            return "truncated";
-        case ErrorCode::kDamagedDirectory:
-            return "damaged central directory";
-        case ErrorCode::kMultipleDisks:
-            return "spans several disks";
-        case ErrorCode::kTooLarge:
-            return "larger unpacked than the free space";
-        case ErrorCode::kUnsafeName:
-            return "unsafe name";
-        case ErrorCode::kNameTooLong:
-            return "name too long";
-        case ErrorCode::kConflictingNames:
-            return "both a file and a folder";
-        case ErrorCode::kUnsafeLink:
-            return "symbolic link that leaves the destination";
-        case ErrorCode::kEncrypted:
-            return "encrypted, needs a password";
-        case ErrorCode::kWrongPassword:
-            return "wrong password";
-        case ErrorCode::kUnsupportedMethod:
-            return "unsupported compression method";
-        case ErrorCode::kOverlap:
-            return "overlaps another entry or the directory";
-        case ErrorCode::kSizeMismatch:
-            return "declared sizes are not true";
-        case ErrorCode::kHeaderMismatch:
-            return "headers disagree";
-        case ErrorCode::kDamagedData:
-            return "damaged data";
-        case ErrorCode::kChecksumMismatch:
-            return "wrong checksum";
-        case ErrorCode::kSourceUnreadable:
-            return "source cannot be read";
-        case ErrorCode::kSourceNotSupported:
-            return "source is neither a file nor a folder";
-        case ErrorCode::kSourceChanged:
-            return "source has changed, or is not as long as it claims";
-    }
-    return "unknown error";
+    const auto index = static_cast<std::size_t>(code);
+    return index < kDescriptions.size() ? kDescriptions[index] : "unknown error";
 }
 
 namespace {
