@@ -84,7 +84,9 @@ class Extraction {
           isWatched_(options.progress || options.stop.stop_possible() ||
                      options.limits.bytes != ExtractionLimits::kNone),
           threads_(source, options),
-          links_([this](std::string_view path) { return plan_.holdsFolder(path); }) {}
+          links_([this](std::string_view path) { return plan_.holdsFolder(path); },
+                 options.existing != ExistingFiles::kSkip &&
+                     options.existing != ExistingFiles::kRename) {}
 
     Result<ExtractionReport> run() {
         if (auto affordable = checkCost(); !affordable) {

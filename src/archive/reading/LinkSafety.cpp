@@ -100,13 +100,14 @@ bool LinkSafety::staysInside(std::string_view path) {
         if (lookedUp_ > kMostLookedUp) {
             return false;
         }
-        const auto link = links_.find(place);
+        const auto link = allStand_ ? links_.find(place) : links_.end();
         if (link == links_.end()) {
             if (isFolder_(place)) {
                 continue;
             }
             // Nobody knows what this will be: to the file system its name may be that of a link,
-            // and climbing from there would lead elsewhere. Descending is as safe as that link.
+            // or another link than the archive's stands there, and climbing from there would lead
+            // elsewhere. Descending is as safe as that link.
             return climbsInFront(std::string_view(rest).substr(at)) == 0U;
         }
         if (++linksFollowed > kMostLinks) {

@@ -21,9 +21,9 @@ class LinkSafety {
     static constexpr std::size_t kMostLookedUp = 256UL * 1024 * 1024;
 
     // `isFolder` says of a path whether a folder, and no link, will stand there before any link is
-    // made.
-    explicit LinkSafety(std::function<bool(std::string_view)> isFolder)
-        : isFolder_(std::move(isFolder)) {}
+    // made; `allStand` whether every link will stand under its own path, or something else may.
+    explicit LinkSafety(std::function<bool(std::string_view)> isFolder, bool allStand = true)
+        : isFolder_(std::move(isFolder)), allStand_(allStand) {}
 
     // False, and nothing kept, if the targets together become too long to be kept.
     [[nodiscard]] bool add(std::string_view path, std::string target);
@@ -44,6 +44,7 @@ class LinkSafety {
     [[nodiscard]] bool staysInside(std::string_view path);
 
     std::function<bool(std::string_view)> isFolder_;
+    bool allStand_;
     std::unordered_map<std::string_view, std::string> links_;
     std::size_t targetBytes_ = 0;
     std::size_t lookedUp_ = 0;

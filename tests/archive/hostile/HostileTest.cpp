@@ -7,10 +7,12 @@
 #include <string>
 
 #include "archive/Archive.h"
+#include "archive/Reader.h"
 #include "archive/base/File.h"
 #include "archive/hostile/Deceit.h"
 #include "support/FileContents.h"
 #include "support/TemporaryFolder.h"
+#include "support/ZipBuilder.h"
 
 namespace pellumar::archive {
 namespace {
@@ -63,6 +65,21 @@ class HostileTest : public testing::Test {
         if (Clock::now() - start > kPatience) {
             return "it took too long";
         }
+        taken_ += report ? 1 : 0;
+        std::string harm = harmIn(report.has_value());
+        clear();
+        return harm;
+    }
+
+    // Unpacks beside a link that stands there already.
+    std::string harmBeside(const std::string& target,
+                           const std::string& bytes,
+                           ExistingFiles existing) {
+        archive_.hold(bytes);
+        fs::create_directories(out());
+        fs::create_symlink(target, out() / "x");
+        const auto reader = Reader::open(archive_.path());
+        const auto report = reader->extractAll(out(), {.existing = existing});
         taken_ += report ? 1 : 0;
         std::string harm = harmIn(report.has_value());
         clear();
@@ -138,6 +155,30 @@ TEST_F(HostileTest, NoDeceitDoesHarm) {
     EXPECT_EQ(harmful, 0U);
     EXPECT_GT(tried * kStride, 10'000U);
     std::printf("%zu archives, %zu of them taken\n", tried, taken());
+}
+
+// A link of the archive's that is judged by way of another one, in whose place something else stays.
+TEST_F(HostileTest, NoLinkLeavesByWayOfOneThatStandsThere) {
+    std::size_t tried = 0;
+    for (const std::string standing : {".", "a", "a/b", "nowhere"}) {
+        for (const std::string x : {".", "a", "a/b", "a/b/..", "y"}) {
+            for (const std::string y : {"x", "x/a", "x/..", "x/../..", "x/a/../..", "a/../x/../.."}) {
+                const std::string archive = test::ZipBuilder()
+                                                .add(test::folder("a/b/"))
+                                                .add(test::symbolicLink("x", x))
+                                                .add(test::symbolicLink("y", y))
+                                                .build();
+                for (const auto existing : {ExistingFiles::kOverwrite,
+                                            ExistingFiles::kSkip,
+                                            ExistingFiles::kRename}) {
+                    ++tried;
+                    EXPECT_EQ(harmBeside(standing, archive, existing), "")
+                        << standing << ": " << x << ", " << y;
+                }
+            }
+        }
+    }
+    EXPECT_GT(taken(), tried / 3);
 }
 
 }  // namespace
