@@ -128,6 +128,10 @@ bool UnfinishedFile::moveFromTemporary(const std::string& name, Existing existin
 }
 
 void UnfinishedFile::discard() {
+    // Where it cannot be removed it takes no room.
+    if (!temporary_.empty() && file_.isOpen()) {
+        static_cast<void>(file_.truncate(0));
+    }
     // Closed first: a network file system keeps an open file under another name when it is removed.
     file_ = File();
     if (!temporary_.empty()) {

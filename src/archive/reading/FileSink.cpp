@@ -26,6 +26,10 @@ FileSink::FileSink(int folder, const Entry& entry, ExistingFiles existing)
 
 FileSink::~FileSink() {
     if (named_) {
+        // Where the name cannot be taken back, no part of the data stays under it.
+        if (file_.isOpen()) {
+            static_cast<void>(file_.truncate(0));
+        }
         // A network file system keeps an open file under another name when it is removed.
         file_ = File();
         ::unlinkat(folder_, name_.c_str(), 0);
@@ -112,20 +116,30 @@ Result<> FileSink::nameUnfinished() {
 }
 
 Result<> FileSink::finish(bool* restored) {
-    if (unfinished_.isOpen()) {
-        if (auto named = nameUnfinished(); !named) {
-            return named;
-        }
-        file_ = std::move(unfinished_.file());
-        named_ = true;
-    }
+    const File& file = named_ ? file_ : unfinished_.file();
     const std::array<timespec, 2> times = {{{.tv_sec = 0, .tv_nsec = UTIME_OMIT}, entry_.modified}};
-    *restored = ::futimens(file_.descriptor(), times.data()) == 0;
+    *restored = ::futimens(file.descriptor(), times.data()) == 0;
+    if (!named_) {
+        return finishUnfinished();
+    }
     if (auto closed = file_.close(); !closed) {
         return closed;
     }
     named_ = false;
     return {};
+}
+
+Result<> FileSink::finishUnfinished() {
+    // What closing has to tell, some file systems that data could not be written, has to be known
+    // before another file is replaced. To get its name this one has to be open.
+    File copy(::fcntl(unfinished_.file().descriptor(), F_DUPFD_CLOEXEC, 0));
+    if (!copy.isOpen()) {
+        return systemFailure(ErrorCode::kWriteFailed);
+    }
+    if (auto closed = copy.close(); !closed) {
+        return closed;
+    }
+    return nameUnfinished();
 }
 
 }  // namespace pellumar::archive

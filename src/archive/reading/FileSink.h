@@ -33,8 +33,8 @@ class FileSink final : public DataSink {
     [[nodiscard]] Result<> write(ByteView bytes) override;
     [[nodiscard]] Result<> writeVerified(ByteView bytes) override;
 
-    // Sets the time, gives the file its name and closes; kAlreadyExists if that was taken
-    // meanwhile. `restored` becomes false if the system refused the time: that is no error, since
+    // Sets the time and gives the file its name; kAlreadyExists if that was taken meanwhile. After a
+    // failure what stood there under the name stands there still. `restored` becomes false if the system refused the time: that is no error, since
     // the data is whole. The permissions are the entry's, less what the user's umask or the
     // folder's access list takes off new files.
     [[nodiscard]] Result<> finish(bool* restored);
@@ -47,6 +47,7 @@ class FileSink final : public DataSink {
     // Makes the file under its name, or the next that is free.
     [[nodiscard]] Result<> makeNamed();
     [[nodiscard]] Result<> nameUnfinished();
+    [[nodiscard]] Result<> finishUnfinished();
 
     int folder_;
     const Entry& entry_;
@@ -54,8 +55,8 @@ class FileSink final : public DataSink {
     bool renamed_ = false;
     std::string name_;
     UnfinishedFile unfinished_;
-    File file_;           // the file once it stands under its name
-    bool named_ = false;  // it does, and is to be removed unless finished
+    File file_;           // what makeNamed() made
+    bool named_ = false;  // it stands under its name, and is to be removed unless finished
 };
 
 }  // namespace pellumar::archive

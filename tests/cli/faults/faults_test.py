@@ -94,6 +94,7 @@ class Run:
                             "FAULTY_ROOT": str(self.work),
                             "FAULTY_MARK": str(self.folder / "mark")}
         environment |= settings
+        arguments = [argument.format(work=self.work) for argument in arguments]
         done = subprocess.run([PROGRAM, "--quiet", "--documents", str(self.work), *arguments],
                               cwd=self.folder, env=environment, capture_output=True, check=False,
                               stdin=subprocess.DEVNULL, timeout=DEADLINE)
@@ -157,6 +158,9 @@ class FaultTest(unittest.TestCase):
     def test_extraction_of_what_is_damaged(self):
         self.sweep(Extraction(self, FILES, damaged=["in/large", "small"]), [errno.EIO])
 
+    def test_extraction_over_what_stands_there(self):
+        self.sweep(Overwriting(self, FILES), [errno.EIO, errno.ENOSPC, errno.EMFILE, "kill"])
+
     def test_compression(self):
         self.sweep(Compression(self, FILES), [e for e in ERRORS if e != errno.EAGAIN])
 
@@ -203,6 +207,32 @@ class Extraction:
                 test.assertNotIn(name, self.damaged)
         if run.code == 0:
             test.assertTrue(tree(run.paths[0].parent) == self.files, "not all is there")
+
+
+class Overwriting:
+    """Extraction of an archive over files of the same names and a link."""
+
+    def __init__(self, test, files):
+        self.files, self.code = files, 0
+        self.archive = pathlib.Path(test.enterContext(tempfile.TemporaryDirectory(dir=MEMORY)),
+                                    "a.zip")
+        write_archive(self.archive, files)
+        self.arguments = ["extract", str(self.archive), "--to", "{work}/out", "--overwrite"]
+
+    def prepare(self, run):
+        for name in self.files:
+            path = run.work / "out" / name
+            path.parent.mkdir(parents=True, exist_ok=True)
+            path.write_bytes(b"old")
+
+    def judge(self, test, run):
+        """Under every name the old file or the new one."""
+        found = tree(run.work / "out")
+        for name, content in self.files.items():
+            test.assertTrue(found.pop(name, None) in (b"old", content)[run.code == 0:], name)
+        for name in found:
+            test.assertTrue(run.hit() == "unlinkat" or run.fault == "kill", name)
+            test.assertRegex(name, "zip-[0-9a-f]{16}[.]part$")
 
 
 class Compression:
