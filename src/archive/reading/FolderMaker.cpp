@@ -73,6 +73,11 @@ Result<> FolderMaker::makeLinks(const std::vector<const EntryData*>& links,
                                 const LinkSafety& targets,
                                 ExistingFiles existing,
                                 ExtractionReport& report) {
+    // Known before the first replaces something: what it replaced would not come back.
+    if (auto free = existing == ExistingFiles::kOverwrite ? checkNoFolder(links) : Result<>();
+        !free) {
+        return free;
+    }
     std::vector<std::string> made;
     for (const EntryData* link : links) {
         const Entry& entry = link->entry;
@@ -88,6 +93,22 @@ Result<> FolderMaker::makeLinks(const std::vector<const EntryData*>& links,
         report.renamed += !path->empty() && *path != entry.path ? 1U : 0U;
         if (!path->empty()) {
             made.push_back(std::move(*path));
+        }
+    }
+    return {};
+}
+
+Result<> FolderMaker::checkNoFolder(const std::vector<const EntryData*>& links) {
+    for (const EntryData* link : links) {
+        const Entry& entry = link->entry;
+        auto parent = cursor_.enterParentOf(entry.path);
+        struct stat there {};
+        const std::string name(lastComponent(entry.path));
+        if (parent && ::fstatat(*parent, name.c_str(), &there, AT_SYMLINK_NOFOLLOW) == 0 &&
+            S_ISDIR(there.st_mode)) {
+            return Failure(Error{.code = ErrorCode::kAlreadyExists,
+                                 .entry = std::string(entry.path),
+                                 .offset = entry.localHeaderOffset});
         }
     }
     return {};

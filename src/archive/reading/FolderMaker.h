@@ -51,6 +51,8 @@ class FolderMaker {
     [[nodiscard]] Result<std::string> makeLink(const Entry& entry,
                                                const std::string& target,
                                                ExistingFiles existing);
+    // kAlreadyExists if a folder stands where one of the links is to be.
+    [[nodiscard]] Result<> checkNoFolder(const std::vector<const EntryData*>& links);
     void removeLink(std::string_view path);
     [[nodiscard]] bool restore(const Entry& entry);
     // Whether mkdir gave it its permissions for good, as the owner keeps all rights.
