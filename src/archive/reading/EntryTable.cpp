@@ -49,6 +49,7 @@ void EntryTable::addFault(std::size_t index, ErrorCode code, std::uint64_t offse
             return;
         }
         entry.fault = code;
+        entries_[index].faultNumber = faults_.size();
     }
     faults_.push_back({.index = index, .code = code, .offset = offset});
 }
@@ -64,10 +65,7 @@ std::optional<Error> EntryTable::firstFault() const {
 }
 
 Error EntryTable::faultOf(std::size_t index) const {
-    const auto found = std::find_if(faults_.begin(), faults_.end(), [index](const Fault& fault) {
-        return fault.index == index;
-    });
-    return errorOf(*found);
+    return errorOf(faults_[entries_[index].faultNumber]);
 }
 
 EntryTable EntryTable::selected(std::span<const std::size_t> indices,

@@ -15,7 +15,7 @@
 
 namespace pellumar::archive {
 
-// What is remembered of each entry of an archive that is read: about 130 bytes and its name.
+// What is remembered of each entry of an archive that is read: about 140 bytes and its name.
 struct EntryData {
     Entry entry;
     // The name as it stands in the central directory, to hold the local header's against.
@@ -24,6 +24,8 @@ struct EntryData {
     std::uint64_t slotEnd = 0;
     std::uint16_t flags = 0;
     Encryption encryption;
+    // If it has a fault: which of those that the table remembers.
+    std::size_t faultNumber = 0;
     // Where the entry is, is not known: it has a fault, and no slot.
     bool placeless = false;
     bool namedAsFolder = false;
