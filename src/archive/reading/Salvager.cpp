@@ -25,8 +25,8 @@ namespace {
 
 using namespace format;
 
-// What may be read in vain, so that headers which all claim the same data do not take for ever: of
-// honest archives no byte is read in vain more than twice.
+// What may be read in vain, so that headers which all claim the same data, or the same extra field,
+// do not take for ever: of honest archives no byte is read in vain more than three times.
 constexpr std::uint64_t kMostInVain = 8;
 constexpr std::uint64_t kAlwaysInVain = 64ULL * 1024 * 1024;
 // How often the caller is told of the progress: after each such part of the archive.
@@ -118,8 +118,14 @@ class Salvager {
     // All names have a say in what their letters mean.
     void considerNames() {
         std::uint64_t position = 0;
+        std::uint64_t headersRead = 0;
         while (const auto found = scan_.next(position, source_.size())) {
-            if (const auto header = headerAt(*found)) {
+            if (isTooMuch(headersRead)) {
+                return;
+            }
+            const auto header = headerAt(*found);
+            headersRead += header_.size();
+            if (header) {
                 names_.consider({.bytes = header->name,
                                  .utf8Flag = (header->flags & kFlagUtf8) != 0,
                                  .extra = header->extra});
@@ -169,7 +175,7 @@ class Salvager {
         const auto local = headerAt(offset);
         const std::uint64_t dataEnd =
             offset + (local ? header_.size() : kLocalFileHeaderSize) + data.entry.compressedSize;
-        auto added = add(data);
+        auto added = addListed(data);
         if (added) {
             return dataEnd;
         }
@@ -183,9 +189,18 @@ class Salvager {
         return data.slotEnd;
     }
 
+    [[nodiscard]] bool isTooMuch(std::uint64_t bytes) const {
+        return bytes > kAlwaysInVain + kMostInVain * source_.size();
+    }
+
     Result<std::uint64_t> takeUnlisted(std::uint64_t offset) {
         const std::uint64_t behind = offset + kLocalFileHeaderSize;
+        if (isTooMuch(inVain_)) {
+            lose({}, offset, ErrorCode::kOverLimit);
+            return behind;
+        }
         const auto local = headerAt(offset);
+        inVain_ += header_.size();
         if (!local) {
             return behind;
         }
@@ -196,10 +211,6 @@ class Salvager {
             return behind;
         }
         const std::string path(shown[0].entry.path);
-        if (inVain_ > kAlwaysInVain + kMostInVain * source_.size()) {
-            lose(path, offset, ErrorCode::kOverLimit);
-            return behind;
-        }
         // Some writers know the sizes and not the checksum.
         if ((header.flags & kFlagDataDescriptor) != 0 &&
             (header.compressedSize == 0 || header.crc32 == 0)) {
@@ -218,7 +229,7 @@ class Salvager {
             return behind;
         }
         const std::uint64_t dataEnd = dataOffset + header.compressedSize;
-        if (auto added = add(data); !added) {
+        if (auto added = addUnlisted(data); !added) {
             inVain_ += header.compressedSize;
             // What is in the data of an entry is none of this archive's entries.
             return after(added.error(), path, offset, scan_.isRecord(dataEnd) ? dataEnd : behind);
@@ -256,7 +267,7 @@ class Salvager {
         return {};
     }
 
-    Result<> add(const EntryData& data) {
+    Result<> addListed(const EntryData& data) {
         switch (data.entry.type) {
             case EntryType::kFolder:
                 return target_.addFolder(data.entry);
@@ -266,6 +277,12 @@ class Salvager {
                 break;
         }
         return target_.addFile(data, *reader_);
+    }
+
+    // A local header does not tell of links: what it has of one is a file with the target in it.
+    Result<> addUnlisted(const EntryData& data) {
+        return data.entry.type == EntryType::kFolder ? target_.addFolder(data.entry)
+                                                     : target_.addFile(data, *reader_);
     }
 
     // Whether the error ends all, and not one entry.
