@@ -104,7 +104,7 @@ class Extraction {
             return Failure(std::move(*firstError_));
         }
         ExtractionReport report{.entries = plan_.nodes(),
-                                .bytes = plan_.bytes,
+                                .bytes = plan_.bytes - skippedBytes_,
                                 .skipped = skipped_,
                                 .renamed = renamed_};
         if (auto made = folders_.makeLinks(plan_.links, links_, options_.existing, report); !made) {
@@ -140,6 +140,11 @@ class Extraction {
                                      .entry = std::string(file->entry.path),
                                      .offset = file->entry.localHeaderOffset});
             }
+        }
+        // What stands there already, and so takes no room more, only the writing shows.
+        if (options_.existing == ExistingFiles::kSkip ||
+            options_.existing == ExistingFiles::kOverwrite) {
+            return {};
         }
         const DestinationTree::Room room = tree_.room();
         if (const std::uint64_t needed = plan_.bytesOnDisk(room.blockSize); needed > room.bytes) {
@@ -311,6 +316,7 @@ class Extraction {
         }
         if (options_.existing == ExistingFiles::kSkip && isThere(*folder, entry)) {
             skipped_.fetch_add(1, std::memory_order_relaxed);
+            skippedBytes_.fetch_add(entry.uncompressedSize, std::memory_order_relaxed);
             progress_.addBytes(entry.uncompressedSize, entry.path);
             progress_.addEntry(entry.path);
             return {};
@@ -410,6 +416,7 @@ class Extraction {
     std::atomic<std::size_t> nextTask_ = 0;
     std::atomic<std::size_t> tried_ = 0;
     std::atomic<std::size_t> skipped_ = 0;
+    std::atomic<std::uint64_t> skippedBytes_ = 0;
     std::atomic<std::size_t> renamed_ = 0;
     std::atomic<bool> failed_ = false;
     std::mutex largeWindow_;
