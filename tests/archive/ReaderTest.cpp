@@ -163,6 +163,7 @@ TEST_F(ReaderTest, WhatStandsThereIsTreatedAsAsked) {
     auto report = archive.extractAll(skipped, {.existing = ExistingFiles::kSkip, .sync = true});
     ASSERT_TRUE(report);
     EXPECT_EQ(report->skipped, 2U);
+    EXPECT_EQ(report->bytes, 3U);
     EXPECT_EQ(readText(skipped / "d/a.tar.gz"), "old");
     EXPECT_EQ(readText(skipped / "d/b"), "new");
     EXPECT_EQ(std::filesystem::read_symlink(skipped / "link"), "gone");
@@ -186,6 +187,27 @@ TEST_F(ReaderTest, WhatStandsThereIsTreatedAsAsked) {
     EXPECT_FALSE(damaged.extractAll(kept, {.existing = ExistingFiles::kOverwrite}));
     EXPECT_EQ(readText(kept / "d/a.tar.gz"), "old");
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(kept / "d"), {}), 2);
+
+    // Where the number makes a name too long for a disk, its last letters go, and those whole.
+    std::string letters;
+    for (int i = 0; i < 123; ++i) {
+        letters += "\u00E9";
+    }
+    const std::string longest = letters + "\u00E9\u00E9.jpeg";
+    const Reader twice = reader(ZipBuilder().file(longest, "new"));
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_TRUE(twice.extractAll(renamed, {.existing = ExistingFiles::kRename}));
+    }
+    EXPECT_EQ(readText(renamed / (letters + " (2).jpeg")), "new");
+
+    // Nor does one that cannot be replaced take with it what another link had replaced.
+    const auto half = home() / "half";
+    std::filesystem::create_directories(half / "b");
+    test::writeFile(half / "a", std::string_view("old"));
+    const Reader links =
+        reader(ZipBuilder().add(symbolicLink("a", "x")).add(symbolicLink("b", "x")));
+    EXPECT_EQ(links.extractAll(half, {.existing = ExistingFiles::kOverwrite}).error().entry, "b");
+    EXPECT_EQ(readText(half / "a"), "old");
 }
 
 TEST_F(ReaderTest, SomeAreExtractedByNameAndWithoutLeadingComponents) {

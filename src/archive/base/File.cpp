@@ -71,17 +71,6 @@ Result<std::size_t> File::readAt(std::uint64_t offset, MutableBytes buffer) cons
     return done;
 }
 
-Result<> File::readExactlyAt(std::uint64_t offset, MutableBytes buffer) const {
-    auto count = readAt(offset, buffer);
-    if (!count) {
-        return passOn(count);
-    }
-    if (*count < buffer.size()) {
-        return failure(ErrorCode::kTruncated, offset);
-    }
-    return {};
-}
-
 Result<> File::writeAt(std::uint64_t offset, ByteView bytes) {
     std::size_t done = 0;
     while (done < bytes.size()) {

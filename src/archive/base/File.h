@@ -43,9 +43,6 @@ class File {
     // the file.
     [[nodiscard]] Result<std::size_t> readAt(std::uint64_t offset, MutableBytes buffer) const;
 
-    // As readAt, but an end before the buffer is full is kTruncated at `offset`.
-    [[nodiscard]] Result<> readExactlyAt(std::uint64_t offset, MutableBytes buffer) const;
-
     // Writes all of `bytes` at `offset`. After a failure some of them may stand in the file.
     [[nodiscard]] Result<> writeAt(std::uint64_t offset, ByteView bytes);
 

@@ -13,14 +13,6 @@
 
 namespace pellumar::archive {
 
-namespace {
-
-// Of the names that are tried where one is taken.
-constexpr std::size_t kFirstNumber = 2;
-constexpr std::size_t kMostTries = 10'000;
-
-}  // namespace
-
 FileSink::FileSink(int folder, const Entry& entry, ExistingFiles existing)
     : folder_(folder), entry_(entry), existing_(existing), name_(lastComponent(entry.path)) {}
 
@@ -79,40 +71,35 @@ Result<> FileSink::writeVerified(ByteView bytes) {
     return file_.write(bytes);
 }
 
-Result<> FileSink::makeNamed() {
+template <typename Make>
+Result<> FileSink::underFreeName(const Make& make) {
     const std::string wanted = name_;
-    for (std::size_t number = kFirstNumber; number < kMostTries; ++number) {
+    for (std::size_t number = kFirstNumber;; ++number) {
+        auto made = make();
+        if (made || made.error().code != ErrorCode::kAlreadyExists ||
+            existing_ != ExistingFiles::kRename || number > kMostNumbers) {
+            return made;
+        }
+        name_ = numberedName(wanted, number);
+        renamed_ = true;
+    }
+}
+
+Result<> FileSink::makeNamed() {
+    return underFreeName([this]() -> Result<> {
         // O_EXCL neither follows a link nor takes what is there.
         file_ = File::openAt(folder_,
                              name_.c_str(),
                              O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC,
                              static_cast<mode_t>(entry_.permissions));
-        if (file_.isOpen()) {
-            return {};
-        }
-        if (errno != EEXIST || existing_ != ExistingFiles::kRename) {
-            return systemFailure(ErrorCode::kWriteFailed);
-        }
-        name_ = numberedName(wanted, number);
-        renamed_ = true;
-    }
-    return failure(ErrorCode::kAlreadyExists);
+        return file_.isOpen() ? Result<>() : systemFailure(ErrorCode::kWriteFailed);
+    });
 }
 
 Result<> FileSink::nameUnfinished() {
     const auto policy = existing_ == ExistingFiles::kOverwrite ? UnfinishedFile::Existing::kReplace
                                                                : UnfinishedFile::Existing::kRefuse;
-    const std::string wanted = name_;
-    for (std::size_t number = kFirstNumber; number < kMostTries; ++number) {
-        auto named = unfinished_.giveName(name_, policy);
-        if (named || named.error().code != ErrorCode::kAlreadyExists ||
-            existing_ != ExistingFiles::kRename) {
-            return named;
-        }
-        name_ = numberedName(wanted, number);
-        renamed_ = true;
-    }
-    return failure(ErrorCode::kAlreadyExists);
+    return underFreeName([this, policy] { return unfinished_.giveName(name_, policy); });
 }
 
 Result<> FileSink::finish(bool* restored) {

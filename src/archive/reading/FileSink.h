@@ -33,10 +33,10 @@ class FileSink final : public DataSink {
     [[nodiscard]] Result<> write(ByteView bytes) override;
     [[nodiscard]] Result<> writeVerified(ByteView bytes) override;
 
-    // Sets the time and gives the file its name; kAlreadyExists if that was taken meanwhile. After a
-    // failure what stood there under the name stands there still. `restored` becomes false if the system refused the time: that is no error, since
-    // the data is whole. The permissions are the entry's, less what the user's umask or the
-    // folder's access list takes off new files.
+    // Sets the time and gives the file its name; kAlreadyExists if that was taken meanwhile. After
+    // a failure what stood there under the name stands there still. `restored` becomes false if the
+    // system refused the time: that is no error, since the data is whole. The permissions are the
+    // entry's, less what the user's umask or the folder's access list takes off new files.
     [[nodiscard]] Result<> finish(bool* restored);
 
     // Whether the file has another name than its entry's; known when it is finished.
@@ -47,6 +47,9 @@ class FileSink final : public DataSink {
     // Makes the file under its name, or the next that is free.
     [[nodiscard]] Result<> makeNamed();
     [[nodiscard]] Result<> nameUnfinished();
+    // Tries `make` with the name, and where that is taken and another may do with the next ones.
+    template <typename Make>
+    [[nodiscard]] Result<> underFreeName(const Make& make);
     [[nodiscard]] Result<> finishUnfinished();
 
     int folder_;

@@ -131,13 +131,13 @@ Result<std::string> FolderMaker::makeLink(const Entry& entry,
     const auto name = [&path] { return std::string(lastComponent(path)); };
     const bool replaces = existing == ExistingFiles::kOverwrite;
     const bool goesRound = replaces || existing == ExistingFiles::kRename;
-    constexpr std::size_t kMostTries = 10'000;
-    for (std::size_t number = 2; ::symlinkat(target.c_str(), *parent, name().c_str()) != 0;
+    for (std::size_t number = kFirstNumber;
+         ::symlinkat(target.c_str(), *parent, name().c_str()) != 0;
          ++number) {
         if (errno == EEXIST && existing == ExistingFiles::kSkip) {
             return std::string();
         }
-        if (errno != EEXIST || !goesRound || number == kMostTries) {
+        if (errno != EEXIST || !goesRound || number > kMostNumbers) {
             return systemFailure(ErrorCode::kWriteFailed);
         }
         path = replaces ? temporaryName() : numberedName(entry.path, number);

@@ -157,20 +157,21 @@ TEST_F(HostileTest, NoDeceitDoesHarm) {
     std::printf("%zu archives, %zu of them taken\n", tried, taken());
 }
 
-// A link of the archive's that is judged by way of another one, in whose place something else stays.
+// A link of the archive's that is judged by way of another one, in whose place something else
+// stays.
 TEST_F(HostileTest, NoLinkLeavesByWayOfOneThatStandsThere) {
     std::size_t tried = 0;
     for (const std::string standing : {".", "a", "a/b", "nowhere"}) {
         for (const std::string x : {".", "a", "a/b", "a/b/..", "y"}) {
-            for (const std::string y : {"x", "x/a", "x/..", "x/../..", "x/a/../..", "a/../x/../.."}) {
+            for (const std::string y :
+                 {"x", "x/a", "x/..", "x/../..", "x/a/../..", "a/../x/../.."}) {
                 const std::string archive = test::ZipBuilder()
                                                 .add(test::folder("a/b/"))
                                                 .add(test::symbolicLink("x", x))
                                                 .add(test::symbolicLink("y", y))
                                                 .build();
-                for (const auto existing : {ExistingFiles::kOverwrite,
-                                            ExistingFiles::kSkip,
-                                            ExistingFiles::kRename}) {
+                for (const auto existing :
+                     {ExistingFiles::kOverwrite, ExistingFiles::kSkip, ExistingFiles::kRename}) {
                     ++tried;
                     EXPECT_EQ(harmBeside(standing, archive, existing), "")
                         << standing << ": " << x << ", " << y;
