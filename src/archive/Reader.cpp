@@ -66,7 +66,7 @@ class Handing {
             return passOn(allowed);
         }
         auto reader = EntryReader::create(
-            archive_.source(), options_.password, windowMemory(options_.limits, 1));
+            archive_.source(), options_.password, limitsOfEntries(options_.limits, 1));
         if (!reader) {
             return passOn(reader);
         }
@@ -238,7 +238,7 @@ Result<std::unique_ptr<EntryReader>> begun(const ArchiveReader& archive,
         return failureOf(ErrorCode::kOverLimit, data.entry);
     }
     auto reader =
-        EntryReader::create(archive.source(), options.password, windowMemory(options.limits, 1));
+        EntryReader::create(archive.source(), options.password, limitsOfEntries(options.limits, 1));
     if (!reader) {
         return reader;
     }

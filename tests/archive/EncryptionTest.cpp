@@ -51,6 +51,20 @@ TEST_P(EncryptionTest, ThePasswordOpensIt) {
     EXPECT_EQ(text("large"), prose(3000000));
 }
 
+// The header of traditional encryption may be checked by the time then as well.
+TEST_P(EncryptionTest, TheLocalHeaderAloneMayTellOfADescriptor) {
+    std::string bytes = readText(home() / "made.zip");
+    for (std::size_t at = bytes.find("PK\1\2"); at != std::string::npos;
+         at = bytes.find("PK\1\2", at + 4)) {
+        bytes[at + 8] = static_cast<char>(bytes[at + 8] & ~8);
+    }
+    pellumar::test::writeFile(home() / "made.zip", bytes);
+    const auto report = unzipWith(&right_);
+    ASSERT_TRUE(report) << report.error().describe();
+    EXPECT_EQ(text("small"), "small");
+    EXPECT_EQ(text("large"), prose(3000000));
+}
+
 TEST_P(EncryptionTest, WithoutThePasswordNothingIsWritten) {
     const auto without = unzipWith(nullptr);
     ASSERT_FALSE(without);

@@ -11,6 +11,9 @@ namespace pellumar::archive {
 
 namespace {
 
+static_assert(Encryption::kLongestHeader == AesStream::kLongestSalt + AesStream::kCheckSize);
+static_assert(Encryption::kLongestTrailer == AesStream::kCodeSize);
+
 class AesDecryptor final : public Decryptor {
   public:
     explicit AesDecryptor(std::unique_ptr<AesStream> stream) : stream_(std::move(stream)) {}

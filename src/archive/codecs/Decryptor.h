@@ -14,6 +14,10 @@ namespace pellumar::archive {
 struct Encryption {
     enum class Kind : std::uint8_t { kNone, kTraditional, kAes };
 
+    // Of AES with the longest salt, in bytes.
+    static constexpr std::size_t kLongestHeader = 18;
+    static constexpr std::size_t kLongestTrailer = 10;
+
     Kind kind = Kind::kNone;
     std::uint8_t aesStrength = 0;  // 1, 2, 3: keys of 128, 192, 256 bits
     // The checksum says nothing; the authentication code does (AE-2).

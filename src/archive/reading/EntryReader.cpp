@@ -27,9 +27,6 @@ constexpr std::size_t kUsualExtra = 256;
 // How much is read at once of entries that are needed one after another. Stays in the cache.
 constexpr std::size_t kWindowSize = 128UL * 1024;
 
-// Of AES with the longest salt.
-constexpr std::size_t kLongestEncryptionHeader = 18;
-
 // The bits that change what an entry is; the compression options in bits 1 and 2 do not, and what
 // the name's letters are is asked with the name.
 constexpr std::uint16_t kComparedFlags =
@@ -78,13 +75,23 @@ bool holdsCheckOnly(const LocalFileHeader& local, const Encryption& encryption) 
            local.crc32 >> 24U == encryption.otherCheck;
 }
 
+// The descriptor that decides what the header of traditional encryption is checked by may be one
+// that the local header alone tells of.
+Encryption encryptionOf(const LocalFileHeader& local, const EntryData& data) {
+    Encryption encryption = data.encryption;
+    if (hasDescriptor(local) && (data.flags & kFlagDataDescriptor) == 0) {
+        encryption.otherCheck = static_cast<std::uint8_t>(local.modified.time >> 8U);
+    }
+    return encryption;
+}
+
 bool agrees(const LocalFileHeader& local, const EntryData& data) {
     const Entry& entry = data.entry;
     const bool described = hasDescriptor(local);
     const bool aes = data.encryption.kind == Encryption::Kind::kAes;
     return flagsAgree(local, data) && local.method == (aes ? kMethodAes : entry.method) &&
            (agreesOrUnknown(local.crc32, entry.crc32, described) ||
-            (described && holdsCheckOnly(local, data.encryption))) &&
+            (described && holdsCheckOnly(local, encryptionOf(local, data)))) &&
            sizesAgree(local.compressedSize, entry.compressedSize, data, described) &&
            sizesAgree(local.uncompressedSize, entry.uncompressedSize, data, described) &&
            namesAgree(local, data);
@@ -92,26 +99,32 @@ bool agrees(const LocalFileHeader& local, const EntryData& data) {
 
 }  // namespace
 
+bool isOverRatio(const Entry& entry, std::uint64_t ratio) {
+    const std::uint64_t packed = std::max<std::uint64_t>(entry.compressedSize, 1);
+    const std::uint64_t whole = entry.uncompressedSize / packed;
+    return whole > ratio || (whole == ratio && entry.uncompressedSize % packed != 0);
+}
+
 EntryReader::EntryReader(const ByteSource& file,
                          const Password* password,
-                         std::uint64_t windowMemory,
+                         const EntryLimits& limits,
                          OneShotInflater inflater)
     : file_(file),
       password_(password),
-      windowMemory_(windowMemory),
+      limits_(limits),
       inflater_(std::move(inflater)),
       input_(std::make_unique_for_overwrite<std::uint8_t[]>(kInputSize)),
       output_(std::make_unique_for_overwrite<std::uint8_t[]>(kOutputSize)) {}
 
 Result<std::unique_ptr<EntryReader>> EntryReader::create(const ByteSource& file,
                                                          const Password* password,
-                                                         std::uint64_t windowMemory) {
+                                                         const EntryLimits& limits) {
     auto inflater = OneShotInflater::create();
     if (!inflater) {
         return passOn(inflater);
     }
     return std::unique_ptr<EntryReader>(
-        new EntryReader(file, password, windowMemory, std::move(*inflater)));
+        new EntryReader(file, password, limits, std::move(*inflater)));
 }
 
 Result<> EntryReader::read(const EntryData& data,
@@ -190,7 +203,7 @@ Result<> EntryReader::checkPassword(const EntryData& data) {
         return Failure(
             std::move(located.error()).about(data.entry.path, data.entry.localHeaderOffset));
     }
-    auto decryptor = decryptorFor(data, located->dataOffset);
+    auto decryptor = decryptorFor(*located);
     if (!decryptor) {
         return Failure(
             std::move(decryptor.error()).about(data.entry.path, data.entry.localHeaderOffset));
@@ -198,17 +211,16 @@ Result<> EntryReader::checkPassword(const EntryData& data) {
     return {};
 }
 
-Result<std::unique_ptr<Decryptor>> EntryReader::decryptorFor(const EntryData& data,
-                                                             std::uint64_t dataOffset) const {
+Result<std::unique_ptr<Decryptor>> EntryReader::decryptorFor(const Located& located) const {
     if (password_ == nullptr) {
         return failure(ErrorCode::kEncrypted);
     }
-    std::array<std::uint8_t, kLongestEncryptionHeader> buffer{};
-    const MutableBytes header = MutableBytes(buffer).first(data.encryption.headerSize());
-    if (auto read = file_.readExactlyAt(dataOffset, header); !read) {
+    std::array<std::uint8_t, Encryption::kLongestHeader> buffer{};
+    const MutableBytes header = MutableBytes(buffer).first(located.encryption.headerSize());
+    if (auto read = file_.readExactlyAt(located.dataOffset, header); !read) {
         return passOn(read);
     }
-    return makeDecryptor(data.encryption, *password_, header);
+    return makeDecryptor(located.encryption, *password_, header);
 }
 
 Result<ByteView> EntryReader::window(std::uint64_t offset,
@@ -267,6 +279,7 @@ Result<EntryReader::Located> EntryReader::locate(const EntryData& data,
     return Located{.dataOffset = dataOffset,
                    .dataEnd = dataOffset + entry.compressedSize,
                    .described = hasDescriptor(*local),
+                   .encryption = encryptionOf(*local, data),
                    .buffered = withinSlot(*head).subspan(headerSize)};
 }
 
@@ -325,7 +338,7 @@ Result<Decoder*> EntryReader::decoderFor(const EntryData& data) {
     auto made = makeDecoder({.method = data.entry.method,
                              .flags = data.flags,
                              .uncompressedSize = data.entry.uncompressedSize,
-                             .mostMemory = windowMemory_});
+                             .mostMemory = limits_.windowMemory});
     if (!made) {
         return passOn(made);
     }
@@ -392,8 +405,8 @@ Result<> EntryReader::start(const EntryData& data, const Located& located, bool 
 // What the buffer holds of the entry is read again.
 Result<> EntryReader::startDecrypting() {
     Located& located = running_.located;
-    const Encryption& encryption = running_.data->encryption;
-    auto decryptor = decryptorFor(*running_.data, located.dataOffset);
+    const Encryption& encryption = located.encryption;
+    auto decryptor = decryptorFor(located);
     if (!decryptor) {
         return passOn(decryptor);
     }
@@ -423,7 +436,11 @@ Result<> EntryReader::expectMore() {
     constexpr std::uint64_t kCut = std::uint64_t{kMax32} + 1;
     running_.declared += kCut;
     running_.grown += kCut;
-    return {};
+    Entry larger = running_.data->entry;
+    larger.uncompressedSize = running_.declared;
+    return larger.uncompressedSize > limits_.bytes || isOverRatio(larger, limits_.ratio)
+               ? failure(ErrorCode::kOverLimit)
+               : Result<>();
 }
 
 Result<> EntryReader::verifyEnd() {

@@ -17,6 +17,17 @@
 
 namespace pellumar::archive {
 
+// What one entry may cost whoever reads it.
+struct EntryLimits {
+    std::uint64_t windowMemory = ExtractionLimits::kNone;  // for a decoder's window, in bytes
+    // As those of ExtractionLimits, for a size that turns out larger than the directory claims.
+    std::uint64_t bytes = ExtractionLimits::kNone;
+    std::uint64_t ratio = ExtractionLimits::kNone;
+};
+
+// Whether an entry becomes more than `ratio` times as large.
+[[nodiscard]] bool isOverRatio(const Entry& entry, std::uint64_t ratio);
+
 // Reads entries' data out of an archive: holds the local header against the central directory,
 // decompresses, and verifies sizes, data descriptor and checksum.
 //
@@ -27,11 +38,11 @@ namespace pellumar::archive {
 class EntryReader {
   public:
     // `file` and `password`, which may be null, outlive the reader; other readers may use them at
-    // the same time. `windowMemory` is what a decoder may take for its window, in bytes.
+    // the same time.
     [[nodiscard]] static Result<std::unique_ptr<EntryReader>> create(
         const ByteSource& file,
         const Password* password = nullptr,
-        std::uint64_t windowMemory = ExtractionLimits::kNone);
+        const EntryLimits& limits = EntryLimits());
 
     // Of an encrypted entry: kWrongPassword by its check bytes, kEncrypted if there is no password.
     [[nodiscard]] Result<> checkPassword(const EntryData& data);
@@ -67,6 +78,7 @@ class EntryReader {
         std::uint64_t dataOffset = 0;
         std::uint64_t dataEnd = 0;
         bool described = false;  // a data descriptor follows
+        Encryption encryption;   // as both headers tell
         ByteView buffered;
         std::uint64_t taken = 0;  // by the streaming so far
 
@@ -74,16 +86,13 @@ class EntryReader {
         [[nodiscard]] Result<ByteView> next(const ByteSource& file, MutableBytes buffer);
     };
 
-    // Of AES.
-    static constexpr std::size_t kLongestEncryptionTrailer = 10;
-
     // What is under way between start() and the end of the data.
     struct Running {
         const EntryData* data = nullptr;
         Located located;
         Decoder* decoder = nullptr;
         std::unique_ptr<Decryptor> decryptor;
-        std::array<std::uint8_t, kLongestEncryptionTrailer> trailer{};
+        std::array<std::uint8_t, Encryption::kLongestTrailer> trailer{};
         ByteView input;  // decrypted, not yet decoded
         std::uint64_t produced = 0;
         // Grows where a size may be told modulo 2^32; by how much since the sink was told.
@@ -96,7 +105,7 @@ class EntryReader {
 
     EntryReader(const ByteSource& file,
                 const Password* password,
-                std::uint64_t windowMemory,
+                const EntryLimits& limits,
                 OneShotInflater inflater);
 
     [[nodiscard]] Result<> readUnnamed(const EntryData& data,
@@ -123,7 +132,8 @@ class EntryReader {
     [[nodiscard]] Result<std::size_t> pullUnnamed(MutableBytes output);
     // The next piece of data, decrypted if there is a decryptor. Lies in input_.
     [[nodiscard]] Result<ByteView> nextInput();
-    // Where more came out than is declared: goes on if the size may be told modulo 2^32.
+    // Where more came out than is declared: goes on if the size may be told modulo 2^32, unless
+    // that is over the limits.
     [[nodiscard]] Result<> expectMore();
     // Holds what has come against what was declared.
     [[nodiscard]] Result<> verifyEnd();
@@ -131,14 +141,13 @@ class EntryReader {
     [[nodiscard]] MutableBytes roomFor(DataSink& sink);
     // Hands all of what was started to the sink.
     [[nodiscard]] Result<> stream(DataSink& sink);
-    [[nodiscard]] Result<std::unique_ptr<Decryptor>> decryptorFor(const EntryData& data,
-                                                                  std::uint64_t dataOffset) const;
+    [[nodiscard]] Result<std::unique_ptr<Decryptor>> decryptorFor(const Located& located) const;
     [[nodiscard]] Result<> checkDescriptor(const EntryData& data, const Located& located);
     [[nodiscard]] Result<Decoder*> decoderFor(const EntryData& data);
 
     const ByteSource& file_;
     const Password* password_;
-    const std::uint64_t windowMemory_;
+    const EntryLimits limits_;
     OneShotInflater inflater_;
     std::unique_ptr<Decoder> inflateDecoder_;  // kept: nearly every large entry needs it
     std::unique_ptr<Decoder> otherDecoder_;

@@ -428,12 +428,6 @@ class Extraction {
 
 }  // namespace
 
-bool isOverRatio(const Entry& entry, std::uint64_t ratio) {
-    const std::uint64_t packed = std::max<std::uint64_t>(entry.compressedSize, 1);
-    const std::uint64_t whole = entry.uncompressedSize / packed;
-    return whole > ratio || (whole == ratio && entry.uncompressedSize % packed != 0);
-}
-
 Result<ExtractionReport> extractInto(const std::filesystem::path& to,
                                      const ByteSource& source,
                                      const EntryTable& entries,

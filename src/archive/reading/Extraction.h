@@ -9,9 +9,6 @@
 
 namespace pellumar::archive {
 
-// Whether an entry becomes more than `ratio` times as large.
-[[nodiscard]] bool isOverRatio(const Entry& entry, std::uint64_t ratio);
-
 // Extracts all of `entries`, which are those of the archive in `source` or some of them, into the
 // folder `to`; the contract is that of Reader::extract. The warnings are those of the extraction
 // alone.

@@ -19,11 +19,13 @@ std::size_t threadsFor(const ExtractionLimits& limits) {
 
 }  // namespace
 
-std::uint64_t windowMemory(const ExtractionLimits& limits, std::size_t threads) {
+EntryLimits limitsOfEntries(const ExtractionLimits& limits, std::size_t threads) {
     const std::uint64_t others = threads * kBuffers + (threads - 1) * kWindow;
-    return limits.memory == ExtractionLimits::kNone
-               ? limits.memory
-               : limits.memory - std::min(limits.memory, others);
+    return {.windowMemory = limits.memory == ExtractionLimits::kNone
+                                ? limits.memory
+                                : limits.memory - std::min(limits.memory, others),
+            .bytes = limits.bytes,
+            .ratio = limits.ratio};
 }
 
 ReaderThreads::ReaderThreads(const ByteSource& source, const ExtractionOptions& options)
@@ -32,8 +34,8 @@ ReaderThreads::ReaderThreads(const ByteSource& source, const ExtractionOptions& 
 Result<EntryReader*> ReaderThreads::readerOf(std::size_t thread) {
     std::unique_ptr<EntryReader>& reader = readers_[thread];
     if (!reader) {
-        auto made =
-            EntryReader::create(source_, options_.password, windowMemory(options_.limits, count()));
+        auto made = EntryReader::create(
+            source_, options_.password, limitsOfEntries(options_.limits, count()));
         if (!made) {
             return passOn(made);
         }

@@ -17,8 +17,8 @@
 
 namespace pellumar::archive {
 
-// What is left for one decoder's window of what the limits allow so many threads.
-[[nodiscard]] std::uint64_t windowMemory(const ExtractionLimits& limits, std::size_t threads);
+// What one entry may cost of what the limits allow so many threads.
+[[nodiscard]] EntryLimits limitsOfEntries(const ExtractionLimits& limits, std::size_t threads);
 
 // The threads that read an archive's entries, each with a reader of its own, which it keeps from
 // one run to the next. Belongs to the thread that made it, which is the first of them.

@@ -114,6 +114,22 @@ TEST(LargeFileTest, SizesOver4GiBWithoutZip64AreTaken) {
     const auto report = unzipItem(home / "cut.zip", home / "out");
     ASSERT_TRUE(report) << report.error().describe();
     EXPECT_EQ(fs::file_size(home / "out/large"), kOver4GiB);
+    // What the directory does not claim counts for the limits all the same.
+    const auto claiming = Reader::open(home / "cut.zip");
+    std::vector<std::uint8_t> buffer(1U << 20U);
+    for (const ExtractionLimits& limits :
+         {ExtractionLimits{.bytes = kOver4GiB - 1}, ExtractionLimits{.ratio = 500}}) {
+        auto stream = claiming->openEntry(0, {.limits = limits});
+        ASSERT_TRUE(stream);
+        auto count = stream->read(buffer);
+        for (int i = 0; count && i < 3; ++i) {
+            count = stream->read(buffer);
+        }
+        ASSERT_FALSE(count);
+        EXPECT_EQ(count.error().code, ErrorCode::kOverLimit);
+        EXPECT_EQ(claiming->extractAll(home / "limited", {.limits = limits}).error().code,
+                  ErrorCode::kOverLimit);
+    }
     // Of an archive that has ZIP64 records that is no oversight.
     test::ZipBuilder knowing;
     knowing.zip64 = true;
