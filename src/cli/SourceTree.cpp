@@ -74,7 +74,11 @@ bool SourceTree::take(const std::string& below, bool withAllBelow) {
     }
     struct stat status {};
     if (::lstat(path.c_str(), &status) != 0) {
-        // It was there a moment ago, so nobody misses it.
+        // One that is gone was there a moment ago, so nobody misses it.
+        if (errno != ENOENT) {
+            messages_.fail(path + ": " + wordsFor(errno));
+            isIncomplete_ = true;
+        }
         return true;
     }
     if (archive_ && isSame(*archive_, status)) {

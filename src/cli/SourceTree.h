@@ -33,7 +33,7 @@ class SourceTree {
     [[nodiscard]] std::size_t size() const { return sources_.size(); }
     // Of all files.
     [[nodiscard]] std::uint64_t bytes() const { return bytes_; }
-    // Whether a folder could not be read.
+    // Whether something below what was named could not be read, and is left out.
     [[nodiscard]] bool isIncomplete() const { return isIncomplete_; }
 
     // The entry for the source of this index; its options are yet to be set.

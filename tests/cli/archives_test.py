@@ -134,6 +134,22 @@ class CreateTest(ArchivesTest):
                        "a.zip", "one", "/proc/self/mem", "two")
         self.assertEqual(self.succeed("list", "--names", "a.zip"), b"one\ntwo\n")
 
+    def test_what_cannot_be_looked_at_is_told_and_the_rest_goes_in(self):
+        # The file's own path is longer than the system takes one.
+        here = os.getcwd()
+        os.makedirs(self.folder / "deep")
+        os.chdir(self.folder / "deep")
+        try:
+            name = "d" * 250
+            for _ in range(16):
+                os.mkdir(name)
+                os.chdir(name)
+            pathlib.Path("e" * 250).touch()
+        finally:
+            os.chdir(here)
+        self.fail_with(rb"e: File name too long$", "create", "a.zip", "deep")
+        self.assertEqual(self.succeed("list", "--names", "a.zip").count(b"\n"), 17)
+
     def test_is_the_same_to_the_byte_wherever_it_is_made(self):
         for name, zone, day in (("A", "Asia/Tokyo", 100), ("B", "America/Lima", 200)):
             os.mkdir(self.folder / name)
