@@ -30,6 +30,10 @@ bool isOverLimit(const Entry& entry, const ExtractionLimits& limits) {
     return entry.uncompressedSize > limits.bytes || isOverRatio(entry, limits.ratio);
 }
 
+bool needsPassword(const EntryData& data) {
+    return data.encryption && !data.entry.fault && data.entry.type != EntryType::kFolder;
+}
+
 // Where an entry's data goes that is only looked at.
 class NoSink final : public DataSink {
   public:
@@ -371,17 +375,33 @@ std::string_view Reader::comment() const {
 
 Result<> Reader::checkPassword(const Password& password) const {
     return withinMemory([&]() -> Result<> {
-        const EntryTable& entries = archive_->entries();
-        for (std::size_t i = 0; i < entries.size(); ++i) {
-            const EntryData& data = entries[i];
-            if (!data.encryption || data.entry.fault || data.entry.type == EntryType::kFolder) {
-                continue;
+        for (std::size_t i = 0; i < size(); ++i) {
+            if (needsPassword(archive_->entries()[i])) {
+                return tryPassword(password, i);
             }
-            auto reader = EntryReader::create(archive_->source(), &password);
-            return reader ? (*reader)->checkPassword(data) : Result<>(passOn(reader));
         }
         return {};
     });
+}
+
+Result<> Reader::checkPassword(const Password& password,
+                               std::span<const std::size_t> entries) const {
+    return withinMemory([&]() -> Result<> {
+        for (const std::size_t index : entries) {
+            if (index >= size()) {
+                return failure(ErrorCode::kInvalidArgument);
+            }
+            if (needsPassword(archive_->entries()[index])) {
+                return tryPassword(password, index);
+            }
+        }
+        return {};
+    });
+}
+
+Result<> Reader::tryPassword(const Password& password, std::size_t index) const {
+    auto reader = EntryReader::create(archive_->source(), &password);
+    return reader ? (*reader)->checkPassword(archive_->entries()[index]) : Result<>(passOn(reader));
 }
 
 Result<EntryStream> Reader::openEntry(std::size_t index, const ExtractionOptions& options) const {

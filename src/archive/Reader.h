@@ -132,6 +132,10 @@ class Reader {
     // it cannot be that entry's. One in 256 (traditional) or 65,536 (AES) wrong ones passes;
     // reading tells then. No error if no entry is encrypted.
     [[nodiscard]] Result<> checkPassword(const Password& password) const;
+    // The same on the first of these that is encrypted; others may have another password.
+    // kInvalidArgument for an index that is not there, if it is come to.
+    [[nodiscard]] Result<> checkPassword(const Password& password,
+                                         std::span<const std::size_t> entries) const;
 
     // ---- One entry; an index that is not there is kInvalidArgument
 
@@ -183,6 +187,7 @@ class Reader {
 
   private:
     explicit Reader(std::unique_ptr<const ArchiveReader> archive);
+    [[nodiscard]] Result<> tryPassword(const Password& password, std::size_t index) const;
 
     std::unique_ptr<const ArchiveReader> archive_;
 };

@@ -139,20 +139,20 @@ ArchiveInput::Outcome<std::shared_ptr<const archive::Password>> ArchiveInput::pa
         return nullptr;
     }
     if (file.empty()) {
-        return askForPassword();
+        return askForPassword(entries);
     }
     auto password = passwordIn(file);
     if (!password) {
         return tl::unexpected(messages_->fail(password.error()));
     }
-    if (auto checked = reader_.checkPassword(**password); !checked) {
+    if (auto checked = reader_.checkPassword(**password, entries); !checked) {
         return tl::unexpected(fail(checked.error()));
     }
     return *std::move(password);
 }
 
-ArchiveInput::Outcome<std::shared_ptr<const archive::Password>> ArchiveInput::askForPassword()
-    const {
+ArchiveInput::Outcome<std::shared_ptr<const archive::Password>> ArchiveInput::askForPassword(
+    std::span<const std::size_t> entries) const {
     for (int asked = 1;; ++asked) {
         auto answer = askOnTerminal("Password of " + name_ + ": ");
         if (!answer) {
@@ -161,7 +161,7 @@ ArchiveInput::Outcome<std::shared_ptr<const archive::Password>> ArchiveInput::as
                                       : fail("needs a password; --password-file names a file "
                                              "that has it"));
         }
-        const auto checked = reader_.checkPassword(**answer);
+        const auto checked = reader_.checkPassword(**answer, entries);
         if (checked) {
             return *std::move(answer);
         }

@@ -55,7 +55,8 @@ class ArchiveInput {
     ArchiveInput(archive::Reader reader, std::string name, Messages& messages)
         : reader_(std::move(reader)), name_(std::move(name)), messages_(&messages) {}
 
-    [[nodiscard]] Outcome<std::shared_ptr<const archive::Password>> askForPassword() const;
+    [[nodiscard]] Outcome<std::shared_ptr<const archive::Password>> askForPassword(
+        std::span<const std::size_t> entries) const;
 
     archive::Reader reader_;
     std::string name_;

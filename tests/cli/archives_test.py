@@ -266,6 +266,12 @@ class ExtractTest(ArchivesTest):
         code, sent = self.run_on_terminal("cat", "e.zip", "tree/one.txt", answer=b"\x03",
                                           asked=b"Password of e.zip: ")
         self.assertEqual(code, 130)
+        # A password is tried on what it is for.
+        self.other("7zz", "a", "-tzip", "-mem=AES256", "-pfalsch", "e.zip", "tree/[odd] -näme")
+        other = "tree/[odd] -näme"
+        self.assertEqual(self.succeed("cat", "e.zip", other, "--password-file", "wrong"), b"odd")
+        self.succeed("extract", "e.zip", other, "--password-file", "wrong", "--to", "y")
+        self.fail_with(rb"wrong password", "cat", "e.zip", other, "--password-file", "right")
 
     def test_encrypts(self):
         self.write("right", b"geheim\n")
