@@ -222,6 +222,52 @@ class ArchiveTest {
     std::vector<std::pair<std::size_t, Error>> found_;
 };
 
+// Paths of which the entries are looked for, and those below them.
+class Wanted {
+  public:
+    explicit Wanted(std::span<const std::string_view> paths) {
+        for (const std::string_view path : paths) {
+            found_.emplace(plain(path), false);
+            lengths_.push_back(plain(path).size());
+        }
+        std::sort(lengths_.begin(), lengths_.end());
+        lengths_.erase(std::unique(lengths_.begin(), lengths_.end()), lengths_.end());
+    }
+
+    bool covers(std::string_view path) {
+        bool isCovered = false;
+        // Only what begins as long as something wanted is looked up: a path may be of thousands of
+        // folders.
+        for (const std::size_t length : lengths_) {
+            if (length > path.size()) {
+                break;
+            }
+            if (length < path.size() && path[length] != '/') {
+                continue;
+            }
+            const auto wanted = found_.find(path.substr(0, length));
+            if (wanted != found_.end()) {
+                wanted->second = true;
+                isCovered = true;
+            }
+        }
+        return isCovered;
+    }
+
+    [[nodiscard]] bool wasFound(std::string_view path) const { return found_.at(plain(path)); }
+
+  private:
+    static std::string_view plain(std::string_view path) {
+        while (path.ends_with('/')) {
+            path.remove_suffix(1);
+        }
+        return path;
+    }
+
+    std::unordered_map<std::string_view, bool> found_;
+    std::vector<std::size_t> lengths_;  // of these paths, each once
+};
+
 // The reader that begins with an entry, a file or link; its fault or kOverLimit if it has to be
 // refused.
 Result<std::unique_ptr<EntryReader>> begun(const ArchiveReader& archive,
@@ -326,39 +372,21 @@ std::optional<std::size_t> Reader::find(std::string_view path) const {
 }
 
 Result<std::vector<std::size_t>> Reader::select(std::span<const std::string_view> paths) const {
-    std::unordered_map<std::string_view, bool> found;
-    for (std::string_view path : paths) {
-        while (path.ends_with('/')) {
-            path.remove_suffix(1);
-        }
-        found.emplace(path, false);
-    }
-    std::vector<std::size_t> selected;
-    for (std::size_t i = 0; i < size(); ++i) {
-        const std::string_view path = (*this)[i].path;
-        bool isWanted = false;
-        for (std::size_t end = 0; end != std::string_view::npos;) {
-            end = path.find('/', end + 1);
-            const auto wanted = found.find(path.substr(0, end));
-            if (wanted != found.end()) {
-                wanted->second = true;
-                isWanted = true;
+    return withinMemory([&]() -> Result<std::vector<std::size_t>> {
+        Wanted wanted(paths);
+        std::vector<std::size_t> selected;
+        for (std::size_t i = 0; i < size(); ++i) {
+            if (wanted.covers((*this)[i].path)) {
+                selected.push_back(i);
             }
         }
-        if (isWanted) {
-            selected.push_back(i);
+        for (const std::string_view path : paths) {
+            if (!wanted.wasFound(path)) {
+                return Failure(Error{.code = ErrorCode::kNoSuchEntry, .entry = std::string(path)});
+            }
         }
-    }
-    for (const std::string_view path : paths) {
-        std::string_view plain = path;
-        while (plain.ends_with('/')) {
-            plain.remove_suffix(1);
-        }
-        if (!found[plain]) {
-            return Failure(Error{.code = ErrorCode::kNoSuchEntry, .entry = std::string(path)});
-        }
-    }
-    return selected;
+        return selected;
+    });
 }
 
 std::optional<Error> Reader::firstFault() const {

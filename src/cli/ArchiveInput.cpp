@@ -5,11 +5,11 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
 #include <csignal>
 #include <cstdlib>
 #include <optional>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 
 #include "cli/Arguments.h"
@@ -74,17 +74,57 @@ Indices matching(const Reader& reader, const std::string& pattern) {
     return found;
 }
 
-// The entries of one name; empty if there is none.
-Indices entriesOf(const Reader& reader, const std::string& name, ArchiveInput::Names meaning) {
-    const std::string_view path = plain(name);
-    if (meaning == ArchiveInput::Names::kWithAllBelow) {
-        if (auto selected = reader.select(std::array{path})) {
-            return *std::move(selected);
-        }
-    } else if (const std::optional<std::size_t> index = reader.find(path)) {
-        return {*index};
+// The entries of these names, in the names' order.
+tl::expected<Indices, Error> themselves(const Reader& reader,
+                                        const std::vector<std::string>& names) {
+    std::unordered_map<std::string_view, std::optional<std::size_t>> named;
+    for (const std::string& name : names) {
+        named.try_emplace(plain(name));
     }
-    return matching(reader, std::string(path));
+    for (std::size_t i = 0; i < reader.size(); ++i) {
+        if (const auto found = named.find(reader[i].path); found != named.end()) {
+            found->second = i;
+        }
+    }
+    Indices selected;
+    for (const std::string& name : names) {
+        const std::string_view path = plain(name);
+        const std::optional<std::size_t>& index = named[path];
+        const Indices found = index ? Indices{*index} : matching(reader, std::string(path));
+        if (found.empty()) {
+            return archive::Failure(Error{.code = ErrorCode::kNoSuchEntry, .entry = name});
+        }
+        selected.insert(selected.end(), found.begin(), found.end());
+    }
+    return selected;
+}
+
+// The same with all that is below them, in the archive's order.
+tl::expected<Indices, Error> withAllBelow(const Reader& reader,
+                                          const std::vector<std::string>& names) {
+    std::vector<std::string_view> rest;
+    for (const std::string& name : names) {
+        rest.push_back(plain(name));
+    }
+    auto found = reader.select(rest);
+    Indices selected;
+    while (!found) {
+        if (found.error().code != ErrorCode::kNoSuchEntry) {
+            return archive::passOn(found);
+        }
+        const std::string pattern = found.error().entry;
+        const Indices matches = matching(reader, pattern);
+        if (matches.empty()) {
+            return archive::passOn(found);
+        }
+        selected.insert(selected.end(), matches.begin(), matches.end());
+        rest.erase(std::remove(rest.begin(), rest.end(), pattern), rest.end());
+        found = reader.select(rest);
+    }
+    selected.insert(selected.end(), found->begin(), found->end());
+    std::sort(selected.begin(), selected.end());
+    selected.erase(std::unique(selected.begin(), selected.end()), selected.end());
+    return selected;
 }
 
 }  // namespace
@@ -115,18 +155,12 @@ ArchiveInput::Outcome<Indices> ArchiveInput::select(const std::vector<std::strin
         }
         return selected;
     }
-    for (const std::string& name : names) {
-        const Indices found = entriesOf(reader_, name, meaning);
-        if (found.empty()) {
-            return tl::unexpected(fail(Error{.code = ErrorCode::kNoSuchEntry, .entry = name}));
-        }
-        selected.insert(selected.end(), found.begin(), found.end());
+    auto found =
+        meaning == Names::kWithAllBelow ? withAllBelow(reader_, names) : themselves(reader_, names);
+    if (!found) {
+        return tl::unexpected(fail(found.error()));
     }
-    if (meaning == Names::kWithAllBelow) {
-        std::sort(selected.begin(), selected.end());
-        selected.erase(std::unique(selected.begin(), selected.end()), selected.end());
-    }
-    return selected;
+    return *std::move(found);
 }
 
 ArchiveInput::Outcome<std::shared_ptr<const archive::Password>> ArchiveInput::password(
