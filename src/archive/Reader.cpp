@@ -464,9 +464,11 @@ Result<ExtractionReport> Reader::extractAll(const std::filesystem::path& to,
         return withinMemory(
             [&] { return extractInto(to, archive_->source(), archive_->entries(), options); });
     }
-    std::vector<std::size_t> all(size());
-    std::iota(all.begin(), all.end(), std::size_t{0});
-    return extract(all, to, options);
+    return withinMemory([&] {
+        std::vector<std::size_t> all(size());
+        std::iota(all.begin(), all.end(), std::size_t{0});
+        return extract(all, to, options);
+    });
 }
 
 Result<ExtractionReport> Reader::extract(std::span<const std::size_t> entries,
