@@ -65,8 +65,8 @@ class Archive {
 
     // Writes the central directory, sees everything onto the disk, and gives the file its name:
     // until this has succeeded nothing stands at the path but what stood there before, however the
-    // process ends. Afterwards every operation gives kInvalidArgument. Closing twice does
-    // nothing.
+    // process ends. Afterwards every operation gives kInvalidArgument; closing again only
+    // gives the same result.
     [[nodiscard]] Result<> close();
 
     // What was odd about what was added.

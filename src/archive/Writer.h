@@ -43,7 +43,7 @@ struct WriterOptions {
     // Asked between pieces: kCancelled, and the entry is not in the archive. An archive that is
     // closed nevertheless holds what was added before.
     std::stop_token stop = {};
-    // Totals are those of addAll.
+    // Totals are those of addAll, of several calls together.
     ProgressHandler progress = {};
 };
 
@@ -90,7 +90,7 @@ class Writer {
                                   const AfterEach& afterEach = {});
 
     // Writes the central directory and, at a path, sees everything onto the disk and gives the file
-    // its name. Closing twice does nothing.
+    // its name. Closing again only gives the same result.
     [[nodiscard]] Result<> close();
 
     // What was odd about what was added.

@@ -135,7 +135,6 @@ class Creation {
             if (auto added = addBatch(*writer, entries); !added) {
                 return added;
             }
-            before_ = now_;
         }
         if (auto closed = writer->close(); !closed) {
             return closed;
@@ -173,26 +172,23 @@ class Creation {
         });
     }
 
-    // Of all batches together.
+    // Of all batches together, which the writer knows one by one.
     archive::ProgressHandler progress(ProgressLine& line) {
         if (!messages_.hasStatus()) {
             return {};
         }
-        return [this, &line](const archive::Progress& batch) {
-            now_ = {.entriesDone = before_.entriesDone + batch.entriesDone,
-                    .entriesTotal = sources_.size(),
-                    .bytesDone = before_.bytesDone + batch.bytesDone,
-                    .bytesTotal = sources_.bytes(),
-                    .entry = batch.entry};
-            line.show(now_);
+        return [this, &line](const archive::Progress& done) {
+            line.show({.entriesDone = done.entriesDone,
+                       .entriesTotal = sources_.size(),
+                       .bytesDone = done.bytesDone,
+                       .bytesTotal = sources_.bytes(),
+                       .entry = done.entry});
         };
     }
 
     const CreateArguments& arguments_;
     const SourceTree& sources_;
     Messages& messages_;
-    archive::Progress before_;
-    archive::Progress now_;
     bool hasFailures_ = false;
 };
 

@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <chrono>
 #include <cstdlib>
 #include <thread>
 
@@ -194,6 +195,21 @@ TEST_F(WriterTest, AnOutputThatCannotBeTakenBackEndsWithAFailedEntry) {
     EXPECT_EQ(writer->add(breaking).error().code, ErrorCode::kReadFailed);
     EXPECT_EQ(writer->add(buffer("c", "z")).error().code, ErrorCode::kWriteFailed);
     EXPECT_FALSE(writer->close());
+    EXPECT_FALSE(writer->close());
+}
+
+TEST_F(WriterTest, ManyOfOneNameAreNumberedInNoTime) {
+    std::string out;
+    auto writer = Writer::toOutput(std::make_unique<MemoryOutput>(&out),
+                                   {.sameNames = SameNames::kRename, .threads = 1});
+    const auto start = std::chrono::steady_clock::now();
+    for (int i = 0; i < 20'000; ++i) {
+        ASSERT_TRUE(writer->add({.name = "link", .content = NewEntry::Link{"x"}}));
+    }
+    // Trying every number from 2 on takes far longer.
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
+    ASSERT_TRUE(writer->close());
+    EXPECT_NE(out.find("link (20000)"), std::string::npos);
 }
 
 TEST_F(WriterTest, NoNameHidesAnother) {
@@ -261,6 +277,7 @@ TEST_F(WriterTest, WhatIsNotClosedOrIsCancelledLeavesNothing) {
         ASSERT_TRUE(writer->add(buffer("a", "x")));
         stop.request_stop();
         EXPECT_EQ(writer->add(buffer("b", "x")).error().code, ErrorCode::kCancelled);
+        EXPECT_EQ(writer->add({.name = "folder"}).error().code, ErrorCode::kCancelled);
     }
     const fs::directory_iterator left(home().path());
     EXPECT_EQ(std::distance(left, {}), 2) << "nothing beside the sources and the neighbour";
@@ -294,11 +311,12 @@ TEST_F(WriterTest, AddAllTellsOfEachEntryAndTriesAgain) {
     }));
     EXPECT_EQ(told.size(), 31U);
     EXPECT_EQ(told[21], 20U);
+    ASSERT_TRUE(writer->addAll({buffer("more", "1234"), {.name = "folder"}}));
     ASSERT_TRUE(writer->close());
-    EXPECT_EQ(last.entriesDone, 30U);
-    EXPECT_EQ(last.entriesTotal, 30U);
-    EXPECT_EQ(last.bytesDone, 29U * 10'000 + 4);
-    EXPECT_EQ(Reader::open(archivePath())->size(), 30U);
+    EXPECT_EQ(last.entriesDone, 32U);
+    EXPECT_EQ(last.entriesTotal, 32U);
+    EXPECT_EQ(last.bytesDone, 29U * 10'000 + 4 + 4);
+    EXPECT_EQ(Reader::open(archivePath())->size(), 32U);
 }
 
 }  // namespace

@@ -169,13 +169,17 @@ class ArchiveWriter::State {
     }
 
     [[nodiscard]] bool isClosed() const { return closed_; }
+    [[nodiscard]] const Result<>& outcome() const { return outcome_; }
     [[nodiscard]] const Warnings& warnings() const { return warnings_; }
     [[nodiscard]] Result<> add(const Source& source, std::size_t readSize);
     [[nodiscard]] Result<> addStream(const Source& source, const NewEntry::Stream& stream);
     void announce(std::vector<Source> next, std::size_t readSize) {
         queue_.announce(std::move(next), readSize);
     }
-    void expectEntries(std::size_t count) { progress_.expect(count, 0); }
+    void expectEntries(std::size_t count) {
+        expected_ += count;
+        progress_.expect(expected_, 0);
+    }
     [[nodiscard]] Result<> close();
 
   private:
@@ -189,7 +193,7 @@ class ArchiveWriter::State {
                                     const Feed& next,
                                     bool isEndless);
     // Puts the name in its place that the entry gets.
-    [[nodiscard]] Result<> settleName(std::string& name, bool isFolder) const;
+    [[nodiscard]] Result<> settleName(std::string& name, bool isFolder);
     // Writes the entry's header and data; fills in what becomes known by that.
     [[nodiscard]] Result<> writeEntry(format::EntryRecord& record,
                                       const Feed& next,
@@ -204,11 +208,14 @@ class ArchiveWriter::State {
     ArchiveOutput output_;
     const Settings settings_;
     ProgressTeller progress_;
+    std::size_t expected_ = 0;
     DirectoryWriter directory_;
     TakenNames names_;
     Warnings warnings_;
     std::vector<std::uint8_t> header_;
     bool closed_ = false;
+    // Of closing, which tells nothing else when memory ends it.
+    Result<> outcome_ = failure(ErrorCode::kOutOfMemory);
     const unsigned threadCount_;
     OutputBuffers buffers_;  // before what holds some of them
     CompressionQueue queue_;
@@ -243,7 +250,7 @@ Result<> ArchiveWriter::State::addStream(const Source& source, const NewEntry::S
     });
 }
 
-Result<> ArchiveWriter::State::settleName(std::string& name, bool isFolder) const {
+Result<> ArchiveWriter::State::settleName(std::string& name, bool isFolder) {
     if (settings_.sameNames == Settings::SameNames::kKeep || names_.isFree(name, isFolder)) {
         return {};
     }
@@ -258,6 +265,10 @@ Result<> ArchiveWriter::State::addFound(const Source& source,
                                         const struct stat& found,
                                         const Feed& next,
                                         bool isEndless) {
+    // What has no data asks nowhere else.
+    if (settings_.stop.stop_requested()) {
+        return failure(ErrorCode::kCancelled);
+    }
     auto name = portableName(source.name);
     if (!name || !areInRange(source.options)) {
         return failure(ErrorCode::kInvalidArgument);
@@ -284,17 +295,19 @@ Result<> ArchiveWriter::State::addFound(const Source& source,
     if (!written) {
         return written;
     }
-    directory_.add(record);
-    isWhole = true;
-    if (settings_.sameNames != Settings::SameNames::kKeep) {
-        names_.add(record.name, isFolder);
-    }
     if (!isPortable) {
         warnings_.add(WarningCode::kNameMadePortable, source.name, record.localHeaderOffset);
     }
     if (isRenamed) {
         warnings_.add(WarningCode::kRenamed, source.name, record.localHeaderOffset);
     }
+    directory_.reserve(record);
+    if (settings_.sameNames != Settings::SameNames::kKeep) {
+        names_.add(record.name, isFolder);
+    }
+    // From here on no memory is asked for that there might not be.
+    directory_.addReserved();
+    isWhole = true;
     progress_.addEntry(source.name);
     return {};
 }
@@ -386,6 +399,7 @@ Result<> ArchiveWriter::State::close() {
     if (written) {
         progress_.finish();
     }
+    outcome_ = written;
     return written;
 }
 
@@ -460,7 +474,7 @@ const Warnings& ArchiveWriter::warnings() const {
 }
 
 Result<> ArchiveWriter::close() {
-    return state_->isClosed() ? Result<>() : state_->close();
+    return state_->isClosed() ? state_->outcome() : state_->close();
 }
 
 }  // namespace pellumar::archive

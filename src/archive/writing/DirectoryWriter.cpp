@@ -1,6 +1,7 @@
 #include "archive/writing/DirectoryWriter.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "archive/format/EndOfCentralDirectory.h"
 
@@ -12,13 +13,18 @@ constexpr std::size_t kBlockSize = 64UL * 1024;
 
 }  // namespace
 
-void DirectoryWriter::add(const format::EntryRecord& record) {
-    std::vector<std::uint8_t> header;
-    format::appendCentralDirectoryHeader(header, record);
-    if (blocks_.empty() || blocks_.back().size() + header.size() > blocks_.back().capacity()) {
-        blocks_.emplace_back().reserve(std::max(kBlockSize, header.size()));
+void DirectoryWriter::reserve(const format::EntryRecord& record) {
+    next_.clear();
+    format::appendCentralDirectoryHeader(next_, record);
+    if (blocks_.empty() || blocks_.back().size() + next_.size() > blocks_.back().capacity()) {
+        std::vector<std::uint8_t> block;
+        block.reserve(std::max(kBlockSize, next_.size()));
+        blocks_.push_back(std::move(block));
     }
-    blocks_.back().insert(blocks_.back().end(), header.begin(), header.end());
+}
+
+void DirectoryWriter::addReserved() {
+    blocks_.back().insert(blocks_.back().end(), next_.begin(), next_.end());
     ++entries_;
 }
 

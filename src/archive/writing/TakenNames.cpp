@@ -16,34 +16,42 @@ std::string pathOf(std::string_view name) {
 
 }  // namespace
 
-bool TakenNames::isFile(const std::string& path) const {
-    const auto found = kinds_.find(path);
-    return found != kinds_.end() && found->second == Kind::kFile;
+TakenNames::Kinds::const_iterator TakenNames::nearestAbove(std::string_view path) const {
+    for (std::size_t slash = path.rfind('/'); slash != std::string_view::npos && slash > 0;
+         slash = path.rfind('/', slash - 1)) {
+        if (const auto found = kinds_.find(std::string(path.substr(0, slash)));
+            found != kinds_.end()) {
+            return found;
+        }
+    }
+    return kinds_.end();
 }
 
 std::optional<std::string_view> TakenNames::conflictOf(std::string_view path, bool isFolder) const {
-    for (std::size_t slash = path.find('/'); slash != std::string_view::npos;
-         slash = path.find('/', slash + 1)) {
-        if (isFile(std::string(path.substr(0, slash)))) {
-            return path.substr(0, slash);
-        }
-    }
     const auto found = kinds_.find(std::string(path));
-    // A folder may be told of twice.
-    const bool areFolders = isFolder && found != kinds_.end() && found->second == Kind::kFolder;
-    return found == kinds_.end() || areFolders ? std::nullopt : std::optional(path);
+    if (found != kinds_.end()) {
+        // A folder may be told of twice.
+        const bool areFolders = isFolder && found->second == Kind::kFolder;
+        return areFolders ? std::nullopt : std::optional(path);
+    }
+    const auto above = nearestAbove(path);
+    return above != kinds_.end() && above->second == Kind::kFile
+               ? std::optional(path.substr(0, above->first.size()))
+               : std::nullopt;
 }
 
 bool TakenNames::isFree(std::string_view name, bool isFolder) const {
     return !conflictOf(pathOf(name), isFolder);
 }
 
-std::string TakenNames::freeName(std::string_view name, bool isFolder) const {
+std::string TakenNames::freeName(std::string_view name, bool isFolder) {
     std::string path = pathOf(name);
     while (const auto conflict = conflictOf(path, isFolder)) {
         const std::string rest = path.substr(conflict->size());
         const std::string taken(*conflict);
-        for (std::size_t number = 2;; ++number) {
+        std::size_t& number =
+            numbers_.try_emplace(rest.empty() ? taken : taken + '/', 2).first->second;
+        for (;; ++number) {
             const std::string other = numberedName(taken, number);
             // What is on the way may be a folder already.
             const auto found = kinds_.find(other);
@@ -58,7 +66,9 @@ std::string TakenNames::freeName(std::string_view name, bool isFolder) const {
 
 void TakenNames::add(std::string_view name, bool isFolder) {
     const std::string path = pathOf(name);
-    for (std::size_t slash = path.find('/'); slash != std::string::npos;
+    const auto above = nearestAbove(path);
+    const std::size_t known = above == kinds_.end() ? 0 : above->first.size() + 1;
+    for (std::size_t slash = path.find('/', known); slash != std::string::npos;
          slash = path.find('/', slash + 1)) {
         kinds_.emplace(path.substr(0, slash), Kind::kFolder);
     }
