@@ -48,6 +48,9 @@ class Archive {
     // entry of its own; what is in it is not added. A symbolic link is followed. `bufferSize` (4
     // KiB to 1 MiB; others are taken for the nearest) is the size of one read from the source.
     //
+    // Names are not compared: of several entries of one name all go in, and extracting takes the
+    // last. Whose sources may have one name gives them different ones first.
+    //
     // On an error nothing of this entry is in the archive, and the next may be added; after
     // kNoSpace or kWriteFailed that will fail as well unless room is made. kInvalidArgument if
     // `path` is empty, absolute, longer than 65,535 bytes or has a ".." component.
