@@ -2,6 +2,7 @@
 
 #include <QEventLoop>
 #include <algorithm>
+#include <csignal>
 #include <filesystem>
 #include <iterator>
 #include <string>
@@ -118,16 +119,20 @@ int JobRunner::unzip() {
         password = *std::move(read);
     }
     fileSystem_.createFolders();
+    bool isInterrupted = false;
     QEventLoop loop;
     zipManager_.unzip(
         fileUrl(paths->front()),
         [&](const std::optional<QList<QUrl>>& files, const JobReport& report) {
-            loop.exit(finish(files.value_or(QList<QUrl>()), report));
+            loop.exit(isInterrupted ? kExitSignal + SIGINT
+                                    : finish(files.value_or(QList<QUrl>()), report));
         },
         [&](const std::shared_ptr<PasswordRequest>& request) {
             if (!password) {
                 const std::string name = paths->front().filename().native();
-                password = askOnTerminal("Password of " + name + ": ").value_or(nullptr);
+                auto answer = askOnTerminal("Password of " + name + ": ");
+                isInterrupted = !answer && answer.error() == NoAnswer::kInterrupted;
+                password = std::move(answer).value_or(nullptr);
             }
             if (password) {
                 request->tryPassword(password, [request](bool fits) {

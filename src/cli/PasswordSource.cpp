@@ -16,34 +16,46 @@
 namespace pellumar {
 namespace {
 
+using PasswordPointer = std::shared_ptr<const archive::Password>;
+
 // No password is longer; a file that has no line end would be read whole.
 constexpr std::size_t kLongest = 4096;
 
-// ECANCELED if the byte `cancel` comes.
-tl::expected<std::string, int> firstLineOf(int descriptor, std::optional<char> cancel = {}) {
+// ECANCELED if the byte `cancel` comes; EMSGSIZE if the line is too long. What was read is wiped.
+tl::expected<PasswordPointer, int> firstLineOf(int descriptor, std::optional<char> cancel = {}) {
     std::string line;
-    char byte = 0;
-    line.reserve(kLongest);
-    while (line.size() < kLongest) {
+    // Growing would leave pieces of it behind.
+    line.reserve(kLongest + 2);
+    const auto without = [&line](int error) {
+        static_cast<void>(archive::Password(std::move(line)));
+        return tl::unexpected(error);
+    };
+    for (char byte = 0;;) {
         const ssize_t count = ::read(descriptor, &byte, 1);
         if (count < 0 && errno == EINTR) {
             continue;
         }
         if (count < 0) {
-            return tl::unexpected(errno);
+            return without(errno);
         }
         if (count == 0 || byte == '\n') {
             break;
         }
         if (byte == cancel) {
-            return tl::unexpected(ECANCELED);
+            return without(ECANCELED);
+        }
+        if (line.size() > kLongest) {
+            return without(EMSGSIZE);
         }
         line.push_back(byte);
     }
     if (line.ends_with('\r')) {
         line.pop_back();
     }
-    return line;
+    if (line.size() > kLongest) {
+        return without(EMSGSIZE);
+    }
+    return std::make_shared<const archive::Password>(std::move(line));
 }
 
 constexpr char kControlC = '\x03';
@@ -85,14 +97,17 @@ void say(int terminal, std::string_view text) {
 tl::expected<std::shared_ptr<const archive::Password>, std::string> passwordIn(
     const std::filesystem::path& file) {
     const archive::File opened(::open(file.c_str(), O_RDONLY | O_CLOEXEC));
-    tl::expected<std::string, int> line = tl::unexpected(errno);
+    tl::expected<PasswordPointer, int> line = tl::unexpected(errno);
     if (opened.isOpen()) {
         line = firstLineOf(opened.descriptor());
     }
     if (!line) {
-        return tl::unexpected(file.native() + ": " + std::generic_category().message(line.error()));
+        return tl::unexpected(file.native() + ": " +
+                              (line.error() == EMSGSIZE
+                                   ? "its first line is longer than 4,096 bytes, as no password is"
+                                   : std::generic_category().message(line.error())));
     }
-    return std::make_shared<const archive::Password>(*std::move(line));
+    return *std::move(line);
 }
 
 tl::expected<std::shared_ptr<const archive::Password>, NoAnswer> askOnTerminal(
@@ -106,7 +121,7 @@ tl::expected<std::shared_ptr<const archive::Password>, NoAnswer> askOnTerminal(
     if (!terminal.isOpen()) {
         return tl::unexpected(NoAnswer::kNoTerminal);
     }
-    tl::expected<std::string, int> line;
+    tl::expected<PasswordPointer, int> line;
     {
         const SilentTyping silent(terminal.descriptor());
         say(STDERR_FILENO, printable(question));
@@ -117,10 +132,10 @@ tl::expected<std::shared_ptr<const archive::Password>, NoAnswer> askOnTerminal(
         return tl::unexpected(line.error() == ECANCELED ? NoAnswer::kInterrupted
                                                         : NoAnswer::kNothing);
     }
-    if (line->empty()) {
+    if ((*line)->text().empty()) {
         return tl::unexpected(NoAnswer::kNothing);
     }
-    return std::make_shared<const archive::Password>(*std::move(line));
+    return *std::move(line);
 }
 
 }  // namespace pellumar

@@ -10,7 +10,8 @@
 
 namespace pellumar {
 
-// The first line of the file, without its end; the error is a phrase for people.
+// The first line of the file, of at most 4,096 bytes, without its end; the error is a phrase for
+// people.
 [[nodiscard]] tl::expected<std::shared_ptr<const archive::Password>, std::string> passwordIn(
     const std::filesystem::path& file);
 

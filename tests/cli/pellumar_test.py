@@ -159,7 +159,10 @@ class UnzipTest(ProgramTest):
             self.assertIn(b"password", err)
         code, _, err = self.run_program("-q", "unzip", "a.zip", "--password-file", "missing")
         self.assertEqual((code, err), (1, b"pellumar: missing: No such file or directory\n"))
-        for answer, expected in ((b"geheim\n", 0), (b"falsch\n", 1)):
+        self.write("long", b"x" * 4097)
+        code, _, err = self.run_program("-q", "unzip", "a.zip", "--password-file", "long")
+        self.assertEqual((code, err.count(b"longer than 4,096 bytes")), (1, 1), err)
+        for answer, expected in ((b"geheim\n", 0), (b"falsch\n", 1), (b"geh\x03", 130)):
             code, sent = self.run_on_terminal("-q", "unzip", "a.zip", answer=answer,
                                               asked=b"Password of a.zip: ")
             self.assertEqual(code, expected, sent)
