@@ -21,8 +21,6 @@ class Output final : public archive::DataSink {
     // Writes what is left. An empty text if all has arrived, else why not, as a line.
     [[nodiscard]] std::string finish();
 
-    [[nodiscard]] bool isTerminal() const { return isTerminal_; }
-
   private:
     void flush();
     void writeOut(std::string_view bytes);
