@@ -39,12 +39,13 @@ archive::Result<> list(const archive::Reader& reader) {
     if (!first) {
         return archive::passOn(first);
     }
-    std::vector<std::uint8_t> buffer(64);
-    const auto count = first->read(buffer);
+    std::string text(8, ' ');
+    const auto count = first->read({reinterpret_cast<std::uint8_t*>(text.data()), text.size()});
     if (!count) {
-        return archive::Failure(count.error());
+        return archive::passOn(count);
     }
-    std::cout << "It begins with: " << std::string(buffer.begin(), buffer.begin() + 8) << '\n';
+    text.resize(*count);  // it may be shorter
+    std::cout << "It begins with: " << text << '\n';
     return {};
 }
 
