@@ -23,9 +23,8 @@ void AnalyticsEngine::start() {
     thread_ = std::thread([this, marker] { AnalyticsLoop(environment_, intake_, marker).run(); });
 }
 
-void AnalyticsEngine::logEventWithName(const QString& name,
-                                       const std::optional<QVariantMap>& parameters) {
-    auto checked = Event::check(name, parameters.value_or(QVariantMap()));
+template <typename Value>
+void AnalyticsEngine::accept(Checked<Value> checked) {
     if (checked.error != MeasurementError::kNone) {
         intake_.noteInvalid();
     }
@@ -34,14 +33,13 @@ void AnalyticsEngine::logEventWithName(const QString& name,
     }
 }
 
+void AnalyticsEngine::logEventWithName(const QString& name,
+                                       const std::optional<QVariantMap>& parameters) {
+    accept(Event::check(name, parameters.value_or(QVariantMap())));
+}
+
 void AnalyticsEngine::setUserPropertyString(const QString& value, const QString& forName) {
-    auto checked = UserProperty::check(forName, value);
-    if (checked.error != MeasurementError::kNone) {
-        intake_.noteInvalid();
-    }
-    if (checked.value) {
-        intake_.add({.moment = environment_.now(), .what = std::move(*checked.value)});
-    }
+    accept(UserProperty::check(forName, value));
 }
 
 void AnalyticsEngine::setConsent(ConsentKind kind, ConsentStatus status) {

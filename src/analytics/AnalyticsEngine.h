@@ -52,8 +52,8 @@ class AnalyticsEngine : public FIRAnalytics {
     // The application came to the front, or left it: sessions and engagement depend on it.
     void setActive(bool active);
 
-    // Waits until everything said before is on disk; false if it does not come to that in time,
-    // or not at all. Not for the main thread.
+    // Waits until what was said before, and may be kept, is on disk; false if it does not come to
+    // that in time, or not at all. Not for the main thread.
     [[nodiscard]] bool waitUntilStored(std::chrono::milliseconds timeout) {
         return intake_.waitUntilDone(timeout).isStored;
     }
@@ -68,6 +68,9 @@ class AnalyticsEngine : public FIRAnalytics {
     void stop();
 
   private:
+    template <typename Value>
+    void accept(Checked<Value> checked);
+
     const AnalyticsEnvironment environment_;
     Intake intake_;
     std::optional<CrashMarker> marker_;

@@ -9,12 +9,22 @@
 
 #include "analytics/AnalyticsStore.h"
 #include "analytics/Audiences.h"
+#include "analytics/Consent.h"
 #include "analytics/HttpTransport.h"
 #include "analytics/MeasurementConfig.h"
 #include "analytics/Moment.h"
-#include "analytics/Recorder.h"
 
 namespace pellumar {
+
+// What is measured, and on what.
+struct ProductVersions {
+    QString serviceName;
+    QString serviceVersion;
+    // "linux".
+    QString osType;
+    // "Debian GNU/Linux 12", as a person would say it.
+    QString osVersion;
+};
 
 // All that the engine has from outside. Functions are called on the engine's thread.
 struct AnalyticsEnvironment {
@@ -39,6 +49,12 @@ struct AnalyticsEnvironment {
     // How long nothing has to be said before something is sent.
     std::chrono::milliseconds idle{2000};
     qint64 mostBytes = AnalyticsStore::kMostBytes;
+};
+
+// What the piece of work at hand goes by.
+struct Rules {
+    Consent consent;
+    MeasurementConfig config;
 };
 
 }  // namespace pellumar

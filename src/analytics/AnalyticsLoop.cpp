@@ -57,7 +57,6 @@ bool AnalyticsLoop::work() {
     std::move(taken.items.begin(), taken.items.end(), std::back_inserter(said_));
     work_.dropped += taken.dropped;
     work_.invalid += taken.invalid;
-    work_.isComplete = work_.isComplete && taken.isComplete;
     Intake::Outcome outcome;
     const bool isKnown = knowsConsent();
     const Consent& consent = rules_.consent;
@@ -70,7 +69,6 @@ bool AnalyticsLoop::work() {
     }
     const bool isLeft = !outcome.isStored && (!isKnown || consent.allowsStorage());
     if (!isLeft) {
-        outcome.isStored = outcome.isStored && work_.isComplete;
         work_ = {};
     }
     isStuck_ = isLeft || !outcome.isObeyed;
@@ -108,8 +106,6 @@ void AnalyticsLoop::sift() {
             consent.isErasureOwed = consent.isErasureOwed || wasOwed;
         } else if (consent.mayKeep()) {
             work_.items.push_back(std::move(item));
-        } else {
-            work_.isComplete = false;
         }
     }
 }

@@ -51,11 +51,9 @@ AnalyticsStore::AnalyticsStore(const std::filesystem::path& folder, qint64 mostB
         "PRAGMA temp_store = MEMORY; PRAGMA secure_delete = FAST; PRAGMA trusted_schema = OFF;");
     database_.script(
         ("PRAGMA max_page_count = " + std::to_string(mostBytes_ / kPageBytes)).c_str());
-    database_.run("PRAGMA quick_check(1)", {}, [this](const Database::Row& row) {
-        if (row.text(0) != u"ok") {
-            database_.fail(DatabaseOutcome::kDamaged);
-        }
-    });
+    if (database_.rows("PRAGMA quick_check(1)").value(0).value(0) != QByteArray("ok")) {
+        database_.fail(DatabaseOutcome::kDamaged);
+    }
     const qint64 version = database_.number("PRAGMA user_version");
     if (version != 0 && version != kVersion) {
         database_.fail(DatabaseOutcome::kUnavailable);
@@ -64,9 +62,7 @@ AnalyticsStore::AnalyticsStore(const std::filesystem::path& folder, qint64 mostB
     if (version == 0) {
         database_.script(kSchema);
     }
-    database_.run("SELECT memory FROM state", {}, [this](const Database::Row& row) {
-        memory_.read(row.bytes(0));
-    });
+    memory_.read(database_.rows("SELECT memory FROM state").value(0).value(0).toByteArray());
     database_.script("COMMIT");
 }
 
@@ -167,15 +163,15 @@ void AnalyticsStore::makeRoom(Memory& memory) {
 
 std::vector<StoredEvent> AnalyticsStore::oldest(qint64 most) {
     std::vector<StoredEvent> events;
-    database_.run("SELECT id, name, time, session, parameters FROM events ORDER BY id LIMIT ?",
-                  {most},
-                  [&](const Database::Row& row) {
-                      events.push_back({.row = row.number(0),
-                                        .name = row.text(1),
-                                        .time = row.number(2),
-                                        .session = row.text(3),
-                                        .parameters = row.bytes(4)});
-                  });
+    for (const QVariantList& row : database_.rows(
+             "SELECT id, name, time, session, parameters FROM events ORDER BY id LIMIT ?",
+             {most})) {
+        events.push_back({.row = row[0].toLongLong(),
+                          .name = row[1].toString(),
+                          .time = row[2].toLongLong(),
+                          .session = row[3].toString(),
+                          .parameters = row[4].toByteArray()});
+    }
     return events;
 }
 
@@ -208,7 +204,9 @@ std::optional<QByteArray> AnalyticsStore::jsonLines(const std::filesystem::path&
     // At one moment of what is being written.
     database.script("BEGIN");
     for (const char* const each : kLines) {
-        database.run(each, {}, [&](const Database::Row& row) { lines += row.bytes(0) + '\n'; });
+        for (const QVariantList& row : database.rows(each)) {
+            lines += row[0].toByteArray() + '\n';
+        }
     }
     return database.takeOutcome() == DatabaseOutcome::kDone ? std::optional(lines) : std::nullopt;
 }

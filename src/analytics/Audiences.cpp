@@ -1,7 +1,8 @@
 #include "analytics/Audiences.h"
 
 #include <algorithm>
-#include <map>
+
+#include "analytics/AnalyticsEnvironment.h"
 
 namespace pellumar {
 namespace {
@@ -19,52 +20,35 @@ bool holds(const Audience& audience, AnalyticsStore& store, qint64 today) {
 
 }  // namespace
 
-std::vector<AudienceChange> followAudiences(const std::vector<Audience>& declared,
-                                            AnalyticsStore& store,
-                                            const Consent& consent,
-                                            qint64 today) {
-    // Which of them the user was in, and whether for advertising.
-    std::map<QString, bool> left;
-    const Memory& memory = store.memory();
-    for (const bool advertising : {false, true}) {
-        for (const QString& name : (advertising ? memory.advertising : memory.properties).keys()) {
-            if (name.startsWith(kAudiencePrefix)) {
-                left.emplace(name.sliced(kAudiencePrefix.size()), advertising);
+void followAudiences(const AnalyticsEnvironment& environment,
+                     AnalyticsStore& store,
+                     const Consent& consent) {
+    const qint64 today = localDay(environment.now().wall);
+    const QVariantMap before = store.memory().audiences;
+    QVariantMap after;
+    for (const Audience& audience : environment.audiences) {
+        if (consent.mayMeasure() && (!audience.forAdvertising || consent.mayAdvertise()) &&
+            holds(audience, store, today)) {
+            after.insert(audience.name, audience.forAdvertising);
+        }
+    }
+    if (before == after) {
+        return;
+    }
+    Change change{.memory = store.memory()};
+    change.memory.audiences = after;
+    if (store.write(change) != DatabaseOutcome::kDone || !environment.audienceChanged) {
+        return;
+    }
+    const auto tell = [&](const QVariantMap& those, const QVariantMap& others, bool member) {
+        for (auto each = those.keyBegin(); each != those.keyEnd(); ++each) {
+            if (!others.contains(*each)) {
+                environment.audienceChanged(*each, member);
             }
         }
-    }
-    std::vector<AudienceChange> changes;
-    Change change{.memory = store.memory()};
-    const auto keep = [&](const QString& name, bool member, bool advertising) {
-        change.memory.set({.name = kAudiencePrefix + name,
-                           .value = member ? QStringLiteral("1") : QString(),
-                           .advertising = advertising});
     };
-    for (const Audience& audience : declared) {
-        const bool isAllowed =
-            consent.mayMeasure() && (!audience.forAdvertising || consent.mayAdvertise());
-        const auto before = left.find(audience.name);
-        if (!isAllowed || !holds(audience, store, today)) {
-            // Left with those that are not declared any more.
-            continue;
-        }
-        if (before == left.end()) {
-            changes.push_back({.audience = audience.name, .member = true});
-        }
-        // Of a member, what the audience is for may have become another thing.
-        if (before == left.end() || before->second != audience.forAdvertising) {
-            keep(audience.name, true, audience.forAdvertising);
-        }
-        left.erase(audience.name);
-    }
-    for (const auto& [name, advertising] : left) {
-        changes.push_back({.audience = name, .member = false});
-        keep(name, false, advertising);
-    }
-    if (change.memory != store.memory() && store.write(change) != DatabaseOutcome::kDone) {
-        changes.clear();
-    }
-    return changes;
+    tell(after, before, true);
+    tell(before, after, false);
 }
 
 }  // namespace pellumar

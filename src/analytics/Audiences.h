@@ -4,10 +4,11 @@
 #include <optional>
 #include <vector>
 
-#include "analytics/AnalyticsStore.h"
-#include "analytics/Consent.h"
-
 namespace pellumar {
+
+struct AnalyticsEnvironment;
+class AnalyticsStore;
+class Consent;
 
 // An event has happened so often: ever, or on the last days with today as the first, 1 to 60.
 struct EventHappened {
@@ -27,17 +28,10 @@ struct Audience {
     bool forAdvertising = false;
 };
 
-// The user came in or left.
-struct AudienceChange {
-    QString audience;
-    bool member = false;
-};
-
 // Holds all conditions against the store, keeps who is in which audience, and tells what has
-// changed; audiences that are declared no more are left. Nothing if it could not be kept.
-[[nodiscard]] std::vector<AudienceChange> followAudiences(const std::vector<Audience>& declared,
-                                                          AnalyticsStore& store,
-                                                          const Consent& consent,
-                                                          qint64 today);
+// changed once that is kept; audiences that are declared no more are left.
+void followAudiences(const AnalyticsEnvironment& environment,
+                     AnalyticsStore& store,
+                     const Consent& consent);
 
 }  // namespace pellumar

@@ -28,16 +28,15 @@ DatabaseOutcome outcomeOf(int result) {
     }
 }
 
+QVariant column(sqlite3_stmt* statement, int i) {
+    if (sqlite3_column_type(statement, i) == SQLITE_INTEGER) {
+        return qint64{sqlite3_column_int64(statement, i)};
+    }
+    const void* const text = sqlite3_column_text(statement, i);
+    return QByteArray(static_cast<const char*>(text), sqlite3_column_bytes(statement, i));
+}
+
 }  // namespace
-
-qint64 Database::Row::number(int column) const {
-    return sqlite3_column_int64(statement_, column);
-}
-
-QByteArray Database::Row::bytes(int column) const {
-    const void* const bytes = sqlite3_column_text(statement_, column);
-    return {static_cast<const char*>(bytes), sqlite3_column_bytes(statement_, column)};
-}
 
 Database::Database(const std::filesystem::path& path, Mode mode) {
     const int access =
@@ -80,18 +79,27 @@ DatabaseOutcome Database::takeOutcome() {
     return std::exchange(outcome_, DatabaseOutcome::kDone);
 }
 
-qint64 Database::run(const char* sql, std::initializer_list<Value> values, const Visitor& visit) {
+qint64 Database::run(const char* sql, std::initializer_list<QVariant> values) {
+    static_cast<void>(rows(sql, values));
+    return failed() ? 0 : sqlite3_changes64(connection_);
+}
+
+QList<QVariantList> Database::rows(const char* sql, std::initializer_list<QVariant> values) {
     sqlite3_stmt* const statement = prepared(sql);
     int place = 0;
-    for (const Value& value : values) {
+    for (const QVariant& value : values) {
         bind(statement, ++place, value);
     }
+    QList<QVariantList> rows;
     int result = SQLITE_ROW;
     while (result == SQLITE_ROW && !failed()) {
         result = sqlite3_step(statement);
         note(result);
-        if (result == SQLITE_ROW && visit) {
-            visit(Row(statement));
+        if (result == SQLITE_ROW) {
+            QVariantList& row = rows.emplaceBack();
+            for (int i = 0; i < sqlite3_column_count(statement); ++i) {
+                row.append(column(statement, i));
+            }
         }
     }
     if (statement != nullptr) {
@@ -99,13 +107,7 @@ qint64 Database::run(const char* sql, std::initializer_list<Value> values, const
         static_cast<void>(sqlite3_reset(statement));
         sqlite3_clear_bindings(statement);
     }
-    return failed() ? 0 : sqlite3_changes64(connection_);
-}
-
-qint64 Database::number(const char* sql, std::initializer_list<Value> values) {
-    qint64 number = 0;
-    run(sql, values, [&](const Row& row) { number = row.number(0); });
-    return number;
+    return rows;
 }
 
 void Database::script(const char* sql) {
@@ -128,18 +130,17 @@ sqlite3_stmt* Database::prepared(const char* sql) {
     return statement;
 }
 
-void Database::bind(sqlite3_stmt* statement, int place, const Value& value) {
+void Database::bind(sqlite3_stmt* statement, int place, const QVariant& value) {
     if (failed()) {
         return;
     }
-    if (const auto* const number = std::get_if<qint64>(&value)) {
-        note(sqlite3_bind_int64(statement, place, *number));
+    if (value.typeId() == QMetaType::LongLong) {
+        note(sqlite3_bind_int64(statement, place, value.toLongLong()));
         return;
     }
-    const auto* const text = std::get_if<QString>(&value);
-    const QByteArray bytes = text != nullptr ? text->toUtf8() : std::get<QByteArray>(value);
+    const QByteArray text = value.toByteArray();
     note(sqlite3_bind_text(
-        statement, place, bytes.constData(), static_cast<int>(bytes.size()), SQLITE_TRANSIENT));
+        statement, place, text.constData(), static_cast<int>(text.size()), SQLITE_TRANSIENT));
 }
 
 void Database::note(int result) {

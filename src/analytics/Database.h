@@ -1,11 +1,11 @@
 #pragma once
 
-#include <QString>
+#include <QList>
+#include <QVariant>
 #include <filesystem>
 #include <functional>
 #include <initializer_list>
 #include <map>
-#include <variant>
 
 struct sqlite3;
 struct sqlite3_stmt;
@@ -29,21 +29,6 @@ enum class DatabaseOutcome {
 // thread at a time.
 class Database {
   public:
-    using Value = std::variant<qint64, QString, QByteArray>;
-
-    class Row {
-      public:
-        explicit Row(sqlite3_stmt* statement) : statement_(statement) {}
-        // Columns count from 0.
-        [[nodiscard]] qint64 number(int column) const;
-        [[nodiscard]] QByteArray bytes(int column) const;
-        [[nodiscard]] QString text(int column) const { return QString::fromUtf8(bytes(column)); }
-
-      private:
-        sqlite3_stmt* statement_;
-    };
-    using Visitor = std::function<void(const Row&)>;
-
     enum class Mode { kMake, kRead };
 
     // Nothing is looked at yet. What is made is the user's alone.
@@ -59,13 +44,17 @@ class Database {
     // What the first failure was, which is then forgotten. For work outside transact().
     [[nodiscard]] DatabaseOutcome takeOutcome();
 
-    // A statement, whose values take the places of the question marks. How many rows it has
-    // changed; none after a failure. It is kept for the next time: `sql` is a literal.
-    qint64 run(const char* sql,
-               std::initializer_list<Value> values = {},
-               const Visitor& visit = {});
+    // A statement, whose values take the places of the question marks: numbers of 64 bits and
+    // texts. How many rows it has changed; none after a failure. It is kept for the next time:
+    // `sql` is a literal.
+    qint64 run(const char* sql, std::initializer_list<QVariant> values = {});
+    // The rows that it has, of numbers and of texts in UTF-8.
+    [[nodiscard]] QList<QVariantList> rows(const char* sql,
+                                           std::initializer_list<QVariant> values = {});
     // The first column of the only row; 0 if there is none.
-    [[nodiscard]] qint64 number(const char* sql, std::initializer_list<Value> values = {});
+    [[nodiscard]] qint64 number(const char* sql, std::initializer_list<QVariant> values = {}) {
+        return rows(sql, values).value(0).value(0).toLongLong();
+    }
     // Several, which are not kept.
     void script(const char* sql);
 
@@ -76,7 +65,7 @@ class Database {
     [[nodiscard]] bool failed() const { return outcome_ != DatabaseOutcome::kDone; }
     void note(int result);
     [[nodiscard]] sqlite3_stmt* prepared(const char* sql);
-    void bind(sqlite3_stmt* statement, int place, const Value& value);
+    void bind(sqlite3_stmt* statement, int place, const QVariant& value);
 
     sqlite3* connection_ = nullptr;
     DatabaseOutcome outcome_ = DatabaseOutcome::kDone;

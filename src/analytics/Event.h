@@ -3,8 +3,6 @@
 #include <QString>
 #include <QVariantMap>
 #include <optional>
-#include <variant>
-#include <vector>
 
 #include "platform/FIRAnalytics.h"
 
@@ -34,16 +32,11 @@ inline const QString kRefused = QStringLiteral("refused");
 // Why something was dropped or cut. The numbers leave the machine and keep their meaning.
 enum class MeasurementError {
     kNone = 0,
-    kEventName = 1,
-    kReservedEventName = 2,
-    kParameterName = 3,
-    kReservedParameterName = 4,
+    kName = 3,
+    kReservedName = 4,
     kTooManyParameters = 5,
-    kParameterTextCut = 6,
+    kTextCut = 6,
     kParameterType = 7,
-    kPropertyName = 8,
-    kReservedPropertyName = 9,
-    kPropertyValueCut = 10,
 };
 
 // What the application says, held to the limits and copied, so that what is kept in memory is small
@@ -57,22 +50,14 @@ struct Checked {
     MeasurementError error = MeasurementError::kNone;
 };
 
-using ParameterValue = std::variant<bool, qint64, double, QString>;
-
-struct EventParameter {
-    QString name;
-    ParameterValue value;
-
-    friend bool operator==(const EventParameter&, const EventParameter&) = default;
-};
-
 struct Event {
     static constexpr qsizetype kMostNameLength = 40;
-    static constexpr std::size_t kMostParameters = 25;
+    static constexpr qsizetype kMostParameters = 25;
     static constexpr qsizetype kMostTextLength = 100;
 
     QString name;
-    std::vector<EventParameter> parameters;
+    // Of these four types: bool, qint64, double, QString.
+    QVariantMap parameters;
 
     // Keeps the first parameters in the order of their names; drops those that are wrong, cuts long
     // texts. Values are truth values, whole numbers of at most 64 bits with a sign, finite numbers
@@ -87,8 +72,6 @@ struct UserProperty {
     QString name;
     // Empty: there is none.
     QString value;
-    // Found out for advertising.
-    bool advertising = false;
 
     [[nodiscard]] static Checked<UserProperty> check(const QString& name, const QString& value);
 };

@@ -16,9 +16,7 @@ void Intake::add(Accepted item) {
     if (const auto* const change = std::get_if<ActivityChange>(&item.what)) {
         isInFront_ = change->inFront;
     }
-    if (consent_ && !consent_->mayKeep()) {
-        isComplete_ = isComplete_ && isActivity(item);
-    } else if (!isEnding_) {
+    if (deadline_.isForever() && (!consent_ || consent_->mayKeep())) {
         put(std::move(item));
     }
 }
@@ -30,7 +28,6 @@ void Intake::put(Accepted item) {
         items_.back() = std::move(item);
     } else if (isFull && !isActivity(item)) {
         ++dropped_;
-        isComplete_ = false;
     } else {
         items_.push_back(std::move(item));
     }
@@ -66,7 +63,7 @@ Intake::Outcome Intake::waitUntilDone(std::chrono::milliseconds timeout) {
 
 void Intake::end(const Moment& now, std::chrono::milliseconds timeout) {
     const std::lock_guard lock(mutex_);
-    if (std::exchange(isEnding_, true)) {
+    if (!deadline_.isForever()) {
         return;
     }
     if (isInFront_) {
@@ -86,7 +83,6 @@ Intake::Work Intake::take() {
     return {.items = std::exchange(items_, std::move(room)),
             .dropped = std::exchange(dropped_, 0),
             .invalid = std::exchange(invalid_, 0),
-            .isComplete = std::exchange(isComplete_, true),
             .isInFront = isInFront_,
             .ticket = tickets_,
             .isNew = std::exchange(isNew_, false)};

@@ -48,7 +48,7 @@ class Intake {
     [[nodiscard]] std::optional<Consent> consent() const;
 
     struct Outcome {
-        // All that was said before is on disk; none of it was dropped.
+        // All that was said before, and may be kept, is on disk.
         bool isStored = false;
         // The consent is on disk, and what had to be erased is gone.
         bool isObeyed = false;
@@ -65,8 +65,6 @@ class Intake {
         // Beside them.
         qint64 dropped = 0;
         qint64 invalid = 0;
-        // All that was said is among them.
-        bool isComplete = true;
         // By what was said last.
         bool isInFront = false;
         int ticket = 0;
@@ -99,14 +97,12 @@ class Intake {
     std::size_t taken_ = 0;
     qint64 dropped_ = 0;
     qint64 invalid_ = 0;
-    bool isComplete_ = true;
     std::optional<Consent> consent_;
     bool isInFront_ = false;
     int tickets_ = 0;
     int doneTickets_ = 0;
     Outcome outcome_;
     bool isNew_ = false;
-    bool isEnding_ = false;
     bool isClosed_ = false;
     QDeadlineTimer deadline_{QDeadlineTimer::Forever};
     std::function<void()> waker_;

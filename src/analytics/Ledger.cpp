@@ -7,8 +7,6 @@
 namespace pellumar {
 namespace {
 
-constexpr qint64 kUpkeepMilliseconds = 24LL * 60 * 60 * 1000;
-
 bool isThere(const std::filesystem::path& file) {
     std::error_code error;
     return std::filesystem::symlink_status(file, error).type() !=
@@ -23,7 +21,7 @@ Ledger::Ledger(const AnalyticsEnvironment& environment,
     : environment_(environment),
       rules_(rules),
       transport_(transport),
-      recorder_(environment.now, environment.versions, rules) {}
+      recorder_(environment, rules) {}
 
 bool Ledger::record(const Intake::Work& work) {
     // Nothing is made before there is something to keep.
@@ -31,11 +29,15 @@ bool Ledger::record(const Intake::Work& work) {
         !isThere(MeasurementFolder::storeIn(environment_.folder))) {
         return true;
     }
+    // A damaged store is replaced at once.
     constexpr int kMostTries = 2;
-    for (int i = 0; i < kMostTries && open(work); ++i) {
-        const DatabaseOutcome outcome = write(work);
+    for (int i = 0; i < kMostTries; ++i) {
+        DatabaseOutcome outcome = open(work.isInFront);
         if (outcome == DatabaseOutcome::kDone) {
-            followAudiences();
+            outcome = recorder_.record(work);
+        }
+        if (outcome == DatabaseOutcome::kDone) {
+            followAudiences(environment_, *store_, rules_.consent);
             return true;
         }
         recover(outcome);
@@ -43,64 +45,21 @@ bool Ledger::record(const Intake::Work& work) {
     return false;
 }
 
-bool Ledger::open(const Intake::Work& work) {
-    constexpr int kMostTries = 2;
-    for (int i = 0; i < kMostTries && !store_; ++i) {
-        store_ = std::make_unique<AnalyticsStore>(environment_.folder, environment_.mostBytes);
-        if (const DatabaseOutcome outcome = store_->takeOutcome();
-            outcome != DatabaseOutcome::kDone) {
-            store_.reset();
-            recover(outcome);
-            continue;
-        }
-        recorder_.use(*store_, !isReplaced_, work.isInFront);
-        if (transport_ != nullptr) {
-            uploader_ =
-                std::make_unique<Uploader>(*store_, *transport_, environment_.versions, rules_);
-        }
-    }
-    return store_ != nullptr;
-}
-
-DatabaseOutcome Ledger::write(const Intake::Work& work) {
-    const std::filesystem::path crash = MeasurementFolder::crashIn(environment_.folder);
-    const bool mayMeasure = rules_.consent.mayMeasure();
-    const qint64 now = environment_.now().elapsed;
-    Recorder::Due due;
-    due.upkeep =
-        !lastUpkeep_ || measured_ != mayMeasure || now - *lastUpkeep_ >= kUpkeepMilliseconds;
-    due.start = mayMeasure && !isStartTold_;
-    if (due.start) {
-        due.crash = CrashReport::read(crash);
-    }
-    if (work.items.empty() && work.dropped + work.invalid == 0 && !due.start && !due.upkeep) {
+DatabaseOutcome Ledger::open(bool isInFront) {
+    if (store_) {
         return DatabaseOutcome::kDone;
     }
-    const DatabaseOutcome outcome = recorder_.record(work, due);
+    store_ = std::make_unique<AnalyticsStore>(environment_.folder, environment_.mostBytes);
+    const DatabaseOutcome outcome = store_->takeOutcome();
     if (outcome != DatabaseOutcome::kDone) {
+        store_.reset();
         return outcome;
     }
-    isStartTold_ = isStartTold_ || due.start;
-    if (due.upkeep) {
-        lastUpkeep_ = now;
-        measured_ = mayMeasure;
-    }
-    // It is told, or is not to be.
-    if (due.crash || (due.upkeep && !mayMeasure && !rules_.consent.isPaused)) {
-        std::error_code ignored;
-        std::filesystem::remove(crash, ignored);
+    recorder_.use(*store_, !isReplaced_, isInFront);
+    if (transport_ != nullptr) {
+        uploader_ = std::make_unique<Uploader>(*store_, *transport_, environment_.versions, rules_);
     }
     return outcome;
-}
-
-void Ledger::followAudiences() {
-    const qint64 today = localDay(environment_.now().wall);
-    for (const AudienceChange& change :
-         pellumar::followAudiences(environment_.audiences, *store_, rules_.consent, today)) {
-        if (environment_.audienceChanged) {
-            environment_.audienceChanged(change.audience, change.member);
-        }
-    }
 }
 
 void Ledger::recover(DatabaseOutcome outcome) {
@@ -128,9 +87,6 @@ bool Ledger::erase() {
 void Ledger::close() {
     uploader_.reset();
     store_.reset();
-    lastUpkeep_.reset();
-    measured_ = false;
-    isStartTold_ = false;
 }
 
 void Ledger::hurry() {

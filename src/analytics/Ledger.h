@@ -1,7 +1,6 @@
 #pragma once
 
 #include <memory>
-#include <optional>
 
 #include "analytics/AnalyticsEnvironment.h"
 #include "analytics/Intake.h"
@@ -25,17 +24,15 @@ class Ledger {
     void recover(DatabaseOutcome outcome);
 
     // Crashes may be caught: what was known of the last is told.
-    [[nodiscard]] bool isStartTold() const { return isStartTold_; }
+    [[nodiscard]] bool isStartTold() const { return store_ && recorder_.isStartTold(); }
     // Null while no store is open, and where nothing is sent.
     [[nodiscard]] Uploader* uploader() { return uploader_.get(); }
     // From here on nothing waits for the disk.
     void hurry();
 
   private:
-    [[nodiscard]] bool open(const Intake::Work& work);
+    [[nodiscard]] DatabaseOutcome open(bool isInFront);
     void close();
-    [[nodiscard]] DatabaseOutcome write(const Intake::Work& work);
-    void followAudiences();
 
     const AnalyticsEnvironment& environment_;
     const Rules& rules_;
@@ -43,11 +40,6 @@ class Ledger {
     Recorder recorder_;
     std::unique_ptr<AnalyticsStore> store_;
     std::unique_ptr<Uploader> uploader_;
-    // Of the store that is open: when upkeep was last done, and whether automatic events were
-    // allowed then.
-    std::optional<qint64> lastUpkeep_;
-    bool measured_ = false;
-    bool isStartTold_ = false;
     // The store before it was erased or damaged.
     bool isReplaced_ = false;
 };

@@ -3,7 +3,6 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QMetaProperty>
-#include <algorithm>
 
 namespace pellumar {
 
@@ -14,19 +13,10 @@ void Memory::lose(const QString& reason, qint64 number) {
 }
 
 void Memory::set(const UserProperty& property) {
-    properties.remove(property.name);
-    advertising.remove(property.name);
     if (property.value.isEmpty()) {
-        return;
-    }
-    // Those of audiences are as many as there are audiences.
-    const bool isOurs = property.name.startsWith(kReservedPrefix);
-    const auto others =
-        std::count_if(properties.keyBegin(), properties.keyEnd(), [](const auto& name) {
-            return !name.startsWith(kReservedPrefix);
-        });
-    if (isOurs || others < kMostProperties) {
-        (property.advertising ? advertising : properties).insert(property.name, property.value);
+        properties.remove(property.name);
+    } else if (properties.contains(property.name) || properties.size() < kMostProperties) {
+        properties.insert(property.name, property.value);
     } else {
         lose(loss::kInvalid, 1);
     }

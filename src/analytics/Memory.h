@@ -24,12 +24,11 @@ struct Memory {
     Q_PROPERTY(QString system_version MEMBER systemVersion)
     Q_PROPERTY(QString crash_told MEMBER toldCrash)
     Q_PROPERTY(qint64 upload_failures MEMBER failures)
-    Q_PROPERTY(qint64 upload_held_from MEMBER heldFrom)
     Q_PROPERTY(qint64 upload_held_until MEMBER heldUntil)
     Q_PROPERTY(qint64 clock_seen MEMBER clockSeen)
     Q_PROPERTY(qint64 clock_steady_since MEMBER clockSteadySince)
     Q_PROPERTY(QVariantMap user_properties MEMBER properties)
-    Q_PROPERTY(QVariantMap advertising_properties MEMBER advertising)
+    Q_PROPERTY(QVariantMap audiences MEMBER audiences)
     Q_PROPERTY(QVariantMap losses MEMBER losses)
 
   public:
@@ -54,22 +53,21 @@ struct Memory {
 
     // How long the collector is left alone.
     qint64 failures = 0;
-    qint64 heldFrom = 0;
     qint64 heldUntil = 0;
 
     // How long the clock has been steady.
     qint64 clockSeen = 0;
     qint64 clockSteadySince = 0;
 
-    // Texts by the names of user properties: the application's, and of those that show membership
-    // of audiences, the ones that are for advertising apart.
+    // Texts by the names of the application's user properties.
     QVariantMap properties{};
-    QVariantMap advertising{};
+    // Whether it is for advertising, by the names of the audiences that the user is in.
+    QVariantMap audiences{};
     // Whole numbers by their reason.
     QVariantMap losses{};
 
     void lose(const QString& reason, qint64 number);
-    // One of the application's too many is lost.
+    // One too many is lost.
     void set(const UserProperty& property);
 
     // JSON, without what is empty.

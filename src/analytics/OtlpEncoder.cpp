@@ -15,15 +15,21 @@ namespace {
 constexpr int kInfo = 9;
 constexpr int kCompression = 6;
 
-struct ValueEncoder {
-    QJsonObject operator()(bool value) const { return {{"boolValue", value}}; }
-    QJsonObject operator()(qint64 value) const { return {{"intValue", QString::number(value)}}; }
-    QJsonObject operator()(double value) const { return {{"doubleValue", value}}; }
-    QJsonObject operator()(const QString& value) const { return {{"stringValue", value}}; }
-};
+QJsonObject valueOf(const QVariant& value) {
+    switch (value.typeId()) {
+        case QMetaType::Bool:
+            return {{"boolValue", value.toBool()}};
+        case QMetaType::LongLong:
+            return {{"intValue", value.toString()}};
+        case QMetaType::Double:
+            return {{"doubleValue", value.toDouble()}};
+        default:
+            return {{"stringValue", value.toString()}};
+    }
+}
 
-void add(QJsonArray& attributes, const QString& key, const ParameterValue& value) {
-    attributes.append(QJsonObject{{"key", key}, {"value", std::visit(ValueEncoder{}, value)}});
+void add(QJsonArray& attributes, const QString& key, const QVariant& value) {
+    attributes.append(QJsonObject{{"key", key}, {"value", valueOf(value)}});
 }
 
 // To the minute: nobody has to know more.
@@ -47,15 +53,17 @@ QJsonObject resourceOf(const ProductVersions& versions,
             add(attributes, QStringLiteral("pz.consent.") + toText(kind), toText(status));
         }
     }
-    QVariantMap properties = memory.properties;
-    if (consent.maySendAdvertisingData()) {
-        properties.insert(memory.advertising);
+    const QString property = QStringLiteral("pz.user_property.");
+    for (auto each = memory.properties.begin(); each != memory.properties.end(); ++each) {
+        add(attributes, property + each.key(), *each);
     }
-    for (auto each = properties.begin(); each != properties.end(); ++each) {
-        add(attributes, QStringLiteral("pz.user_property.") + each.key(), each->toString());
+    for (auto each = memory.audiences.begin(); each != memory.audiences.end(); ++each) {
+        if (!each->toBool() || consent.maySendAdvertisingData()) {
+            add(attributes, property + kAudiencePrefix + each.key(), QStringLiteral("1"));
+        }
     }
     for (auto each = memory.losses.begin(); each != memory.losses.end(); ++each) {
-        add(attributes, QStringLiteral("pz.lost.") + each.key(), qint64{each->toLongLong()});
+        add(attributes, QStringLiteral("pz.lost.") + each.key(), each->toLongLong());
     }
     return {{"attributes", attributes}};
 }
@@ -85,13 +93,13 @@ QJsonObject recordOf(const StoredEvent& event, const QString& installation) {
 
 }  // namespace
 
-QByteArray encode(const std::vector<EventParameter>& parameters) {
-    if (parameters.empty()) {
+QByteArray encode(const QVariantMap& parameters) {
+    if (parameters.isEmpty()) {
         return "[]";
     }
     QJsonArray attributes;
-    for (const EventParameter& parameter : parameters) {
-        add(attributes, parameter.name, parameter.value);
+    for (auto each = parameters.begin(); each != parameters.end(); ++each) {
+        add(attributes, each.key(), *each);
     }
     return QJsonDocument(attributes).toJson(QJsonDocument::Compact);
 }

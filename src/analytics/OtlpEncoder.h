@@ -1,11 +1,10 @@
 #pragma once
 
 #include <QByteArray>
+#include <QVariantMap>
 #include <vector>
 
-#include "analytics/AnalyticsStore.h"
-#include "analytics/Consent.h"
-#include "analytics/Recorder.h"
+#include "analytics/AnalyticsEnvironment.h"
 
 namespace pellumar {
 
@@ -14,7 +13,7 @@ namespace pellumar {
 namespace otlp {
 
 // A list of attributes.
-[[nodiscard]] QByteArray encode(const std::vector<EventParameter>& parameters);
+[[nodiscard]] QByteArray encode(const QVariantMap& parameters);
 
 // The body of POST /v1/logs, an ExportLogsServiceRequest. `events` must not be empty: an envelope
 // without a letter is not sent. Moments are those of the minute.

@@ -4,8 +4,10 @@
 #include <QUuid>
 #include <algorithm>
 #include <cstdlib>
+#include <system_error>
 #include <utility>
 
+#include "analytics/MeasurementFolder.h"
 #include "analytics/OtlpEncoder.h"
 
 namespace pellumar {
@@ -21,8 +23,9 @@ const QString kCrash = QStringLiteral("pz_crash");
 // The wall clock is believed when it says that time has passed if it has gone on for a day without
 // a leap: back, or forward by more than a month. One that was set to another year would have
 // everything expire at once.
-constexpr qint64 kProbation = 24LL * 60 * 60 * 1000;
-constexpr qint64 kLongestGap = 30 * kProbation;
+constexpr qint64 kDay = 24LL * 60 * 60 * 1000;
+constexpr qint64 kProbation = kDay;
+constexpr qint64 kLongestGap = 30 * kDay;
 
 QString random() {
     return QUuid::createUuid().toString(QUuid::WithoutBraces);
@@ -43,21 +46,33 @@ qint64 milliseconds(std::chrono::milliseconds duration) {
 void Recorder::use(AnalyticsStore& store, bool isFirst, bool isInFront) {
     store_ = &store;
     isFirst_ = isFirst;
+    lastUpkeep_.reset();
+    isStartTold_ = false;
     if (seen_.last) {
-        seen_ = {.last = now_(), .inFront = isInFront};
+        seen_ = {.last = environment_.now(), .inFront = isInFront};
     }
 }
 
-DatabaseOutcome Recorder::record(const Intake::Work& work, const Due& due) {
+DatabaseOutcome Recorder::record(const Intake::Work& work) {
+    const qint64 now = environment_.now().elapsed;
+    const bool mayMeasure = rules_.consent.mayMeasure();
+    const bool isStart = mayMeasure && !isStartTold_;
+    const bool isUpkeep = !lastUpkeep_ || measured_ != mayMeasure || now - *lastUpkeep_ >= kDay;
+    if (work.items.empty() && work.dropped + work.invalid == 0 && !isStart && !isUpkeep) {
+        return DatabaseOutcome::kDone;
+    }
     const Seen before = seen_;
     change_ = Change{.memory = store_->memory()};
     Memory& memory = change_.memory;
     memory.lose(loss::kQueueFull, work.dropped);
     memory.lose(loss::kInvalid, work.invalid);
-    if (due.start) {
-        tellStart(due.crash);
+    const std::filesystem::path marker = MeasurementFolder::crashIn(environment_.folder);
+    std::optional<CrashReport> crash;
+    if (isStart) {
+        crash = CrashReport::read(marker);
+        tellStart(crash);
     }
-    if (due.upkeep) {
+    if (isUpkeep) {
         tidy();
     }
     for (const Accepted& item : work.items) {
@@ -73,12 +88,21 @@ DatabaseOutcome Recorder::record(const Intake::Work& work, const Due& due) {
     const DatabaseOutcome outcome = store_->write(change_);
     if (outcome != DatabaseOutcome::kDone) {
         seen_ = before;
+        return outcome;
+    }
+    isStartTold_ = isStartTold_ || isStart;
+    lastUpkeep_ = isUpkeep ? now : lastUpkeep_;
+    measured_ = mayMeasure;
+    // It is told, or is not to be.
+    if (crash || change_.forgetsAutomatic) {
+        std::error_code ignored;
+        std::filesystem::remove(marker, ignored);
     }
     return outcome;
 }
 
 void Recorder::tellStart(const std::optional<CrashReport>& crash) {
-    const Moment now = now_();
+    const Moment now = environment_.now();
     Memory& memory = change_.memory;
     renewIdentifier(now);
     // These two belong to the session that the last process was in. One that was killed before it
@@ -88,9 +112,9 @@ void Recorder::tellStart(const std::optional<CrashReport>& crash) {
     if (crash && memory.toldCrash != crash->fingerprint && crash->time >= answered) {
         memory.toldCrash = crash->fingerprint;
         tell(kCrash,
-             {{.name = QStringLiteral("pz_signal"), .value = crash->signal},
-              {.name = QStringLiteral("pz_crashed_version"), .value = crash->version},
-              {.name = QStringLiteral("pz_stack"), .value = crash->stack}},
+             {{QStringLiteral("pz_signal"), crash->signal},
+              {QStringLiteral("pz_crashed_version"), crash->version},
+              {QStringLiteral("pz_stack"), crash->stack}},
              crash->time > 0 && crash->time <= now.wall ? crash->time : now.wall);
     }
     tellEngagement(memory.lastSeen);
@@ -98,21 +122,21 @@ void Recorder::tellStart(const std::optional<CrashReport>& crash) {
         touch(now);
         tell(kFirstOpen, {}, now.wall);
     }
-    follow(&Memory::applicationVersion, versions_.serviceVersion, kAppUpdate);
-    follow(&Memory::systemVersion, versions_.osVersion, kSystemUpdate);
+    follow(&Memory::applicationVersion, environment_.versions.serviceVersion, kAppUpdate);
+    follow(&Memory::systemVersion, environment_.versions.osVersion, kSystemUpdate);
 }
 
 void Recorder::follow(QString Memory::*kept, const QString& version, const QString& event) {
     const QString before = std::exchange(change_.memory.*kept, version);
     if (!before.isEmpty() && before != version) {
-        const Moment now = now_();
+        const Moment now = environment_.now();
         touch(now);
-        tell(event, {{.name = QStringLiteral("pz_previous_version"), .value = before}}, now.wall);
+        tell(event, {{QStringLiteral("pz_previous_version"), before}}, now.wall);
     }
 }
 
 void Recorder::tidy() {
-    const qint64 now = now_().wall;
+    const qint64 now = environment_.now().wall;
     Memory& memory = change_.memory;
     const bool isSteady =
         memory.clockSeen > 0 && now >= memory.clockSeen && now - memory.clockSeen <= kLongestGap;
@@ -125,9 +149,7 @@ void Recorder::tidy() {
     change_.forgetsAutomatic = !rules_.consent.mayMeasure() && !rules_.consent.isPaused;
     if (change_.forgetsAutomatic) {
         memory.engagement = 0;
-        memory.advertising.clear();
-        memory.properties.removeIf(
-            [](const auto& each) { return each.key().startsWith(kReservedPrefix); });
+        memory.audiences.clear();
     }
 }
 
@@ -189,15 +211,12 @@ void Recorder::touch(const Moment& moment) {
     memory.engagement = 0;
     memory.session = random();
     ++memory.sessionNumber;
-    tell(kSessionStart,
-         {{.name = QStringLiteral("pz_session_number"), .value = memory.sessionNumber}},
-         moment.wall);
+    tell(kSessionStart, {{QStringLiteral("pz_session_number"), memory.sessionNumber}}, moment.wall);
 }
 
 void Recorder::tellEngagement(qint64 wall) {
     if (const qint64 engagement = std::exchange(change_.memory.engagement, 0); engagement > 0) {
-        tell(
-            kEngagement, {{.name = QStringLiteral("pz_engagement_ms"), .value = engagement}}, wall);
+        tell(kEngagement, {{QStringLiteral("pz_engagement_ms"), engagement}}, wall);
     }
 }
 
@@ -218,9 +237,7 @@ void Recorder::renewIdentifier(const Moment& now) {
     memory.losses.clear();
 }
 
-void Recorder::tell(const QString& name,
-                    const std::vector<EventParameter>& parameters,
-                    qint64 wall) {
+void Recorder::tell(const QString& name, const QVariantMap& parameters, qint64 wall) {
     if (rules_.consent.mayMeasure()) {
         add({.name = name, .parameters = parameters}, wall);
     }

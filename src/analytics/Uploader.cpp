@@ -33,17 +33,12 @@ void RetryHold::fail(qint64 now, const QByteArray& retryAfter, double chance) {
     // At least half of it, so that the collector is spared in any case.
     const qint64 half = longest / 2;
     ++failures;
-    from = now;
     until = retryMoment(retryAfter, now)
                 .value_or(now + half + static_cast<qint64>(chance * static_cast<double>(half)));
 }
 
 qint64 RetryHold::waitAt(qint64 now) const {
-    if (now < from) {
-        return 0;
-    }
-    const qint64 whole = std::clamp<qint64>(until - from, 0, kLongestHold);
-    return std::clamp<qint64>(until - now, 0, whole);
+    return until - now > kLongestHold ? 0 : std::max<qint64>(0, until - now);
 }
 
 Uploader::Uploader(AnalyticsStore& store,
@@ -54,9 +49,7 @@ Uploader::Uploader(AnalyticsStore& store,
       transport_(transport),
       versions_(versions),
       rules_(rules),
-      hold_{.failures = store.memory().failures,
-            .from = store.memory().heldFrom,
-            .until = store.memory().heldUntil} {}
+      hold_{.failures = store.memory().failures, .until = store.memory().heldUntil} {}
 
 Uploader::~Uploader() {
     if (underway_ > 0) {
@@ -123,7 +116,6 @@ DatabaseOutcome Uploader::settle(const HttpTransport::Answer& answer, qint64 now
                                : std::clamp<qint64>(otlp::rejectedRecords(answer.body), 0, sent));
     }
     change.memory.failures = hold_.failures;
-    change.memory.heldFrom = hold_.from;
     change.memory.heldUntil = hold_.until;
     const DatabaseOutcome outcome = store_.write(change);
     if (outcome != DatabaseOutcome::kDone && change.gone > 0) {

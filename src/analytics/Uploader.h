@@ -2,10 +2,7 @@
 
 #include <optional>
 
-#include "analytics/AnalyticsStore.h"
-#include "analytics/HttpTransport.h"
-#include "analytics/Moment.h"
-#include "analytics/Recorder.h"
+#include "analytics/AnalyticsEnvironment.h"
 
 namespace pellumar {
 
@@ -17,13 +14,12 @@ struct RetryHold {
     static constexpr qint64 kLongestBackoff = 60LL * 60 * 1000;
 
     qint64 failures = 0;
-    qint64 from = 0;
     qint64 until = 0;
 
     // A failure at `now`, with the header Retry-After if there was one. `chance` is from 0 to 1.
     void fail(qint64 now, const QByteArray& retryAfter, double chance);
-    // Milliseconds to wait from `now` on; 0: none. A clock that was set back to before the failure
-    // ends it: one try too early is better than none as long as the clock was ahead.
+    // Milliseconds to wait from `now` on; 0: none. Where they are more than there can be, the clock
+    // was set back: one try too early is better than none as long as the clock was ahead.
     [[nodiscard]] qint64 waitAt(qint64 now) const;
 };
 

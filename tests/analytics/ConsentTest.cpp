@@ -143,7 +143,7 @@ TEST_F(ConsentTest, AdvertisingNeedsItsOwnConsents) {
         engine.start();
         ASSERT_TRUE(collector.waitForBatches(denied + 1));
         const bool isKept = denied > 1;
-        EXPECT_EQ(state("advertising_properties").toObject().size(), isKept ? 1 : 0) << denied;
+        EXPECT_EQ(state("audiences").toObject().size(), isKept ? 2 : 1) << denied;
         const Attributes resource = collector.batches().back().resource;
         EXPECT_EQ(resource.contains("pz.user_property.pz_in_ads"), denied == kinds.size());
         EXPECT_TRUE(resource.contains("pz.user_property.pz_in_all"));

@@ -211,8 +211,7 @@ TEST_F(RecorderTest, AudiencesFollowEventsAndDays) {
     log(engine, "other");
     engine.stop();
     EXPECT_EQ(changes, (QStringList{"+everybody", "-old"}));
-    EXPECT_EQ(state("user_properties").toObject(), QJsonObject());
-    EXPECT_EQ(state("advertising_properties")["pz_in_everybody"].toString(), "1");
+    EXPECT_EQ(state("audiences").toObject(), (QJsonObject{{"everybody", true}}));
 }
 
 TEST_F(RecorderTest, PropertiesAndNamesAreBounded) {
