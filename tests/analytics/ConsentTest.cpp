@@ -79,18 +79,6 @@ TEST_F(ConsentTest, DenialErasesAndNothingIsStoredUntilItIsTakenBack) {
     EXPECT_EQ(state("user_properties").toObject(), QJsonObject());
 }
 
-TEST_F(ConsentTest, TakesEffectWithTheNextEvent) {
-    RunningEngine engine(quiet());
-    for (const char* name : {"one", "two", "three"}) {
-        engine.setConsent(Kind::kAnalyticsStorage, Status::kDenied);
-        engine.logEventWithName("forbidden", {});
-        engine.setConsent(Kind::kAnalyticsStorage, Status::kUnset);
-        engine.logEventWithName(name, {});
-    }
-    engine.stop();
-    EXPECT_EQ(ownNames(), QStringList{"three"});
-}
-
 TEST_F(ConsentTest, ADeployersWordStandsUntilSomebodyAnswers) {
     EXPECT_EQ(consentStatusOf(""), Status::kUnset);
     EXPECT_EQ(consentStatusOf("granted"), Status::kGranted);

@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <sqlite3.h>
 
 #include <QCoreApplication>
 #include <QProcess>
@@ -105,27 +104,14 @@ void sendAll(const std::filesystem::path& folder, const Collector& collector) {
 
 // What SQLite says of the file as the process has left it. Of a copy: looking at the file itself
 // would tidy up what the engine has to cope with next.
-std::string soundness(const std::filesystem::path& folder) {
+DatabaseOutcome soundness(const std::filesystem::path& folder) {
     const TemporaryFolder copy;
     for (const char* name : {"usage.db", "usage.db-wal"}) {
         if (std::filesystem::exists(folder / name)) {
             std::filesystem::copy_file(folder / name, copy / name);
         }
     }
-    sqlite3* database = nullptr;
-    std::string said = "ok";
-    if (std::filesystem::exists(MeasurementFolder::storeIn(copy.path()))) {
-        const auto note = [](void* text, int, char** row, char**) {
-            *static_cast<std::string*>(text) = row[0];
-            return 0;
-        };
-        if (sqlite3_open(MeasurementFolder::storeIn(copy.path()).c_str(), &database) != SQLITE_OK ||
-            sqlite3_exec(database, "PRAGMA quick_check(1)", note, &said, nullptr) != SQLITE_OK) {
-            said = sqlite3_errmsg(database);
-        }
-        sqlite3_close(database);
-    }
-    return said;
+    return AnalyticsStore(copy.path()).takeOutcome();
 }
 
 // Kills one child, anywhere between its start and the end of its events, and says how many of these
@@ -170,7 +156,7 @@ TEST(AnalyticsKill, WhatWasReportedStoredArrivesThoughTheProcessIsKilledAgainAnd
         for (int i = 0; i < count; ++i) {
             stored.insert(first + i);
         }
-        EXPECT_EQ(soundness(folder), "ok");
+        EXPECT_EQ(soundness(folder), DatabaseOutcome::kDone);
         ASSERT_FALSE(HasFailure());
     }
     sendAll(folder, collector);
