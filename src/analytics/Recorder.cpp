@@ -189,7 +189,8 @@ bool Recorder::isAbsence(const Moment& now) const {
 }
 
 void Recorder::see(const Moment& moment) {
-    if (seen_.inFront && seen_.last) {
+    // Not what was before the answer.
+    if (seen_.inFront && seen_.last && measured_ && rules_.consent.mayMeasure()) {
         change_.memory.engagement += std::max<qint64>(0, moment.awake - seen_.last->awake);
     }
     // Callers on several threads may be told of out of order.

@@ -36,8 +36,7 @@ Composition::Composition()
                                                                  fileSystem_,
                                                                  platform_.console,
                                                                  [this] { configureServices(); }})),
-      handedOver_(
-          {*delegate_, window(), window_.context(), platform_.mainQueue, platform_.folders}) {
+      handedOver_({*delegate_, window(), window_.context()}) {
     fillStoryboard();
     addShortcuts(window());
     delegate_->setWindow(&window());

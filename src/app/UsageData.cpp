@@ -57,7 +57,7 @@ QString detailOf(const QJsonObject& event) {
 
 QString summaryOf(std::size_t events) {
     if (events == 0) {
-        return inWords("Nothing has been kept.");
+        return inWords("No event waits to be sent.");
     }
     const QString number = QLocale().toString(static_cast<qulonglong>(events));
     return events == 1

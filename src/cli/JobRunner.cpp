@@ -128,6 +128,9 @@ int JobRunner::unzip() {
                                     : finish(files.value_or(QList<QUrl>()), report));
         },
         [&](const std::shared_ptr<PasswordRequest>& request) {
+            if (request->wasWrong()) {
+                return;
+            }
             if (!password) {
                 const std::string name = paths->front().filename().native();
                 auto answer = askOnTerminal("Password of " + name + ": ");

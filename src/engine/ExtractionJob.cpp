@@ -56,6 +56,10 @@ class ExtractionJob::Request : public PasswordRequest,
     Request& operator=(const Request&) = delete;
     ~Request() override { giveUp(); }
 
+    [[nodiscard]] bool wasWrong() const override {
+        return missing_.code == ErrorCode::kWrongPassword;
+    }
+
     void tryPassword(Password password, std::function<void(bool fits)> reply) override {
         if (!job_) {
             return;
@@ -116,8 +120,7 @@ ExtractionJob::ExtractionJob(const ZipManager::Environment& environment,
 void ExtractionJob::start() {
     environment_.backgroundQueue.async([job = shared_from_this()]() mutable {
         Result<FileSystem::Contents> extracted = job->run();
-        const bool locked =
-            !extracted && extracted.error().code == ErrorCode::kEncrypted && job->isLocked();
+        const bool locked = !extracted && job->isLocked(extracted.error().code);
         DispatchQueue& main = job->environment_.mainQueue;
         main.async([job = std::move(job), extracted = std::move(extracted), locked] {
             if (locked && job->question_) {
@@ -142,15 +145,17 @@ void ExtractionJob::finish(Result<FileSystem::Contents> extracted) {
         environment_.console.writeLine(QStringLiteral("FAILED!"));
         report_.addFailure(std::move(extracted.error()));
     }
+    report_.setPassword(password_);
     environment_.analytics.logEvent(files ? event::kUnzippedSuccessfully : event::kFailedToUnzip);
     completion_(std::move(files), report_);
 }
 
-bool ExtractionJob::isLocked() const {
+bool ExtractionJob::isLocked(ErrorCode failure) const {
     const std::optional<path> from = localPath(archive_);
-    if (password_ || !from) {
+    if (!from || failure != (password_ ? ErrorCode::kWrongPassword : ErrorCode::kEncrypted)) {
         return false;
     }
+    environment_.fileSystem.removeItem(destination_);
     const auto opened = archive::Reader::open(*from);
     return opened && !opened->firstFault();
 }

@@ -30,8 +30,9 @@ class ExtractionJob : public std::enable_shared_from_this<ExtractionJob> {
 
     // In the background:
     [[nodiscard]] archive::Result<FileSystem::Contents> run();
-    // Whether a password is all that is missing.
-    [[nodiscard]] bool isLocked() const;
+    // Whether another password, or one at all, is all that is missing. Then the next run finds its
+    // place empty.
+    [[nodiscard]] bool isLocked(archive::ErrorCode failure) const;
     [[nodiscard]] bool fits(const archive::Password& password) const;
 
     // On the main queue:

@@ -4,11 +4,13 @@
 #include <QUrl>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <utility>
 #include <vector>
 
 #include "archive/base/Error.h"
+#include "archive/base/Password.h"
 #include "archive/base/Salvaging.h"
 #include "archive/base/Warning.h"
 #include "engine/OperationType.h"
@@ -40,6 +42,10 @@ class JobReport {
 
     void setSalvage(archive::SalvageReport salvage) { salvage_ = std::move(salvage); }
 
+    void setPassword(std::shared_ptr<const archive::Password> password) {
+        password_ = std::move(password);
+    }
+
     [[nodiscard]] OperationType operation() const { return operation_; }
     [[nodiscard]] const QUrl& archive() const { return archive_; }
     // In the order in which they came up.
@@ -51,6 +57,10 @@ class JobReport {
     // a dot.
     [[nodiscard]] const QList<QUrl>& hiddenItems() const { return hiddenItems_; }
 
+    // What the archive was opened with; null if nobody was asked, or nothing fitted.
+    [[nodiscard]] const std::shared_ptr<const archive::Password>& password() const {
+        return password_;
+    }
     // What could be had of a damaged archive, and what not; nothing where all of one was taken.
     [[nodiscard]] const std::optional<archive::SalvageReport>& salvage() const { return salvage_; }
 
@@ -61,6 +71,7 @@ class JobReport {
     std::uint64_t failureCount_ = 0;
     archive::Warnings warnings_;
     QList<QUrl> hiddenItems_;
+    std::shared_ptr<const archive::Password> password_;
     std::optional<archive::SalvageReport> salvage_;
 };
 

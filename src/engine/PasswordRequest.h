@@ -19,6 +19,9 @@ class PasswordRequest {
     PasswordRequest& operator=(const PasswordRequest&) = delete;
     virtual ~PasswordRequest() = default;
 
+    // A password was taken for the archive's by its check bytes, and is not, or not of all in it.
+    [[nodiscard]] virtual bool wasWrong() const = 0;
+
     // Tries the password in the background. `reply` tells on the main thread whether it fits; if it
     // does, the extraction has gone on, and what is called here afterwards does nothing. One try at
     // a time: another is not begun before the reply.

@@ -16,11 +16,13 @@ using std::filesystem::path;
 
 SalvageJob::SalvageJob(const ZipManager::Environment& environment,
                        QUrl archive,
-                       ZipManager::FilesCompletion completion)
+                       ZipManager::FilesCompletion completion,
+                       std::shared_ptr<const archive::Password> password)
     : environment_(environment),
       archive_(std::move(archive)),
       destination_(environment.fileSystem.newExtraction()),
       completion_(std::move(completion)),
+      password_(std::move(password)),
       report_(OperationType::kUnzip, archive_) {}
 
 void SalvageJob::start() {
@@ -38,18 +40,28 @@ Result<FileSystem::Contents> SalvageJob::run() {
     if (!from || !to) {
         return archive::failure(ErrorCode::kInvalidArgument);
     }
-    std::error_code error;
-    std::filesystem::create_directories(*to, error);
-    if (error) {
-        return archive::Failure(
-            Error{.code = ErrorCode::kWriteFailed, .entry = {}, .systemError = error.value()});
+    const auto salvage = [&]() -> Result<archive::SalvageReport> {
+        std::error_code error;
+        std::filesystem::create_directories(*to, error);
+        if (error) {
+            return archive::Failure(
+                Error{.code = ErrorCode::kWriteFailed, .entry = {}, .systemError = error.value()});
+        }
+        return archive::salvage(*from, *to, {.password = password_.get()});
+    };
+    Result<archive::SalvageReport> salvaged = salvage();
+    if (!salvaged && salvaged.error().isShortOfRoom() &&
+        environment_.fileSystem.finishDeletions()) {
+        environment_.fileSystem.removeItem(destination_);
+        salvaged = salvage();
     }
-    Result<archive::SalvageReport> salvaged = archive::salvage(*from, *to);
     if (!salvaged) {
         return archive::passOn(salvaged);
     }
     if (salvaged->recovered == 0) {
-        return archive::failure(ErrorCode::kDamagedData);
+        return archive::failure(salvaged->lostEntries.empty()
+                                    ? ErrorCode::kDamagedData
+                                    : salvaged->lostEntries.front().reason);
     }
     report_.setSalvage(*std::move(salvaged));
     std::optional<FileSystem::Contents> found = FileSystem::contents(*to);

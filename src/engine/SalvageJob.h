@@ -13,7 +13,8 @@ class SalvageJob : public std::enable_shared_from_this<SalvageJob> {
   public:
     SalvageJob(const ZipManager::Environment& environment,
                QUrl archive,
-               ZipManager::FilesCompletion completion);
+               ZipManager::FilesCompletion completion,
+               std::shared_ptr<const archive::Password> password);
 
     // Ends with the completion on the main queue.
     void start();
@@ -26,6 +27,7 @@ class SalvageJob : public std::enable_shared_from_this<SalvageJob> {
     const QUrl archive_;
     const QUrl destination_;
     const ZipManager::FilesCompletion completion_;
+    const std::shared_ptr<const archive::Password> password_;
     JobReport report_;
 };
 

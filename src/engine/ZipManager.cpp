@@ -132,8 +132,11 @@ void ZipManager::unzip(const QUrl& url,
         ->start();
 }
 
-void ZipManager::salvage(const QUrl& url, FilesCompletion completion) const {
-    std::make_shared<SalvageJob>(environment_, url, std::move(completion))->start();
+void ZipManager::salvage(const QUrl& url,
+                         FilesCompletion completion,
+                         std::shared_ptr<const archive::Password> password) const {
+    std::make_shared<SalvageJob>(environment_, url, std::move(completion), std::move(password))
+        ->start();
 }
 
 }  // namespace pellumar

@@ -21,11 +21,12 @@
 
 namespace pellumar {
 
-// Starts the three jobs: making an archive of files or of pictures, and extracting one.
+// Starts the jobs: making an archive of files or of pictures, extracting one, and rescuing what is
+// whole in a damaged one.
 //
 // A job runs on the background queue and ends with one call of its completion on the main queue,
-// whose value tells success; a usage event has been reported just before. Jobs know nothing of each
-// other: two of the same title write the same file.
+// whose value tells success; but for a rescue, a usage event has been reported just before. Jobs
+// know nothing of each other: two of the same title write the same file.
 //
 // A job that finds too little room waits until what the workspace was emptied of is deleted, and
 // tries again.
@@ -89,8 +90,11 @@ class ZipManager : public std::enable_shared_from_this<ZipManager> {
 
     // Gets out of a damaged archive what is whole, into a new folder of the workspace. The
     // completion gets what stands at the top of it, and the report what is lost; nothing if nothing
-    // is whole. Not an extraction: no usage event tells of it.
-    void salvage(const QUrl& url, FilesCompletion completion) const;
+    // is whole. Not an extraction: no usage event tells of it. What is encrypted is lost without
+    // the password, which may be null.
+    void salvage(const QUrl& url,
+                 FilesCompletion completion,
+                 std::shared_ptr<const archive::Password> password) const;
 
   private:
     explicit ZipManager(const Environment& environment) : environment_(environment) {}

@@ -11,7 +11,8 @@ PasswordViewController::PasswordViewController(const UIContext& context,
     : UIViewController(context),
       archiveName_(std::move(archiveName)),
       request_(std::move(request)),
-      fitted_(std::move(fitted)) {
+      fitted_(std::move(fitted)),
+      wasWrong_(request_->wasWrong()) {
     setModalTransitionStyle(UIModalTransitionStyle::kCrossDissolve);
 }
 
@@ -37,7 +38,10 @@ void PasswordViewController::takeReply(bool fits) {
 }
 
 void PasswordViewController::cancelTapped() {
-    dismissSelf(true, [request = request_] { request->giveUp(); });
+    // At once: a password that is being tried may fit while the dialog leaves.
+    if (dismissSelf(true)) {
+        request_->giveUp();
+    }
 }
 
 void PasswordViewController::edited() {

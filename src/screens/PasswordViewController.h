@@ -47,7 +47,7 @@ class PasswordViewController : public pellumar::UIViewController {
     const std::shared_ptr<PasswordRequest> request_;
     const std::function<void()> fitted_;
     bool isTrying_ = false;
-    bool wasWrong_ = false;
+    bool wasWrong_;
 };
 
 }  // namespace pellumar

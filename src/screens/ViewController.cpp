@@ -101,33 +101,39 @@ void ViewController::documentPickerDidPickDocuments(const QList<QUrl>& urls) {
 
 void ViewController::extract(const QUrl& url) {
     beginJob();
-    // That of this run: another may have been shown since.
-    const auto shown =
-        std::make_shared<std::weak_ptr<MBProgressHUD>>(showHud(QStringLiteral("Unzipping")));
-    const auto awake = services_.sleep.keepAwake(tr("Extracting an archive"));
-    const auto hide = [shown] {
-        if (const auto hud = shown->lock()) {
+    // While it works, not while it waits for a password. The overlay is that of this run: another
+    // may have been shown since.
+    struct Work {
+        std::weak_ptr<MBProgressHUD> hud;
+        std::shared_ptr<void> awake;
+    };
+    const auto work = std::make_shared<Work>();
+    const auto begin = [this, work] {
+        *work = {showHud(QStringLiteral("Unzipping")),
+                 services_.sleep.keepAwake(tr("Extracting an archive"))};
+    };
+    const auto end = [work] {
+        if (const auto hud = work->hud.lock()) {
             hud->hide(true);
         }
+        work->awake.reset();
     };
+    begin();
     zipManager().unzip(
         url,
-        whileAlive(
-            [this, hide, awake](const std::optional<QList<QUrl>>& urls, const JobReport& report) {
-                hide();
-                if (urls) {
-                    showResults(*urls, report);
-                } else {
-                    showFailure(report);
-                }
-                endJob();
-            }),
-        whileAlive([this, url, shown, hide](const std::shared_ptr<PasswordRequest>& request) {
-            hide();
+        whileAlive([this, end](const std::optional<QList<QUrl>>& urls, const JobReport& report) {
+            end();
+            if (urls) {
+                showResults(*urls, report);
+            } else {
+                showFailure(report);
+            }
+            endJob();
+        }),
+        whileAlive([this, url, begin, end](const std::shared_ptr<PasswordRequest>& request) {
+            end();
             present(makeController<PasswordViewController>(
-                        context(), lastPathComponent(url), request, whileAlive([this, shown] {
-                            *shown = showHud(QStringLiteral("Unzipping"));
-                        })),
+                        context(), lastPathComponent(url), request, whileAlive(begin)),
                     true);
         }));
 }
@@ -137,16 +143,16 @@ void ViewController::showFailure(const JobReport& report) {
     UIAlertAction remedy;
     if (reason.canBeSalvaged) {
         remedy.title = tr("Rescue what is whole");
-        remedy.handler = whileAlive([this, archive = report.archive()] { salvage(archive); });
+        remedy.handler = whileAlive([this, report] { salvage(report); });
     }
     showFailureAlert(reason, remedy);
 }
 
-void ViewController::salvage(const QUrl& url) {
+void ViewController::salvage(const JobReport& failed) {
     beginJob();
     const std::weak_ptr<MBProgressHUD> shown = showHud(tr("Rescuing"));
     const auto awake = services_.sleep.keepAwake(tr("Extracting an archive"));
-    zipManager().salvage(url,
+    zipManager().salvage(failed.archive(),
                          whileAlive([this, shown, awake](const std::optional<QList<QUrl>>& urls,
                                                          const JobReport& report) {
                              if (const auto hud = shown.lock()) {
@@ -158,7 +164,8 @@ void ViewController::salvage(const QUrl& url) {
                                  showFailureAlert(FailureReason::of(report));
                              }
                              endJob();
-                         }));
+                         }),
+                         failed.password());
 }
 
 void ViewController::showResults(const QList<QUrl>& urls, const JobReport& report) {

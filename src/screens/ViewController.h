@@ -48,8 +48,8 @@ class ViewController : public UIViewController,
     [[nodiscard]] const ScreenServices& services() const override { return services_; }
     void askForRating();
     void extract(const QUrl& url);
-    // What is whole in a damaged archive.
-    void salvage(const QUrl& url);
+    // What is whole in the damaged archive of that job.
+    void salvage(const JobReport& failed);
     void showFailure(const JobReport& report);
     void showResults(const QList<QUrl>& urls, const JobReport& report);
 

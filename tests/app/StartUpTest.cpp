@@ -193,7 +193,7 @@ TEST_F(StartUpTest, WhatHasBeenKeptIsShownInWords) {
     };
     const std::vector<Case> cases{
         {std::nullopt, {}, "What has been kept cannot be read."},
-        {"", {}, "Nothing has been kept."},
+        {"", {}, "No event waits to be sent."},
         {R"({"table":"events","name":"tapped_zip","time":0,"parameters":[]}
 {"table":"counts","name":"tapped_zip","day":0,"total":1}
 {"table":"events","name":"evaluated_app","time":0,"parameters":[{"key":"rating","value":{"intValue":"4"}}]})",

@@ -147,6 +147,7 @@ void showPhotos(Stage& stage) {
 
 class NothingFits : public PasswordRequest {
   public:
+    [[nodiscard]] bool wasWrong() const override { return false; }
     void tryPassword(Password /*password*/, std::function<void(bool)> reply) override {
         reply(false);
     }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string>
-#include <utility>
 
 namespace pellumar::archive {
 
@@ -9,19 +8,22 @@ namespace pellumar::archive {
 // they are; other programs use UTF-8. Nothing that stands in it changes after it was made.
 class Password {
   public:
-    explicit Password(std::string text) : text_(std::move(text)) {}
+    // What was given is wiped as well, but not what it was copied from.
+    explicit Password(std::string text) : text_(text) { wipe(text); }
     Password(const Password&) = delete;
     Password& operator=(const Password&) = delete;
-    ~Password() {
-        volatile char* byte = text_.data();
-        for (std::size_t i = 0; i < text_.size(); ++i) {
-            byte[i] = 0;
-        }
-    }
+    ~Password() { wipe(text_); }
 
     [[nodiscard]] const std::string& text() const { return text_; }
 
   private:
+    static void wipe(std::string& text) {
+        volatile char* byte = text.data();
+        for (std::size_t i = 0; i < text.size(); ++i) {
+            byte[i] = 0;
+        }
+    }
+
     std::string text_;
 };
 
