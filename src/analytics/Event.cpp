@@ -48,7 +48,9 @@ Checked<QVariant> checkParameter(const QString& name, const QVariant& given) {
     const auto as = [](const auto& value) {
         return Checked<QVariant>{.value = QVariant::fromValue(value)};
     };
-    const Checked<QVariant> wrong{.value = {}, .error = Error::kParameterType};
+    const auto wrong = [] {
+        return Checked<QVariant>{.value = {}, .error = Error::kParameterType};
+    };
     if (const Error error = nameError(name, Event::kMostNameLength); error != Error::kNone) {
         return {.value = {}, .error = error};
     }
@@ -64,17 +66,17 @@ Checked<QVariant> checkParameter(const QString& name, const QVariant& given) {
         case QMetaType::ULongLong:
             return given.toULongLong() <= quint64{std::numeric_limits<qint64>::max()}
                        ? as(given.toLongLong())
-                       : wrong;
+                       : wrong();
         case QMetaType::Float:
         case QMetaType::Double:
-            return std::isfinite(given.toDouble()) ? as(given.toDouble()) : wrong;
+            return std::isfinite(given.toDouble()) ? as(given.toDouble()) : wrong();
         case QMetaType::QString: {
             const auto text =
                 cutTo(*static_cast<const QString*>(given.constData()), Event::kMostTextLength);
             return {.value = *text.value, .error = text.error};
         }
         default:
-            return wrong;
+            return wrong();
     }
 }
 
@@ -93,7 +95,7 @@ Checked<Event> Event::check(const QString& name, const QVariantMap& parameters) 
             checked = {.value = {}, .error = Error::kTooManyParameters};
         }
         if (checked.value) {
-            event.parameters.insert(copied(given.key()), *checked.value);
+            event.parameters.insert(event.parameters.cend(), copied(given.key()), *checked.value);
         }
         if (firstError == Error::kNone && checked.error != Error::kNone) {
             firstError = checked.error;
