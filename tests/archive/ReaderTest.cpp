@@ -111,8 +111,9 @@ TEST_F(ReaderTest, StreamsGiveAllDataWhateverTheBufferAndFindDamageAtTheEnd) {
 TEST_F(ReaderTest, MemoryDescriptorsAndSourcesOfTheCallersAreRead) {
     struct Slow final : ByteSource {
         explicit Slow(std::string all) : bytes(std::move(all)) {}
-        std::uint64_t size() const override { return bytes.size(); }
-        Result<std::size_t> readAt(std::uint64_t offset, MutableBytes buffer) const override {
+        [[nodiscard]] std::uint64_t size() const override { return bytes.size(); }
+        [[nodiscard]] Result<std::size_t> readAt(std::uint64_t offset,
+                                                 MutableBytes buffer) const override {
             if (offset == 4711) {
                 return failure(ErrorCode::kCancelled);
             }
@@ -144,7 +145,7 @@ TEST_F(ReaderTest, WhatStandsThereIsTreatedAsAsked) {
     const ZipBuilder zip = std::move(
         ZipBuilder().file("d/a.tar.gz", "new").file("d/b", "new").add(symbolicLink("link", "d/b")));
     const auto prepare = [this](const std::string& name) {
-        const auto to = home() / name;
+        auto to = home() / name;
         std::filesystem::create_directories(to / "d");
         test::writeFile(to / "d/a.tar.gz", std::string_view("old"));
         test::writeFile(to / "d/a.tar (2).gz", std::string_view("old"));

@@ -282,11 +282,11 @@ TEST_F(WriterTest, WhatIsNotClosedOrIsCancelledLeavesNothing) {
     const fs::directory_iterator left(home().path());
     EXPECT_EQ(std::distance(left, {}), 2) << "nothing beside the sources and the neighbour";
     auto writer = Writer::create(archivePath());
-    for (NewEntry bad : {buffer("", "x"),
-                         buffer("../x", "x"),
-                         NewEntry{.name = "link", .content = NewEntry::Link{""}},
-                         NewEntry{.name = "level", .options = {.level = 10}},
-                         NewEntry{.name = "comment", .options = {.comment = "\xFF"}}}) {
+    for (const NewEntry& bad : {buffer("", "x"),
+                                buffer("../x", "x"),
+                                NewEntry{.name = "link", .content = NewEntry::Link{""}},
+                                NewEntry{.name = "level", .options = {.level = 10}},
+                                NewEntry{.name = "comment", .options = {.comment = "\xFF"}}}) {
         EXPECT_EQ(writer->add(bad).error().code, ErrorCode::kInvalidArgument) << bad.name;
     }
 }
@@ -296,6 +296,7 @@ TEST_F(WriterTest, AddAllTellsOfEachEntryAndTriesAgain) {
     auto writer =
         Writer::create(archivePath(), {.progress = [&last](const Progress& now) { last = now; }});
     std::vector<NewEntry> entries;
+    entries.reserve(30);
     for (int i = 0; i < 30; ++i) {
         entries.push_back(file(std::to_string(i), sample(SampleKind::kText, 10'000)));
     }
