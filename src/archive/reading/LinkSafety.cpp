@@ -69,6 +69,11 @@ bool LinkSafety::isSafe(std::string_view path) {
     return staysInside(path);
 }
 
+const std::string* LinkSafety::linkThatStandsAt(std::string_view path) const {
+    const auto link = allStand_ ? links_.find(path) : links_.end();
+    return link == links_.end() ? nullptr : &link->second;
+}
+
 // Walks the target as the system would, through the other links.
 bool LinkSafety::staysInside(std::string_view path) {
     std::string place(path);  // where the walk stands, from the destination folder
@@ -100,8 +105,8 @@ bool LinkSafety::staysInside(std::string_view path) {
         if (lookedUp_ > kMostLookedUp) {
             return false;
         }
-        const auto link = allStand_ ? links_.find(place) : links_.end();
-        if (link == links_.end()) {
+        const std::string* const link = linkThatStandsAt(place);
+        if (link == nullptr) {
             if (isFolder_(place)) {
                 continue;
             }
@@ -116,10 +121,10 @@ bool LinkSafety::staysInside(std::string_view path) {
         place.erase(above);
         // No real path is that long, and without a bound each link of a chain could add as much to
         // be walked again for every link that leads into the chain.
-        if (link->second.size() + (rest.size() - at) >= PATH_MAX) {
+        if (link->size() + (rest.size() - at) >= PATH_MAX) {
             return false;
         }
-        rest.replace(0, at, at < rest.size() ? link->second + "/" : link->second);
+        rest.replace(0, at, at < rest.size() ? *link + "/" : *link);
         at = 0;
     }
     return true;

@@ -41,6 +41,8 @@ class LinkSafety {
     }
 
   private:
+    // Its target; null if there is none, or nobody knows.
+    [[nodiscard]] const std::string* linkThatStandsAt(std::string_view path) const;
     [[nodiscard]] bool staysInside(std::string_view path);
 
     std::function<bool(std::string_view)> isFolder_;
