@@ -85,8 +85,7 @@ class Extraction {
                      options.limits.bytes != ExtractionLimits::kNone),
           threads_(source, options),
           links_([this](std::string_view path) { return plan_.holdsFolder(path); },
-                 options.existing != ExistingFiles::kSkip &&
-                     options.existing != ExistingFiles::kRename) {}
+                 options.existing == ExistingFiles::kRefuse) {}
 
     Result<ExtractionReport> run() {
         if (auto affordable = checkCost(); !affordable) {

@@ -21,7 +21,8 @@ class LinkSafety {
     static constexpr std::size_t kMostLookedUp = 256UL * 1024 * 1024;
 
     // `isFolder` says of a path whether a folder, and no link, will stand there before any link is
-    // made; `allStand` whether every link will stand under its own path, or something else may.
+    // made; `allStand` whether every link will stand under its own path, or something else may:
+    // what stood there before, or another of them that the file system takes for the same.
     explicit LinkSafety(std::function<bool(std::string_view)> isFolder, bool allStand = true)
         : isFolder_(std::move(isFolder)), allStand_(allStand) {}
 
