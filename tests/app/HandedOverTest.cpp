@@ -124,16 +124,12 @@ TEST_F(HandedOverTest, AJobThatWasLeftHoldsUpNoQuestion) {
     come();
     presented<UIAlertController>()->choose(0);
     animator.finishAll();
-    ManualDispatchQueue looks;
-    FolderQueue lookFolders(looks);
-    HandedOverArchives others{{*delegate, window, services.ui, mainQueue, lookFolders}};
     const auto pass = [&] {
         QCoreApplication::processEvents();
-        looks.runAll();
         mainQueue.runAll();
         animator.finishAll();
     };
-    others.add(hundred.first(1));
+    archives.add(hundred.first(1));
     pass();
     EXPECT_FALSE(presented<Popup>());
     composer.reset();

@@ -18,7 +18,7 @@ constexpr std::uint64_t kMostUnpacked = 8ULL * 1024 * 1024;
 
 std::uint64_t unpackedSize(const pellumar::archive::Reader& archive) {
     std::uint64_t sum = 0;
-    for (const pellumar::archive::Entry entry : archive) {
+    for (const pellumar::archive::Entry& entry : archive) {
         require(entry.fault ||
                     (!entry.path.empty() && entry.path.front() != '/' &&
                      ("/" + std::string(entry.path) + "/").find("/../") == std::string::npos),
