@@ -42,7 +42,7 @@ archive::Result<> list(const archive::Reader& reader) {
     std::string text(8, ' ');
     const auto count = first->read({reinterpret_cast<std::uint8_t*>(text.data()), text.size()});
     if (!count) {
-        return archive::passOn(count);
+        return archive::Failure(count.error());
     }
     text.resize(*count);  // it may be shorter
     std::cout << "It begins with: " << text << '\n';
