@@ -94,7 +94,11 @@ void showReason(Stage& stage, const archive::Error& error) {
         makeController<UIAlertController>(stage.services().ui,
                                           QStringLiteral("Error"),
                                           QStringLiteral("Could not complete the operation."));
-    alert->setReason({reason.text, reason.details});
+    UIAlertAction remedy;
+    if (reason.canBeSalvaged) {
+        remedy.title = QStringLiteral("Rescue what is whole");
+    }
+    alert->setReason({.text = reason.text, .details = reason.details, .remedy = remedy});
     alert->addAction({QStringLiteral("OK"), UIAlertActionStyle::kDefault, {}});
     stage.present(alert);
 }
