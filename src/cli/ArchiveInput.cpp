@@ -103,6 +103,7 @@ tl::expected<Indices, Error> themselves(const Reader& reader,
 tl::expected<Indices, Error> withAllBelow(const Reader& reader,
                                           const std::vector<std::string>& names) {
     std::vector<std::string_view> rest;
+    rest.reserve(names.size());
     for (const std::string& name : names) {
         rest.push_back(plain(name));
     }

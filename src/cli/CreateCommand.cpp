@@ -144,7 +144,7 @@ class Creation {
         return {};
     }
 
-    Result<Writer> open(archive::WriterOptions options) const {
+    [[nodiscard]] Result<Writer> open(archive::WriterOptions options) const {
         if (!goesToStandardOutput(arguments_)) {
             return Writer::create(arguments_.archive, std::move(options));
         }
