@@ -42,7 +42,7 @@ std::string humanTime(double seconds) {
 
 // The end of a name tells more than its beginning. Columns are counted as letters, not cutting one.
 std::string tailOf(std::string_view name, std::size_t columns) {
-    const std::string text = printable(name);
+    std::string text = printable(name);
     const auto begins = [](char byte) {
         return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80;
     };

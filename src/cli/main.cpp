@@ -5,6 +5,7 @@
 #include <array>
 #include <chrono>
 #include <cstdio>
+#include <exception>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -119,10 +120,7 @@ int runInWorkspace(const WorkspaceArguments& arguments,
     return JobRunner(arguments, commandLine.endWithNul, messages, fileSystem, *zipManager).run();
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
-    occupyStandardStreams();
+int run(int argc, char** argv) {
     const auto commandLine = CommandLine::parse(argc, argv);
     if (!commandLine) {
         return commandLine.error();
@@ -145,4 +143,17 @@ int main(int argc, char** argv) {
             [&](const SalvageArguments& arguments) { return salvageArchive(arguments, messages); },
         },
         commandLine->command);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    occupyStandardStreams();
+    try {
+        return run(argc, argv);
+    } catch (const std::exception& error) {
+        // No memory is left, which is found out wherever some is asked for.
+        static_cast<void>(std::fprintf(stderr, "pellumar: %s\n", error.what()));
+        return kExitFailure;
+    }
 }

@@ -58,7 +58,7 @@ class RemarkWords {
         QStringList lines = {
             tr("The archive is damaged. Of %2 things that were found in it, %1 are whole.")
                 .arg(locale.toString(static_cast<qulonglong>(salvage.recovered)),
-                     locale.toString(static_cast<qulonglong>(salvage.recovered + salvage.lost)))};
+                     locale.toString(static_cast<qulonglong>(salvage.recovered) + salvage.lost))};
         if (!salvage.hasDirectory) {
             lines.append(
                 tr("Its list of contents is gone, so nobody can tell whether there was more."));

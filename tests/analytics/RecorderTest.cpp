@@ -113,7 +113,7 @@ TEST_F(RecorderTest, DaysAreThoseOfLocalTime) {
         ::tzset();
         folder = parent / std::to_string(hours);
         // To a millisecond before midnight.
-        wall = kNoon + kDay / 2 - hours * 60 * kMinute - 1;
+        wall = kNoon + kDay / 2 - hours * (60 * kMinute) - 1;
         const qint64 today = kNoon / kDay;
         RunningEngine engine(environment());
         log(engine, "tapped");

@@ -39,6 +39,12 @@ bool hasFailedAllocation() {
 
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 
+// uchardet keeps what it had when it was refused more.
+// NOLINTNEXTLINE(bugprone-reserved-identifier,readability-identifier-naming): LeakSanitizer's name
+extern "C" const char* __lsan_default_suppressions() {
+    return "leak:libuchardet\n";
+}
+
 // Not inline: g++ 12 would see a free for what new has given.
 [[gnu::noinline]] void* operator new(std::size_t size) {
     void* const memory = isToFail() ? nullptr : std::malloc(size == 0 ? 1 : size);
@@ -49,6 +55,12 @@ bool hasFailedAllocation() {
 }
 [[gnu::noinline]] void* operator new[](std::size_t size) {
     return operator new(size);
+}
+[[gnu::noinline]] void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
+    return isToFail() ? nullptr : std::malloc(size == 0 ? 1 : size);
+}
+[[gnu::noinline]] void* operator new[](std::size_t size, const std::nothrow_t& tag) noexcept {
+    return operator new(size, tag);
 }
 [[gnu::noinline]] void operator delete(void* memory) noexcept {
     std::free(memory);
@@ -66,6 +78,8 @@ bool hasFailedAllocation() {
 #else
 
 // The C library's own, under the names by which it keeps them reachable.
+// NOLINTBEGIN(bugprone-reserved-identifier,readability-identifier-naming)
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name)
 extern "C" {
 void* __libc_malloc(std::size_t size);
 void* __libc_calloc(std::size_t count, std::size_t size);
@@ -89,5 +103,7 @@ int posix_memalign(void** memory, std::size_t alignment, std::size_t size) {
     return *memory == nullptr ? ENOMEM : 0;
 }
 }
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)
+// NOLINTEND(bugprone-reserved-identifier,readability-identifier-naming)
 
 #endif

@@ -2,8 +2,10 @@
 
 #include <sys/stat.h>
 
+#include <array>
 #include <cstdint>
 #include <limits>
+#include <string_view>
 #include <utility>
 
 #include "support/ZipBuilder.h"
@@ -69,82 +71,90 @@ std::string build(const Entries& entries) {
 
 // ---- Names
 
+using namespace std::string_view_literals;
+
+constexpr std::array<std::string_view, 66> kShortNames = {"plain",
+                                                          "d",
+                                                          "d/",
+                                                          "d/stored",
+                                                          "D/Stored",
+                                                          "d//stored",
+                                                          "./d/stored",
+                                                          "d/./stored",
+                                                          "d\\stored",
+                                                          "d/stored/",
+                                                          "d/link/x",
+                                                          "link",
+                                                          "link/x",
+                                                          "",
+                                                          "/",
+                                                          ".",
+                                                          "./",
+                                                          "..",
+                                                          "../",
+                                                          "../x",
+                                                          "../../../../tmp/x",
+                                                          "d/..",
+                                                          "d/../..",
+                                                          "d/../../x",
+                                                          "..\\x",
+                                                          "d\\..\\..\\x",
+                                                          "/x",
+                                                          "//x",
+                                                          "\\x",
+                                                          "\\\\server\\x",
+                                                          "C:x",
+                                                          "C:\\x",
+                                                          "c:/x",
+                                                          "x:",
+                                                          "x:stream",
+                                                          "~",
+                                                          "~/x",
+                                                          "a\0b"sv,
+                                                          "\0"sv,
+                                                          "..\0/x"sv,
+                                                          "a\nb",
+                                                          "\x1B[2Jx",
+                                                          "con",
+                                                          "nul.txt",
+                                                          "x.",
+                                                          "x ",
+                                                          " ",
+                                                          "...",
+                                                          "....//x",
+                                                          "\xC0\xAE\xC0\xAE/x",
+                                                          "\xC0\xAF",
+                                                          "\xFF\xFE",
+                                                          "\xED\xA0\x80",
+                                                          "\xE2\x80\xAEgpj",
+                                                          "\x82\xA0/x",
+                                                          "\x8E\xCA\x90\x5E",
+                                                          "\xC3\xA9",
+                                                          "e\xCC\x81",
+                                                          "%2e%2e/x",
+                                                          "-rf",
+                                                          "*",
+                                                          "a|b",
+                                                          ".part",
+                                                          "a/b",
+                                                          "a/b/c",
+                                                          "a"};
+
 const std::vector<std::string>& names() {
-    using namespace std::string_literals;
-    static const std::vector<std::string> kNames = {"plain",
-                                                    "d",
-                                                    "d/",
-                                                    "d/stored",
-                                                    "D/Stored",
-                                                    "d//stored",
-                                                    "./d/stored",
-                                                    "d/./stored",
-                                                    "d\\stored",
-                                                    "d/stored/",
-                                                    "d/link/x",
-                                                    "link",
-                                                    "link/x",
-                                                    "",
-                                                    "/",
-                                                    ".",
-                                                    "./",
-                                                    "..",
-                                                    "../",
-                                                    "../x",
-                                                    "../../../../tmp/x",
-                                                    "d/..",
-                                                    "d/../..",
-                                                    "d/../../x",
-                                                    "..\\x",
-                                                    "d\\..\\..\\x",
-                                                    "/x",
-                                                    "//x",
-                                                    "\\x",
-                                                    "\\\\server\\x",
-                                                    "C:x",
-                                                    "C:\\x",
-                                                    "c:/x",
-                                                    "x:",
-                                                    "x:stream",
-                                                    "~",
-                                                    "~/x",
-                                                    "a\0b"s,
-                                                    "\0"s,
-                                                    "..\0/x"s,
-                                                    "a\nb",
-                                                    "\x1B[2Jx",
-                                                    "con",
-                                                    "nul.txt",
-                                                    "x.",
-                                                    "x ",
-                                                    " ",
-                                                    "...",
-                                                    "....//x",
-                                                    "\xC0\xAE\xC0\xAE/x",
-                                                    "\xC0\xAF",
-                                                    "\xFF\xFE",
-                                                    "\xED\xA0\x80",
-                                                    "\xE2\x80\xAEgpj",
-                                                    "\x82\xA0/x",
-                                                    "\x8E\xCA\x90\x5E",
-                                                    "\xC3\xA9",
-                                                    "e\xCC\x81",
-                                                    "%2e%2e/x",
-                                                    "-rf",
-                                                    "*",
-                                                    "a|b",
-                                                    std::string(255, 'n'),
-                                                    std::string(256, 'n'),
-                                                    repeated("d/", 100) + "x",
-                                                    repeated("d/", 2100) + "x",
-                                                    std::string(65535, 'n'),
-                                                    repeated("../", 100) + "x",
-                                                    repeated("\xE2\x82\xAC", 90),
-                                                    std::string(300, '/') + "x",
-                                                    ".part",
-                                                    "a/b",
-                                                    "a/b/c",
-                                                    "a"};
+    static const std::vector<std::string> kNames = [] {
+        std::vector<std::string> all(kShortNames.begin(), kShortNames.end());
+        for (std::string name : {std::string(255, 'n'),
+                                 std::string(256, 'n'),
+                                 repeated("d/", 100) + "x",
+                                 repeated("d/", 2100) + "x",
+                                 std::string(65535, 'n'),
+                                 repeated("../", 100) + "x",
+                                 repeated("\xE2\x82\xAC", 90),
+                                 std::string(300, '/') + "x"}) {
+            all.push_back(std::move(name));
+        }
+        return all;
+    }();
     return kNames;
 }
 
@@ -329,28 +339,29 @@ void giveNeighbours(Hand& hand) {
     }
 }
 
+constexpr std::uint64_t kMost = std::numeric_limits<std::uint64_t>::max();
+constexpr std::array<std::uint64_t, 18> kEndValues = {0,
+                                                      1,
+                                                      2,
+                                                      4,
+                                                      5,
+                                                      6,
+                                                      46,
+                                                      300,
+                                                      0xFFFE,
+                                                      0xFFFF,
+                                                      0x10000,
+                                                      0xFFFFFFFE,
+                                                      0xFFFFFFFF,
+                                                      0x100000000,
+                                                      kMost / 2,
+                                                      kMost / 46,
+                                                      kMost - 100,
+                                                      kMost};
+
 // The end records.
 void giveEnds(Hand& hand) {
     using End = ZipBuilder::End;
-    constexpr std::uint64_t kMost = std::numeric_limits<std::uint64_t>::max();
-    const std::vector<std::uint64_t> values = {0,
-                                               1,
-                                               2,
-                                               4,
-                                               5,
-                                               6,
-                                               46,
-                                               300,
-                                               0xFFFE,
-                                               0xFFFF,
-                                               0x10000,
-                                               0xFFFFFFFE,
-                                               0xFFFFFFFF,
-                                               0x100000000,
-                                               kMost / 2,
-                                               kMost / 46,
-                                               kMost - 100,
-                                               kMost};
     const std::vector<std::function<void(End&, std::uint64_t)>> fields = {
         [](End& end, std::uint64_t value) { end.disk = value; },
         [](End& end, std::uint64_t value) { end.directoryDisk = value; },
@@ -366,7 +377,7 @@ void giveEnds(Hand& hand) {
         }
         return zip;
     };
-    for (const std::uint64_t value : values) {
+    for (const std::uint64_t value : kEndValues) {
         for (std::size_t i = 0; i < fields.size(); ++i) {
             for (const int way : {0, 1, 2, 3, 4}) {
                 hand.give("end, field " + std::to_string(i) + "=" + std::to_string(value), [&] {
