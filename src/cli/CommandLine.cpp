@@ -1,5 +1,7 @@
 #include "cli/CommandLine.h"
 
+#include <linux/limits.h>
+
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <iostream>
@@ -263,7 +265,8 @@ void addExtract(CLI::App& app, CommandLine& line, ExtractArguments& arguments) {
                 "Extract as \"name (2).ext\" where a file is there");
     allowOneOf(existing);
     extract->add_option("--strip", arguments.strip, "Leave out so many leading parts of names")
-        ->option_text("N");
+        ->option_text("N")
+        ->check(CLI::Range(0, PATH_MAX));
     extract->add_flag("--sync", arguments.sync, "Return when all is on the disk");
     addPasswordFile(*extract, arguments.passwordFile);
 }

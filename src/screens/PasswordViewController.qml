@@ -48,6 +48,15 @@ DialogCard {
         Accessible.description: wrong.text
         onTextEdited: root.controller.edited()
         onAccepted: root.controller.openTapped(text)
+
+        // What is typed next takes the place of what did not fit.
+        Connections {
+            target: root.controller
+            function onStateChanged() {
+                if (root.controller.wasWrong)
+                    password.selectAll()
+            }
+        }
     }
     BodyText {
         id: wrong
