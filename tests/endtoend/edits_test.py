@@ -12,7 +12,7 @@ class EditsTest(road.RoadTest):
         """Extracts a handed-over archive, copies one of its files, and returns the path that the
         clipboard's reader is given."""
         application = self.desktop.hand_over(archive)
-        application.press("push button", "Unzip")
+        self.confirm(application)
         application.press("push button", f"Share {name}")
         application.press("push button", "Copy")
         application.find("alert message", "Copied")

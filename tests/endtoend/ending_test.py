@@ -49,7 +49,7 @@ class EndingTest(road.RoadTest):
         make_slow_archive(archive)
         self.desktop.end(self.start_at_home())
         application = self.desktop.start(archive)
-        application.press("push button", "Unzip")
+        self.confirm(application)
         road.until(self.written, lambda: f"the first part\n{application.outline()}")
         self.desktop.end(application)
         # It did not work on to the end.
@@ -68,7 +68,7 @@ class EndingTest(road.RoadTest):
         archive = self.make_archive("film.zip", {"film.mp4": b"film"})
         self.desktop.end(self.start_at_home())
         application = self.desktop.start(archive)
-        application.press("push button", "Unzip")
+        self.confirm(application)
         thumbnailer = int(road.until(lambda: started.is_file() and started.read_text(),
                                      lambda: f"the thumbnailer\n{application.outline()}"))
         before = time.monotonic()

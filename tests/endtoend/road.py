@@ -52,6 +52,12 @@ class RoadTest(unittest.TestCase):
         application.find("push button", "Unzip")
         return application
 
+    def confirm(self, application):
+        """Answers the question about an archive that was handed over. It waits for that first: a
+        button of the home screen is called the same."""
+        application.find("dialog")
+        application.press("push button", "Unzip")
+
     def make_files(self, files):
         """Makes files of {name: bytes} in the user's documents."""
         for name, data in files.items():
