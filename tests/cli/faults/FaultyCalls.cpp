@@ -133,7 +133,7 @@ bool isRefused(int flags) {
 // Of these calls all that matters is that they fail.
 #define FAULTY(result, name, kind, parameters, arguments, path)                  \
     extern "C" result name parameters {                                          \
-        static const auto real = next<result(*) parameters>(#name);              \
+        static const auto real = next<decltype(&::name)>(#name);                 \
         startAt(path);                                                           \
         return isFaulty(#name, kind) ? static_cast<result>(-1) : real arguments; \
     }
@@ -141,7 +141,7 @@ bool isRefused(int flags) {
 // The same where a part can be done.
 #define FAULTY_MOVE(name, kind, parameters, arguments, shorter)          \
     extern "C" ssize_t name parameters {                                 \
-        static const auto real = next<ssize_t(*) parameters>(#name);     \
+        static const auto real = next<decltype(&::name)>(#name);         \
         if (!isFile(fd) || !isFaulty(#name, (kind) | kMoves | kWaits)) { \
             return real arguments;                                       \
         }                                                                \
