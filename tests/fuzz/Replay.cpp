@@ -7,7 +7,7 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
-// Runs a fuzzer's function over each file in the folders given, and over nothing at all.
+// Runs a fuzzer's function over each file below the folders given, and over nothing at all.
 int main(int count, char** arguments) {
     std::size_t inputs = 0;
     LLVMFuzzerTestOneInput(nullptr, 0);
@@ -15,7 +15,10 @@ int main(int count, char** arguments) {
         if (!std::filesystem::is_directory(arguments[i])) {
             continue;
         }
-        for (const auto& file : std::filesystem::directory_iterator(arguments[i])) {
+        for (const auto& file : std::filesystem::recursive_directory_iterator(arguments[i])) {
+            if (!file.is_regular_file()) {
+                continue;
+            }
             std::printf("%s\n", file.path().c_str());
             const auto bytes = pellumar::test::readFile(file.path());
             LLVMFuzzerTestOneInput(bytes.data(), bytes.size());
