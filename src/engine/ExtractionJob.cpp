@@ -46,64 +46,6 @@ Result<archive::UnzipReport> extract(const path& source,
 
 }  // namespace
 
-// Holds the job while it waits.
-class ExtractionJob::Request : public PasswordRequest,
-                               public std::enable_shared_from_this<Request> {
-  public:
-    Request(std::shared_ptr<ExtractionJob> job, Error missing)
-        : job_(std::move(job)), missing_(std::move(missing)) {}
-    Request(const Request&) = delete;
-    Request& operator=(const Request&) = delete;
-    ~Request() override { giveUp(); }
-
-    [[nodiscard]] bool wasWrong() const override {
-        return missing_.code == ErrorCode::kWrongPassword;
-    }
-
-    void tryPassword(Password password, std::function<void(bool fits)> reply) override {
-        if (!job_) {
-            return;
-        }
-        job_->environment_.backgroundQueue.async([job = job_,
-                                                  self = weak_from_this(),
-                                                  password = std::move(password),
-                                                  reply = std::move(reply)]() mutable {
-            const bool fits = job->fits(*password);
-            DispatchQueue& main = job->environment_.mainQueue;
-            main.async([job = std::move(job),
-                        self = std::move(self),
-                        password = std::move(password),
-                        reply = std::move(reply),
-                        fits] {
-                const std::shared_ptr<Request> request = self.lock();
-                if (!request || !request->job_) {
-                    return;
-                }
-                if (fits) {
-                    request->job_.reset();
-                    job->password_ = password;
-                    job->start();
-                } else {
-                    request->missing_.code = ErrorCode::kWrongPassword;
-                }
-                reply(fits);
-            });
-        });
-    }
-
-    void giveUp() override {
-        if (const std::shared_ptr<ExtractionJob> job = std::exchange(job_, nullptr)) {
-            // A caller may be in the midst of leaving the screen.
-            job->environment_.mainQueue.async(
-                [job, missing = missing_] { job->finish(archive::Failure(missing)); });
-        }
-    }
-
-  private:
-    std::shared_ptr<ExtractionJob> job_;
-    Error missing_;
-};
-
 ExtractionJob::ExtractionJob(const ZipManager::Environment& environment,
                              QUrl archive,
                              ZipManager::FilesCompletion completion,
@@ -124,7 +66,11 @@ void ExtractionJob::start() {
         DispatchQueue& main = job->environment_.mainQueue;
         main.async([job = std::move(job), extracted = std::move(extracted), locked] {
             if (locked && job->question_) {
-                job->askForPassword(extracted.error());
+                job->missing_ = extracted.error();
+                job->question_(requestFor(job,
+                                          job->missing_.code == ErrorCode::kWrongPassword,
+                                          job->environment_.mainQueue,
+                                          job->environment_.backgroundQueue));
             } else {
                 job->finish(extracted);
             }
@@ -132,8 +78,14 @@ void ExtractionJob::start() {
     });
 }
 
-void ExtractionJob::askForPassword(Error missing) {
-    question_(std::make_shared<Request>(shared_from_this(), std::move(missing)));
+void ExtractionJob::goOn(PasswordRequest::Password password) {
+    password_ = std::move(password);
+    start();
+}
+
+void ExtractionJob::endWithout(bool wasWrong) {
+    missing_.code = wasWrong ? ErrorCode::kWrongPassword : ErrorCode::kEncrypted;
+    finish(archive::Failure(missing_));
 }
 
 void ExtractionJob::finish(Result<FileSystem::Contents> extracted) {
@@ -160,7 +112,7 @@ bool ExtractionJob::isLocked(ErrorCode failure) const {
     return opened && !opened->firstFault();
 }
 
-bool ExtractionJob::fits(const archive::Password& password) const {
+bool ExtractionJob::fits(const archive::Password& password) {
     const std::optional<path> from = localPath(archive_);
     if (!from) {
         return true;

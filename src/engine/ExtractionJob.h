@@ -6,7 +6,7 @@
 #include <optional>
 
 #include "archive/base/Error.h"
-#include "engine/PasswordRequest.h"
+#include "engine/LockedJob.h"
 #include "engine/ZipManager.h"
 
 namespace pellumar {
@@ -14,7 +14,7 @@ namespace pellumar {
 // One run of ZipManager::unzip. It is made and finished on the main queue and runs on the
 // background queue, twice if its archive needs a password. Whatever it holds is released on the
 // main queue.
-class ExtractionJob : public std::enable_shared_from_this<ExtractionJob> {
+class ExtractionJob : public LockedJob, public std::enable_shared_from_this<ExtractionJob> {
   public:
     // Without a `question`, an archive that needs a password fails.
     ExtractionJob(const ZipManager::Environment& environment,
@@ -26,17 +26,16 @@ class ExtractionJob : public std::enable_shared_from_this<ExtractionJob> {
     void start();
 
   private:
-    class Request;
-
     // In the background:
     [[nodiscard]] archive::Result<FileSystem::Contents> run();
     // Whether another password, or one at all, is all that is missing. Then the next run finds its
     // place empty.
     [[nodiscard]] bool isLocked(archive::ErrorCode failure) const;
-    [[nodiscard]] bool fits(const archive::Password& password) const;
+    [[nodiscard]] bool fits(const archive::Password& password) override;
 
     // On the main queue:
-    void askForPassword(archive::Error missing);
+    void goOn(PasswordRequest::Password password) override;
+    void endWithout(bool wasWrong) override;
     void finish(archive::Result<FileSystem::Contents> extracted);
 
     const ZipManager::Environment environment_;
@@ -45,6 +44,8 @@ class ExtractionJob : public std::enable_shared_from_this<ExtractionJob> {
     const ZipManager::FilesCompletion completion_;
     const PasswordQuestion question_;
     PasswordRequest::Password password_;
+    // Why the password was asked for.
+    archive::Error missing_;
     JobReport report_;
 };
 

@@ -134,8 +134,10 @@ void ZipManager::unzip(const QUrl& url,
 
 void ZipManager::salvage(const QUrl& url,
                          FilesCompletion completion,
-                         std::shared_ptr<const archive::Password> password) const {
-    std::make_shared<SalvageJob>(environment_, url, std::move(completion), std::move(password))
+                         std::shared_ptr<const archive::Password> password,
+                         PasswordQuestion question) const {
+    std::make_shared<SalvageJob>(
+        environment_, url, std::move(completion), std::move(password), std::move(question))
         ->start();
 }
 

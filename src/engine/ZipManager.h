@@ -90,11 +90,13 @@ class ZipManager : public std::enable_shared_from_this<ZipManager> {
 
     // Gets out of a damaged archive what is whole, into a new folder of the workspace. The
     // completion gets what stands at the top of it, and the report what is lost; nothing if nothing
-    // is whole. Not an extraction: no usage event tells of it. What is encrypted is lost without
-    // the password, which may be null.
+    // is whole. Not an extraction: no usage event tells of it. `password`, which may be null, is
+    // tried first; where it does not fit all that is encrypted, `question` is asked for another.
+    // Given up, what came out without is the outcome.
     void salvage(const QUrl& url,
                  FilesCompletion completion,
-                 std::shared_ptr<const archive::Password> password) const;
+                 std::shared_ptr<const archive::Password> password,
+                 PasswordQuestion question = {}) const;
 
   private:
     explicit ZipManager(const Environment& environment) : environment_(environment) {}

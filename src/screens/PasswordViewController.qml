@@ -45,7 +45,7 @@ DialogCard {
         focus: true
         readOnly: root.controller.isTrying
         placeholderText: qsTr("Password")
-        Accessible.description: wrong.text
+        description: wrong.text
         onTextEdited: root.controller.edited()
         onAccepted: root.controller.openTapped(text)
 

@@ -99,49 +99,68 @@ void ViewController::documentPickerDidPickDocuments(const QList<QUrl>& urls) {
     }
 }
 
-void ViewController::extract(const QUrl& url) {
-    beginJob();
-    // While it works, not while it waits for a password. The overlay is that of this run: another
-    // may have been shown since.
-    struct Work {
-        std::weak_ptr<MBProgressHUD> hud;
-        std::shared_ptr<void> awake;
-    };
-    const auto work = std::make_shared<Work>();
-    const auto begin = [this, work] {
-        *work = {showHud(QStringLiteral("Unzipping")),
-                 services_.sleep.keepAwake(tr("Extracting an archive"))};
-    };
-    const auto end = [work] {
-        if (const auto hud = work->hud.lock()) {
+// While it works, not while it waits for a password. The overlay is that of this run: another may
+// have been shown since.
+class ViewController::Work {
+  public:
+    Work(ViewController& home, QString title) : home_(home), title_(std::move(title)) { begin(); }
+
+    void begin() {
+        hud_ = home_.showHud(title_);
+        awake_ = home_.services_.sleep.keepAwake(tr("Extracting an archive"));
+    }
+    void end() {
+        if (const auto hud = hud_.lock()) {
             hud->hide(true);
         }
-        work->awake.reset();
-    };
-    begin();
-    zipManager().unzip(
-        url,
-        whileAlive([this, end](const std::optional<QList<QUrl>>& urls, const JobReport& report) {
-            end();
-            if (urls) {
-                showResults(*urls, report);
-            } else {
-                showFailure(report);
-            }
-            endJob();
-        }),
-        whileAlive([this, url, begin, end](const std::shared_ptr<PasswordRequest>& request) {
-            end();
-            present(makeController<PasswordViewController>(
-                        context(), lastPathComponent(url), request, whileAlive(begin)),
-                    true);
-        }));
+        awake_.reset();
+    }
+
+  private:
+    ViewController& home_;
+    const QString title_;
+    std::weak_ptr<MBProgressHUD> hud_;
+    std::shared_ptr<void> awake_;
+};
+
+// A job of the engine, from its overlay to its end.
+template <typename Start>
+void ViewController::runJob(const QString& title,
+                            const QUrl& archive,
+                            bool canBeRescued,
+                            Start start) {
+    beginJob();
+    const auto work = std::make_shared<Work>(*this, title);
+    start(whileAlive([this, work, canBeRescued](const std::optional<QList<QUrl>>& urls,
+                                                const JobReport& report) {
+              work->end();
+              if (urls) {
+                  showResults(*urls, report);
+              } else {
+                  showFailure(report, canBeRescued);
+              }
+              endJob();
+          }),
+          whileAlive([this, work, archive](const std::shared_ptr<PasswordRequest>& request) {
+              work->end();
+              present(makeController<PasswordViewController>(
+                          context(), lastPathComponent(archive), request, whileAlive([work] {
+                              work->begin();
+                          })),
+                      true);
+          }));
 }
 
-void ViewController::showFailure(const JobReport& report) {
+void ViewController::extract(const QUrl& url) {
+    runJob(QStringLiteral("Unzipping"), url, true, [&](auto completion, auto question) {
+        zipManager().unzip(url, std::move(completion), std::move(question));
+    });
+}
+
+void ViewController::showFailure(const JobReport& report, bool canBeRescued) {
     const FailureReason reason = FailureReason::of(report);
     UIAlertAction remedy;
-    if (reason.canBeSalvaged) {
+    if (canBeRescued && reason.canBeSalvaged) {
         remedy.title = tr("Rescue what is whole");
         remedy.handler = whileAlive([this, report] { salvage(report); });
     }
@@ -149,23 +168,11 @@ void ViewController::showFailure(const JobReport& report) {
 }
 
 void ViewController::salvage(const JobReport& failed) {
-    beginJob();
-    const std::weak_ptr<MBProgressHUD> shown = showHud(tr("Rescuing"));
-    const auto awake = services_.sleep.keepAwake(tr("Extracting an archive"));
-    zipManager().salvage(failed.archive(),
-                         whileAlive([this, shown, awake](const std::optional<QList<QUrl>>& urls,
-                                                         const JobReport& report) {
-                             if (const auto hud = shown.lock()) {
-                                 hud->hide(true);
-                             }
-                             if (urls) {
-                                 showResults(*urls, report);
-                             } else {
-                                 showFailureAlert(FailureReason::of(report));
-                             }
-                             endJob();
-                         }),
-                         failed.password());
+    const QUrl archive = failed.archive();
+    runJob(tr("Rescuing"), archive, false, [&](auto completion, auto question) {
+        zipManager().salvage(
+            archive, std::move(completion), failed.password(), std::move(question));
+    });
 }
 
 void ViewController::showResults(const QList<QUrl>& urls, const JobReport& report) {

@@ -47,10 +47,14 @@ class ViewController : public UIViewController,
     [[nodiscard]] UIViewController& screen() override { return *this; }
     [[nodiscard]] const ScreenServices& services() const override { return services_; }
     void askForRating();
+    class Work;
+    // `start` gets what the job is to call.
+    template <typename Start>
+    void runJob(const QString& title, const QUrl& archive, bool canBeRescued, Start start);
     void extract(const QUrl& url);
     // What is whole in the damaged archive of that job.
     void salvage(const JobReport& failed);
-    void showFailure(const JobReport& report);
+    void showFailure(const JobReport& report, bool canBeRescued);
     void showResults(const QList<QUrl>& urls, const JobReport& report);
 
     const ScreenServices services_;

@@ -93,8 +93,16 @@ class Desktop:
         bus = ("org.a11y.Bus", "/org/a11y/bus")
         self.call(*bus, accessible.PROPERTIES, "Set", "(ssv)", "org.a11y.Status", "IsEnabled",
                   GLib.Variant("b", True))
-        address, = self.call(*bus, "org.a11y.Bus", "GetAddress")
-        self.accessibility = connect(address)
+        self.tree_address, = self.call(*bus, "org.a11y.Bus", "GetAddress")
+        self.accessibility = connect(self.tree_address)
+
+    def listen_to_the_tree(self):
+        """A file that gets all that is asked, answered and told about any tree from now on."""
+        heard = self.folder / "heard"
+        with open(heard, "wb") as file:
+            self._spawn("dbus-monitor", "--address", self.tree_address, stdout=file)
+        until(lambda: heard.stat().st_size > 0, "the listener to hear of itself")
+        return heard
 
     def call(self, owner, path, interface, method, signature="()", *arguments):
         """Calls somebody on the session bus, who is started if need be; returns all values."""

@@ -1,7 +1,10 @@
 #!/usr/bin/env python3
 """What a screen reader finds on each screen: everything has a name, every control its action."""
 
+import subprocess
+
 import road
+from waiting import until
 
 # What is used, and the actions by which screen readers do so.
 ACTIONS = {"push button": {"Press"}, "check box": {"Press", "Toggle"}, "page tab": {"Press"},
@@ -63,6 +66,29 @@ class TreeTest(road.RoadTest):
         self.check(application, "share sheet", ("dialog", "Share"), ("push button", "Save to…"))
         application.press("push button", "Close")
         self.check(application, "results", ("push button", "Share All"))
+
+    def test_a_password_is_not_told(self):
+        """Neither asked for nor unasked: nothing on the bus of the tree has it."""
+        (self.home / "a.txt").write_text("a")
+        subprocess.run(["7zz", "a", "-tzip", "-pgeheim", "locked.zip", "a.txt"], cwd=self.home,
+                       check=True, stdout=subprocess.DEVNULL)
+        self.start_at_home()
+        application = self.desktop.hand_over(self.home / "locked.zip")
+        self.confirm(application)
+        self.check(application, "password", ("text", "Password"),
+                   ("push button", "Show the password"))
+        heard = self.desktop.listen_to_the_tree()
+        application.click("text")
+        application.type("gehe")
+        application.press("push button", "Show the password")
+        application.type("im")
+        told = [each for field in application.controls("text")
+                for each in (field.name, field.description, *field.interfaces)]
+        application.press("push button", "Open")
+        application.find("push button", "Share a.txt")
+        until(lambda: "Share a.txt" in heard.read_text(), "what was asked last to be heard")
+        self.assertNotIn("gehe", heard.read_text() + "".join(told))
+        self.assertNotIn("org.a11y.atspi.Text", told)
 
     def test_what_a_popup_covers_is_not_found(self):
         archive = self.make_archive("trip.zip", {"photo.bin": b"photo"})

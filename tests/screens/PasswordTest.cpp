@@ -1,5 +1,7 @@
 #include "screens/PasswordViewController.h"
 
+#include <QAccessible>
+
 #include "gui/ScreenFixture.h"
 #include "platform/FileUrl.h"
 #include "platform/kit/UIAlertController.h"
@@ -73,14 +75,51 @@ TEST_F(PasswordTest, CancelEndsLikeAFailedExtraction) {
     EXPECT_EQ(eventNames(), QStringList{"failed_to_unzip"});
 }
 
+// Nothing on the screen, and never anything to whoever asks the toolkit for it.
 TEST_F(PasswordTest, TheFieldShowsNothingUntilItIsTold) {
     const auto dialog = openLocked();
     ASSERT_TRUE(dialog);
     auto* const field = outlet<QQuickItem>(dialog->view(), "passwordField");
-    field->setProperty("text", "geheim");
+    QMetaObject::invokeMethod(field, "insert", Q_ARG(int, 0), Q_ARG(QString, "geheim"));
     EXPECT_FALSE(field->property("displayText").toString().contains("geheim"));
     field->setProperty("isShown", true);
     EXPECT_EQ(field->property("displayText"), "geheim");
+    QAccessibleInterface* const told = QAccessible::queryAccessibleInterface(field);
+    ASSERT_NE(told, nullptr);
+    EXPECT_EQ(told->text(QAccessible::Name), "Password");
+    EXPECT_TRUE(told->state().passwordEdit);
+    EXPECT_EQ(told->text(QAccessible::Value), QString(6, QChar(0x2022)));
+    EXPECT_EQ(told->textInterface(), nullptr);
+}
+
+// An archive that cannot be opened says only while it is rescued that it is locked.
+TEST_F(PasswordTest, ARescueAsksForThePasswordToo) {
+    const auto dialog = openLocked();
+    dialog->cancelTapped();
+    settle();
+    presented<UIAlertController>()->choose(0);
+    settle();
+    std::vector<std::uint8_t> bytes = readFile(folder / "locked.zip");
+    bytes.resize(bytes.size() - 30);
+    writeFile(folder / "cut.zip", bytes);
+    home_->didConfirmUnzip(fileUrl(folder / "cut.zip"));
+    settle();
+    const auto alert = presented<UIAlertController>();
+    ASSERT_TRUE(alert);
+    alert->chooseRemedy();
+    settle();
+    const auto asked = presented<PasswordViewController>();
+    ASSERT_TRUE(asked);
+    asked->openTapped("falsch");
+    settle();
+    EXPECT_FALSE(wrongLine(*asked).isEmpty());
+    asked->openTapped("geheim");
+    settle();
+    EXPECT_FALSE(presented<PasswordViewController>());
+    ASSERT_TRUE(results());
+    EXPECT_EQ(readText(*localPath(results()->urls().first())), "secret");
+    EXPECT_TRUE(home_->hud()->isHidden());
+    EXPECT_EQ(eventNames().count("failed_to_unzip"), 2);
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "platform/look/IconProvider.h"
+#include "platform/look/SecretAccessible.h"
 
 // Made by Qt's build tools, which name it.
 void qml_register_types_Pellumar_Look();  // NOLINT(readability-identifier-naming)
@@ -12,6 +13,7 @@ namespace pellumar {
 
 void registerLook() {
     qml_register_types_Pellumar_Look();
+    SecretAccessible::install();
 }
 
 void installIcons(QQmlEngine& engine) {

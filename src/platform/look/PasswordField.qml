@@ -4,6 +4,10 @@ import QtQuick
 InputField {
     id: field
 
+    // SecretAccessible speaks for what has this.
+    readonly property bool isSecret: true
+    // What there is to say of it, to who does not see it.
+    property string description
     property bool isShown: false
 
     rightPadding: Theme.touchTarget
