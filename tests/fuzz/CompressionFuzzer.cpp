@@ -5,8 +5,8 @@
 #include "archive/writing/DeflateCompressor.h"
 #include "fuzz/Require.h"
 
-// Compresses any bytes in chunks that are joined, and gets them back. The first two bytes choose
-// how often the others are repeated, and the chunks' size.
+// Compresses any bytes in chunks that are joined and know what went before them, and gets them
+// back. The first two bytes choose how often the others are repeated, and the chunks' size.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using pellumar::fuzz::require;
     namespace archive = pellumar::archive;
@@ -21,16 +21,21 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     archive::DeflateCompressor compressor;
     std::vector<std::uint8_t> stream;
-    archive::ByteView rest(content);
+    std::size_t done = 0;
     do {
-        const archive::ByteView chunk = rest.first(std::min(chunkSize, rest.size()));
-        rest = rest.subspan(chunk.size());
+        const std::size_t chunk = std::min(chunkSize, content.size() - done);
+        const std::size_t window = std::min(done, archive::DeflateCompressor::kWindow);
         const std::size_t start = stream.size();
         stream.resize(start + archive::DeflateCompressor::kMostOutput);
         const std::size_t partSize =
-            compressor.compress(chunk, rest.empty(), archive::MutableBytes(stream).subspan(start));
+            compressor.compress(archive::ByteView(content).subspan(done - window, window + chunk),
+                                done + chunk == content.size(),
+                                archive::MutableBytes(stream).subspan(start),
+                                std::nullopt,
+                                window);
         stream.resize(start + partSize);
-    } while (!rest.empty());
+        done += chunk;
+    } while (done < content.size());
 
     auto inflater = archive::OneShotInflater::create();
     require(inflater.has_value(), "there is memory for an inflater");

@@ -28,8 +28,13 @@ Result<CompressedChunk> ChunkCompressor::compress(const Piece& piece, const Entr
         std::copy(piece.content.begin(), piece.content.end(), output_.get());
         chunk.size = piece.content.size();
     } else {
-        chunk.size = compressor_.compress(
-            piece.content, piece.last, MutableBytes(output_.get(), buffers_.size()), options.level);
+        const ByteView known(piece.content.data() - piece.window,
+                             piece.content.size() + piece.window);
+        chunk.size = compressor_.compress(known,
+                                          piece.last,
+                                          MutableBytes(output_.get(), buffers_.size()),
+                                          options.level,
+                                          piece.window);
     }
     chunk.uncompressedSize = piece.content.size();
     chunk.crc32 = piece.crc32;

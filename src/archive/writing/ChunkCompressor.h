@@ -23,6 +23,7 @@ class ChunkCompressor {
     // A piece of an entry: its bytes, their checksum, and where in the entry it stands.
     struct Piece {
         ByteView content;
+        std::size_t window = 0;  // of what lies before `content` in memory, and in the entry
         std::uint32_t crc32 = 0;
         bool first = false;
         bool last = false;

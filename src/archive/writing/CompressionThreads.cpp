@@ -48,19 +48,29 @@ class Worker {
         const std::uint64_t start = task.chunk * kChunkSize;
         const std::uint64_t left = task.file->size() - start;
         if (!input_) {
-            input_.reset(new std::uint8_t[kChunkSize]);
+            input_.reset(new std::uint8_t[DeflateCompressor::kWindow + kChunkSize]);
+        }
+        const bool stored = task.source->isStored(task.file->status());
+        const std::size_t window = stored ? 0 : DeflateCompressor::windowBefore(task.chunk);
+        const MutableBytes before(input_.get(), window);
+        if (window > 0) {
+            if (auto read = task.file->read(start - window, before, task.readSize); !read) {
+                return tl::unexpected(read.error());
+            }
         }
         const MutableBytes content(
-            input_.get(), static_cast<std::size_t>(std::min<std::uint64_t>(left, kChunkSize)));
+            input_.get() + window,
+            static_cast<std::size_t>(std::min<std::uint64_t>(left, kChunkSize)));
         const auto crc = task.file->read(start, content, task.readSize);
         if (!crc) {
             return tl::unexpected(crc.error());
         }
         return compressor_.compress({.content = content,
+                                     .window = window,
                                      .crc32 = *crc,
                                      .first = task.chunk == 0,
                                      .last = left <= kChunkSize,
-                                     .stored = task.source->isStored(task.file->status())},
+                                     .stored = stored},
                                     task.source->options);
     }
 

@@ -118,8 +118,11 @@ class DeflateBlockWalker::WordReader {
     unsigned count_ = 0;
 };
 
-std::optional<DeflateBlockWalker::Layout> DeflateBlockWalker::walk(ByteView stream) {
+std::optional<DeflateBlockWalker::Layout> DeflateBlockWalker::walk(ByteView stream,
+                                                                   std::size_t frontBytes) {
     WordReader reader(stream);
+    Layout layout;
+    std::size_t left = frontBytes;
     while (true) {
         const std::size_t start = reader.position();
         if (!reader.ensure()) {
@@ -129,17 +132,21 @@ std::optional<DeflateBlockWalker::Layout> DeflateBlockWalker::walk(ByteView stre
         const unsigned type = reader.take(2);
         bool walked = false;
         if (type == kStoredBlock) {
-            walked = reader.skipStored();
+            walked = left == 0 && reader.skipStored();
         } else if (type == kFixedBlock) {
-            walked = setCodes(kFixedLiteralLengths, kFixedDistanceLengths) && walkSymbols(reader);
+            walked = setCodes(kFixedLiteralLengths, kFixedDistanceLengths) &&
+                     walkCoded(reader, start, left, layout.front);
         } else if (type == kDynamicBlock) {
-            walked = readDynamicCodes(stream, reader) && walkSymbols(reader);
+            walked =
+                readDynamicCodes(stream, reader) && walkCoded(reader, start, left, layout.front);
         }
         if (!walked || reader.position() > stream.size() * 8) {
             return std::nullopt;
         }
         if (last) {
-            return Layout{.lastBlock = start, .end = reader.position()};
+            layout.lastBlock = start;
+            layout.end = reader.position();
+            return left == 0 ? std::optional(layout) : std::nullopt;
         }
     }
 }
@@ -215,6 +222,64 @@ void DeflateBlockWalker::fillDistanceTable() {
                 steps[i] = step;
             }
         });
+}
+
+bool DeflateBlockWalker::walkCoded(WordReader& reader,
+                                   std::size_t start,
+                                   std::size_t& left,
+                                   Front& front) const {
+    if (left > 0) {
+        front = {.block = start, .symbols = reader.position()};
+        if (!walkFront(reader, left, front)) {
+            return false;
+        }
+        if (left > 0) {
+            return true;
+        }
+    }
+    return walkSymbols(reader);
+}
+
+bool DeflateBlockWalker::walkFront(WordReader& reader, std::size_t& left, Front& front) const {
+    while (left > 0) {
+        // A literal, or a length and its distance: at most 15 + 5 + 15 + 13 bits.
+        if (!reader.ensure()) {
+            return false;
+        }
+        const Single single = singles_[reader.bits() & (kTableSize - 1)];
+        if (single.length != 0 && single.step == single.length) {
+            reader.skip(single.length);
+            --left;
+            continue;
+        }
+        const HuffmanSymbol symbol = literalCode_.find(reader.bits(), kLongestCode);
+        if (symbol.kind != HuffmanSymbol::Kind::kFound) {
+            return false;
+        }
+        reader.skip(symbol.length);
+        if (symbol.value == kEndOfBlock) {
+            return true;
+        }
+        if (symbol.value < kEndOfBlock) {
+            --left;
+            continue;
+        }
+        const std::size_t index = symbol.value - kFirstLength;
+        if (index >= kLengthRanges.size()) {
+            return false;
+        }
+        const std::size_t length =
+            kLengthRanges[index].base + reader.take(kLengthRanges[index].bits);
+        const unsigned distance = stepOfLongDistance(reader.bits());
+        if (distance == 0) {
+            return false;
+        }
+        reader.skip(distance);
+        front.overhang = length - std::min(length, left);
+        left -= std::min(length, left);
+    }
+    front.next = reader.position();
+    return true;
 }
 
 bool DeflateBlockWalker::walkSymbols(WordReader& stream) const {

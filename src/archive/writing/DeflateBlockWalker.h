@@ -19,15 +19,26 @@ namespace pellumar::archive {
 // thread.
 class DeflateBlockWalker {
   public:
+    // Where some bytes of the content end: in which block, where the symbols behind its header
+    // begin, and the first symbol that says nothing of them.
+    struct Front {
+        std::size_t block = 0;
+        std::size_t symbols = 0;
+        std::size_t next = 0;
+        std::size_t overhang = 0;  // the bytes behind them that are told by a match of theirs
+    };
+
     // Positions in bits from the start of the stream, counted from the lowest bit of each byte.
     struct Layout {
         std::size_t lastBlock = 0;  // the BFINAL bit of the last block
         std::size_t end = 0;        // the first bit that is no longer the stream's
+        Front front;
     };
 
-    // The layout of the stream at the front of `stream`; nothing if it is damaged or has no end in
-    // it. Distances are not verified.
-    [[nodiscard]] std::optional<Layout> walk(ByteView stream);
+    // The layout of the stream at the front of `stream`, its front that of the first `frontBytes`
+    // of the content; nothing if it is damaged, has no end in it, or a stored block holds bytes of
+    // the front. Distances are not verified.
+    [[nodiscard]] std::optional<Layout> walk(ByteView stream, std::size_t frontBytes = 0);
 
   private:
     class WordReader;
@@ -47,7 +58,15 @@ class DeflateBlockWalker {
                                 std::span<const std::uint8_t> distanceLengths);
     void fillLiteralTable();
     void fillDistanceTable();
+    // The symbols of a block from `start` on whose header was read; what is left of the front is
+    // counted down.
+    [[nodiscard]] bool walkCoded(WordReader& reader,
+                                 std::size_t start,
+                                 std::size_t& left,
+                                 Front& front) const;
     [[nodiscard]] bool walkSymbols(WordReader& stream) const;
+    // Goes on to the end of the front or of the block, whichever comes first; counts `left` down.
+    [[nodiscard]] bool walkFront(WordReader& reader, std::size_t& left, Front& front) const;
     // Of codewords that are not in the tables; 0 if there is no such codeword.
     [[nodiscard]] unsigned stepOfLong(std::uint64_t bits) const;
     [[nodiscard]] unsigned stepOfLongDistance(std::uint64_t bits) const;

@@ -28,6 +28,15 @@ inline constexpr std::size_t kDeflateJoinRoom = 5;
                                                         MutableBytes buffer,
                                                         std::size_t size);
 
+// The same of a stream that holds `content`, less the first `front` bytes of that: what stands
+// before the stream in the longer one has told them, and what is left refers to them there. Nothing
+// also where no room is gained.
+[[nodiscard]] std::optional<std::size_t> openDeflateEnds(DeflateBlockWalker& walker,
+                                                         MutableBytes buffer,
+                                                         std::size_t size,
+                                                         ByteView content,
+                                                         std::size_t front);
+
 // The size of `size` bytes in stored blocks.
 [[nodiscard]] constexpr std::size_t storedDeflateSize(std::size_t size) {
     const std::size_t blocks = (size + kMostInStoredBlock - 1) / kMostInStoredBlock;

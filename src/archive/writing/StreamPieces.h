@@ -26,9 +26,10 @@ class StreamPieces {
     [[nodiscard]] Result<> readAhead();
 
     const NewEntry::Stream& stream_;
+    // Each a piece, and before it the end of the one before.
     std::vector<std::uint8_t> current_;
     std::vector<std::uint8_t> ahead_;
-    bool begun_ = false;
+    std::uint64_t number_ = 0;  // of the next piece
 };
 
 }  // namespace pellumar::archive

@@ -60,10 +60,11 @@ class BitWriter {
         return symbol(lengths, value);
     }
 
-    // The head of a last, dynamic block. Its code lengths have sixteen codes of four bits.
+    // The head of a dynamic block. Its code lengths have sixteen codes of four bits.
     BitWriter& dynamicHeader(std::span<const std::uint8_t> literals,
-                             std::span<const std::uint8_t> distances) {
-        bits(5, 3).bits(static_cast<std::uint32_t>(literals.size() - 257), 5);
+                             std::span<const std::uint8_t> distances,
+                             bool last = true) {
+        bits(last ? 5 : 4, 3).bits(static_cast<std::uint32_t>(literals.size() - 257), 5);
         bits(static_cast<std::uint32_t>(distances.size() - 1), 5).bits(15, 4).bits(0, 9);
         for (int i = 0; i < 16; ++i) {
             bits(4, 3);

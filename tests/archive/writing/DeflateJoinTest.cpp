@@ -115,19 +115,72 @@ TEST(DeflateJoinTest, FindsNoEndInDamagedStreams) {
     EXPECT_FALSE(walker.walk(Bytes(64, 0x00)));                      // stored blocks without end
 }
 
+// The match that comes last in the front may say more than it, by a few bytes or by many; its block
+// may end with it, and is not the last.
+TEST(DeflateJoinTest, DropsAFrontThatEndsAnywhere) {
+    const auto writeTo = [](BitWriter& writer) {
+        Bytes literals(258, 0);
+        literals['a'] = 1;
+        literals[257] = 2;
+        literals[kEndOfBlock] = 2;
+        for (int block = 0; block < 3; ++block) {
+            writer.dynamicHeader(literals, Bytes{1}, block == 2);
+            for (int i = 0; i < 40 + block; ++i) {
+                writer.symbol(literals, 'a').symbol(literals, 257).bits(0, 1);
+            }
+            writer.symbol(literals, kEndOfBlock);
+        }
+    };
+    BitWriter writer;
+    writeTo(writer);
+    const Bytes content(4UL * (40 + 41 + 42), 'a');
+    ASSERT_EQ(inflated(writer.bytes(), content.size()), content);
+
+    DeflateBlockWalker walker;
+    std::size_t dropped = 0;
+    for (std::size_t front = 1; front < content.size(); ++front) {
+        Bytes buffer = writer.bytes();
+        const std::size_t size = buffer.size();
+        buffer.resize(size + kDeflateJoinRoom);
+        if (const auto left = openDeflateEnds(walker, buffer, size, content, front)) {
+            Bytes whole(storedDeflateSize(front));
+            storeAsDeflate(ByteView(content).first(front), false, whole);
+            whole.insert(whole.end(), buffer.begin(), buffer.begin() + static_cast<long>(*left));
+            whole.insert(whole.end(), kEmptyDeflateStream.begin(), kEmptyDeflateStream.end());
+            ASSERT_EQ(inflated(whole, content.size()), content) << front;
+            ++dropped;
+        } else {
+            buffer.resize(size);
+            ASSERT_EQ(buffer, writer.bytes()) << front;
+        }
+    }
+    EXPECT_GT(dropped, content.size() / 2);
+}
+
 class DeflateCompressorTest : public testing::TestWithParam<SampleKind> {
   protected:
-    // The parts of `content`, cut at `sizes`, joined into one stream.
-    Bytes joined(const Bytes& content, std::initializer_list<std::size_t> sizes) {
+    // The parts of `content`, cut at `sizes`, joined into one stream; each is told what went before
+    // it, as far as `window` says.
+    Bytes joined(const Bytes& content,
+                 std::initializer_list<std::size_t> sizes,
+                 std::size_t window = 0) {
         Bytes stream;
-        ByteView left(content);
-        for (const std::size_t size : sizes) {
-            const Bytes part = compressed(compressor_, left.first(size), false);
+        std::size_t done = 0;
+        const auto add = [&](std::size_t size, bool last) {
+            const std::size_t known = std::min(window, done);
+            Bytes part(DeflateCompressor::kMostOutput);
+            part.resize(compressor_.compress(ByteView(content).subspan(done - known, known + size),
+                                             last,
+                                             part,
+                                             std::nullopt,
+                                             known));
             stream.insert(stream.end(), part.begin(), part.end());
-            left = left.subspan(size);
+            done += size;
+        };
+        for (const std::size_t size : sizes) {
+            add(size, false);
         }
-        const Bytes part = compressed(compressor_, left);
-        stream.insert(stream.end(), part.begin(), part.end());
+        add(content.size() - done, true);
         return stream;
     }
 
@@ -141,9 +194,11 @@ TEST_P(DeflateCompressorTest, JoinsPartsIntoOneStream) {
         const std::size_t second = random() % (round < 30 ? 300 : 300'000);
         const std::size_t third = random() % 70'000;
         const Bytes content = sampleContent(GetParam(), first + second + third, random());
-        const Bytes stream = joined(content, {first, second});
-        ASSERT_EQ(inflated(stream, content.size()), content) << first << " " << second;
-        ASSERT_LE(stream.size(), storedDeflateSize(content.size()) + 30);
+        for (const std::size_t window : {std::size_t{0}, DeflateCompressor::kWindow}) {
+            const Bytes stream = joined(content, {first, second}, window);
+            ASSERT_EQ(inflated(stream, content.size()), content) << first << " " << second;
+            ASSERT_LE(stream.size(), storedDeflateSize(content.size()) + 30);
+        }
     }
 }
 
@@ -170,6 +225,18 @@ TEST_P(DeflateCompressorTest, TakesEverySizeAroundPiecesAndChunks) {
 INSTANTIATE_TEST_SUITE_P(Kinds,
                          DeflateCompressorTest,
                          testing::ValuesIn(pellumar::test::kSampleKinds));
+
+// What stands before a chunk is not told again.
+TEST(DeflateWindowTest, IsMadeUseOf) {
+    const Bytes page = sampleContent(SampleKind::kText, DeflateCompressor::kWindow);
+    Bytes twice = page;
+    twice.insert(twice.end(), page.begin(), page.end());
+    DeflateCompressor compressor;
+    Bytes part(DeflateCompressor::kMostOutput);
+    const std::size_t size =
+        compressor.compress(twice, false, part, std::nullopt, DeflateCompressor::kWindow);
+    EXPECT_LT(size, compressed(compressor, page).size() / 10);
+}
 
 // Noise costs five bytes a block; the text between it is compressed as if it stood alone.
 TEST(CompressibilityTest, IsJudgedInPieces) {
