@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "archive/base/Error.h"
+#include "archive/base/File.h"
 #include "archive/base/Salvaging.h"
 
 namespace pellumar::archive {
@@ -20,8 +21,15 @@ namespace pellumar::archive {
 // directory lists; and a time that grows with the archive's size alone, as far as its data is not
 // unpacked. Belongs to the calling thread.
 //
-// kOpenFailed, kReadFailed, kNotAnArchive for what is no regular file, kCancelled, kOutOfMemory.
+// Of a split archive all volumes that are there are gone through, whichever `from` names.
+//
+// kOpenFailed, kReadFailed, kCancelled, kOutOfMemory; kNotAnArchive for what is no regular file, or
+// has nothing of an archive in it.
 [[nodiscard]] Result<SalvageReport> salvage(const std::filesystem::path& from,
+                                            const std::filesystem::path& to,
+                                            const SalvageOptions& options = {});
+// The same of a regular file that is open.
+[[nodiscard]] Result<SalvageReport> salvage(File from,
                                             const std::filesystem::path& to,
                                             const SalvageOptions& options = {});
 

@@ -1,8 +1,6 @@
 #include "cli/ArchiveInput.h"
 
-#include <fcntl.h>
 #include <fnmatch.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <csignal>
@@ -13,7 +11,7 @@
 #include <utility>
 
 #include "cli/Arguments.h"
-#include "cli/PasswordSource.h"
+#include "cli/InputFile.h"
 
 namespace pellumar {
 namespace {
@@ -23,34 +21,20 @@ using archive::ErrorCode;
 using archive::Reader;
 using Indices = std::vector<std::size_t>;
 
-constexpr int kMostAsked = 3;
-
 archive::Result<Reader> openReader(const std::filesystem::path& path) {
     if (path != kStandardStream) {
         return Reader::open(path);
     }
-    archive::File input(::fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 0));
+    archive::File input = standardInput();
     if (!input.isOpen()) {
         return archive::systemFailure(ErrorCode::kOpenFailed);
     }
     return Reader::open(std::move(input));
 }
 
-// Why what was named cannot be an archive whatever is in it, where the library's word for that
-// would not help.
-std::optional<std::string> whyNone(const std::filesystem::path& path) {
-    struct stat status {};
-    const bool isStandard = path == kStandardStream;
-    if ((isStandard ? ::fstat(STDIN_FILENO, &status) : ::stat(path.c_str(), &status)) != 0 ||
-        S_ISREG(status.st_mode)) {
-        return std::nullopt;
-    }
-    if (S_ISDIR(status.st_mode)) {
-        return "is a folder, not an archive";
-    }
-    return isStandard
-               ? "is no file; an archive is read from its end, so it has to be one: \"< FILE\""
-               : "is no file; an archive is read from its end, so it has to be one";
+std::string wordsFor(const Error& error) {
+    return error.describe() +
+           (ArchiveInput::isDamage(error) ? "; \"pellumar salvage\" gets out what is whole" : "");
 }
 
 // As the archive has it: "./a/b/" is "a/b".
@@ -134,16 +118,34 @@ ArchiveInput::Outcome<ArchiveInput> ArchiveInput::open(const std::filesystem::pa
                                                        Messages& messages) {
     // With the zone unset, the system would look for its file anew for each entry's time.
     ::setenv("TZ", ":/etc/localtime", 0);
-    std::string name = path == kStandardStream ? "standard input" : path.native();
-    if (const std::optional<std::string> reason = whyNone(path)) {
+    std::string name = inputName(path);
+    if (const std::optional<std::string> reason = whyNoArchive(path)) {
         return tl::unexpected(messages.fail(name + ": " + *reason));
     }
     auto reader = openReader(path);
     if (!reader) {
-        return tl::unexpected(messages.fail(name + ": " + reader.error().describe()));
+        return tl::unexpected(messages.fail(name + ": " + wordsFor(reader.error())));
     }
     messages.warn(name, reader->warnings());
     return ArchiveInput(*std::move(reader), std::move(name), messages);
+}
+
+int ArchiveInput::fail(const Error& error) const {
+    return fail(wordsFor(error));
+}
+
+bool ArchiveInput::isDamage(const Error& error) {
+    switch (error.code) {
+        case ErrorCode::kTruncated:
+        case ErrorCode::kDamagedDirectory:
+        case ErrorCode::kHeaderMismatch:
+        case ErrorCode::kDamagedData:
+        case ErrorCode::kChecksumMismatch:
+        case ErrorCode::kVolumeMissing:
+            return true;
+        default:
+            return false;
+    }
 }
 
 ArchiveInput::Outcome<Indices> ArchiveInput::select(const std::vector<std::string>& names,
@@ -166,35 +168,38 @@ ArchiveInput::Outcome<Indices> ArchiveInput::select(const std::vector<std::strin
 
 ArchiveInput::Outcome<std::shared_ptr<const archive::Password>> ArchiveInput::password(
     std::span<const std::size_t> entries,
-    const std::filesystem::path& file) const {
+    PasswordFile& file) const {
     const bool isNeeded = std::any_of(entries.begin(), entries.end(), [this](std::size_t index) {
         return reader_[index].encrypted && !reader_[index].fault;
     });
     if (!isNeeded) {
         return nullptr;
     }
-    if (file.empty()) {
+    if (!file) {
         return askForPassword(entries);
     }
-    auto password = passwordIn(file);
+    const auto& password = file.password();
     if (!password) {
         return tl::unexpected(messages_->fail(password.error()));
     }
     if (auto checked = reader_.checkPassword(**password, entries); !checked) {
         return tl::unexpected(fail(checked.error()));
     }
-    return *std::move(password);
+    return *password;
 }
 
 ArchiveInput::Outcome<std::shared_ptr<const archive::Password>> ArchiveInput::askForPassword(
     std::span<const std::size_t> entries) const {
+    // Whatever is wrong beside the password is told before somebody types it in vain.
+    const auto readable = reader_.checkPassword(archive::Password(""), entries);
+    if (!readable && readable.error().code != ErrorCode::kWrongPassword) {
+        return tl::unexpected(fail(readable.error()));
+    }
     for (int asked = 1;; ++asked) {
-        auto answer = askOnTerminal("Password of " + name_ + ": ");
+        auto answer = askOnTerminal(name_);
         if (!answer) {
-            return tl::unexpected(answer.error() == NoAnswer::kInterrupted
-                                      ? kExitSignal + SIGINT
-                                      : fail("needs a password; --password-file names a file "
-                                             "that has it"));
+            return tl::unexpected(answer.error() == NoAnswer::kInterrupted ? kExitSignal + SIGINT
+                                                                           : fail(kNeedsPassword));
         }
         const auto checked = reader_.checkPassword(**answer, entries);
         if (checked) {

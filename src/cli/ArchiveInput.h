@@ -10,6 +10,7 @@
 
 #include "archive/Reader.h"
 #include "cli/Messages.h"
+#include "cli/PasswordSource.h"
 
 namespace pellumar {
 
@@ -39,17 +40,21 @@ class ArchiveInput {
     [[nodiscard]] Outcome<std::vector<std::size_t>> select(const std::vector<std::string>& names,
                                                            Names meaning) const;
 
-    // What opens these entries; null if none of them is encrypted. From the first line of `file`,
-    // or without one asked for on the terminal, until it fits.
+    // What opens these entries; null if none of them is encrypted. From `file`, or without one
+    // asked for on the terminal, until it fits.
     [[nodiscard]] Outcome<std::shared_ptr<const archive::Password>> password(
         std::span<const std::size_t> entries,
-        const std::filesystem::path& file) const;
+        PasswordFile& file) const;
 
     // Says what went wrong with it.
     [[nodiscard]] int fail(const std::string& reason) const {
         return messages_->fail(name_ + ": " + reason);
     }
-    [[nodiscard]] int fail(const archive::Error& error) const { return fail(error.describe()); }
+    // And that something could be got out of it all the same, where it is damaged.
+    [[nodiscard]] int fail(const archive::Error& error) const;
+
+    // Whether the error is of an archive of which salvaging may get something out.
+    [[nodiscard]] static bool isDamage(const archive::Error& error);
 
   private:
     ArchiveInput(archive::Reader reader, std::string name, Messages& messages)

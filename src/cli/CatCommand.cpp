@@ -38,7 +38,8 @@ int printEntries(const CatArguments& arguments, Messages& messages) {
             return input->fail(std::string(entry.path) + " is a folder");
         }
     }
-    const auto password = input->password(*entries, arguments.passwordFile);
+    PasswordFile passwordFile(arguments.passwordFile);
+    const auto password = input->password(*entries, passwordFile);
     if (!password) {
         return password.error();
     }

@@ -1,7 +1,5 @@
 #include "cli/CommandLine.h"
 
-#include <linux/limits.h>
-
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <iostream>
@@ -57,10 +55,34 @@ std::string withoutGuard(const std::string& title) {
 // What people may mean by a command that is none.
 constexpr std::string_view kCommands = "create, extract, list, cat, test, salvage, zip and unzip";
 
-// The parser's own words do for mistakes within a command.
+std::string replaced(std::string text, std::string_view what, std::string_view by) {
+    const std::size_t at = text.find(what);
+    return at == std::string::npos ? text : text.replace(at, what.size(), by);
+}
+
+// Of a mistake within a command, for which the parser's words are of several kinds.
+std::string wordsWithin(const CLI::App& command, const CLI::Error& mistake) {
+    const std::string words = mistake.what();
+    switch (static_cast<CLI::ExitCodes>(mistake.get_exit_code())) {
+        case CLI::ExitCodes::RequiredError:
+            return replaced(words, "is required", "is missing");
+        case CLI::ExitCodes::ExcludesError:
+            return replaced(words, " excludes ", " cannot be given together with ");
+        case CLI::ExitCodes::ArgumentMismatch:
+            return words.substr(0, words.find(':')) + ": a value is missing";
+        case CLI::ExitCodes::ExtrasError: {
+            const std::string extra = command.remaining().front();
+            return (extra.starts_with('-') ? "unknown option: " : "one argument too many: ") +
+                   extra;
+        }
+        default:
+            return words;
+    }
+}
+
 std::string wordsFor(const CLI::App& app, const CLI::Error& mistake) {
-    if (!app.get_subcommands().empty()) {
-        return mistake.what();
+    if (const auto commands = app.get_subcommands(); !commands.empty()) {
+        return wordsWithin(*commands.front(), mistake);
     }
     const std::vector<std::string> unknown = app.remaining();
     if (unknown.empty()) {
@@ -79,6 +101,13 @@ std::string describeMistake(const CLI::App* app, const CLI::Error& mistake) {
     const std::string command = commands.empty() ? "" : commands.front()->get_name() + " ";
     return "pellumar: " + printable(wordsFor(*app, mistake)) + "\nRun pellumar " + command +
            "--help for more information.\n";
+}
+
+// Standard input is one thing.
+void mustBeReadOnce(const std::vector<std::filesystem::path>& inputs) {
+    if (std::count(inputs.begin(), inputs.end(), kStandardStream) > 1) {
+        throw CLI::ValidationError("\"-\"", "standard input can be read once only");
+    }
 }
 
 constexpr const char* kNoWord = " ";
@@ -125,7 +154,10 @@ CLI::Option* addNames(CLI::App& command, std::vector<std::string>& names, const 
 }
 
 void addPasswordFile(CLI::App& command, std::filesystem::path& file) {
-    command.add_option("--password-file", file, "File whose first line is the password")
+    command
+        .add_option("--password-file",
+                    file,
+                    "File whose first line is the password; \"-\" for standard input")
         ->check(mayNotBeEmpty)
         ->option_text("FILE");
 }
@@ -228,8 +260,17 @@ void addCreate(CLI::App& app, CommandLine& line, CreateArguments& arguments) {
         if (paths->empty() && list->empty()) {
             throw CLI::RequiredError("PATH or --from-list");
         }
+        mustBeReadOnce({arguments.list, arguments.passwordFile});
         line.command = arguments;
     });
+}
+
+std::string mustBeACount(const std::string& text) {
+    const bool isCount =
+        text.size() <= 4 && !text.empty() && std::all_of(text.begin(), text.end(), [](char letter) {
+            return letter >= '0' && letter <= '9';
+        });
+    return isCount ? "" : "a number, 0 or more: " + text;
 }
 
 void addExtract(CLI::App& app, CommandLine& line, ExtractArguments& arguments) {
@@ -240,7 +281,10 @@ void addExtract(CLI::App& app, CommandLine& line, ExtractArguments& arguments) {
                                    "  pellumar extract photos.zip --to Pictures\n"
                                    "  pellumar extract src.zip src/doc '*.md' --strip 1\n"
                                    "  pellumar extract - --to there < photos.zip\n");
-    extract->callback([&] { line.command = arguments; });
+    extract->callback([&] {
+        mustBeReadOnce({arguments.archive, arguments.passwordFile});
+        line.command = arguments;
+    });
     addArchive(*extract, arguments.archive, "A ZIP archive; \"-\" for standard input, if a file");
     addNames(*extract,
              arguments.names,
@@ -266,7 +310,7 @@ void addExtract(CLI::App& app, CommandLine& line, ExtractArguments& arguments) {
     allowOneOf(existing);
     extract->add_option("--strip", arguments.strip, "Leave out so many leading parts of names")
         ->option_text("N")
-        ->check(CLI::Range(0, PATH_MAX));
+        ->check(mustBeACount);
     extract->add_flag("--sync", arguments.sync, "Return when all is on the disk");
     addPasswordFile(*extract, arguments.passwordFile);
 }
@@ -277,7 +321,10 @@ void addCat(CLI::App& app, CommandLine& line, CatArguments& arguments) {
                                "cat",
                                "Write what entries hold to standard output",
                                "  pellumar cat src.zip src/README.md | less\n");
-    cat->callback([&] { line.command = arguments; });
+    cat->callback([&] {
+        mustBeReadOnce({arguments.archive, arguments.passwordFile});
+        line.command = arguments;
+    });
     addArchive(*cat, arguments.archive, "A ZIP archive; \"-\" for standard input, if a file");
     addNames(*cat, arguments.names, "Entries or patterns, in the order wanted")->required();
     addPasswordFile(*cat, arguments.passwordFile);
@@ -310,7 +357,12 @@ void addTest(CLI::App& app, CommandLine& line, TestArguments& arguments) {
                                 "test",
                                 "Read archives to the end and tell what is wrong",
                                 "  pellumar test *.zip && echo all right\n");
-    test->callback([&] { line.command = arguments; });
+    test->callback([&] {
+        std::vector<std::filesystem::path> inputs = arguments.archives;
+        inputs.push_back(arguments.passwordFile);
+        mustBeReadOnce(inputs);
+        line.command = arguments;
+    });
     test->add_option(
             "ARCHIVE", arguments.archives, "ZIP archives; \"-\" for standard input, if a file")
         ->required()
@@ -325,8 +377,12 @@ void addSalvage(CLI::App& app, CommandLine& line, SalvageArguments& arguments) {
                                    "salvage",
                                    "Get what is whole out of a damaged archive",
                                    "  pellumar salvage broken.zip --to saved\n");
-    salvage->callback([&] { line.command = arguments; });
-    addArchive(*salvage, arguments.archive, "A damaged ZIP archive");
+    salvage->callback([&] {
+        mustBeReadOnce({arguments.archive, arguments.passwordFile});
+        line.command = arguments;
+    });
+    addArchive(
+        *salvage, arguments.archive, "A damaged ZIP archive; \"-\" for standard input, if a file");
     salvage->add_option("--to", arguments.to, "Folder for what is whole, made if need be; required")
         ->required()
         ->check(mayNotBeEmpty)

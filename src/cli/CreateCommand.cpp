@@ -81,6 +81,20 @@ bool gather(const CreateArguments& arguments, SourceTree& sources, Messages& mes
     return areAllThere && sources.size() > 0;
 }
 
+void warnOfLinks(const SourceTree& sources, Messages& messages) {
+    constexpr std::size_t kMostNamed = 10;
+    const std::vector<std::string> links = sources.linksThatLeave();
+    for (std::size_t i = 0; i < std::min(links.size(), kMostNamed); ++i) {
+        messages.warn(links[i] +
+                      ": a link that leads out of the archive; \"pellumar extract\" "
+                      "will refuse it");
+    }
+    if (links.size() > kMostNamed) {
+        messages.warn(std::to_string(links.size() - kMostNamed) +
+                      " more links that lead out of the archive");
+    }
+}
+
 // One archive on its way.
 class Creation {
   public:
@@ -164,6 +178,7 @@ class Creation {
                 case ErrorCode::kNoSpace:
                 case ErrorCode::kWriteFailed:
                 case ErrorCode::kOutOfMemory:
+                case ErrorCode::kEncryptionNotInstalled:
                     return Writer::Next::kStop;
                 default:
                     fail(added.error());
@@ -199,20 +214,20 @@ int createArchive(const CreateArguments& arguments, Messages& messages) {
         return messages.fail(*reason);
     }
     std::shared_ptr<const archive::Password> password;
-    if (!arguments.passwordFile.empty()) {
-        auto read = passwordIn(arguments.passwordFile);
-        if (!read) {
-            return messages.fail(read.error());
+    if (PasswordFile file(arguments.passwordFile); file) {
+        if (!file.password()) {
+            return messages.fail(file.password().error());
         }
-        if ((*read)->text().empty()) {
-            return messages.fail(arguments.passwordFile.native() + ": holds no password");
+        password = *file.password();
+        if (password->text().empty()) {
+            return messages.fail(file.name() + ": holds no password");
         }
-        password = *std::move(read);
     }
     SourceTree sources(arguments.exclude, targetStatus(arguments), messages);
     if (!gather(arguments, sources, messages)) {
         return kExitFailure;
     }
+    warnOfLinks(sources, messages);
     return Creation(arguments, sources, messages).run(password);
 }
 

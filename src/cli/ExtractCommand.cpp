@@ -1,12 +1,10 @@
 #include "cli/ExtractCommand.h"
 
-#include <filesystem>
-#include <system_error>
-
 #include "cli/ArchiveInput.h"
 #include "cli/HumanSize.h"
 #include "cli/Interruption.h"
 #include "cli/ProgressLine.h"
+#include "cli/TargetFolder.h"
 
 namespace pellumar {
 namespace {
@@ -16,9 +14,9 @@ using archive::ExtractionReport;
 using archive::Result;
 
 int tellFailure(const ArchiveInput& input, const archive::Error& error) {
-    const bool stands = error.code == ErrorCode::kAlreadyExists;
-    return input.fail(error.describe() +
-                      (stands ? "; --overwrite, --skip or --rename would go on" : ""));
+    return error.code == ErrorCode::kAlreadyExists
+               ? input.fail(error.describe() + "; --overwrite, --skip or --rename would go on")
+               : input.fail(error);
 }
 
 std::string remarkOn(const ExtractionReport& report) {
@@ -43,14 +41,14 @@ int extractArchive(const ExtractArguments& arguments, Messages& messages) {
     if (!entries) {
         return entries.error();
     }
-    const auto password = input->password(*entries, arguments.passwordFile);
+    PasswordFile passwordFile(arguments.passwordFile);
+    const auto password = input->password(*entries, passwordFile);
     if (!password) {
         return password.error();
     }
-    std::error_code error;
-    std::filesystem::create_directories(arguments.to, error);
-    if (error) {
-        return messages.fail(arguments.to.native() + ": " + error.message());
+    auto target = TargetFolder::make(arguments.to);
+    if (!target) {
+        return messages.fail(target.error());
     }
     const Interruption interruption;
     Result<ExtractionReport> report;
@@ -66,6 +64,7 @@ int extractArchive(const ExtractArguments& arguments, Messages& messages) {
                                           .progress = progress.handler()});
     }
     if (report) {
+        target->keep();
         messages.warn(input->name(), report->warnings);
         messages.remark(remarkOn(*report));
         return kExitSuccess;

@@ -35,6 +35,11 @@ Interruption::~Interruption() {
     }
 }
 
+void Interruption::interrupt(int signal) {
+    signal_ = signal;
+    work_.request_stop();
+}
+
 int Interruption::exitCode() const {
     return kExitSignal + signal_;
 }
@@ -48,8 +53,7 @@ void Interruption::watch() {
         }
         signalfd_siginfo arrival{};
         if (::read(arrivals_.descriptor(), &arrival, sizeof arrival) == sizeof arrival) {
-            signal_ = static_cast<int>(arrival.ssi_signo);
-            work_.request_stop();
+            interrupt(static_cast<int>(arrival.ssi_signo));
         }
         // The next one finds this thread, and does what it does to any program.
         ::pthread_sigmask(SIG_UNBLOCK, &signals_, nullptr);

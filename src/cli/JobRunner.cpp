@@ -10,6 +10,7 @@
 #include <unordered_map>
 #include <utility>
 
+#include "cli/InputFile.h"
 #include "cli/Output.h"
 #include "cli/PasswordSource.h"
 #include "cli/ReportLines.h"
@@ -43,18 +44,6 @@ tl::expected<Paths, std::string> pathsOf(const Paths& arguments) {
         paths.push_back(std::move(path));
     }
     return paths;
-}
-
-// Why what was named cannot be an archive, whatever is in it.
-std::optional<std::string> whyNoArchive(const fs::path& argument) {
-    std::error_code unknown;
-    const fs::file_status status = fs::status(argument, unknown);
-    if (!fs::exists(status) || fs::is_regular_file(status)) {
-        return std::nullopt;
-    }
-    return argument.native() + (fs::is_directory(status)
-                                    ? ": is a folder, not an archive"
-                                    : ": is no file; only files can be extracted");
 }
 
 }  // namespace
@@ -108,15 +97,14 @@ int JobRunner::unzip() {
         return messages_.fail(paths.error());
     }
     if (const std::optional<std::string> reason = whyNoArchive(arguments_.archive)) {
-        return messages_.fail(*reason);
+        return messages_.fail(arguments_.archive.native() + ": " + *reason);
     }
     std::shared_ptr<const archive::Password> password;
-    if (!arguments_.passwordFile.empty()) {
-        auto read = passwordIn(arguments_.passwordFile);
-        if (!read) {
-            return messages_.fail(read.error());
+    if (PasswordFile file(arguments_.passwordFile); file) {
+        if (!file.password()) {
+            return messages_.fail(file.password().error());
         }
-        password = *std::move(read);
+        password = *file.password();
     }
     fileSystem_.createFolders();
     bool isInterrupted = false;
@@ -132,8 +120,7 @@ int JobRunner::unzip() {
                 return;
             }
             if (!password) {
-                const std::string name = paths->front().filename().native();
-                auto answer = askOnTerminal("Password of " + name + ": ");
+                auto answer = askOnTerminal(paths->front().filename().native());
                 isInterrupted = !answer && answer.error() == NoAnswer::kInterrupted;
                 password = std::move(answer).value_or(nullptr);
             }

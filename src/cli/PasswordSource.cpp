@@ -5,12 +5,13 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <optional>
+#include <csignal>
 #include <string_view>
 #include <system_error>
 #include <utility>
 
 #include "archive/base/File.h"
+#include "cli/Arguments.h"
 #include "cli/PrintableText.h"
 
 namespace pellumar {
@@ -21,8 +22,13 @@ using PasswordPointer = std::shared_ptr<const archive::Password>;
 // No password is longer; a file that has no line end would be read whole.
 constexpr std::size_t kLongest = 4096;
 
-// ECANCELED if the byte `cancel` comes; EMSGSIZE if the line is too long. What was read is wiped.
-tl::expected<PasswordPointer, int> firstLineOf(int descriptor, std::optional<char> cancel = {}) {
+// Typed, they come as letters.
+constexpr char kControlC = '\x03';
+constexpr char kControlZ = '\x1A';
+
+// EMSGSIZE if the line is too long; ECANCELED and EAGAIN for kControlC and kControlZ if these
+// letters mean something. What was read is wiped.
+tl::expected<PasswordPointer, int> firstLineOf(int descriptor, bool isTyped) {
     std::string line;
     // Growing would leave pieces of it behind.
     line.reserve(kLongest + 2);
@@ -41,8 +47,8 @@ tl::expected<PasswordPointer, int> firstLineOf(int descriptor, std::optional<cha
         if (count == 0 || byte == '\n') {
             break;
         }
-        if (byte == cancel) {
-            return without(ECANCELED);
+        if (isTyped && (byte == kControlC || byte == kControlZ)) {
+            return without(byte == kControlC ? ECANCELED : EAGAIN);
         }
         if (line.size() > kLongest) {
             return without(EMSGSIZE);
@@ -58,10 +64,8 @@ tl::expected<PasswordPointer, int> firstLineOf(int descriptor, std::optional<cha
     return std::make_shared<const archive::Password>(std::move(line));
 }
 
-constexpr char kControlC = '\x03';
-
-// Types without an echo as long as it lives. Control-C comes as a letter meanwhile: a signal would
-// end the program with the terminal still silent.
+// Types without an echo as long as it lives. Control-C and Control-Z come as letters meanwhile: a
+// signal would end or stop the program with the terminal still silent.
 class SilentTyping {
   public:
     explicit SilentTyping(int terminal) : terminal_(terminal) {
@@ -69,8 +73,9 @@ class SilentTyping {
         if (changed_) {
             termios silent = before_;
             silent.c_lflag &= ~static_cast<tcflag_t>(ECHO | ISIG);
-            // A letter that ends a line, or it would only come with the next line end.
+            // Letters that end a line, or they would only come with the next line end.
             silent.c_cc[VEOL] = kControlC;
+            silent.c_cc[VEOL2] = kControlZ;
             ::tcsetattr(terminal, TCSAFLUSH, &silent);
         }
     }
@@ -94,24 +99,35 @@ void say(int terminal, std::string_view text) {
 
 }  // namespace
 
-tl::expected<std::shared_ptr<const archive::Password>, std::string> passwordIn(
-    const std::filesystem::path& file) {
-    const archive::File opened(::open(file.c_str(), O_RDONLY | O_CLOEXEC));
+std::string PasswordFile::name() const {
+    return path_ == kStandardStream ? "standard input" : path_.native();
+}
+
+const PasswordFile::Password& PasswordFile::password() {
+    if (password_) {
+        return *password_;
+    }
+    const archive::File opened(path_ == kStandardStream
+                                   ? ::fcntl(STDIN_FILENO, F_DUPFD_CLOEXEC, 0)
+                                   : ::open(path_.c_str(), O_RDONLY | O_CLOEXEC));
     tl::expected<PasswordPointer, int> line = tl::unexpected(errno);
     if (opened.isOpen()) {
-        line = firstLineOf(opened.descriptor());
+        line = firstLineOf(opened.descriptor(), false);
     }
-    if (!line) {
-        return tl::unexpected(file.native() + ": " +
-                              (line.error() == EMSGSIZE
-                                   ? "its first line is longer than 4,096 bytes, as no password is"
-                                   : std::generic_category().message(line.error())));
+    if (line) {
+        password_ = *std::move(line);
+    } else {
+        password_ =
+            tl::unexpected(name() + ": " +
+                           (line.error() == EMSGSIZE
+                                ? "its first line is longer than 4,096 bytes, as no password is"
+                                : std::generic_category().message(line.error())));
     }
-    return *std::move(line);
+    return *password_;
 }
 
 tl::expected<std::shared_ptr<const archive::Password>, NoAnswer> askOnTerminal(
-    const std::string& question) {
+    const std::string& archive) {
     if (::isatty(STDERR_FILENO) == 0) {
         return tl::unexpected(NoAnswer::kNoTerminal);
     }
@@ -121,21 +137,24 @@ tl::expected<std::shared_ptr<const archive::Password>, NoAnswer> askOnTerminal(
     if (!terminal.isOpen()) {
         return tl::unexpected(NoAnswer::kNoTerminal);
     }
-    tl::expected<PasswordPointer, int> line;
-    {
-        const SilentTyping silent(terminal.descriptor());
-        say(STDERR_FILENO, printable(question));
-        line = firstLineOf(terminal.descriptor(), kControlC);
+    for (;;) {
+        tl::expected<PasswordPointer, int> line;
+        {
+            const SilentTyping silent(terminal.descriptor());
+            say(STDERR_FILENO, printable("Password of " + archive + ": "));
+            line = firstLineOf(terminal.descriptor(), true);
+        }
+        say(STDERR_FILENO, "\n");
+        if (line && !(*line)->text().empty()) {
+            return *std::move(line);
+        }
+        if (line || line.error() != EAGAIN) {
+            return tl::unexpected(!line && line.error() == ECANCELED ? NoAnswer::kInterrupted
+                                                                     : NoAnswer::kNothing);
+        }
+        // All that were started together, as the terminal itself would have it.
+        ::kill(0, SIGTSTP);
     }
-    say(STDERR_FILENO, "\n");
-    if (!line) {
-        return tl::unexpected(line.error() == ECANCELED ? NoAnswer::kInterrupted
-                                                        : NoAnswer::kNothing);
-    }
-    if ((*line)->text().empty()) {
-        return tl::unexpected(NoAnswer::kNothing);
-    }
-    return *std::move(line);
 }
 
 }  // namespace pellumar

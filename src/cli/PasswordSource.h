@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 #include <tl/expected.hpp>
 
@@ -10,10 +11,25 @@
 
 namespace pellumar {
 
-// The first line of the file, of at most 4,096 bytes, without its end; the error is a phrase for
-// people.
-[[nodiscard]] tl::expected<std::shared_ptr<const archive::Password>, std::string> passwordIn(
-    const std::filesystem::path& file);
+// A file that has a password in its first line, of at most 4,096 bytes, without its end; or
+// standard input. It is read when the password is wanted, and once.
+class PasswordFile {
+  public:
+    using Password = tl::expected<std::shared_ptr<const archive::Password>, std::string>;
+
+    explicit PasswordFile(std::filesystem::path path) : path_(std::move(path)) {}
+
+    // Whether there is one.
+    [[nodiscard]] explicit operator bool() const { return !path_.empty(); }
+    // For messages.
+    [[nodiscard]] std::string name() const;
+    // The error is a line.
+    [[nodiscard]] const Password& password();
+
+  private:
+    std::filesystem::path path_;
+    std::optional<Password> password_;
+};
 
 enum class NoAnswer : std::uint8_t {
     kNoTerminal,  // nobody to ask
@@ -21,9 +37,16 @@ enum class NoAnswer : std::uint8_t {
     kInterrupted  // Control-C
 };
 
-// Asks on the terminal for a password, without showing what is typed. Standard input may be
-// something else, as it is where the archive comes from there.
+// How often a wrong password is asked for again.
+inline constexpr int kMostAsked = 3;
+// What to say of an archive where there is nobody to ask.
+inline constexpr const char* kNeedsPassword =
+    "needs a password; --password-file names a file that has it";
+
+// Asks on the terminal for the password of what is named, without showing what is typed. Standard
+// input may be something else, as it is where the archive comes from there. Control-Z stops the
+// program as anywhere; when it goes on it asks again.
 [[nodiscard]] tl::expected<std::shared_ptr<const archive::Password>, NoAnswer> askOnTerminal(
-    const std::string& question);
+    const std::string& archive);
 
 }  // namespace pellumar

@@ -3,7 +3,10 @@
 #include <algorithm>
 #include <cerrno>
 #include <system_error>
+#include <unordered_set>
 #include <utility>
+
+#include "archive/base/LinkSafety.h"
 
 namespace pellumar {
 namespace {
@@ -31,6 +34,13 @@ std::string entryName(const fs::path& named) {
 
 bool isSame(const struct stat& one, const struct stat& other) {
     return one.st_dev == other.st_dev && one.st_ino == other.st_ino;
+}
+
+archive::EntryType typeOf(const struct stat& status) {
+    if (S_ISLNK(status.st_mode)) {
+        return archive::EntryType::kSymbolicLink;
+    }
+    return S_ISDIR(status.st_mode) ? archive::EntryType::kFolder : archive::EntryType::kFile;
 }
 
 std::string wordsFor(int error) {
@@ -65,8 +75,58 @@ archive::NewEntry SourceTree::entry(std::size_t index) const {
                 archive::NewEntry::FromPath{.path = pathOf(sources_[index]), .linkAsLink = true}};
 }
 
+std::vector<std::string> SourceTree::linksThatLeave() const {
+    std::vector<std::size_t> links;
+    std::unordered_set<std::string> folders;
+    for (std::size_t i = 0; i < sources_.size(); ++i) {
+        if (sources_[i].type == archive::EntryType::kSymbolicLink) {
+            links.push_back(i);
+        }
+    }
+    for (std::size_t i = 0; !links.empty() && i < sources_.size(); ++i) {
+        std::string name = nameOf(sources_[i]);
+        if (sources_[i].type == archive::EntryType::kFolder) {
+            folders.insert(name);
+        }
+        // Those above it as well; where one is known, so are the ones above that.
+        while (name.find('/') != std::string::npos) {
+            name.erase(name.rfind('/'));
+            if (!folders.insert(name).second) {
+                break;
+            }
+        }
+    }
+    archive::LinkSafety safety(
+        [&folders](std::string_view path) { return folders.count(std::string(path)) != 0; });
+    std::vector<std::string> names;
+    names.reserve(links.size());
+    std::size_t known = 0;  // of more than these no extraction keeps the targets
+    for (const std::size_t link : links) {
+        std::error_code unreadable;  // which is told when its turn comes
+        const fs::path target = fs::read_symlink(pathOf(sources_[link]), unreadable);
+        names.push_back(nameOf(sources_[link]));
+        if (!safety.add(names.back(), target.native())) {
+            break;
+        }
+        ++known;
+    }
+    std::vector<std::string> leaving;
+    for (std::size_t i = 0; i < links.size(); ++i) {
+        if (i >= known || !safety.isSafe(names[i])) {
+            leaving.push_back(pathOf(sources_[links[i]]));
+        }
+    }
+    return leaving;
+}
+
+SourceTree::Source SourceTree::atLastRoot(const std::string& below) const {
+    return {.root = static_cast<std::uint32_t>(roots_.size() - 1),
+            .type = archive::EntryType::kFile,
+            .below = below};
+}
+
 bool SourceTree::take(const std::string& below, bool withAllBelow) {
-    const Source source{.root = roots_.size() - 1, .below = below};
+    Source source = atLastRoot(below);
     const std::string path = pathOf(source);
     const std::string name = nameOf(source);
     if (exclusions_.cover(name)) {
@@ -99,6 +159,7 @@ bool SourceTree::take(const std::string& below, bool withAllBelow) {
                 return false;
             }
         } else {
+            source.type = typeOf(status);
             sources_.push_back(source);
             bytes_ += S_ISREG(status.st_mode) ? static_cast<std::uint64_t>(status.st_size) : 0;
         }
@@ -107,7 +168,7 @@ bool SourceTree::take(const std::string& below, bool withAllBelow) {
 }
 
 bool SourceTree::takeFolder(const std::string& below) {
-    const std::string path = pathOf({.root = roots_.size() - 1, .below = below});
+    const std::string path = pathOf(atLastRoot(below));
     std::error_code error;
     std::vector<std::string> names;
     for (fs::directory_iterator entry(path, error), end; !error && entry != end;

@@ -10,6 +10,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "archive/base/Entry.h"
 #include "archive/base/NewEntry.h"
 #include "cli/Exclusions.h"
 #include "cli/Messages.h"
@@ -36,6 +37,9 @@ class SourceTree {
     // Whether something below what was named could not be read, and is left out.
     [[nodiscard]] bool isIncomplete() const { return isIncomplete_; }
 
+    // The links, by their paths, that lead out of the archive: extracting refuses it with them.
+    [[nodiscard]] std::vector<std::string> linksThatLeave() const;
+
     // The entry for the source of this index; its options are yet to be set.
     [[nodiscard]] archive::NewEntry entry(std::size_t index) const;
 
@@ -47,10 +51,13 @@ class SourceTree {
         std::string name;
     };
     struct Source {
-        std::size_t root;
-        std::string below;  // its path from there; empty: the root itself
+        std::uint32_t root;
+        archive::EntryType type;  // when it was found
+        std::string below;        // its path from there; empty: the root itself
     };
 
+    // What its type is, is yet to be seen.
+    [[nodiscard]] Source atLastRoot(const std::string& below) const;
     // What is at this path below the last root. False if its name is already something else's.
     [[nodiscard]] bool take(const std::string& below, bool withAllBelow);
     [[nodiscard]] bool takeFolder(const std::string& below);

@@ -1,6 +1,8 @@
 #include "cli/TestCommand.h"
 
 #include <algorithm>
+#include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "cli/ArchiveInput.h"
@@ -13,9 +15,24 @@ namespace {
 
 using Faults = archive::Result<std::vector<archive::Error>>;
 
-int testArchive(const std::filesystem::path& path,
-                const std::filesystem::path& passwordFile,
-                Messages& messages) {
+// Of several entries of one path extracting takes the last.
+void warnOfDuplicates(const ArchiveInput& input, Messages& messages) {
+    std::unordered_map<std::string_view, std::size_t> last;
+    archive::Warnings warnings;
+    for (std::size_t i = 0; i < input.reader().size(); ++i) {
+        const archive::Entry& entry = input.reader()[i];
+        const auto [before, isNew] = last.try_emplace(entry.path, i);
+        if (!isNew && !entry.fault && entry.type != archive::EntryType::kFolder) {
+            warnings.add(archive::WarningCode::kDuplicatePath,
+                         entry.path,
+                         input.reader()[before->second].localHeaderOffset);
+        }
+        before->second = i;
+    }
+    messages.warn(input.name(), warnings);
+}
+
+int testArchive(const std::filesystem::path& path, PasswordFile& passwordFile, Messages& messages) {
     const auto input = ArchiveInput::open(path, messages);
     if (!input) {
         return input.error();
@@ -40,8 +57,12 @@ int testArchive(const std::filesystem::path& path,
     if (!faults) {
         return input->fail(faults.error());
     }
+    warnOfDuplicates(*input, messages);
     for (const archive::Error& fault : *faults) {
         messages.fail(input->name() + ": " + fault.describe());
+    }
+    if (std::any_of(faults->begin(), faults->end(), ArchiveInput::isDamage)) {
+        messages.fail(input->name() + ": \"pellumar salvage\" gets out what is whole");
     }
     if (!faults->empty()) {
         return kExitFailure;
@@ -54,8 +75,9 @@ int testArchive(const std::filesystem::path& path,
 
 int testArchives(const TestArguments& arguments, Messages& messages) {
     int code = kExitSuccess;
+    PasswordFile passwordFile(arguments.passwordFile);
     for (const std::filesystem::path& path : arguments.archives) {
-        code = std::max(code, testArchive(path, arguments.passwordFile, messages));
+        code = std::max(code, testArchive(path, passwordFile, messages));
         if (code > kExitSignal) {
             break;
         }

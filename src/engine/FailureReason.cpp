@@ -60,6 +60,7 @@ class FailureWords {
             case ErrorCode::kOverLimit:
             case ErrorCode::kEncrypted:
             case ErrorCode::kWrongPassword:
+            case ErrorCode::kEncryptionNotInstalled:
             case ErrorCode::kUnsupportedMethod:
             case ErrorCode::kOverlap:
             case ErrorCode::kSizeMismatch:
@@ -233,6 +234,10 @@ class FailureWords {
                     .arg(archive_);
             case ErrorCode::kWrongPassword:
                 return tr("The password does not fit %1. Check it, then try again.").arg(archive_);
+            case ErrorCode::kEncryptionNotInstalled:
+                return tr(
+                    "Passwords take a library that is not installed on this device. Install "
+                    "the package libnettle, then try again.");
             case ErrorCode::kUnsupportedMethod:
                 return tr("%1 is packed in a way that this version cannot open. Ask for a common "
                           "ZIP archive.")

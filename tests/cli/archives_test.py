@@ -14,7 +14,10 @@ import signal
 import stat
 import subprocess
 import sys
+import termios
+import time
 import unittest
+import warnings
 import zipfile
 
 from program import PROGRAM, ProgramTest
@@ -32,12 +35,12 @@ class ArchivesTest(ProgramTest):
         self.assertEqual((code, err), (0, b""), arguments)
         return out
 
-    def fail_with(self, pattern, *arguments, code=1, **options):
-        """A run that returns `code` and says why in one line; returns standard output."""
+    def fail_with(self, pattern, *arguments, code=1, lines=1, **options):
+        """A run that returns `code` and says why in so many lines; returns standard output."""
         actual, out, err = self.run_program(*arguments, **options)
         self.assertEqual(actual, code, err)
         self.assertRegex(err, pattern)
-        self.assertEqual(err.count(b"\n"), 1 if code == 1 else err.count(b"\n"), err)
+        self.assertEqual(err.count(b"\n"), lines if code == 1 else err.count(b"\n"), err)
         return out
 
     def other(self, *command):
@@ -171,6 +174,17 @@ class CreateTest(ArchivesTest):
                          (self.folder / "b.zip").read_bytes())
         self.other("unzip", "-tq", "a.zip")
 
+    def test_warns_of_links_that_extract_refuses(self):
+        self.tree()
+        os.symlink("../../../etc", self.folder / "tree/sub/out")
+        os.symlink("sub/out/passwd", self.folder / "tree/through")
+        os.mkdir(self.folder / "tree/sub/bare")
+        os.symlink("sub/bare/../../one.txt", self.folder / "tree/inside")
+        code, _, err = self.run_program("create", "a.zip", "tree")
+        self.assertEqual((code, re.findall(rb"warning: (\S+): a link that leads out", err)),
+                         (0, [b"tree/sub/out"]))
+        self.fail_with(rb"link that leaves .*: tree/sub/out", "extract", "a.zip", "--to", "x")
+
     def test_levels(self):
         text = b"".join(b"%d squared is %d\n" % (n, n * n) for n in range(40000))
         self.write("text", text)
@@ -282,6 +296,47 @@ class ExtractTest(ArchivesTest):
                          self.snapshot("tree")["sub/two.o"])
         self.assertNotIn(b"one\n", (self.folder / "e.zip").read_bytes())
         self.fail_with(rb"holds no password", "create", "f.zip", "tree", "--password-file", "none")
+        self.assertEqual(self.run_program("cat", "-", "a", "--password-file", "-")[0], 2)
+
+    def test_says_that_the_ciphers_are_missing_before_it_asks(self):
+        self.write("right", b"geheim\n")
+        self.succeed("create", "e.zip", "tree", "--password-file", "right")
+        for number in range(6, 12):
+            self.write(f"broken/libnettle.so.{number}", b"")
+        self.environment["LD_LIBRARY_PATH"] = str(self.folder / "broken")
+        for lines, command in ((1, ["test", "e.zip"]), (2, ["unzip", "e.zip"]),
+                               (1, ["create", "f.zip", "tree", "--password-file", "right"])):
+            self.fail_with(rb"encryption support .* is not installed", *command, lines=lines)
+        code, sent = self.run_on_terminal("cat", "e.zip", "tree/one.txt")
+        self.assertEqual((code, b"Password" in sent), (1, False))
+        self.assertFalse((self.folder / "f.zip").exists())
+
+    def test_control_z_gives_the_terminal_back(self):
+        self.write("right", b"geheim\n")
+        self.succeed("create", "e.zip", "tree/one.txt", "--password-file", "right")
+        shell, terminal = pty.fork()
+        if shell == 0:
+            os.chdir(self.folder)
+            os.execvpe("bash", ["bash", "--norc", "--noediting", "-i"],
+                       {**self.environment, "PS1": "ready> "})
+        sent = b""
+        for wanted, silent, typed in ((b"ready> ", None, f"{PROGRAM} test e.zip\n".encode()),
+                                      (b"Password of e.zip: ", True, b"ge\x1a"),
+                                      (b"ready> ", False, b"fg\n"),
+                                      (b"Password of e.zip: ", True, b"geheim\n"),
+                                      (b"ready> ", False, b"exit\n")):
+            while not sent.endswith(wanted):
+                sent += os.read(terminal, 4096)
+            deadline = time.monotonic() + 30
+            while silent is not None and time.monotonic() < deadline and \
+                    bool(termios.tcgetattr(terminal)[3] & termios.ECHO) == silent:
+                time.sleep(0.01)
+            os.write(terminal, typed)
+            sent += b"|"
+        os.waitpid(shell, 0)
+        os.close(terminal)
+        self.assertIn(b"Stopped", sent)
+        self.assertIn(b"e.zip: all right", sent)
 
 
 class LookTest(ArchivesTest):
@@ -317,7 +372,7 @@ class LookTest(ArchivesTest):
             self.assertIn(wanted, out)
             self.assertIn(b"unsafe name", err)
         self.fail_with(rb"unsafe name", "extract", "a.zip", "--to", "out")
-        self.assertFalse(list((self.folder / "out").iterdir()))
+        self.assertFalse((self.folder / "out").exists())
         _, sent = self.run_on_terminal("list", "--names", "a.zip")
         self.assertIn(b"good\\xc2\\x9b31m\r\n", sent)
 
@@ -342,7 +397,15 @@ class LookTest(ArchivesTest):
         code, out, err = self.run_program("test", "a.zip", "bad.zip")
         self.assertEqual((code, out), (1, b""))
         self.assertRegex(err, rb"^pellumar: bad\.zip: wrong checksum: one .*\n"
-                              rb"pellumar: bad\.zip: wrong checksum: three .*\n$")
+                              rb"pellumar: bad\.zip: wrong checksum: three .*\n"
+                              rb"pellumar: bad\.zip: .*pellumar salvage.*\n$")
+        with warnings.catch_warnings(), zipfile.ZipFile(self.folder / "twice.zip", "w") as archive:
+            warnings.simplefilter("ignore")
+            archive.writestr("one", "1")
+            archive.writestr("one", "2")
+        code, _, err = self.run_program("test", "twice.zip")
+        self.assertEqual(code, 0)
+        self.assertRegex(err, rb"^pellumar: twice\.zip: warning: earlier entry .*: one ")
         self.succeed("test", "a.zip")
 
 
@@ -368,6 +431,39 @@ class SalvageTest(ArchivesTest):
         self.assertIn(b"lost its directory",
                       self.run_program("salvage", "cut.zip", "--to", "again")[2])
         self.succeed("salvage", "a.zip", "--to", "whole")
+        self.fail_with(rb"bad\.zip: wrong checksum: .*pellumar salvage", "extract", "bad.zip",
+                       "--to", "x")
+        with open(self.folder / "bad.zip", "rb") as file:
+            self.fail_with(rb"^pellumar: standard input: lost: .*: tree/two", "salvage", "-",
+                           "--to", "piped", stdin=file)
+        self.fail_with(rb"not an archive", "salvage", "tree/one", "--to", "none/at/all")
+        self.assertFalse((self.folder / "none").exists())
+
+    def test_asks_for_the_password_and_names_what_is_missing(self):
+        self.write("first", b"1" * 100)
+        self.write("second", os.urandom(250000))
+        self.write("right", b"geheim\n")
+        self.succeed("create", "e.zip", "first", "second", "--password-file", "right")
+        self.fail_with(rb"password", "salvage", "e.zip", "--to", "none", lines=3)
+        with open(self.folder / "right", "rb") as file:
+            self.succeed("salvage", "e.zip", "--to", "by-file", "--password-file", "-", stdin=file)
+        code, _ = self.run_on_terminal("salvage", "e.zip", "--to", "asked", answer=b"geheim\n",
+                                       asked=b"Password of e.zip: ")
+        self.assertEqual(code, 0)
+        for folder in ("by-file", "asked"):
+            self.assertEqual((self.folder / folder / "first").read_bytes(), b"1" * 100)
+        for pack, gone, whole in ((("zip", "-qs64k", "v.zip", "second", "first"), "v.z02", "v.zip"),
+                                  (("7zz", "a", "-tzip", "-v99k", "w.zip", "first", "second"),
+                                   "w.zip.003", "w.zip.002")):
+            self.other(*pack)
+            self.succeed("salvage", whole, "--to", "all-of-" + whole)
+            os.unlink(self.folder / gone)
+            self.fail_with(rb"missing: " + gone.encode(), "salvage", whole, "--to",
+                           whole + "-part", lines=3)
+            self.assertTrue((self.folder / (whole + "-part") / "first").exists())
+        with zipfile.ZipFile(self.folder / "u.zip", "w") as archive:
+            archive.writestr("../up", "1")
+        self.fail_with(rb"unsafe name: \.\./up", "salvage", "u.zip", "--to", "none")
 
 
 class InterruptionTest(ArchivesTest):

@@ -9,7 +9,7 @@ namespace pellumar::archive {
 namespace {
 
 // In the order of the codes.
-constexpr std::array<std::string_view, 31> kDescriptions = {
+constexpr std::array<std::string_view, 32> kDescriptions = {
     "invalid argument",
     "cancelled",
     "not in the archive",
@@ -32,6 +32,7 @@ constexpr std::array<std::string_view, 31> kDescriptions = {
     "symbolic link that leaves the destination",
     "encrypted, needs a password",
     "wrong password",
+    "encrypted, and encryption support (libnettle) is not installed",
     "unsupported compression method",
     "overlaps another entry or the directory",
     "declared sizes are not true",

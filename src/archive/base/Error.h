@@ -40,6 +40,7 @@ enum class ErrorCode : std::uint8_t {
     kUnsafeLink,        // a symbolic link that leaves the destination
     kEncrypted,         // and no password was given, or it is a way that cannot be read
     kWrongPassword,
+    kEncryptionNotInstalled,  // no password would help: the machine lacks the library for AES
     kUnsupportedMethod,
     kOverlap,
     kSizeMismatch,  // declared sizes that cannot be true, or were not

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <stop_token>
 #include <string>
 #include <vector>
@@ -16,6 +17,10 @@ namespace pellumar::archive {
 struct SalvageOptions {
     // For encrypted entries; may be null.
     const Password* password = nullptr;
+    // Asked for another where an entry needs one, on the calling thread; `wasWrong`: the last one
+    // does not fit. It is not asked again once one has fitted an entry, or it has none to give:
+    // what is then not opened is lost. May be empty.
+    std::function<std::shared_ptr<const Password>(bool wasWrong)> askForPassword = {};
     // Asked between entries and pieces of the search: kCancelled. What was finished stays.
     std::stop_token stop = {};
     // Told now and then how many bytes of the archive have been gone through, of how many. On the
@@ -25,7 +30,7 @@ struct SalvageOptions {
 
 // An entry that is not whole, or may not come out.
 struct LostEntry {
-    // Empty where that is unknown, or unsafe.
+    // Empty where that is unknown. Where the reason is kUnsafeName, to be shown and nothing else.
     std::string path;
     // Of its local header, or where that should be.
     std::uint64_t offset = 0;
@@ -45,6 +50,8 @@ struct SalvageReport {
     // Without a directory nobody knows whether there was more behind the end of what is there, and
     // files have no permissions, and links are none.
     bool hasDirectory = false;
+    // Of a split archive, the first volume that is not there; else empty.
+    std::string missingVolume = {};
 };
 
 }  // namespace pellumar::archive

@@ -47,7 +47,7 @@ Result<std::unique_ptr<AesStream>> AesStream::create(unsigned strength,
                                                      ByteView salt) {
     const Nettle* const nettle = Nettle::get();
     if (nettle == nullptr) {
-        return failure(ErrorCode::kEncrypted);
+        return failure(ErrorCode::kEncryptionNotInstalled);
     }
     // The keys for cipher and code, and the check bytes.
     std::array<std::uint8_t, std::size_t{2} * AES256_KEY_SIZE + kCheckSize> keys{};

@@ -25,8 +25,8 @@ class AesStream {
     // `strength` is 1, 2 or 3, for keys of 128, 192 and 256 bits.
     [[nodiscard]] static std::size_t saltSize(unsigned strength);
 
-    // `salt` is saltSize(strength) long. Takes about half a millisecond. kEncrypted if the machine
-    // has no library for it.
+    // `salt` is saltSize(strength) long. Takes about half a millisecond.
+    // kEncryptionNotInstalled if the machine has no library for it.
     [[nodiscard]] static Result<std::unique_ptr<AesStream>> create(unsigned strength,
                                                                    const Password& password,
                                                                    ByteView salt);

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "archive/codecs/AesStream.h"
+#include "archive/codecs/Nettle.h"
 #include "archive/codecs/TraditionalCipher.h"
 
 namespace pellumar::archive {
@@ -84,6 +85,11 @@ std::size_t Encryption::headerSize() const {
 
 std::size_t Encryption::trailerSize() const {
     return kind == Kind::kAes ? AesStream::kCodeSize : 0;
+}
+
+Result<> checkIsInstalled(const Encryption& encryption) {
+    const bool isMissing = encryption.kind == Encryption::Kind::kAes && Nettle::get() == nullptr;
+    return isMissing ? failure(ErrorCode::kEncryptionNotInstalled) : Result<>();
 }
 
 Result<std::unique_ptr<Decryptor>> makeDecryptor(const Encryption& encryption,

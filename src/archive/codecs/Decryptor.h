@@ -50,9 +50,12 @@ class Decryptor {
     [[nodiscard]] virtual Result<> finish(ByteView trailer) = 0;
 };
 
+// kEncryptionNotInstalled if the machine has no library for this way.
+[[nodiscard]] Result<> checkIsInstalled(const Encryption& encryption);
+
 // From the header, which is headerSize() long. kWrongPassword if its check bytes say so: a wrong
-// one passes by chance once in 256 (with AES once in 65,536) times. kEncrypted if the machine has
-// no library for AES.
+// one passes by chance once in 256 (with AES once in 65,536) times. kEncryptionNotInstalled if
+// there is no library for it.
 [[nodiscard]] Result<std::unique_ptr<Decryptor>> makeDecryptor(const Encryption& encryption,
                                                                const Password& password,
                                                                ByteView header);

@@ -40,8 +40,8 @@ class Encryptor {
 // WinZip's number of the strength, 1 to 3; 0 for traditional encryption.
 [[nodiscard]] std::uint8_t aesStrengthOf(NewEncryption encryption);
 
-// With AES this takes about half a millisecond, for the key. kEncrypted if the machine has no
-// library for it.
+// With AES this takes about half a millisecond, for the key. kEncryptionNotInstalled if the machine
+// has no library for it.
 [[nodiscard]] Result<std::unique_ptr<Encryptor>> makeEncryptor(NewEncryption encryption,
                                                                const Password& password);
 

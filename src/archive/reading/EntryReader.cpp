@@ -212,6 +212,9 @@ Result<> EntryReader::checkPassword(const EntryData& data) {
 }
 
 Result<std::unique_ptr<Decryptor>> EntryReader::decryptorFor(const Located& located) const {
+    if (auto installed = checkIsInstalled(located.encryption); !installed) {
+        return passOn(installed);
+    }
     if (password_ == nullptr) {
         return failure(ErrorCode::kEncrypted);
     }

@@ -44,6 +44,9 @@ class EntryReader {
         const Password* password = nullptr,
         const EntryLimits& limits = EntryLimits());
 
+    // In place of the password that it was made with; it outlives the reader.
+    void usePassword(const Password& password) { password_ = &password; }
+
     // Of an encrypted entry: kWrongPassword by its check bytes, kEncrypted if there is no password.
     [[nodiscard]] Result<> checkPassword(const EntryData& data);
 

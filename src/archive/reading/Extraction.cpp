@@ -16,6 +16,7 @@
 #include <utility>
 #include <vector>
 
+#include "archive/base/LinkSafety.h"
 #include "archive/base/ProgressTeller.h"
 #include "archive/reading/BackgroundSink.h"
 #include "archive/reading/DestinationTree.h"
@@ -23,7 +24,6 @@
 #include "archive/reading/ExtractionPlan.h"
 #include "archive/reading/FileSink.h"
 #include "archive/reading/FolderMaker.h"
-#include "archive/reading/LinkSafety.h"
 #include "archive/reading/ReaderThreads.h"
 #include "archive/reading/TargetSink.h"
 #include "archive/reading/WatchedSink.h"

@@ -8,10 +8,10 @@
 
 #include "archive/base/Error.h"
 #include "archive/base/ExtractionOptions.h"
+#include "archive/base/LinkSafety.h"
 #include "archive/base/Warning.h"
 #include "archive/reading/DestinationTree.h"
 #include "archive/reading/ExtractionPlan.h"
-#include "archive/reading/LinkSafety.h"
 
 namespace pellumar::archive {
 

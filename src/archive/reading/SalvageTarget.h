@@ -10,10 +10,10 @@
 #include <vector>
 
 #include "archive/base/Error.h"
+#include "archive/base/LinkSafety.h"
 #include "archive/base/Salvaging.h"
 #include "archive/reading/DestinationTree.h"
 #include "archive/reading/EntryReader.h"
-#include "archive/reading/LinkSafety.h"
 
 namespace pellumar::archive {
 

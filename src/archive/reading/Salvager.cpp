@@ -78,6 +78,9 @@ class Salvager {
             }
         }
         loseUnseen();
+        if (!report_.hasDirectory && report_.recovered == 0 && report_.lost == 0) {
+            return failure(ErrorCode::kNotAnArchive);
+        }
         target_.makeLinks([this](const EntryData& link, ErrorCode reason) {
             lose(link.entry.path, link.entry.localHeaderOffset, reason);
         });
@@ -175,7 +178,7 @@ class Salvager {
         const auto local = headerAt(offset);
         const std::uint64_t dataEnd =
             offset + (local ? header_.size() : kLocalFileHeaderSize) + data.entry.compressedSize;
-        auto added = addListed(data);
+        auto added = addWithPassword(data, [&] { return addListed(data); });
         if (added) {
             return dataEnd;
         }
@@ -229,7 +232,7 @@ class Salvager {
             return behind;
         }
         const std::uint64_t dataEnd = dataOffset + header.compressedSize;
-        if (auto added = addUnlisted(data); !added) {
+        if (auto added = addWithPassword(data, [&] { return addUnlisted(data); }); !added) {
             inVain_ += header.compressedSize;
             // What is in the data of an entry is none of this archive's entries.
             return after(added.error(), path, offset, scan_.isRecord(dataEnd) ? dataEnd : behind);
@@ -265,6 +268,33 @@ class Salvager {
         header.compressedSize = measures->compressedSize;
         header.uncompressedSize = measures->uncompressedSize;
         return {};
+    }
+
+    // Adds by `add`, again with each password that is given for it.
+    template <typename Add>
+    Result<> addWithPassword(const EntryData& data, Add add) {
+        Result<> added = add();
+        while (!added && askForPassword(added.error())) {
+            added = add();
+        }
+        hasFitted_ = hasFitted_ || (added && data.entry.encrypted);
+        return added;
+    }
+
+    // Whether there is a password to try after this error.
+    bool askForPassword(const Error& error) {
+        const bool wasWrong = error.code == ErrorCode::kWrongPassword;
+        if (!options_.askForPassword || hasFitted_ || hasGivenUp_ ||
+            (!wasWrong && error.code != ErrorCode::kEncrypted)) {
+            return false;
+        }
+        const auto password = options_.askForPassword(wasWrong);
+        hasGivenUp_ = password == nullptr;
+        if (!hasGivenUp_) {
+            reader_->usePassword(*password);
+            password_ = password;
+        }
+        return !hasGivenUp_;
     }
 
     Result<> addListed(const EntryData& data) {
@@ -308,10 +338,8 @@ class Salvager {
     void lose(std::string_view path, std::uint64_t offset, ErrorCode reason) {
         ++report_.lost;
         if (report_.lostEntries.size() < SalvageReport::kMostListed) {
-            const bool isShown = reason != ErrorCode::kUnsafeName;
-            report_.lostEntries.push_back({.path = std::string(isShown ? path : std::string_view()),
-                                           .offset = offset,
-                                           .reason = reason});
+            report_.lostEntries.push_back(
+                {.path = std::string(path), .offset = offset, .reason = reason});
         }
     }
 
@@ -325,6 +353,9 @@ class Salvager {
     const ByteSource& source_;
     const SalvageOptions& options_;
     std::unique_ptr<EntryReader> reader_;
+    std::shared_ptr<const Password> password_;  // that was asked for
+    bool hasFitted_ = false;                    // an entry was opened by one
+    bool hasGivenUp_ = false;
     HeaderScan scan_;
     NameDecoder names_;  // of what the directory does not list
     EntryTable listed_;

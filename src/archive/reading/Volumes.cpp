@@ -30,77 +30,97 @@ std::string withDigits(std::string prefix, std::size_t number, int width) {
     return prefix + digits;
 }
 
-Failure missing(const fs::path& path) {
+Failure failMissing(const fs::path& path) {
     return Failure(Error{.code = ErrorCode::kVolumeMissing, .entry = path.filename().native()});
 }
 
-// Null if there is no such file.
-Result<std::unique_ptr<FileSource>> openOne(const fs::path& path) {
+using Volumes = std::vector<std::unique_ptr<FileSource>>;
+
+// Adds the volume at `path`; false if there is no such file.
+Result<bool> addVolume(Volumes& volumes, const fs::path& path) {
     std::error_code unknown;
     if (!fs::exists(path, unknown)) {
-        return std::unique_ptr<FileSource>();
+        return false;
     }
     auto file = File::openForReading(path);
-    return file ? FileSource::of(std::move(*file)) : passOn(file);
+    auto source = file ? FileSource::of(std::move(*file)) : passOn(file);
+    if (!source) {
+        return passOn(source);
+    }
+    volumes.push_back(std::move(*source));
+    return true;
 }
 
 // "name.z01", …, "name.zip": the last tells how many there are.
 Result<std::unique_ptr<ByteSource>> openNumbered(const fs::path& stem,
                                                  const std::string& extension,
-                                                 const Error& error) {
+                                                 const Error& error,
+                                                 std::string* missing) {
     const fs::path lastPath = stem.native() + extension;
-    auto last = openOne(lastPath);
-    if (!last) {
-        return passOn(last);
+    Volumes last;
+    const auto hasLast = addVolume(last, lastPath);
+    if (!hasLast || (!*hasLast && missing == nullptr)) {
+        return hasLast ? failMissing(lastPath) : Failure(hasLast.error());
     }
-    if (*last == nullptr) {
-        return missing(lastPath);
-    }
-    const std::size_t count = claimedVolumes(**last);
+    const std::size_t count = *hasLast ? claimedVolumes(*last.front()) : kMostVolumes;
     if (count < 2 || count > kMostVolumes) {
         return Failure(error);
     }
-    std::vector<std::unique_ptr<FileSource>> volumes;
+    Volumes volumes;
     const std::string prefix = stem.native() + (extension == ".ZIP" ? ".Z" : ".z");
-    for (std::size_t number = 1; number < count; ++number) {
+    fs::path firstMissing;
+    for (std::size_t number = 1; number < count && (*hasLast || firstMissing.empty()); ++number) {
         const fs::path path = withDigits(prefix, number, 2);
-        auto volume = openOne(path);
-        if (!volume) {
-            return passOn(volume);
+        const auto added = addVolume(volumes, path);
+        if (!added) {
+            return Failure(added.error());
         }
-        if (*volume == nullptr) {
-            return missing(path);
+        if (!*added && missing == nullptr) {
+            return failMissing(path);
         }
-        volumes.push_back(std::move(*volume));
+        if (!*added && firstMissing.empty()) {
+            firstMissing = path;
+        }
     }
-    volumes.push_back(std::move(*last));
-    return std::make_unique<VolumeSource>(std::move(volumes), true);
+    if (*hasLast) {
+        volumes.push_back(std::move(last.front()));
+    } else {
+        firstMissing = lastPath;
+    }
+    if (missing != nullptr) {
+        *missing = firstMissing.filename();
+    }
+    return std::make_unique<VolumeSource>(std::move(volumes), firstMissing.empty());
 }
 
 // "name.zip.001", …: cut anywhere, so only the end of the archive tells that it is the last.
-Result<std::unique_ptr<ByteSource>> openCut(const std::string& prefix, int width) {
-    std::vector<std::unique_ptr<FileSource>> volumes;
+Result<std::unique_ptr<ByteSource>> openCut(const std::string& prefix,
+                                            int width,
+                                            std::string* missing) {
+    Volumes volumes;
     fs::path path;
     while (volumes.size() < kMostVolumes) {
         path = withDigits(prefix, volumes.size() + 1, width);
-        auto volume = openOne(path);
-        if (!volume) {
-            return passOn(volume);
+        const auto added = addVolume(volumes, path);
+        if (!added) {
+            return Failure(added.error());
         }
-        if (*volume == nullptr) {
+        if (!*added) {
             break;
         }
-        volumes.push_back(std::move(*volume));
     }
     if (volumes.empty()) {
-        return missing(path);
+        return failMissing(path);
     }
     auto source = std::make_unique<VolumeSource>(std::move(volumes), false);
     const auto location = locateDirectory(*source);
     const bool endIsMissing = !location && (location.error().code == ErrorCode::kNotAnArchive ||
                                             location.error().code == ErrorCode::kTruncated);
+    if (endIsMissing && missing == nullptr) {
+        return failMissing(path);
+    }
     if (endIsMissing) {
-        return missing(path);
+        *missing = path.filename();
     }
     return source;
 }
@@ -137,7 +157,9 @@ Result<std::size_t> VolumeSource::readAt(std::uint64_t offset, MutableBytes buff
     return done;
 }
 
-Result<std::unique_ptr<ByteSource>> openVolumes(const fs::path& path, const Error& error) {
+Result<std::unique_ptr<ByteSource>> openVolumes(const fs::path& path,
+                                                const Error& error,
+                                                std::string* missing) {
     std::error_code unknown;
     const fs::path place = fs::is_symlink(path, unknown) ? fs::canonical(path, unknown) : path;
     const std::string name = place.filename().native();
@@ -149,15 +171,15 @@ Result<std::unique_ptr<ByteSource>> openVolumes(const fs::path& path, const Erro
     const std::string extension = name.substr(dot);
     const std::string_view digits = std::string_view(extension).substr(1);
     if (extension == ".zip" || extension == ".ZIP") {
-        return openNumbered(stem, extension, error);
+        return openNumbered(stem, extension, error, missing);
     }
     if (digits.size() >= 3 && (digits[0] == 'z' || digits[0] == 'Z') &&
         areDigits(digits.substr(1))) {
-        return openNumbered(stem, digits[0] == 'z' ? ".zip" : ".ZIP", error);
+        return openNumbered(stem, digits[0] == 'z' ? ".zip" : ".ZIP", error, missing);
     }
     const std::string whole = stem.extension();
     if (digits.size() >= 3 && areDigits(digits) && (whole == ".zip" || whole == ".ZIP")) {
-        return openCut(stem.native() + ".", static_cast<int>(digits.size()));
+        return openCut(stem.native() + ".", static_cast<int>(digits.size()), missing);
     }
     return Failure(error);
 }

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <memory>
 #include <span>
+#include <string>
 #include <vector>
 
 #include "archive/base/ByteSource.h"
@@ -36,8 +37,10 @@ class VolumeSource final : public ByteSource {
 // Opens all volumes of the archive that the one at `path` belongs to by its name: "name.z01" and so
 // on before "name.zip", or "name.zip.001" and so on. They stand beside it, or beside what it is a
 // link to. `error` is why it could not be opened by itself, and comes back if it is no volume.
-// kVolumeMissing, with the name in `entry`, for the first that is not there.
+// kVolumeMissing, with the name in `entry`, for the first that is not there; with `missing` that
+// name is put there instead, and those that are there are opened as one piece.
 [[nodiscard]] Result<std::unique_ptr<ByteSource>> openVolumes(const std::filesystem::path& path,
-                                                              const Error& error);
+                                                              const Error& error,
+                                                              std::string* missing = nullptr);
 
 }  // namespace pellumar::archive

@@ -30,7 +30,7 @@ class ChunkCompressor {
         bool stored = false;  // goes in as it is
     };
 
-    // kEncrypted, kOutOfMemory of what encrypts the entry.
+    // kEncryptionNotInstalled, kOutOfMemory of what encrypts the entry.
     [[nodiscard]] Result<CompressedChunk> compress(const Piece& piece, const EntryOptions& options);
 
   private:

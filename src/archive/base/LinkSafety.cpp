@@ -1,4 +1,4 @@
-#include "archive/reading/LinkSafety.h"
+#include "archive/base/LinkSafety.h"
 
 #include <linux/limits.h>
 
