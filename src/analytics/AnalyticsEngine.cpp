@@ -15,7 +15,7 @@ AnalyticsEngine::~AnalyticsEngine() {
 }
 
 void AnalyticsEngine::start() {
-    if (environment_.crashes == AnalyticsEnvironment::CrashCatching::kOn) {
+    if (environment_.catchesCrashes) {
         marker_.emplace(MeasurementFolder::crashIn(environment_.folder),
                         environment_.versions.serviceVersion.toStdString());
     }
@@ -25,7 +25,7 @@ void AnalyticsEngine::start() {
 
 template <typename Value>
 void AnalyticsEngine::accept(Checked<Value> checked) {
-    if (checked.error != MeasurementError::kNone) {
+    if (!checked.isWhole) {
         intake_.noteInvalid();
     }
     if (checked.value) {
@@ -64,7 +64,6 @@ void AnalyticsEngine::stop() {
     if (thread_.joinable()) {
         thread_.join();
     }
-    intake_.close();
     marker_.reset();
 }
 

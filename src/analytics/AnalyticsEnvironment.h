@@ -28,8 +28,6 @@ struct ProductVersions {
 
 // All that the engine has from outside. Functions are called on the engine's thread.
 struct AnalyticsEnvironment {
-    enum class CrashCatching { kOff, kOn };
-
     // For the engine alone. Made when it starts.
     std::filesystem::path folder;
     ProductVersions versions;
@@ -40,10 +38,8 @@ struct AnalyticsEnvironment {
     // Asked for once a minute at most; empty: everything is as it is by default.
     MeasurementParameters parameters;
     std::vector<Audience> audiences;
-    // The user came into an audience or left it, and that is kept.
-    std::function<void(const QString& audience, bool member)> audienceChanged;
     // Only one engine in a process may, and it should be started by the main thread.
-    CrashCatching crashes = CrashCatching::kOff;
+    bool catchesCrashes = false;
     // From any thread.
     std::function<Moment()> now = Moment::now;
     // How long nothing has to be said before something is sent.

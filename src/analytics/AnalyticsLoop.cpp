@@ -8,8 +8,10 @@
 namespace pellumar {
 namespace {
 
-// When something that could not be done is tried again, if nothing new is said before.
-constexpr qint64 kRetryMilliseconds = 5000;
+// When something that could not be done is tried again, if nothing new is said before: later every
+// time, for it may never be possible.
+constexpr qint64 kFirstRetryMilliseconds = 5000;
+constexpr qint64 kLongestRetryMilliseconds = 10LL * 60 * 1000;
 constexpr qint64 kLongestSleep = 24LL * 60 * 60 * 1000;
 constexpr qint64 kConfigMilliseconds = 60'000;
 
@@ -64,6 +66,9 @@ bool AnalyticsLoop::work() {
         sift();
         work_.isInFront = taken.isInFront;
         outcome.isObeyed = obey();
+        if (!consent.mayKeep()) {
+            ledger_.stopSending();
+        }
         outcome.isStored =
             consent.allowsStorage() && !consent.isErasureOwed && ledger_.record(work_);
     }
@@ -134,7 +139,8 @@ Uploader* AnalyticsLoop::mayUse() {
 }
 
 void AnalyticsLoop::sleep() {
-    qint64 wait = isStuck_ ? kRetryMilliseconds : kLongestSleep;
+    qint64 wait = isStuck_ ? std::max(retry_, kFirstRetryMilliseconds) : kLongestSleep;
+    retry_ = isStuck_ ? std::min(2 * wait, kLongestRetryMilliseconds) : 0;
     if (Uploader* const uploader = mayUse(); uploader != nullptr) {
         wait = std::min(wait, uploader->nextPoll(environment_.now(), idleIn()).value_or(wait));
     }

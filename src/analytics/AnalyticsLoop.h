@@ -63,6 +63,8 @@ class AnalyticsLoop {
     Ledger ledger_;
     // Something could not be done that is to be tried again.
     bool isStuck_ = false;
+    // In so many milliseconds.
+    qint64 retry_ = 0;
     qint64 lastActivity_;
 };
 

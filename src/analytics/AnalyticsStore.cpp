@@ -14,11 +14,7 @@ constexpr qint64 kPageBytes = 4096;
 // Beyond this share of the bound the oldest go: the rest is for what is not events, and for the
 // pages that removing needs itself.
 constexpr qint64 kFullPercent = 90;
-// 2020 in milliseconds since 1970. No clock that was set says less.
-constexpr qint64 kEarliestTime = 1'577'836'800'000;
 constexpr qint64 kMostDays = 60;
-// Stands for all days.
-constexpr qint64 kEver = -1;
 
 // Another version is another program's.
 constexpr qint64 kVersion = 2;
@@ -71,25 +67,18 @@ qint64 AnalyticsStore::waiting(qint64 most) {
 }
 
 DatabaseOutcome AnalyticsStore::write(const Change& change) {
-    Memory memory;
-    const auto tryIt = [&] {
-        return database_.transact([&] {
-            memory = change.memory;
+    DatabaseOutcome outcome = DatabaseOutcome::kFull;
+    // A tenth is enough for all but a burst of very long events.
+    for (const qint64 percent : {0, 10, 50, 100}) {
+        Memory memory = change.memory;
+        outcome = database_.transact([&] {
+            makeRoom(memory, percent);
             apply(change, memory);
         });
-    };
-    DatabaseOutcome outcome = tryIt();
-    if (outcome == DatabaseOutcome::kFull) {
-        Change room{.memory = memory_};
-        const auto makeSome = [&] {
-            makeRoom(room.memory);
-            apply(room, room.memory);
-        };
-        outcome = database_.transact(makeSome);
-        outcome = outcome == DatabaseOutcome::kDone ? tryIt() : outcome;
-    }
-    if (outcome == DatabaseOutcome::kDone) {
-        memory_ = memory;
+        if (outcome != DatabaseOutcome::kFull) {
+            memory_ = outcome == DatabaseOutcome::kDone ? memory : memory_;
+            break;
+        }
     }
     return outcome;
 }
@@ -126,15 +115,14 @@ void AnalyticsStore::remove(const Change& change, Memory& memory) {
     }
     if (change.tooOld) {
         memory.lose(loss::kExpired,
-                    database_.run("DELETE FROM events WHERE time >= ? AND time < ?",
-                                  {kEarliestTime, *change.tooOld}));
+                    database_.run("DELETE FROM events WHERE time < ?", {*change.tooOld}));
         database_.run("DELETE FROM counts WHERE day BETWEEN 0 AND ?", {change.today - kMostDays});
         database_.script("PRAGMA incremental_vacuum");
     }
     const qint64 used =
         database_.number("PRAGMA page_count") - database_.number("PRAGMA freelist_count");
     if (used * kPageBytes * 100 > mostBytes_ * kFullPercent) {
-        makeRoom(memory);
+        makeRoom(memory, 10);
     }
 }
 
@@ -152,13 +140,15 @@ bool AnalyticsStore::count(const QString& name, qint64 day, qint64 times) {
     return true;
 }
 
-void AnalyticsStore::makeRoom(Memory& memory) {
-    // Rows have no gaps but where a batch has left, so the span tells the number well enough.
-    const qint64 first = database_.number("SELECT min(id) FROM events");
-    const qint64 last = database_.number("SELECT max(id) FROM events");
-    memory.lose(loss::kNoRoom,
-                database_.run("DELETE FROM events WHERE id < ?",
-                              {first + std::max<qint64>(1, (last - first + 1) / 10)}));
+void AnalyticsStore::makeRoom(Memory& memory, qint64 percent) {
+    if (percent > 0) {
+        // Rows have no gaps but where a batch has left, so the span tells the number well enough.
+        const qint64 first = database_.number("SELECT min(id) FROM events");
+        const qint64 last = database_.number("SELECT max(id) FROM events");
+        const qint64 most = std::max<qint64>(1, (last - first + 1) * percent / 100);
+        memory.lose(loss::kNoRoom,
+                    database_.run("DELETE FROM events WHERE id < ?", {first + most}));
+    }
 }
 
 std::vector<StoredEvent> AnalyticsStore::oldest(qint64 most) {
@@ -180,17 +170,6 @@ qint64 AnalyticsStore::times(const QString& event, std::optional<qint64> from) {
                                    {event, std::max<qint64>(*from, 0)})
                 : database_.number("SELECT total FROM counts WHERE name = ? AND day = ?",
                                    {event, kEver});
-}
-
-bool AnalyticsStore::wipe() {
-    const DatabaseOutcome outcome = database_.transact(
-        [this] { database_.script("DELETE FROM events; DELETE FROM counts; DELETE FROM state"); });
-    // Pages that are free and the log still hold what was.
-    database_.script("PRAGMA incremental_vacuum");
-    // Says 1 while a reader keeps it from its end, which is no failure.
-    const bool isLogBusy = database_.number("PRAGMA wal_checkpoint(TRUNCATE)") != 0;
-    return outcome == DatabaseOutcome::kDone && database_.takeOutcome() == DatabaseOutcome::kDone &&
-           !isLogBusy;
 }
 
 std::optional<QByteArray> AnalyticsStore::jsonLines(const std::filesystem::path& folder) {

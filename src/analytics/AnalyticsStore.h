@@ -50,6 +50,8 @@ class AnalyticsStore {
     static constexpr qint64 kMostBytes = 8LL << 20;
     // Names beyond these are an application that makes them up.
     static constexpr qint64 kMostNames = 500;
+    // The day of a count that stands for all days.
+    static constexpr qint64 kEver = -1;
 
     // Opens the store of a folder, or makes it; one of another version is left as it is. Whether
     // that has worked is the first outcome. The file never grows beyond `mostBytes`, nor the log
@@ -61,16 +63,13 @@ class AnalyticsStore {
     // How many events wait to leave, but not counting beyond `most`.
     [[nodiscard]] qint64 waiting(qint64 most);
 
-    // The verbs. Writes a change. Where there is no room, the oldest events go. Events of too many
-    // names are left out, and counted as lost.
+    // Writes a change. Where there is no room, the oldest events go. Events of too many names are
+    // left out. Both are counted as lost.
     [[nodiscard]] DatabaseOutcome write(const Change& change);
     // The events that have waited longest.
     [[nodiscard]] std::vector<StoredEvent> oldest(qint64 most);
     // How often an event has happened, from the local day `from` on; from the beginning.
     [[nodiscard]] qint64 times(const QString& event, std::optional<qint64> from);
-    // Forgets everything, where the file cannot be removed. The store is not to be used any more.
-    // False if that could not be written, or if the file or its log may still hold some of it.
-    [[nodiscard]] bool wipe();
     // What is kept, for a person: an object of JSON for each row, with the name of its table. Reads
     // beside a process that writes. Nothing if there is something that cannot be read.
     [[nodiscard]] static std::optional<QByteArray> jsonLines(const std::filesystem::path& folder);
@@ -78,13 +77,13 @@ class AnalyticsStore {
     // What came of opening and of reading; nothing is read after a failure until it is taken.
     [[nodiscard]] DatabaseOutcome takeOutcome() { return database_.takeOutcome(); }
     // From here on nothing waits for the disk.
-    void hurry() { database_.hurry(); }
+    void hurry() { database_.script("PRAGMA wal_autocheckpoint = 0"); }
 
   private:
     void apply(const Change& change, Memory& memory);
     void remove(const Change& change, Memory& memory);
     [[nodiscard]] bool count(const QString& name, qint64 day, qint64 times);
-    void makeRoom(Memory& memory);
+    void makeRoom(Memory& memory, qint64 percent);
 
     Database database_;
     const qint64 mostBytes_;

@@ -24,31 +24,18 @@ void followAudiences(const AnalyticsEnvironment& environment,
                      AnalyticsStore& store,
                      const Consent& consent) {
     const qint64 today = localDay(environment.now().wall);
-    const QVariantMap before = store.memory().audiences;
-    QVariantMap after;
+    Change change{.memory = store.memory()};
+    change.memory.audiences.clear();
     for (const Audience& audience : environment.audiences) {
         if (consent.mayMeasure() && (!audience.forAdvertising || consent.mayAdvertise()) &&
             holds(audience, store, today)) {
-            after.insert(audience.name, audience.forAdvertising);
+            change.memory.audiences.insert(audience.name, audience.forAdvertising);
         }
     }
-    if (before == after) {
-        return;
+    if (change.memory != store.memory()) {
+        // What cannot be written now is found out again with the next event.
+        static_cast<void>(store.write(change));
     }
-    Change change{.memory = store.memory()};
-    change.memory.audiences = after;
-    if (store.write(change) != DatabaseOutcome::kDone || !environment.audienceChanged) {
-        return;
-    }
-    const auto tell = [&](const QVariantMap& those, const QVariantMap& others, bool member) {
-        for (auto each = those.keyBegin(); each != those.keyEnd(); ++each) {
-            if (!others.contains(*each)) {
-                environment.audienceChanged(*each, member);
-            }
-        }
-    };
-    tell(after, before, true);
-    tell(before, after, false);
 }
 
 }  // namespace pellumar

@@ -28,8 +28,7 @@ struct Audience {
     bool forAdvertising = false;
 };
 
-// Holds all conditions against the store, keeps who is in which audience, and tells what has
-// changed once that is kept; audiences that are declared no more are left.
+// Holds all conditions against the store, and keeps in which audiences the user is.
 void followAudiences(const AnalyticsEnvironment& environment,
                      AnalyticsStore& store,
                      const Consent& consent);

@@ -31,12 +31,11 @@ QString toText(ConsentStatus status) {
 }
 
 ConsentStatus consentStatusOf(const QString& text) {
-    for (const auto status : {ConsentStatus::kUnset, ConsentStatus::kGranted}) {
-        if (text == toText(status) || (text.isEmpty() && status == ConsentStatus::kUnset)) {
-            return status;
-        }
+    if (text.isEmpty() || text == toText(ConsentStatus::kUnset)) {
+        return ConsentStatus::kUnset;
     }
-    return ConsentStatus::kDenied;
+    return text == toText(ConsentStatus::kGranted) ? ConsentStatus::kGranted
+                                                   : ConsentStatus::kDenied;
 }
 
 const Consent::Answer& Consent::answer(ConsentKind kind) const {
@@ -81,7 +80,7 @@ QByteArray Consent::toJson() const {
     for (const ConsentKind kind : kConsentKinds) {
         QJsonObject json{{"status", toText(answer(kind).status)}};
         if (answer(kind).time) {
-            json.insert("time", QString::number(*answer(kind).time));
+            json.insert("time", *answer(kind).time);
         }
         content.insert(toText(kind), json);
     }
@@ -93,11 +92,10 @@ void Consent::read(const QByteArray& json) {
     for (const ConsentKind kind : kConsentKinds) {
         const QJsonObject read = content.value(toText(kind)).toObject();
         const QString status = read.value(u"status").toString(QStringLiteral("denied"));
-        bool hasTime = false;
-        const qint64 time = read.value(u"time").toString().toLongLong(&hasTime);
+        const QJsonValue time = read.value(u"time");
         answers_.at(indexOf(kind)) = {
             .status = status.isEmpty() ? ConsentStatus::kDenied : consentStatusOf(status),
-            .time = hasTime ? std::optional(time) : std::nullopt};
+            .time = time.isDouble() ? std::optional(time.toInteger()) : std::nullopt};
     }
     isPaused = content.value(kPaused).toBool();
     isErasureOwed = content.value(kErasureOwed).toBool();

@@ -1,8 +1,6 @@
 #include "analytics/Database.h"
 
-#include <fcntl.h>
 #include <sqlite3.h>
-#include <unistd.h>
 
 #include <utility>
 
@@ -42,12 +40,6 @@ Database::Database(const std::filesystem::path& path, Mode mode) {
     const int access =
         mode == Mode::kMake ? SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE : SQLITE_OPEN_READONLY;
     const int flags = access | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_NOFOLLOW | SQLITE_OPEN_EXRESCODE;
-    const int made = mode == Mode::kMake
-                         ? ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600)
-                         : -1;
-    if (made >= 0) {
-        ::close(made);
-    }
     note(sqlite3_open_v2(path.c_str(), &connection_, flags, nullptr));
     if (connection_ != nullptr) {
         sqlite3_busy_timeout(connection_, kPatienceMilliseconds);
@@ -114,11 +106,6 @@ void Database::script(const char* sql) {
     if (!failed()) {
         note(sqlite3_exec(connection_, sql, nullptr, nullptr, nullptr));
     }
-}
-
-void Database::hurry() {
-    // A checkpoint waits for the disk.
-    sqlite3_wal_autocheckpoint(connection_, 0);
 }
 
 sqlite3_stmt* Database::prepared(const char* sql) {

@@ -31,7 +31,7 @@ class Database {
   public:
     enum class Mode { kMake, kRead };
 
-    // Nothing is looked at yet. What is made is the user's alone.
+    // Nothing is looked at yet.
     Database(const std::filesystem::path& path, Mode mode);
     ~Database();
     Database(const Database&) = delete;
@@ -57,9 +57,6 @@ class Database {
     }
     // Several, which are not kept.
     void script(const char* sql);
-
-    // Nothing waits for the disk any more.
-    void hurry();
 
   private:
     [[nodiscard]] bool failed() const { return outcome_ != DatabaseOutcome::kDone; }

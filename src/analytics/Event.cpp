@@ -4,32 +4,23 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <utility>
 
 #include "platform/TextLength.h"
 
 namespace pellumar {
 namespace {
 
-using Error = MeasurementError;
-
-// What an event says of a parameter that broke a limit: the code and the name of the first one.
-const QString kErrorParameter = QStringLiteral("pz_error");
-const QString kErrorNameParameter = QStringLiteral("pz_error_name");
-
 bool isLetter(QChar c) {
     return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z');
 }
 
-Error nameError(const QString& name, qsizetype most) {
-    const bool isName = !name.isEmpty() && textLength(name) <= most && isLetter(name.front()) &&
-                        std::all_of(name.begin(), name.end(), [](QChar c) {
-                            return isLetter(c) || (c >= u'0' && c <= u'9') || c == u'_';
-                        });
-    if (!isName) {
-        return Error::kName;
-    }
-    return name.startsWith(kReservedPrefix) ? Error::kReservedName : Error::kNone;
+bool isName(const QString& name, qsizetype most) {
+    return !name.isEmpty() && textLength(name) <= most && isLetter(name.front()) &&
+           std::all_of(
+               name.begin(),
+               name.end(),
+               [](QChar c) { return isLetter(c) || (c >= u'0' && c <= u'9') || c == u'_'; }) &&
+           !name.startsWith(kReservedPrefix);
 }
 
 // In memory of its own.
@@ -38,83 +29,68 @@ QString copied(const QString& text) {
 }
 
 Checked<QString> cutTo(const QString& text, qsizetype most) {
-    if (textLength(text) <= most) {
-        return {.value = copied(text)};
-    }
-    return {.value = textCutTo(text, most), .error = Error::kTextCut};
+    const bool isShort = textLength(text) <= most;
+    return {.value = isShort ? copied(text) : textCutTo(text, most), .isWhole = isShort};
 }
 
-Checked<QVariant> checkParameter(const QString& name, const QVariant& given) {
-    const auto as = [](const auto& value) {
-        return Checked<QVariant>{.value = QVariant::fromValue(value)};
-    };
-    const auto wrong = [] {
-        return Checked<QVariant>{.value = {}, .error = Error::kParameterType};
-    };
-    if (const Error error = nameError(name, Event::kMostNameLength); error != Error::kNone) {
-        return {.value = {}, .error = error};
-    }
+Checked<ParameterValue> valueOf(const QVariant& given) {
+    constexpr Checked<ParameterValue> kNone{.value = {}, .isWhole = false};
     switch (given.typeId()) {
         case QMetaType::Bool:
-            return as(given.toBool());
+            return {.value = given.toBool()};
         case QMetaType::Int:
         case QMetaType::UInt:
         case QMetaType::Long:
         case QMetaType::LongLong:
-            return as(given.toLongLong());
+            return {.value = given.toLongLong()};
         case QMetaType::ULong:
         case QMetaType::ULongLong:
             return given.toULongLong() <= quint64{std::numeric_limits<qint64>::max()}
-                       ? as(given.toLongLong())
-                       : wrong();
+                       ? Checked<ParameterValue>{.value = given.toLongLong()}
+                       : kNone;
         case QMetaType::Float:
         case QMetaType::Double:
-            return std::isfinite(given.toDouble()) ? as(given.toDouble()) : wrong();
+            return std::isfinite(given.toDouble())
+                       ? Checked<ParameterValue>{.value = given.toDouble()}
+                       : kNone;
         case QMetaType::QString: {
-            const auto text =
-                cutTo(*static_cast<const QString*>(given.constData()), Event::kMostTextLength);
-            return {.value = *text.value, .error = text.error};
+            const auto& text = *static_cast<const QString*>(given.constData());
+            Checked<QString> cut = cutTo(text, Event::kMostTextLength);
+            return {.value = std::move(*cut.value), .isWhole = cut.isWhole};
         }
         default:
-            return wrong();
+            return kNone;
     }
 }
 
 }  // namespace
 
 Checked<Event> Event::check(const QString& name, const QVariantMap& parameters) {
-    if (const Error error = nameError(name, kMostNameLength); error != Error::kNone) {
-        return {.value = {}, .error = error};
+    if (!isName(name, kMostNameLength)) {
+        return {.value = {}, .isWhole = false};
     }
-    Event event{.name = copied(name), .parameters = {}};
-    Error firstError = Error::kNone;
-    QString wrongName;
+    Checked<Event> checked{.value = Event{.name = copied(name), .parameters = {}}};
+    Parameters& kept = checked.value->parameters;
+    kept.reserve(static_cast<std::size_t>(std::min(parameters.size(), kMostParameters)));
     for (auto given = parameters.begin(); given != parameters.end(); ++given) {
-        Checked<QVariant> checked = checkParameter(given.key(), given.value());
-        if (checked.value && event.parameters.size() >= kMostParameters) {
-            checked = {.value = {}, .error = Error::kTooManyParameters};
+        const bool isAllowed =
+            kept.size() < kMostParameters && isName(given.key(), kMostNameLength);
+        Checked<ParameterValue> value = isAllowed ? valueOf(*given) : Checked<ParameterValue>();
+        if (value.value) {
+            kept.emplace_back(copied(given.key()), std::move(*value.value));
         }
-        if (checked.value) {
-            event.parameters.insert(event.parameters.cend(), copied(given.key()), *checked.value);
-        }
-        if (firstError == Error::kNone && checked.error != Error::kNone) {
-            firstError = checked.error;
-            wrongName = *cutTo(given.key(), kMostNameLength).value;
-        }
+        checked.isWhole = checked.isWhole && isAllowed && value.isWhole;
     }
-    if (firstError != Error::kNone) {
-        event.parameters.insert(kErrorParameter, static_cast<qint64>(firstError));
-        event.parameters.insert(kErrorNameParameter, wrongName);
-    }
-    return {.value = std::move(event), .error = firstError};
+    return checked;
 }
 
 Checked<UserProperty> UserProperty::check(const QString& name, const QString& value) {
-    if (const Error error = nameError(name, kMostNameLength); error != Error::kNone) {
-        return {.value = {}, .error = error};
+    if (!isName(name, kMostNameLength)) {
+        return {.value = {}, .isWhole = false};
     }
-    const Checked<QString> cut = cutTo(value, kMostLength);
-    return {.value = UserProperty{.name = copied(name), .value = *cut.value}, .error = cut.error};
+    Checked<QString> cut = cutTo(value, kMostLength);
+    return {.value = UserProperty{.name = copied(name), .value = std::move(*cut.value)},
+            .isWhole = cut.isWhole};
 }
 
 }  // namespace pellumar

@@ -11,8 +11,6 @@ namespace pellumar {
 namespace {
 
 constexpr int kTimeoutMilliseconds = 30'000;
-// An answer is a few words. What is longer is not read.
-constexpr qsizetype kMostAnswerBytes = 64 << 10;
 // Qt looks up an address again after a minute (QHostInfo's cache).
 constexpr std::chrono::seconds kWayKnown(50);
 
@@ -24,10 +22,6 @@ bool isThisMachine(const QUrl& url) {
 
 HttpTransport::HttpTransport(QUrl logsUrl, QString bearerToken)
     : url_(std::move(logsUrl)), bearerToken_(std::move(bearerToken)) {}
-
-HttpTransport::~HttpTransport() {
-    cancel();
-}
 
 std::function<std::unique_ptr<HttpTransport>()> HttpTransport::maker(const QString& address,
                                                                      const QString& bearerToken) {
@@ -63,28 +57,21 @@ void HttpTransport::send(const QByteArray& gzippedBody) {
     request.setAttribute(QNetworkRequest::Http2AllowedAttribute,
                          url_.scheme() == QLatin1String("https"));
     request.setTransferTimeout(kTimeoutMilliseconds);
-    body_.clear();
     reply_.reset(manager_->post(request, gzippedBody));
-    QObject::connect(reply_.get(), &QNetworkReply::readyRead, reply_.get(), [this] { receive(); });
-}
-
-void HttpTransport::receive() {
-    body_ += reply_->read(kMostAnswerBytes - body_.size());
-    // To break off would lose the status, and a final answer would pass for a lost connection.
-    reply_->skip(reply_->bytesAvailable());
+    // Nobody reads what an answer says. To break off would lose the status, and a final answer
+    // would pass for a lost connection.
+    QObject::connect(reply_.get(), &QNetworkReply::readyRead, reply_.get(), [this] {
+        reply_->skip(reply_->bytesAvailable());
+    });
 }
 
 std::optional<HttpTransport::Answer> HttpTransport::takeAnswer() {
     if (!reply_ || !reply_->isFinished()) {
         return std::nullopt;
     }
-    if (reply_->isOpen()) {
-        receive();
-    }
     const QNetworkReply::NetworkError error = reply_->error();
     Answer answer{
         .status = reply_->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt(),
-        .body = std::exchange(body_, {}),
         .contentType = reply_->rawHeader("Content-Type"),
         .retryAfter = reply_->rawHeader("Retry-After"),
     };
@@ -100,14 +87,6 @@ std::optional<HttpTransport::Answer> HttpTransport::takeAnswer() {
         wayKnown_.setRemainingTime(kWayKnown);
     }
     return answer;
-}
-
-void HttpTransport::cancel() {
-    if (reply_) {
-        reply_->disconnect();
-        reply_->abort();
-        reply_.reset();
-    }
 }
 
 bool HttpTransport::knowsTheWay() const {

@@ -18,14 +18,13 @@ class HttpTransport {
     struct Answer {
         // Of HTTP; 0: there was no answer, or none of the collector.
         int status = 0;
-        QByteArray body;
         QByteArray contentType;
         // The header, as it stands.
         QByteArray retryAfter;
     };
 
     HttpTransport(QUrl logsUrl, QString bearerToken);
-    virtual ~HttpTransport();
+    virtual ~HttpTransport() = default;
     HttpTransport(const HttpTransport&) = delete;
     HttpTransport& operator=(const HttpTransport&) = delete;
 
@@ -42,14 +41,12 @@ class HttpTransport {
     // The answer, once; nothing while there is none. The event loop is woken when it comes.
     [[nodiscard]] virtual std::optional<Answer> takeAnswer();
     // Forgets the batch that is on its way; it may have arrived nevertheless.
-    void cancel();
+    void cancel() { reply_.reset(); }
     // Whether sending is known not to begin with a search for the server, which may hold up the end
     // of the process.
     [[nodiscard]] bool knowsTheWay() const;
 
   private:
-    void receive();
-
     const QUrl url_;
     const QString bearerToken_;
     // For so long after an answer, no server has to be looked for.
@@ -57,7 +54,6 @@ class HttpTransport {
     // Made for the first batch: most of the engine's memory is behind it.
     std::unique_ptr<QNetworkAccessManager> manager_;
     std::unique_ptr<QNetworkReply> reply_;
-    QByteArray body_;
 };
 
 }  // namespace pellumar

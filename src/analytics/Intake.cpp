@@ -3,15 +3,8 @@
 #include <utility>
 
 namespace pellumar {
-namespace {
 
-bool isActivity(const Accepted& item) {
-    return std::holds_alternative<ActivityChange>(item.what);
-}
-
-}  // namespace
-
-void Intake::add(Accepted item) {
+void Intake::add(Accepted&& item) {
     const std::lock_guard lock(mutex_);
     if (const auto* const change = std::get_if<ActivityChange>(&item.what)) {
         isInFront_ = change->inFront;
@@ -21,12 +14,8 @@ void Intake::add(Accepted item) {
     }
 }
 
-void Intake::put(Accepted item) {
-    const bool isFull = items_.size() + taken_ >= kCapacity;
-    if (isFull && isActivity(item) && !items_.empty() && isActivity(items_.back())) {
-        // The last word counts.
-        items_.back() = std::move(item);
-    } else if (isFull && !isActivity(item)) {
+void Intake::put(Accepted&& item) {
+    if (items_.size() + taken_ >= kCapacity) {
         ++dropped_;
     } else {
         items_.push_back(std::move(item));

@@ -39,7 +39,7 @@ class Intake {
     static constexpr std::size_t kCapacity = 1024;
 
     // From any thread, these.
-    void add(Accepted item);
+    void add(Accepted&& item);
     // Something broke a limit, and was dropped or cut.
     void noteInvalid();
     void answer(const Answer& answer);
@@ -87,7 +87,7 @@ class Intake {
     [[nodiscard]] QDeadlineTimer deadline() const;
 
   private:
-    void put(Accepted item);
+    void put(Accepted&& item);
     void wake();
 
     mutable std::mutex mutex_;

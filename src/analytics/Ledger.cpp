@@ -5,15 +5,6 @@
 #include "analytics/MeasurementFolder.h"
 
 namespace pellumar {
-namespace {
-
-bool isThere(const std::filesystem::path& file) {
-    std::error_code error;
-    return std::filesystem::symlink_status(file, error).type() !=
-           std::filesystem::file_type::not_found;
-}
-
-}  // namespace
 
 Ledger::Ledger(const AnalyticsEnvironment& environment,
                const Rules& rules,
@@ -25,14 +16,15 @@ Ledger::Ledger(const AnalyticsEnvironment& environment,
 
 bool Ledger::record(const Intake::Work& work) {
     // Nothing is made before there is something to keep.
+    std::error_code error;
     if (!store_ && work.items.empty() && !rules_.consent.mayMeasure() &&
-        !isThere(MeasurementFolder::storeIn(environment_.folder))) {
+        !std::filesystem::exists(MeasurementFolder::storeIn(environment_.folder), error)) {
         return true;
     }
     // A damaged store is replaced at once.
     constexpr int kMostTries = 2;
     for (int i = 0; i < kMostTries; ++i) {
-        DatabaseOutcome outcome = open(work.isInFront);
+        DatabaseOutcome outcome = open();
         if (outcome == DatabaseOutcome::kDone) {
             outcome = recorder_.record(work);
         }
@@ -45,7 +37,7 @@ bool Ledger::record(const Intake::Work& work) {
     return false;
 }
 
-DatabaseOutcome Ledger::open(bool isInFront) {
+DatabaseOutcome Ledger::open() {
     if (store_) {
         return DatabaseOutcome::kDone;
     }
@@ -55,7 +47,7 @@ DatabaseOutcome Ledger::open(bool isInFront) {
         store_.reset();
         return outcome;
     }
-    recorder_.use(*store_, !isReplaced_, isInFront);
+    recorder_.use(*store_, !isReplaced_);
     if (transport_ != nullptr) {
         uploader_ = std::make_unique<Uploader>(*store_, *transport_, environment_.versions, rules_);
     }
@@ -73,20 +65,20 @@ void Ledger::recover(DatabaseOutcome outcome) {
 }
 
 bool Ledger::erase() {
-    bool isWiped = store_ && store_->wipe();
     close();
     isReplaced_ = true;
-    if (MeasurementFolder::clear(environment_.folder)) {
-        return true;
-    }
-    // Where one way is barred the other may be open.
-    isWiped = isWiped || AnalyticsStore(environment_.folder).wipe();
-    return isWiped && !isThere(MeasurementFolder::crashIn(environment_.folder));
+    return MeasurementFolder::clear(environment_.folder);
 }
 
 void Ledger::close() {
     uploader_.reset();
     store_.reset();
+}
+
+void Ledger::stopSending() {
+    if (uploader_) {
+        uploader_->cancel();
+    }
 }
 
 void Ledger::hurry() {

@@ -18,8 +18,10 @@ class Ledger {
 
     // False if it could not be written.
     [[nodiscard]] bool record(const Intake::Work& work);
-    // Leaves nothing of what was recorded, nor of a crash. False if something is left.
+    // Removes what was recorded, and the marker of a crash. False if something is left.
     [[nodiscard]] bool erase();
+    // Breaks off what is being sent.
+    void stopSending();
     // Closes a store that cannot be used, and removes one that is damaged.
     void recover(DatabaseOutcome outcome);
 
@@ -31,7 +33,7 @@ class Ledger {
     void hurry();
 
   private:
-    [[nodiscard]] DatabaseOutcome open(bool isInFront);
+    [[nodiscard]] DatabaseOutcome open();
     void close();
 
     const AnalyticsEnvironment& environment_;

@@ -26,11 +26,14 @@ MeasurementConfig MeasurementConfig::read(const MeasurementParameters& parameter
     if (!parameters) {
         return config;
     }
-    const auto number = [&](const QString& key, int least, int most, auto otherwise) {
-        const int text = numberOf(parameters(key)).value_or(static_cast<int>(otherwise));
-        return std::clamp(text, least, most);
+    const auto read = [&](int& value, const char* key, int least, int most) {
+        value = std::clamp(numberOf(parameters(QLatin1String(key))).value_or(value), least, most);
     };
-    config.samplingPermille = number(QStringLiteral("measurement_sampling"), 0, kAll, kAll);
+    read(config.samplingPermille, "measurement_sampling", 0, kAll);
+    read(config.batchEvents, "measurement_batch_events", 1, 1000);
+    read(config.intervalSeconds, "measurement_interval_seconds", 60, 24 * 60 * 60);
+    read(config.retentionDays, "measurement_retention_days", 1, 60);
+    read(config.identifierDays, "measurement_identifier_days", 1, 365);
     for (const QString& item : itemsOf(parameters(QStringLiteral("measurement_event_sampling")))) {
         if (const std::optional<int> permille = numberOf(item.section(u'=', 1))) {
             config.eventSamplingPermille[item.section(u'=', 0, 0).trimmed()] =
@@ -40,23 +43,12 @@ MeasurementConfig MeasurementConfig::read(const MeasurementParameters& parameter
     for (const QString& name : itemsOf(parameters(QStringLiteral("measurement_blocked_events")))) {
         config.blockedEvents.insert(name.trimmed());
     }
-    config.batchEvents =
-        number(QStringLiteral("measurement_batch_events"), 1, 1000, config.batchEvents);
-    config.interval = std::chrono::seconds(number(
-        QStringLiteral("measurement_interval_seconds"), 60, 24 * 60 * 60, config.interval.count()));
-    config.retention = std::chrono::days(
-        number(QStringLiteral("measurement_retention_days"), 1, 60, config.retention.count()));
-    config.identifierLife = std::chrono::days(number(
-        QStringLiteral("measurement_identifier_days"), 1, 365, config.identifierLife.count()));
     return config;
 }
 
 int MeasurementConfig::samplingOf(const QString& event) const {
-    const auto own = eventSamplingPermille.find(event);
-    if (own != eventSamplingPermille.end()) {
-        return own->second;
-    }
-    return event.startsWith(kReservedPrefix) ? kAll : samplingPermille;
+    const int otherwise = event.startsWith(kReservedPrefix) ? kAll : samplingPermille;
+    return eventSamplingPermille.value(event, otherwise);
 }
 
 }  // namespace pellumar

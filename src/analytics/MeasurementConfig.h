@@ -1,11 +1,9 @@
 #pragma once
 
+#include <QMap>
 #include <QSet>
 #include <QString>
-#include <QtGlobal>
-#include <chrono>
 #include <functional>
-#include <map>
 
 namespace pellumar {
 
@@ -21,19 +19,19 @@ struct MeasurementConfig {
     // some by name, automatic ones as well.
     // "measurement_sampling": a number; "measurement_event_sampling": "name=number,name=number".
     int samplingPermille = kAll;
-    std::map<QString, int> eventSamplingPermille;
+    QMap<QString, int> eventSamplingPermille;
     // Neither kept nor counted. "measurement_blocked_events": "name,name".
     QSet<QString> blockedEvents;
     // A batch is sent when so many events wait, 1 to 1000. "measurement_batch_events".
     int batchEvents = 100;
     // Or when so much time has passed since the last one, a minute to a day.
     // "measurement_interval_seconds".
-    std::chrono::seconds interval{15 * 60};
-    // How long an event waits to be sent, 1 to 60 days. "measurement_retention_days".
-    std::chrono::days retention{30};
-    // How long an installation is known by the same identifier, 1 to 365 days.
+    int intervalSeconds = 15 * 60;
+    // How long an event waits to be sent, 1 to 60. "measurement_retention_days".
+    int retentionDays = 30;
+    // How long an installation is known by the same identifier, 1 to 365.
     // "measurement_identifier_days".
-    std::chrono::days identifierLife{90};
+    int identifierDays = 90;
 
     [[nodiscard]] static MeasurementConfig read(const MeasurementParameters& parameters);
 

@@ -22,23 +22,6 @@ constexpr std::array kMeasured = {"usage.db-wal",
                                   "usage.db",
                                   "crash"};
 
-bool makePrivate(const fs::path& folder) {
-    std::error_code error;
-    fs::create_directories(folder, error);
-    if (error || !fs::is_directory(folder, error)) {
-        return false;
-    }
-    fs::permissions(folder, fs::perms::owner_all, error);
-    for (fs::directory_iterator each(folder, error), end; !error && each != end;
-         each.increment(error)) {
-        std::error_code ignored;
-        if (fs::is_regular_file(each->symlink_status(ignored))) {
-            fs::permissions(each->path(), fs::perms::owner_read | fs::perms::owner_write, ignored);
-        }
-    }
-    return !error;
-}
-
 }  // namespace
 
 MeasurementFolder::~MeasurementFolder() {
@@ -51,7 +34,11 @@ bool MeasurementFolder::hold() {
     if (lock_ >= 0) {
         return true;
     }
-    if (!makePrivate(path_)) {
+    std::error_code error;
+    if (fs::create_directories(path_, error); !error) {
+        fs::permissions(path_, fs::perms::owner_all, error);
+    }
+    if (error) {
         return false;
     }
     const int file =
@@ -85,8 +72,7 @@ std::optional<QByteArray> MeasurementFolder::readConsent() const {
 bool MeasurementFolder::writeConsent(const QByteArray& json) const {
     QSaveFile file(QFile::decodeName(consentIn(path_).c_str()));
     // Without room, Qt 6.4 commits a file that is empty unless it has been flushed before.
-    return file.open(QIODevice::WriteOnly) && file.write(json) == json.size() &&
-           file.setPermissions(QFile::ReadOwner | QFile::WriteOwner) && file.flush() &&
+    return file.open(QIODevice::WriteOnly) && file.write(json) == json.size() && file.flush() &&
            file.commit();
 }
 

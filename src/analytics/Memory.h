@@ -9,6 +9,20 @@
 
 namespace pellumar {
 
+// Why something was lost, as it leaves the machine.
+namespace loss {
+// The application was faster than the disk.
+inline const QString kQueueFull = QStringLiteral("queue_full");
+// An event, a parameter or a property that broke a limit.
+inline const QString kInvalid = QStringLiteral("invalid");
+// Left out by sampling.
+inline const QString kSampledOut = QStringLiteral("sampled_out");
+// The oldest, for want of room.
+inline const QString kNoRoom = QStringLiteral("no_room");
+// Too old.
+inline const QString kExpired = QStringLiteral("expired");
+}  // namespace loss
+
 // What is known from one process to the next beside the events and their counts. Its properties are
 // what is kept of it. Times are milliseconds, moments since 1970 in UTC.
 struct Memory {
@@ -19,14 +33,11 @@ struct Memory {
     Q_PROPERTY(QString session MEMBER session)
     Q_PROPERTY(qint64 last_seen MEMBER lastSeen)
     Q_PROPERTY(qint64 engagement MEMBER engagement)
-    Q_PROPERTY(bool opened MEMBER isOpened)
     Q_PROPERTY(QString app_version MEMBER applicationVersion)
     Q_PROPERTY(QString system_version MEMBER systemVersion)
     Q_PROPERTY(QString crash_told MEMBER toldCrash)
-    Q_PROPERTY(qint64 upload_failures MEMBER failures)
+    Q_PROPERTY(qint64 upload_backoff MEMBER backoff)
     Q_PROPERTY(qint64 upload_held_until MEMBER heldUntil)
-    Q_PROPERTY(qint64 clock_seen MEMBER clockSeen)
-    Q_PROPERTY(qint64 clock_steady_since MEMBER clockSteadySince)
     Q_PROPERTY(QVariantMap user_properties MEMBER properties)
     Q_PROPERTY(QVariantMap audiences MEMBER audiences)
     Q_PROPERTY(QVariantMap losses MEMBER losses)
@@ -45,19 +56,14 @@ struct Memory {
     // How long the user has looked that no event has told yet.
     qint64 engagement = 0;
 
-    // What the automatic events were told of.
-    bool isOpened = false;
+    // What the automatic events were told of; no versions: there has been none.
     QString applicationVersion{};
     QString systemVersion{};
     QString toldCrash{};
 
     // How long the collector is left alone.
-    qint64 failures = 0;
+    qint64 backoff = 0;
     qint64 heldUntil = 0;
-
-    // How long the clock has been steady.
-    qint64 clockSeen = 0;
-    qint64 clockSteadySince = 0;
 
     // Texts by the names of the application's user properties.
     QVariantMap properties{};

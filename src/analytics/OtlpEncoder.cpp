@@ -15,21 +15,15 @@ namespace {
 constexpr int kInfo = 9;
 constexpr int kCompression = 6;
 
-QJsonObject valueOf(const QVariant& value) {
-    switch (value.typeId()) {
-        case QMetaType::Bool:
-            return {{"boolValue", value.toBool()}};
-        case QMetaType::LongLong:
-            return {{"intValue", value.toString()}};
-        case QMetaType::Double:
-            return {{"doubleValue", value.toDouble()}};
-        default:
-            return {{"stringValue", value.toString()}};
-    }
-}
+struct ValueOf {
+    QJsonObject operator()(bool value) const { return {{"boolValue", value}}; }
+    QJsonObject operator()(qint64 value) const { return {{"intValue", QString::number(value)}}; }
+    QJsonObject operator()(double value) const { return {{"doubleValue", value}}; }
+    QJsonObject operator()(const QString& value) const { return {{"stringValue", value}}; }
+};
 
-void add(QJsonArray& attributes, const QString& key, const QVariant& value) {
-    attributes.append(QJsonObject{{"key", key}, {"value", valueOf(value)}});
+void add(QJsonArray& attributes, const QString& key, const ParameterValue& value) {
+    attributes.append(QJsonObject{{"key", key}, {"value", std::visit(ValueOf(), value)}});
 }
 
 // To the minute: nobody has to know more.
@@ -55,7 +49,7 @@ QJsonObject resourceOf(const ProductVersions& versions,
     }
     const QString property = QStringLiteral("pz.user_property.");
     for (auto each = memory.properties.begin(); each != memory.properties.end(); ++each) {
-        add(attributes, property + each.key(), *each);
+        add(attributes, property + each.key(), each->toString());
     }
     for (auto each = memory.audiences.begin(); each != memory.audiences.end(); ++each) {
         if (!each->toBool() || consent.maySendAdvertisingData()) {
@@ -93,13 +87,10 @@ QJsonObject recordOf(const StoredEvent& event, const QString& installation) {
 
 }  // namespace
 
-QByteArray encode(const QVariantMap& parameters) {
-    if (parameters.isEmpty()) {
-        return "[]";
-    }
+QByteArray encode(const Event::Parameters& parameters) {
     QJsonArray attributes;
-    for (auto each = parameters.begin(); each != parameters.end(); ++each) {
-        add(attributes, each.key(), *each);
+    for (const auto& [name, value] : parameters) {
+        add(attributes, name, value);
     }
     return QJsonDocument(attributes).toJson(QJsonDocument::Compact);
 }
@@ -132,15 +123,6 @@ QByteArray gzip(const QByteArray& bytes) {
     compressed.resize(static_cast<qsizetype>(libdeflate_gzip_compress(
         compressor.get(), bytes.constData(), size, compressed.data(), bound)));
     return compressed;
-}
-
-qint64 rejectedRecords(const QByteArray& body) {
-    const QJsonValue rejected = QJsonDocument::fromJson(body)
-                                    .object()
-                                    .value(u"partialSuccess")
-                                    .toObject()
-                                    .value(u"rejectedLogRecords");
-    return rejected.isString() ? rejected.toString().toLongLong() : rejected.toInteger();
 }
 
 }  // namespace pellumar::otlp

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QByteArray>
-#include <QVariantMap>
 #include <vector>
 
 #include "analytics/AnalyticsEnvironment.h"
@@ -13,7 +12,7 @@ namespace pellumar {
 namespace otlp {
 
 // A list of attributes.
-[[nodiscard]] QByteArray encode(const QVariantMap& parameters);
+[[nodiscard]] QByteArray encode(const Event::Parameters& parameters);
 
 // The body of POST /v1/logs, an ExportLogsServiceRequest. `events` must not be empty: an envelope
 // without a letter is not sent. Moments are those of the minute.
@@ -24,10 +23,6 @@ namespace otlp {
 
 // RFC 1952. Empty if there is not enough memory.
 [[nodiscard]] QByteArray gzip(const QByteArray& bytes);
-
-// How many records of a batch a collector has rejected that took the others, by the body of its
-// answer, an ExportLogsServiceResponse. None if it is something else.
-[[nodiscard]] qint64 rejectedRecords(const QByteArray& body);
 
 }  // namespace otlp
 }  // namespace pellumar

@@ -20,36 +20,21 @@ const QString kAppUpdate = QStringLiteral("pz_app_update");
 const QString kSystemUpdate = QStringLiteral("pz_system_update");
 const QString kCrash = QStringLiteral("pz_crash");
 
-// The wall clock is believed when it says that time has passed if it has gone on for a day without
-// a leap: back, or forward by more than a month. One that was set to another year would have
-// everything expire at once.
 constexpr qint64 kDay = 24LL * 60 * 60 * 1000;
-constexpr qint64 kProbation = kDay;
-constexpr qint64 kLongestGap = 30 * kDay;
 
 QString random() {
     return QUuid::createUuid().toString(QUuid::WithoutBraces);
 }
 
-bool isChosen(const QString& name, const MeasurementConfig& config) {
-    const int permille = config.samplingOf(name);
-    return permille >= MeasurementConfig::kAll ||
-           QRandomGenerator::global()->bounded(MeasurementConfig::kAll) < permille;
-}
-
-qint64 milliseconds(std::chrono::milliseconds duration) {
-    return duration.count();
-}
-
 }  // namespace
 
-void Recorder::use(AnalyticsStore& store, bool isFirst, bool isInFront) {
+void Recorder::use(AnalyticsStore& store, bool isFirst) {
     store_ = &store;
     isFirst_ = isFirst;
     lastUpkeep_.reset();
     isStartTold_ = false;
     if (seen_.last) {
-        seen_ = {.last = environment_.now(), .inFront = isInFront};
+        seen_.last = environment_.now();
     }
 }
 
@@ -59,6 +44,7 @@ DatabaseOutcome Recorder::record(const Intake::Work& work) {
     const bool isStart = mayMeasure && !isStartTold_;
     const bool isUpkeep = !lastUpkeep_ || measured_ != mayMeasure || now - *lastUpkeep_ >= kDay;
     if (work.items.empty() && work.dropped + work.invalid == 0 && !isStart && !isUpkeep) {
+        seen_.inFront = work.isInFront;
         return DatabaseOutcome::kDone;
     }
     const Seen before = seen_;
@@ -84,12 +70,13 @@ DatabaseOutcome Recorder::record(const Intake::Work& work) {
             take(*change, item.moment);
         }
     }
-    memory.isOpened = memory.isOpened || !isFirst_;
     const DatabaseOutcome outcome = store_->write(change_);
     if (outcome != DatabaseOutcome::kDone) {
         seen_ = before;
         return outcome;
     }
+    // Not all of it was among the items, if the consent was against it.
+    seen_.inFront = work.isInFront;
     isStartTold_ = isStartTold_ || isStart;
     lastUpkeep_ = isUpkeep ? now : lastUpkeep_;
     measured_ = mayMeasure;
@@ -117,8 +104,8 @@ void Recorder::tellStart(const std::optional<CrashReport>& crash) {
               {QStringLiteral("pz_stack"), crash->stack}},
              crash->time > 0 && crash->time <= now.wall ? crash->time : now.wall);
     }
-    tellEngagement(memory.lastSeen);
-    if (!std::exchange(memory.isOpened, true) && isFirst_) {
+    tellEngagement();
+    if (memory.applicationVersion.isEmpty() && isFirst_) {
         touch(now);
         tell(kFirstOpen, {}, now.wall);
     }
@@ -138,14 +125,8 @@ void Recorder::follow(QString Memory::*kept, const QString& version, const QStri
 void Recorder::tidy() {
     const qint64 now = environment_.now().wall;
     Memory& memory = change_.memory;
-    const bool isSteady =
-        memory.clockSeen > 0 && now >= memory.clockSeen && now - memory.clockSeen <= kLongestGap;
-    memory.clockSeen = now;
-    memory.clockSteadySince = isSteady ? memory.clockSteadySince : now;
-    if (now - memory.clockSteadySince >= kProbation) {
-        change_.tooOld = now - milliseconds(rules_.config.retention);
-        change_.today = localDay(now);
-    }
+    change_.tooOld = now - rules_.config.retentionDays * kDay;
+    change_.today = localDay(now);
     change_.forgetsAutomatic = !rules_.consent.mayMeasure() && !rules_.consent.isPaused;
     if (change_.forgetsAutomatic) {
         memory.engagement = 0;
@@ -169,7 +150,7 @@ void Recorder::take(const ActivityChange& change, const Moment& moment) {
     see(moment);
     seen_.inFront = change.inFront;
     if (!change.inFront) {
-        tellEngagement(moment.wall);
+        tellEngagement();
     }
 }
 
@@ -206,7 +187,7 @@ void Recorder::touch(const Moment& moment) {
         see(moment);
         return;
     }
-    tellEngagement(memory.lastSeen);
+    tellEngagement();
     see(moment);
     // What was looked at before it is of no session.
     memory.engagement = 0;
@@ -215,9 +196,10 @@ void Recorder::touch(const Moment& moment) {
     tell(kSessionStart, {{QStringLiteral("pz_session_number"), memory.sessionNumber}}, moment.wall);
 }
 
-void Recorder::tellEngagement(qint64 wall) {
-    if (const qint64 engagement = std::exchange(change_.memory.engagement, 0); engagement > 0) {
-        tell(kEngagement, {{QStringLiteral("pz_engagement_ms"), engagement}}, wall);
+void Recorder::tellEngagement() {
+    Memory& memory = change_.memory;
+    if (const qint64 engagement = std::exchange(memory.engagement, 0); engagement > 0) {
+        tell(kEngagement, {{QStringLiteral("pz_engagement_ms"), engagement}}, memory.lastSeen);
     }
 }
 
@@ -225,7 +207,7 @@ void Recorder::renewIdentifier(const Moment& now) {
     Memory& memory = change_.memory;
     // A clock that was set back begins anew.
     memory.installedAt = std::min(memory.installedAt, now.wall);
-    const bool isOld = now.wall - memory.installedAt >= milliseconds(rules_.config.identifierLife);
+    const bool isOld = now.wall - memory.installedAt >= rules_.config.identifierDays * kDay;
     // What is still to leave under the old one would connect the two.
     if (memory.installation.isEmpty() || !isOld || !change_.events.empty() ||
         store_->waiting(1) > 0) {
@@ -238,7 +220,7 @@ void Recorder::renewIdentifier(const Moment& now) {
     memory.losses.clear();
 }
 
-void Recorder::tell(const QString& name, const QVariantMap& parameters, qint64 wall) {
+void Recorder::tell(const QString& name, const Event::Parameters& parameters, qint64 wall) {
     if (rules_.consent.mayMeasure()) {
         add({.name = name, .parameters = parameters}, wall);
     }
@@ -249,7 +231,8 @@ void Recorder::add(const Event& event, qint64 wall) {
         return;
     }
     ++change_.counts[{event.name, localDay(wall)}];
-    if (!isChosen(event.name, rules_.config)) {
+    if (QRandomGenerator::global()->bounded(MeasurementConfig::kAll) >=
+        rules_.config.samplingOf(event.name)) {
         change_.memory.lose(loss::kSampledOut, 1);
         return;
     }

@@ -22,9 +22,9 @@ class Recorder {
     Recorder(const AnalyticsEnvironment& environment, const Rules& rules)
         : environment_(environment), rules_(rules) {}
 
-    // Writes to `store` from here on, in the middle of a process perhaps, with the application in
-    // front or not. Not `isFirst`: it follows one that was erased or damaged.
-    void use(AnalyticsStore& store, bool isFirst, bool isInFront);
+    // Writes to `store` from here on, in the middle of a process perhaps. Not `isFirst`: it follows
+    // one that was erased or damaged.
+    void use(AnalyticsStore& store, bool isFirst);
 
     // Under a consent that allows automatic events, those of a start and the last process' crash
     // come first, once.
@@ -41,7 +41,7 @@ class Recorder {
 
     void tellStart(const std::optional<CrashReport>& crash);
     void follow(QString Memory::*kept, const QString& version, const QString& event);
-    // Forgets what is too old, by a clock that can be believed, and what may not be kept any more.
+    // Forgets what is too old and what may not be kept any more.
     // Once a day, at every start and under every other consent.
     void tidy();
     void take(const Event& event, const Moment& moment);
@@ -51,10 +51,10 @@ class Recorder {
     void see(const Moment& moment);
     // The same, and begins another session after an absence.
     void touch(const Moment& moment);
-    void tellEngagement(qint64 wall);
+    void tellEngagement();
     void renewIdentifier(const Moment& now);
     // Made by the engine, if it may.
-    void tell(const QString& name, const QVariantMap& parameters, qint64 wall);
+    void tell(const QString& name, const Event::Parameters& parameters, qint64 wall);
     // Counts the event and keeps it, unless the configuration is against it.
     void add(const Event& event, qint64 wall);
 

@@ -10,16 +10,12 @@
 namespace pellumar {
 namespace {
 
-// Of two, so that nothing overflows.
-constexpr qint64 kMostDoublings = 12;
-
 // OTLP/HTTP, "Failures" and "Throttling".
 bool isWorthAnotherTry(const HttpTransport::Answer& answer) {
     const int status = answer.status;
     if (status >= 200 && status < 300) {
         // A page for people is from something on the way, which has not passed anything on.
-        return answer.contentType.toLower().contains("html") ||
-               answer.body.trimmed().startsWith('<');
+        return answer.contentType.toLower().contains("html");
     }
     // A redirect is not from a collector either.
     return status < 400 || status == 429 || status == 502 || status == 503 || status == 504;
@@ -28,11 +24,9 @@ bool isWorthAnotherTry(const HttpTransport::Answer& answer) {
 }  // namespace
 
 void RetryHold::fail(qint64 now, const QByteArray& retryAfter, double chance) {
-    const qint64 longest =
-        std::min(kFirstWait << std::min(failures, kMostDoublings), kLongestBackoff);
+    backoff = std::clamp(2 * backoff, kFirstWait, kLongestBackoff);
     // At least half of it, so that the collector is spared in any case.
-    const qint64 half = longest / 2;
-    ++failures;
+    const qint64 half = backoff / 2;
     until = retryMoment(retryAfter, now)
                 .value_or(now + half + static_cast<qint64>(chance * static_cast<double>(half)));
 }
@@ -49,10 +43,10 @@ Uploader::Uploader(AnalyticsStore& store,
       transport_(transport),
       versions_(versions),
       rules_(rules),
-      hold_{.failures = store.memory().failures, .until = store.memory().heldUntil} {}
+      hold_{.backoff = store.memory().backoff, .until = store.memory().heldUntil} {}
 
-Uploader::~Uploader() {
-    if (underway_ > 0) {
+void Uploader::cancel() {
+    if (std::exchange(underway_, 0) > 0) {
         transport_.cancel();
     }
 }
@@ -62,7 +56,7 @@ DatabaseOutcome Uploader::poll(const Moment& now, qint64 idleIn) {
     if (outcome != DatabaseOutcome::kDone || nextPoll(now, idleIn) != 0) {
         return outcome;
     }
-    draining_ = true;
+    drained_.reset();
     return sendBatch();
 }
 
@@ -82,9 +76,9 @@ std::optional<qint64> Uploader::nextPoll(const Moment& now, qint64 idleIn) {
         return std::nullopt;
     }
     qint64 dueIn = 0;
-    if (!draining_ && drained_ && waiting < batch) {
-        const std::chrono::milliseconds interval = rules_.config.interval;
-        dueIn = std::max<qint64>(0, *drained_ + interval.count() - now.elapsed);
+    if (drained_ && waiting < batch) {
+        const qint64 interval = qint64{rules_.config.intervalSeconds} * 1000;
+        dueIn = std::max<qint64>(0, *drained_ + interval - now.elapsed);
     }
     return std::max({idleIn, hold_.waitAt(now.wall), dueIn});
 }
@@ -96,7 +90,6 @@ DatabaseOutcome Uploader::takeAnswer(const Moment& now) {
     }
     const DatabaseOutcome outcome = settle(*answer, now.wall);
     if (store_.waiting(1) == 0) {
-        draining_ = false;
         drained_ = now.elapsed;
     }
     return outcome;
@@ -109,13 +102,9 @@ DatabaseOutcome Uploader::settle(const HttpTransport::Answer& answer, qint64 now
         hold_.fail(now, answer.retryAfter, QRandomGenerator::global()->generateDouble());
     } else {
         hold_ = {};
-        change.gone = lastUnderway_;
-        change.memory.lose(loss::kRefused,
-                           answer.status >= 400
-                               ? sent
-                               : std::clamp<qint64>(otlp::rejectedRecords(answer.body), 0, sent));
+        change.gone = sent;
     }
-    change.memory.failures = hold_.failures;
+    change.memory.backoff = hold_.backoff;
     change.memory.heldUntil = hold_.until;
     const DatabaseOutcome outcome = store_.write(change);
     if (outcome != DatabaseOutcome::kDone && change.gone > 0) {
@@ -130,8 +119,7 @@ DatabaseOutcome Uploader::sendBatch() {
     if (!events.empty()) {
         transport_.send(
             otlp::gzip(otlp::encode(versions_, rules_.consent, store_.memory(), events)));
-        underway_ = static_cast<qint64>(events.size());
-        lastUnderway_ = events.back().row;
+        underway_ = events.back().row;
     }
     return store_.takeOutcome();
 }

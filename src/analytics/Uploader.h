@@ -13,7 +13,8 @@ struct RetryHold {
     static constexpr qint64 kFirstWait = 10'000;
     static constexpr qint64 kLongestBackoff = 60LL * 60 * 1000;
 
-    qint64 failures = 0;
+    // The longest that the last failure may have brought about; 0: there was none.
+    qint64 backoff = 0;
     qint64 until = 0;
 
     // A failure at `now`, with the header Retry-After if there was one. `chance` is from 0 to 1.
@@ -36,8 +37,7 @@ class Uploader {
              HttpTransport& transport,
              const ProductVersions& versions,
              const Rules& rules);
-    // Cancels what is on its way.
-    ~Uploader();
+    ~Uploader() { cancel(); }
     Uploader(const Uploader&) = delete;
     Uploader& operator=(const Uploader&) = delete;
 
@@ -47,6 +47,8 @@ class Uploader {
     // Sends whatever there is, without regard to idleness and size, but to the hold. False if
     // nothing is on its way.
     [[nodiscard]] bool hurry(const Moment& now);
+    // Forgets the batch that is on its way, which stays in the store.
+    void cancel();
     // After how many milliseconds poll() has something to do if nothing comes meanwhile; nothing:
     // never.
     [[nodiscard]] std::optional<qint64> nextPoll(const Moment& now, qint64 idleIn);
@@ -61,12 +63,10 @@ class Uploader {
     const ProductVersions& versions_;
     const Rules& rules_;
     RetryHold hold_;
-    // The last row that is on its way, and how many are; none: 0.
-    qint64 lastUnderway_ = 0;
+    // The last row that is on its way; none: 0.
     qint64 underway_ = 0;
-    // A batch was due, and what there is more goes with it.
-    bool draining_ = false;
-    // When there was last nothing left, by the clock that nobody sets.
+    // When there was last nothing left, by the clock that nobody sets. Nothing once a batch was
+    // due: what there is more goes with it.
     std::optional<qint64> drained_;
 };
 

@@ -40,7 +40,7 @@ AnalyticsEnvironment measurementEnvironment(
     environment.parameters = [remoteConfig](const QString& key) {
         return remoteConfig->objectForKeyedSubscript(key).stringValue.value_or(QString());
     };
-    environment.crashes = AnalyticsEnvironment::CrashCatching::kOn;
+    environment.catchesCrashes = true;
     return environment;
 }
 

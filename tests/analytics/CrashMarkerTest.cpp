@@ -35,7 +35,7 @@ int crash(const char* folder, std::string_view how) {
     environment.versions = {
         .serviceName = "child", .serviceVersion = "0.9", .osType = {}, .osVersion = {}};
     environment.consent = ConsentStatus::kGranted;
-    environment.crashes = AnalyticsEnvironment::CrashCatching::kOn;
+    environment.catchesCrashes = true;
     RunningEngine engine(std::move(environment));
     log(engine, "before");
     if (how == "fault") {
