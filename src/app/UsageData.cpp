@@ -11,6 +11,7 @@
 #include <utility>
 #include <vector>
 
+#include "analytics/AnalyticsStore.h"
 #include "events/EventNames.h"
 
 namespace pellumar {
@@ -55,36 +56,99 @@ QString detailOf(const QJsonObject& event) {
     return parts.join(QStringLiteral(" · "));
 }
 
+QString numberOf(qint64 number) {
+    return QLocale().toString(number);
+}
+
 QString summaryOf(std::size_t events) {
     if (events == 0) {
         return inWords("No event waits to be sent.");
     }
-    const QString number = QLocale().toString(static_cast<qulonglong>(events));
-    return events == 1
-               ? inWords("1 event. It stays on this device until it is sent.")
-               : inWords("%1 events. They stay on this device until they are sent.").arg(number);
+    return events == 1 ? inWords("1 event. It stays on this device until it is sent.")
+                       : inWords("%1 events. They stay on this device until they are sent.")
+                             .arg(numberOf(static_cast<qint64>(events)));
+}
+
+QVariantMap row(const QString& title, const QString& detail, bool isHeading = false) {
+    return {{"title", title}, {"detail", detail}, {"isHeading", isHeading}};
+}
+
+QVariantMap heading(const char* title) {
+    return row(inWords(title), {}, true);
+}
+
+// "Name: value · name: value".
+QString listed(const QJsonObject& values) {
+    QStringList parts;
+    for (auto each = values.begin(); each != values.end(); ++each) {
+        parts.append(each.key() + QStringLiteral(": ") + each->toVariant().toString());
+    }
+    return parts.join(QStringLiteral(" · "));
+}
+
+QVariantList rowsOf(const QJsonObject& state) {
+    const QString identifier = state["installation"].toString();
+    QVariantList rows{
+        heading(QT_TRANSLATE_NOOP("UsageData", "This installation")),
+        identifier.isEmpty()
+            ? row(inWords("No identifier"), inWords("One is made up when an event is kept."))
+            : row(inWords("Identifier"),
+                  identifier + inWords(". Made up; goes with every event."))};
+    if (const qint64 sessions = state["session_number"].toInteger(); sessions > 0) {
+        const QDateTime last = QDateTime::fromMSecsSinceEpoch(state["last_seen"].toInteger());
+        rows.append(
+            row(inWords("Sessions"),
+                inWords("%1, the last on %2")
+                    .arg(numberOf(sessions), QLocale().toString(last, QLocale::ShortFormat))));
+    }
+    const std::array<std::pair<const char*, QString>, 3> lists = {{
+        {"user_properties", inWords("Properties, which go with every event")},
+        {"audiences", inWords("Groups that this installation belongs to")},
+        {"losses", inWords("What was lost, by the reason")},
+    }};
+    for (const auto& [key, title] : lists) {
+        if (const QJsonObject values = state[QLatin1String(key)].toObject(); !values.isEmpty()) {
+            rows.append(row(title, listed(values)));
+        }
+    }
+    return rows;
 }
 
 }  // namespace
 
 UsageData UsageData::of(const std::optional<QByteArray>& lines) {
     if (!lines) {
-        return {
-            .summary = inWords("What has been kept cannot be read."), .titles = {}, .details = {}};
+        return {.summary = inWords("What has been kept cannot be read."), .rows = {}};
     }
     std::vector<QJsonObject> events;
+    QVariantList installation;
+    QVariantList counts;
     for (const QByteArray& line : lines->split('\n')) {
-        QJsonObject row = QJsonDocument::fromJson(line).object();
-        if (row["table"] == QLatin1String("events")) {
-            events.push_back(std::move(row));
+        QJsonObject kept = QJsonDocument::fromJson(line).object();
+        const QString table = kept["table"].toString();
+        if (table == u"events") {
+            events.push_back(std::move(kept));
+        } else if (table == u"state") {
+            installation = rowsOf(kept);
+        } else if (table == u"counts" && kept["day"].toInteger() == AnalyticsStore::kEver) {
+            const qint64 total = kept["total"].toInteger();
+            counts.append(
+                row(titleOf(kept["name"].toString()),
+                    total == 1 ? inWords("Once") : inWords("%1 times").arg(numberOf(total))));
         }
     }
-    UsageData data{.summary = summaryOf(events.size()), .titles = {}, .details = {}};
-    for (auto event = events.rbegin(); event != events.rend() && data.titles.size() < kMostRows;
-         ++event) {
-        data.titles.append(titleOf((*event)["name"].toString()));
-        data.details.append(detailOf(*event));
+    UsageData data{.summary = summaryOf(events.size()), .rows = installation};
+    if (!counts.isEmpty()) {
+        data.rows << heading(QT_TRANSLATE_NOOP("UsageData", "How often, which is not sent"))
+                  << counts;
     }
+    if (!events.empty()) {
+        data.rows << heading(QT_TRANSLATE_NOOP("UsageData", "Events"));
+    }
+    const std::size_t shown = std::min(events.size(), kMostEvents);
+    std::for_each_n(events.rbegin(), shown, [&](const QJsonObject& event) {
+        data.rows << row(titleOf(event["name"].toString()), detailOf(event));
+    });
     return data;
 }
 

@@ -22,8 +22,7 @@ class UsageDataViewController : public pellumar::UIViewController {
     QML_ELEMENT
     QML_UNCREATABLE("Made in C++")
     Q_PROPERTY(QString summary READ summary NOTIFY changed)
-    Q_PROPERTY(QStringList titles READ titles NOTIFY changed)
-    Q_PROPERTY(QStringList details READ details NOTIFY changed)
+    Q_PROPERTY(QVariantList rows READ rows NOTIFY changed)
     // There is something to copy.
     Q_PROPERTY(bool canCopy READ canCopy NOTIFY changed)
 
@@ -36,8 +35,7 @@ class UsageDataViewController : public pellumar::UIViewController {
 
     bool goBack() override;
     [[nodiscard]] QString summary() const { return data_.summary; }
-    [[nodiscard]] QStringList titles() const { return data_.titles; }
-    [[nodiscard]] QStringList details() const { return data_.details; }
+    [[nodiscard]] QVariantList rows() const { return data_.rows; }
     [[nodiscard]] bool canCopy() const { return !lines_.isEmpty(); }
 
   signals:

@@ -54,33 +54,32 @@ Sheet {
             focus: count > 0
             activeFocusOnTab: count > 0
             boundsBehavior: Flickable.StopAtBounds
-            model: root.controller.titles
+            model: root.controller.rows
             ScrollBar.vertical: ScrollBar { Accessible.ignored: true }
             delegate: Column {
                 id: row
 
-                required property int index
-                required property string modelData
+                required property var modelData
 
                 x: Theme.space5
                 width: ListView.view.width - 2 * Theme.space5
-                topPadding: Theme.space2
+                topPadding: modelData.isHeading ? Theme.space4 : Theme.space2
                 bottomPadding: Theme.space2
-                Accessible.role: Accessible.ListItem
-                Accessible.name: title.text + ", " + detail.text
+                Accessible.role: modelData.isHeading ? Accessible.Heading : Accessible.ListItem
+                Accessible.name: modelData.isHeading ? title.text : title.text + ", " + detail.text
 
                 BodyText {
                     id: title
                     width: row.width
-                    text: row.modelData
+                    text: row.modelData.title
+                    font.weight: row.modelData.isHeading ? Theme.weightStrong : Font.Normal
                     Accessible.ignored: true
                 }
                 BodyText {
                     id: detail
                     width: row.width
-                    // qmllint disable unqualified
-                    text: root.controller.details[row.index] ?? ""
-                    // qmllint enable unqualified
+                    visible: text !== ""
+                    text: row.modelData.detail
                     font.pixelSize: Theme.fontCaption
                     color: Theme.textSecondary
                     Accessible.ignored: true

@@ -44,6 +44,13 @@ void showUsageData(Stage& stage, bool isAnyKept) {
                      R"(","parameters":[],"time":)" +
                      QByteArray::number(kMorning + 60'000 * ++minute) + "}\n";
         }
+        lines += R"({"table":"state","installation":"10944e7f-643c-4633-9dcb-8bbaa5cd15dc",)"
+                 R"("user_properties":{"participating_tests":"|1|"}})"
+                 "\n"
+                 R"({"table":"counts","name":"tapped_unzip","day":-1,"total":12})"
+                 "\n"
+                 R"({"table":"counts","name":"evaluated_app","day":-1,"total":1})"
+                 "\n";
         lines += R"({"table":"events","name":"evaluated_app","time":1784016600000,"parameters":)"
                  R"([{"key":"rating","value":{"intValue":"5"}}]})";
         return std::optional(isAnyKept ? lines : QByteArray());
