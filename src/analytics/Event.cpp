@@ -34,7 +34,7 @@ Checked<QString> cutTo(const QString& text, qsizetype most) {
 }
 
 Checked<ParameterValue> valueOf(const QVariant& given) {
-    constexpr Checked<ParameterValue> kNone{.value = {}, .isWhole = false};
+    Checked<ParameterValue> none{.value = {}, .isWhole = false};
     switch (given.typeId()) {
         case QMetaType::Bool:
             return {.value = given.toBool()};
@@ -47,19 +47,19 @@ Checked<ParameterValue> valueOf(const QVariant& given) {
         case QMetaType::ULongLong:
             return given.toULongLong() <= quint64{std::numeric_limits<qint64>::max()}
                        ? Checked<ParameterValue>{.value = given.toLongLong()}
-                       : kNone;
+                       : none;
         case QMetaType::Float:
         case QMetaType::Double:
             return std::isfinite(given.toDouble())
                        ? Checked<ParameterValue>{.value = given.toDouble()}
-                       : kNone;
+                       : none;
         case QMetaType::QString: {
             const auto& text = *static_cast<const QString*>(given.constData());
             Checked<QString> cut = cutTo(text, Event::kMostTextLength);
             return {.value = std::move(*cut.value), .isWhole = cut.isWhole};
         }
         default:
-            return kNone;
+            return none;
     }
 }
 

@@ -5,7 +5,6 @@
 #include <fstream>
 
 #include "EngineTest.h"
-#include "support/FileContents.h"
 
 namespace pellumar::test {
 namespace {
@@ -22,24 +21,6 @@ class StoreTest : public EngineTest {
         sqlite3_close(database);
     }
 };
-
-TEST_F(StoreTest, OutlivesTheProcessAndCanBeReadBesideIt) {
-    EXPECT_EQ(AnalyticsStore::jsonLines(folder), QByteArray());
-    QString before;
-    for (const char* name : {"one", "two"}) {
-        RunningEngine engine(environment());
-        engine.setUserPropertyString("|1|", "participating_tests");
-        EXPECT_TRUE(log(engine, name));
-        EXPECT_TRUE(before.isEmpty() || before == installation());
-        before = installation();
-    }
-    EXPECT_EQ(names().join(' '), "pz_session_start pz_first_open one two");
-    const std::vector<QJsonObject> events = rows("events");
-    EXPECT_EQ(events[0]["session"], events[3]["session"]);
-    EXPECT_EQ(events[3]["parameters"][0]["value"]["intValue"], "0");
-    EXPECT_EQ(events[3]["time"], kNoon);
-    EXPECT_EQ(state("user_properties")["participating_tests"].toString(), "|1|");
-}
 
 TEST_F(StoreTest, AStoreOfAnotherVersionIsLeftAsItIs) {
     {
@@ -173,18 +154,6 @@ TEST_F(StoreTest, AFullDiskCostsEventsButNoDenial) {
     EXPECT_FALSE(engine.waitUntilObeyed(kDeadline));
     EXPECT_FALSE(engine.consent()->isErasureOwed);
     EXPECT_FALSE(isAnythingStored());
-}
-
-TEST_F(StoreTest, AFolderThatCannotBeWrittenIsWaitedFor) {
-    writeFile(folder, "in the way");
-    RunningEngine engine(quiet());
-    EXPECT_FALSE(log(engine, "early"));
-    engine.setConsent(ConsentKind::kAdStorage, ConsentStatus::kDenied);
-    EXPECT_FALSE(engine.waitUntilObeyed(kDeadline));
-    std::filesystem::remove(folder);
-    EXPECT_TRUE(log(engine, "late"));
-    EXPECT_TRUE(engine.waitUntilObeyed(kDeadline));
-    EXPECT_EQ(ownNames(), (QStringList{"early", "late"}));
 }
 
 }  // namespace
