@@ -33,7 +33,7 @@ struct ExtractionLimits {
     // eight.
     unsigned threads = 0;
     // For buffers and windows, in bytes: fewer threads work for it, one at least, and an entry that
-    // needs more by itself is kOutOfMemory. A thread takes 1.5 MiB, and 8 more but for Deflate.
+    // needs more by itself is kOutOfMemory. A thread takes 2 MiB, and 8 more but for Deflate.
     std::uint64_t memory = kNone;
 };
 

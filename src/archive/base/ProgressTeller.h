@@ -22,6 +22,12 @@ class ProgressTeller {
     void addBytes(std::uint64_t bytes, std::string_view entry);
     // Or several of which that is the last.
     void addEntry(std::string_view entry, std::size_t count = 1);
+    // Of bytes that were counted and will be once more.
+    void takeBack(std::uint64_t bytes) {
+        if (isHeard()) {
+            bytes_.fetch_sub(bytes, std::memory_order_relaxed);
+        }
+    }
     // Tells the state at the end.
     void finish();
 

@@ -17,7 +17,7 @@ InflateDecoder::InflateDecoder() {
 }
 
 Result<Decoder::Step> InflateDecoder::decode(ByteView input, MutableBytes output) {
-    if (state_.block_state == ISAL_BLOCK_FINISH) {
+    if (isFinished()) {
         return Step{.finished = true};
     }
     const std::size_t inputSize = std::min(input.size(), kMostForIsal);
@@ -30,7 +30,7 @@ Result<Decoder::Step> InflateDecoder::decode(ByteView input, MutableBytes output
     if (isal_inflate(&state_) != ISAL_DECOMP_OK) {
         return failure(ErrorCode::kDamagedData);
     }
-    const bool finished = state_.block_state == ISAL_BLOCK_FINISH;
+    const bool finished = isFinished();
     std::size_t consumed = inputSize - state_.avail_in;
     if (finished || state_.avail_out == 0) {
         consumed -= giveBack(consumed);
@@ -51,6 +51,17 @@ std::size_t InflateDecoder::giveBack(std::size_t consumed) {
     state_.read_in_length -= static_cast<std::int32_t>(count * 8);
     state_.read_in &= (std::uint64_t{1} << static_cast<unsigned>(state_.read_in_length)) - 1;
     return count;
+}
+
+bool InflateDecoder::isFinished() const {
+    return state_.block_state == ISAL_BLOCK_FINISH;
+}
+
+// Having looked for a header that has not come yet it waits for the rest of one.
+bool InflateDecoder::isBetweenBlocks() const {
+    const bool awaitsBlock =
+        state_.block_state == ISAL_BLOCK_NEW_HDR || state_.block_state == ISAL_BLOCK_HDR;
+    return awaitsBlock && state_.read_in_length <= 0 && state_.tmp_in_size == 0;
 }
 
 Result<> InflateDecoder::reset() {

@@ -18,6 +18,12 @@ class InflateDecoder final : public Decoder {
     [[nodiscard]] Result<Step> decode(ByteView input, MutableBytes output) override;
     [[nodiscard]] Result<> reset() override;
 
+    // Whether the last block has ended.
+    [[nodiscard]] bool isFinished() const;
+    // Whether what has been consumed ends on a byte boundary right where a block does that is not
+    // the last.
+    [[nodiscard]] bool isBetweenBlocks() const;
+
   private:
     [[nodiscard]] std::size_t giveBack(std::size_t consumed);
 

@@ -5,6 +5,7 @@
 
 #include "archive/format/Append.h"
 #include "archive/format/ExtraFields.h"
+#include "archive/format/Sections.h"
 #include "archive/format/Timestamps.h"
 #include "archive/format/Utf8.h"
 #include "archive/format/ZipFormat.h"
@@ -143,6 +144,7 @@ void appendCentralDirectoryHeader(std::vector<std::uint8_t>& out, const EntryRec
     const bool zip64 = record.zip64Sizes || !extra.empty();
     appendModificationTime(extra, record.modified);
     appendAesField(extra, record);
+    appendSections(extra, record.sectionContent, record.sectionData);
 
     append(out, kCentralDirectoryHeaderSignature);
     append(out, static_cast<std::uint16_t>((kHostUnix << 8U) | kVersionMadeBy));

@@ -29,6 +29,10 @@ struct EntryRecord {
     // Whether the local header has room for 64 bit sizes. Decided before the data is written, so
     // that the header can be written over once the sizes are known.
     bool zip64Sizes = false;
+    // Of an entry that can be inflated in sections: how much of the content each holds, and what
+    // each takes of the data.
+    std::uint32_t sectionContent = 0;
+    std::vector<std::uint32_t> sectionData;
 };
 
 // Whether an entry of this size may need 64 bit sizes in its local header: the compressed size can

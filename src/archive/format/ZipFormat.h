@@ -67,6 +67,7 @@ inline constexpr std::uint16_t kExtraUnixOld = 0x000D;            // 4.5.7
 inline constexpr std::uint16_t kExtraExtendedTimestamp = 0x5455;  // Info-ZIP "UT"
 inline constexpr std::uint16_t kExtraInfoZipUnix1 = 0x5855;       // Info-ZIP "UX"
 inline constexpr std::uint16_t kExtraUnicodePath = 0x7075;        // 4.6.9
+inline constexpr std::uint16_t kExtraSections = 0x7A50;           // our own "Pz", see Sections.h
 
 // Version (1, 2: AE-1, AE-2), "AE", strength (1 to 3), true method: seven bytes.
 inline constexpr std::uint16_t kExtraAes = 0x9901;

@@ -262,6 +262,11 @@ class TableBuilder {
         const auto exact = modificationTimeIn(header.extra);
         data.entry.modified = exact ? *exact : fromDosDateTime(header.modified);
         table_.add(data);
+        if (!fault && header.method == kMethodDeflate && !data.encryption) {
+            if (const auto field = findExtraField(header.extra, kExtraSections)) {
+                table_.addSections(*localHeader, *field);
+            }
+        }
         if (fault) {
             table_.addFault(table_.size() - 1, *fault, offset);
         }

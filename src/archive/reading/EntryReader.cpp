@@ -361,6 +361,17 @@ Result<ByteView> EntryReader::Located::next(const ByteSource& file, MutableBytes
     return piece;
 }
 
+Result<std::uint64_t> EntryReader::findData(const EntryData& data) {
+    auto located = locate(data, usualHeaderSize(data), 0);
+    if (!located) {
+        return passOn(located);
+    }
+    if (auto described = checkDescriptor(data, *located); !described) {
+        return passOn(described);
+    }
+    return located->dataOffset;
+}
+
 Result<> EntryReader::begin(const EntryData& data, bool skipChecksum) {
     const auto started = [&]() -> Result<> {
         auto located = locate(data, kStreamedPiece, 0);

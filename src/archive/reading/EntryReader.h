@@ -57,6 +57,9 @@ class EntryReader {
     [[nodiscard]] Result<std::optional<std::uint64_t>> checkHeader(const EntryData& data,
                                                                    std::uint64_t soonUntil = 0);
 
+    // Where the entry's data begins; local header and descriptor are held against the directory.
+    [[nodiscard]] Result<std::uint64_t> findData(const EntryData& data);
+
     // Begins with the data of `data`, a file or symbolic link, which pull() then gives piece by
     // piece. `data` lives until the last call; another begin(), read() or check ends it.
     [[nodiscard]] Result<> begin(const EntryData& data, bool skipChecksum);

@@ -75,6 +75,7 @@ EntryTable EntryTable::selected(std::span<const std::size_t> indices,
     order.erase(std::unique(order.begin(), order.end()), order.end());
     EntryTable table;
     table.nameless_ = nameless_;
+    table.sections_ = sections_;
     for (const std::size_t index : order) {
         EntryData data = entries_[index];
         if (!data.entry.fault || data.entry.fault != ErrorCode::kUnsafeName) {
@@ -98,6 +99,17 @@ EntryTable EntryTable::selected(std::span<const std::size_t> indices,
 
 bool EntryTable::isNameless(std::uint64_t localHeaderOffset) const {
     return nameless_.count(localHeaderOffset) != 0;
+}
+
+void EntryTable::addSections(std::uint64_t localHeaderOffset, ByteView field) {
+    if (sections_.count(localHeaderOffset) == 0) {
+        sections_.emplace(localHeaderOffset, keep(asText(field)));
+    }
+}
+
+ByteView EntryTable::sectionsOf(const EntryData& data) const {
+    const auto found = sections_.find(data.entry.localHeaderOffset);
+    return found == sections_.end() ? ByteView() : asBytes(found->second);
 }
 
 void EntryTable::addBlock(std::size_t size) {

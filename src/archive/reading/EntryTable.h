@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <map>
 #include <memory>
 #include <optional>
 #include <set>
@@ -9,6 +10,7 @@
 #include <string_view>
 #include <vector>
 
+#include "archive/base/Bytes.h"
 #include "archive/base/Entry.h"
 #include "archive/base/Error.h"
 #include "archive/codecs/Decryptor.h"
@@ -53,6 +55,12 @@ class EntryTable {
     void addNameless(std::uint64_t localHeaderOffset) { nameless_.insert(localHeaderOffset); }
     [[nodiscard]] bool isNameless(std::uint64_t localHeaderOffset) const;
 
+    // Keeps what the entry whose local header is there says of its sections; of those that claim
+    // one place the first.
+    void addSections(std::uint64_t localHeaderOffset, ByteView field);
+    // That field; empty without one. Lives as long as the table.
+    [[nodiscard]] ByteView sectionsOf(const EntryData& data) const;
+
     // Remembers what is wrong with the entry at `index`, at that offset of the file; of several
     // faults of one entry the first. At kNoEntry it is one of the folder itself.
     void addFault(std::size_t index, ErrorCode code, std::uint64_t offset);
@@ -85,6 +93,7 @@ class EntryTable {
     std::vector<EntryData> entries_;
     std::vector<Fault> faults_;
     std::set<std::uint64_t> nameless_;
+    std::map<std::uint64_t, std::string_view> sections_;
     std::vector<std::unique_ptr<char[]>> blocks_;
     std::size_t freeInBlock_ = 0;
     char* next_ = nullptr;

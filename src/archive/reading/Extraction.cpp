@@ -25,6 +25,7 @@
 #include "archive/reading/FileSink.h"
 #include "archive/reading/FolderMaker.h"
 #include "archive/reading/ReaderThreads.h"
+#include "archive/reading/SectionedExtraction.h"
 #include "archive/reading/TargetSink.h"
 #include "archive/reading/WatchedSink.h"
 
@@ -84,6 +85,7 @@ class Extraction {
           isWatched_(options.progress || options.stop.stop_possible() ||
                      options.limits.bytes != ExtractionLimits::kNone),
           threads_(source, options),
+          divided_(source, options, threads_, progress_),
           links_([this](std::string_view path) { return plan_.holdsFolder(path); },
                  options.existing == ExistingFiles::kRefuse) {}
 
@@ -98,6 +100,7 @@ class Extraction {
         if (auto made = folders_.makeAll(plan_.folders); !made) {
             return passOn(made);
         }
+        extractDivided();
         onThreads(plan_.tasks.size(), [this](EntryReader& reader) { extractFiles(reader); });
         if (firstError_) {
             return Failure(std::move(*firstError_));
@@ -250,6 +253,42 @@ class Extraction {
         }
     }
 
+    // Takes the tasks out of the plan that all threads can do together. What they cannot stays.
+    void extractDivided() {
+        FolderCursor cursor(tree_);
+        std::erase_if(plan_.tasks, [&](const ExtractionPlan::Task& task) {
+            const EntryData& data = *plan_.files[task.first];
+            const ByteView field = entries_.sectionsOf(data);
+            if (failed_ || task.count != 1 || !divided_.isFor(data, field)) {
+                return false;
+            }
+            auto extracted = extractDivided(data, field, cursor);
+            if (!extracted) {
+                report(&data,
+                       std::move(extracted.error())
+                           .about(data.entry.path, data.entry.localHeaderOffset));
+            }
+            return extracted && *extracted;
+        });
+    }
+
+    Result<bool> extractDivided(const EntryData& data, ByteView field, FolderCursor& cursor) {
+        auto folder = cursor.enterParentOf(data.entry.path);
+        if (!folder) {
+            return passOn(folder);
+        }
+        if (options_.existing == ExistingFiles::kSkip && isThere(*folder, data.entry)) {
+            return false;
+        }
+        FileSink file(*folder, data.entry, options_.existing);
+        auto extracted = divided_.extract(data, field, file);
+        if (!extracted || !*extracted) {
+            return extracted;
+        }
+        auto finished = finish(file, data);
+        return finished ? Result<bool>(true) : passOn(finished);
+    }
+
     void extractFiles(EntryReader& reader) {
         const auto slotAt = [this](std::size_t i) {
             const EntryData& data = *plan_.files[i];
@@ -328,6 +367,11 @@ class Extraction {
         if (auto read = readInto(file, data, reader, reading); !read) {
             return read;
         }
+        return finish(file, data);
+    }
+
+    Result<> finish(FileSink& file, const EntryData& data) {
+        const Entry& entry = data.entry;
         bool restored = true;
         if (auto finished = file.finish(&restored); !finished) {
             return Failure(std::move(finished.error()).about(entry.path, entry.localHeaderOffset));
@@ -409,6 +453,7 @@ class Extraction {
     ProgressTeller progress_;
     const bool isWatched_;
     ReaderThreads threads_;
+    SectionedExtraction divided_;
     LinkSafety links_;
 
     std::atomic<std::size_t> nextCheck_ = 0;

@@ -33,6 +33,13 @@ class FileSink final : public DataSink {
     [[nodiscard]] Result<> write(ByteView bytes) override;
     [[nodiscard]] Result<> writeVerified(ByteView bytes) override;
 
+    // Instead of writing what comes in order: bytes of the content at their place, from any number
+    // of threads, once beginParts() has succeeded.
+    [[nodiscard]] Result<> beginParts() { return makeUnfinished(); }
+    [[nodiscard]] Result<> writePart(std::uint64_t position, ByteView bytes) {
+        return unfinished_.file().writeAt(position, bytes);
+    }
+
     // Sets the time and gives the file its name; kAlreadyExists if that was taken meanwhile. After
     // a failure what stood there under the name stands there still. `restored` becomes false if the
     // system refused the time: that is no error, since the data is whole. The permissions are the

@@ -6,7 +6,7 @@ namespace {
 
 constexpr unsigned kMostThreads = 8;
 // What a thread takes for its buffers, and for the windows that it need not share.
-constexpr std::uint64_t kBuffers = 1536UL * 1024;
+constexpr std::uint64_t kBuffers = 2048UL * 1024;
 constexpr std::uint64_t kWindow = 8UL * 1024 * 1024;
 
 std::size_t threadsFor(const ExtractionLimits& limits) {

@@ -38,6 +38,10 @@ std::size_t clampedReadSize(std::size_t bufferSize) {
     return std::clamp(bufferSize, kSmallestRead, kLargestRead);
 }
 
+// What can be inflated by itself, of the content.
+constexpr std::uint32_t kSection =
+    DeflateCompressor::kChunksInSection * DeflateCompressor::kChunkSize;
+
 // 1980-01-01 00:00 UTC, the first that MS-DOS can tell.
 constexpr std::timespec kFixedTime{.tv_sec = 315'532'800, .tv_nsec = 0};
 
@@ -91,6 +95,13 @@ format::EntryRecord recordOf(std::string name,
 void addTo(format::EntryRecord& record, CompressedChunk& chunk, Encryptor* encryptor) {
     if (encryptor != nullptr) {
         encryptor->encrypt(chunk.data());
+    }
+    if (record.method == format::kMethodDeflate && !record.encrypted) {
+        record.sectionContent = kSection;
+        if (record.uncompressedSize % kSection == 0) {
+            record.sectionData.push_back(0);
+        }
+        record.sectionData.back() += static_cast<std::uint32_t>(chunk.size);
     }
     record.crc32 = crc32Combine(record.crc32, chunk.crc32, chunk.uncompressedSize);
     record.compressedSize += chunk.size;

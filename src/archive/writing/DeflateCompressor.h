@@ -30,7 +30,7 @@ class DeflateCompressor {
     static constexpr std::size_t kWindow = 16UL * 1024;
 
     // Of so many chunks the first is given nothing: from there on the entry can be read by itself.
-    static constexpr std::uint64_t kChunksInSection = 8;
+    static constexpr std::uint32_t kChunksInSection = 8;
 
     // What is to be given to an entry's chunk of that number.
     [[nodiscard]] static constexpr std::size_t windowBefore(std::uint64_t chunk) {
