@@ -471,33 +471,50 @@ Result<> EntryReader::verifyEnd() {
         ByteView(running_.trailer).first(running_.data->encryption.trailerSize()));
 }
 
+Result<std::size_t> EntryReader::decode(MutableBytes output) {
+    const bool isCopied = running_.data->entry.method == kMethodStored && !running_.decryptor;
+    if (isCopied && running_.input.empty()) {
+        auto piece = running_.located.next(file_, output);
+        if (!piece) {
+            return passOn(piece);
+        }
+        running_.ended = piece->empty();
+        return piece->size();
+    }
+    if (running_.input.empty()) {
+        auto next = nextInput();
+        if (!next) {
+            return passOn(next);
+        }
+        running_.input = *next;
+    }
+    auto step = running_.decoder->decode(running_.input, output);
+    if (!step) {
+        return passOn(step);
+    }
+    running_.input = running_.input.subspan(step->consumed);
+    running_.ended = step->consumed == 0 && step->produced == 0;
+    if (running_.ended && !step->finished) {
+        return failure(ErrorCode::kDamagedData);
+    }
+    return step->produced;
+}
+
 Result<std::size_t> EntryReader::pullUnnamed(MutableBytes output) {
     while (!running_.ended) {
-        if (running_.input.empty()) {
-            auto next = nextInput();
-            if (!next) {
-                return passOn(next);
-            }
-            running_.input = *next;
+        auto produced = decode(output);
+        if (!produced) {
+            return passOn(produced);
         }
-        auto step = running_.decoder->decode(running_.input, output);
-        if (!step) {
-            return passOn(step);
-        }
-        running_.input = running_.input.subspan(step->consumed);
-        running_.produced += step->produced;
-        running_.ended = step->consumed == 0 && step->produced == 0;
-        if (running_.ended && !step->finished) {
-            return failure(ErrorCode::kDamagedData);
-        }
+        running_.produced += *produced;
         if (auto expected = expectMore(); !expected) {
             return passOn(expected);
         }
-        if (step->produced > 0) {
+        if (*produced > 0) {
             if (!running_.skipChecksum) {
-                running_.checksum = crc32(running_.checksum, output.first(step->produced));
+                running_.checksum = crc32(running_.checksum, output.first(*produced));
             }
-            return step->produced;
+            return *produced;
         }
     }
     if (auto right = verifyEnd(); !right) {

@@ -136,6 +136,9 @@ class EntryReader {
     [[nodiscard]] Result<> startDecrypting();
     // As pull(), with errors that are not yet told of the entry.
     [[nodiscard]] Result<std::size_t> pullUnnamed(MutableBytes output);
+    // Puts what comes next into `output`, stored data straight from the file; how much it was,
+    // which may be nothing before the end.
+    [[nodiscard]] Result<std::size_t> decode(MutableBytes output);
     // The next piece of data, decrypted if there is a decryptor. Lies in input_.
     [[nodiscard]] Result<ByteView> nextInput();
     // Where more came out than is declared: goes on if the size may be told modulo 2^32, unless
