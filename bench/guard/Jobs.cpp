@@ -63,6 +63,7 @@ NewEntry encrypted(NewEntry entry) {
 std::vector<NewEntry> smallFiles() {
     const Bytes text = makeSample(SampleKind::kText, kSmall * std::size_t{kSmallFiles});
     std::vector<NewEntry> entries;
+    entries.reserve(kSmallFiles);
     for (int i = 0; i < kSmallFiles; ++i) {
         const auto start = text.begin() + static_cast<std::ptrdiff_t>(kSmall) * i;
         entries.push_back(
@@ -73,6 +74,7 @@ std::vector<NewEntry> smallFiles() {
 
 std::vector<NewEntry> emptyFiles() {
     std::vector<NewEntry> entries;
+    entries.reserve(kListed);
     for (int i = 0; i < kListed; ++i) {
         entries.push_back(entryOf("some/folder/" + std::to_string(i) + ".txt", {}));
     }
