@@ -1,14 +1,22 @@
 #include "platform/documents/FolderModel.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "platform/DisplayText.h"
 #include "platform/documents/UIDocumentInteractionController.h"
 
 namespace pellumar {
+namespace {
 
 namespace fs = std::filesystem;
+
+auto rowAt(std::vector<FolderListing::Row>& rows, std::size_t position) {
+    return rows.begin() + static_cast<std::ptrdiff_t>(position);
+}
+
+}  // namespace
 
 FolderModel::FolderModel(QStringList types,
                          PickedFiles& picked,
@@ -60,9 +68,25 @@ void FolderModel::read() {
 }
 
 void FolderModel::take(FolderListing listing, bool isComplete) {
-    beginResetModel();
+    // What is there already stays, under the finger that may be on it.
+    std::vector<FolderListing::Row>& rows = listing_.rows;
+    std::vector<FolderListing::Row>& all = listing.rows;
+    for (std::size_t begin = 0; begin < all.size(); ++begin) {
+        std::size_t end = begin;
+        while (end < all.size() && (begin == rows.size() || all[end].name != rows[begin].name)) {
+            ++end;
+        }
+        if (end > begin) {
+            beginInsertRows({}, static_cast<int>(begin), static_cast<int>(end) - 1);
+            rows.insert(rowAt(rows, begin),
+                        std::make_move_iterator(rowAt(all, begin)),
+                        std::make_move_iterator(rowAt(all, end)));
+            endInsertRows();
+            begin = end;
+        }
+    }
+    all = std::move(rows);
     listing_ = std::move(listing);
-    endResetModel();
     isLoading_ = !isComplete;
     emit loadingChanged();
 }

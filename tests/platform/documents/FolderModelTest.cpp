@@ -164,6 +164,30 @@ TEST_F(FolderModelTest, TheLatestFolderIsTheOneShown) {
     runAll();
 }
 
+// Each place to which links lead began the list anew when it answered, under the user's finger.
+TEST_F(FolderModelTest, WhatLinksLeadToComesBetweenTheRowsThatAreThere) {
+    for (const char* const name : {"b.zip", "d.zip"}) {
+        writeFile(folder / name, "text");
+    }
+    for (const char* const name : {"a.zip", "c.zip", "e.zip"}) {
+        fs::create_directory(folder / (name + std::string(" place")));
+        writeFile(folder / (name + std::string(" place")) / "far", "text");
+        fs::create_symlink(name + std::string(" place/far"), folder / name);
+    }
+    FolderModel model({"public.zip-archive"}, picked, mainQueue, folderQueue);
+    model.setFolder(folder.path());
+    QPersistentModelIndex last;
+    int resets = 0;
+    QObject::connect(&model, &FolderModel::rowsInserted, [&] {
+        last = last.isValid() ? last : model.index(model.rowCount() - 1);
+    });
+    QObject::connect(&model, &FolderModel::modelReset, [&] { ++resets; });
+    runAll();
+    EXPECT_EQ(names(model).mid(3), (QStringList{"a.zip", "b.zip", "c.zip", "d.zip", "e.zip"}));
+    EXPECT_EQ(last.row(), model.rowOf("d.zip"));
+    EXPECT_EQ(resets, 0);
+}
+
 TEST_F(FolderModelTest, ManyFilesDoNotHoldUpTheWindow) {
     constexpr int kFiles = 30000;
     for (int i = 0; i < kFiles; ++i) {
