@@ -40,7 +40,7 @@ ScreenFixture::ScreenFixture()
                         .backgroundQueue = backgroundQueue,
                         .originals = inbox.originals()},
                .documents = {inbox, mainQueue, backgroundQueue, folders, memory},
-               .photos = {photoLibrary, images, mainQueue, backgroundQueue},
+               .photos = {photoLibrary, images, mainQueue, backgroundQueue, folders},
                .sharing = {services.documents, targets, sharedItems},
                .review = review,
                .sleep = sleep,

@@ -76,7 +76,7 @@ class PhotoSourceTest : public ScreenFixture {
     const PHAsset photo{"p", PHAssetMediaType::kImage, "/p.png", 0};
     const PHAsset video{"v", PHAssetMediaType::kVideo, "/v.mp4", 0};
     ScriptedImages scripted;
-    PhotoSource source{{photoLibrary, scripted, mainQueue, backgroundQueue}, console};
+    PhotoSource source{{photoLibrary, scripted, mainQueue, backgroundQueue, folders}, console};
     std::shared_ptr<ZipViewController> composer;
 
   private:

@@ -20,27 +20,30 @@ AssetPickerController::~AssetPickerController() {
 
 void AssetPickerController::viewDidLoad() {
     UIViewController::viewDidLoad();
-    services_.backgroundQueue.async([self = weakly(this),
-                                     isGone = isGone_,
-                                     types = mediaTypes_,
-                                     &library = services_.library,
-                                     &mainQueue = services_.mainQueue] {
-        std::vector<PHAsset> assets = library.fetchAssets(*isGone);
-        assets.erase(std::remove_if(assets.begin(),
-                                    assets.end(),
-                                    [&types](const PHAsset& asset) {
-                                        return types.count(asset.mediaType) == 0;
-                                    }),
-                     assets.end());
-        mainQueue.async([self, assets = std::move(assets)] {
-            if (const auto picker = self.lock()) {
-                picker->model_.setAssets(assets);
-                picker->isLoading_ = false;
-                emit picker->loaded();
-                emit picker->albumChanged();
-            }
-        });
-    });
+    // One search after the other: it is the same folders that all of them look through.
+    services_.folders.async("photo library",
+                            [self = weakly(this),
+                             isGone = isGone_,
+                             types = mediaTypes_,
+                             &library = services_.library,
+                             &mainQueue = services_.mainQueue] {
+                                std::vector<PHAsset> assets = library.fetchAssets(*isGone);
+                                assets.erase(
+                                    std::remove_if(assets.begin(),
+                                                   assets.end(),
+                                                   [&types](const PHAsset& asset) {
+                                                       return types.count(asset.mediaType) == 0;
+                                                   }),
+                                    assets.end());
+                                mainQueue.async([self, assets = std::move(assets)] {
+                                    if (const auto picker = self.lock()) {
+                                        picker->model_.setAssets(assets);
+                                        picker->isLoading_ = false;
+                                        emit picker->loaded();
+                                        emit picker->albumChanged();
+                                    }
+                                });
+                            });
 }
 
 void AssetPickerController::albumTapped(int album) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/DispatchQueue.h"
+#include "platform/FolderQueue.h"
 #include "platform/photos/PHImageManager.h"
 #include "platform/photos/PHPhotoLibrary.h"
 
@@ -12,6 +13,8 @@ struct PhotoServices {
     PHImageManager& images;
     DispatchQueue& mainQueue;
     DispatchQueue& backgroundQueue;
+    // For looks into folders, some of which may hang.
+    FolderQueue& folders;
 };
 
 }  // namespace pellumar
