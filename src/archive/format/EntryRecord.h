@@ -32,7 +32,7 @@ struct EntryRecord {
     // Of an entry that can be inflated in sections: how much of the content each holds, and what
     // each takes of the data.
     std::uint32_t sectionContent = 0;
-    std::vector<std::uint32_t> sectionData;
+    std::vector<std::uint32_t> sectionData = {};
 };
 
 // Whether an entry of this size may need 64 bit sizes in its local header: the compressed size can

@@ -179,7 +179,9 @@ TEST_F(FolderModelTest, WhatLinksLeadToComesBetweenTheRowsThatAreThere) {
     QPersistentModelIndex last;
     int resets = 0;
     QObject::connect(&model, &FolderModel::rowsInserted, [&] {
-        last = last.isValid() ? last : model.index(model.rowCount() - 1);
+        if (!last.isValid()) {
+            last = model.index(model.rowCount() - 1);
+        }
     });
     QObject::connect(&model, &FolderModel::modelReset, [&] { ++resets; });
     runAll();
