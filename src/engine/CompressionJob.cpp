@@ -128,6 +128,8 @@ void CompressionJob::closeArchive() {
     if (!closed) {
         report_.addFailure(closed.error());
         success_ = false;
+    } else {
+        environment_.fileSystem.flushFolders();
     }
     report_.addWarnings(archive_->warnings());
     archive_.reset();

@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "archive/base/File.h"
 #include "engine/TreeRemoval.h"
 #include "platform/FileUrl.h"
 #include "platform/NaturalOrder.h"
@@ -64,6 +65,16 @@ void FileSystem::createFolders() const {
     for (const char* folder : {kOutputs, kZipOutputs, kDownloads, kTempImages}) {
         std::error_code ignored;
         std::filesystem::create_directories(documents_.path() / folder, ignored);
+    }
+}
+
+void FileSystem::flushFolders() const {
+    for (std::filesystem::path folder = documents_.path(); folder.has_relative_path();
+         folder = folder.parent_path()) {
+        auto opened = archive::File::openForReading(folder);
+        if (!opened || !opened->flush()) {
+            return;  // not the user's own from here on
+        }
     }
 }
 

@@ -30,6 +30,9 @@ class FileSystem {
 
     // Creates the four folders, with those above them.
     void createFolders() const;
+    // Returns when those that archives are in are on the disk, as far as that can be known: what is
+    // flushed would be lost with a new folder that is not. For any thread but the main one.
+    void flushFolders() const;
 
     // Empties the four folders, and writes "Deleting: " and the URL to the console for each thing
     // that is deleted. "outputs" comes first and takes the two folders in it along, so afterwards
