@@ -41,9 +41,9 @@ struct FolderQuestion {
 
 // Reads a folder at its place of the queue, and looks at its links where they lead, as there nobody
 // may answer. `answer` is called with what is known before the links, if there are any, with what
-// becomes known of them, and with everything at the end, each time with all rows of the time before in
-// their order; on any thread, but once at a time. Gives up, without an answer, once `isWanted` is
-// false. The queue must outlive it.
+// becomes known of them, and with everything at the end, each time with all rows of the time before
+// in their order; on any thread, but once at a time. Gives up, without an answer, once `isWanted`
+// is false. The queue must outlive it.
 void readFolder(const FolderQuestion& question,
                 FolderQueue& folders,
                 std::function<bool()> isWanted,
