@@ -177,7 +177,16 @@ TEST_F(ReaderTest, WhatStandsThereIsTreatedAsAsked) {
     EXPECT_EQ(readText(renamed / "d/a.tar (3).gz"), "new");
     EXPECT_EQ(std::filesystem::read_symlink(renamed / "link (2)"), "d/b");
 
-    // A folder is never replaced, and damage leaves what was there.
+    // No folder takes the place of a file, nor a file that of a folder; and damage leaves what was
+    // there.
+    std::filesystem::create_directory(home() / "file");
+    test::writeFile(home() / "file/d", std::string_view("old"));
+    for (const auto existing :
+         {ExistingFiles::kOverwrite, ExistingFiles::kSkip, ExistingFiles::kRename}) {
+        EXPECT_EQ(archive.extractAll(home() / "file", {.existing = existing}).error().code,
+                  ErrorCode::kAlreadyExists);
+        EXPECT_EQ(readText(home() / "file/d"), "old");
+    }
     std::filesystem::create_directories(home() / "folder/d/b");
     EXPECT_EQ(
         archive.extractAll(home() / "folder", {.existing = ExistingFiles::kOverwrite}).error().code,
@@ -244,6 +253,10 @@ TEST_F(ReaderTest, LimitsAreHeldBeforeAnythingIsWritten) {
         EXPECT_EQ(listing(), Paths());
     }
     EXPECT_EQ(archive.openEntry(0, {.limits = {.ratio = 100}}).error().code, ErrorCode::kOverLimit);
+    // To the byte.
+    const std::uint64_t below = 100'000 / archive[0].compressedSize;
+    EXPECT_FALSE(archive.readEntry(0, {.limits = {.ratio = below}}));
+    EXPECT_TRUE(archive.readEntry(0, {.limits = {.ratio = below + 1}}));
     EXPECT_TRUE(archive.extractAll(
         destination(), {.limits = {.bytes = 100'002, .entries = 3, .ratio = 1000, .memory = 1}}));
 }
