@@ -2,6 +2,7 @@
 
 #include <QAccessible>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QStyleHints>
 #include <utility>
@@ -128,7 +129,6 @@ void UIWindow::layersChanged() {
     }
     lastPress_.isOutdated = true;
     lastKey_.isOutdated = true;
-    QMetaObject::invokeMethod(this, &UIWindow::typeWhatWasKept, Qt::QueuedConnection);
     QAccessibleEvent reordered(this, QAccessible::ObjectReorder);
     QAccessible::updateAccessibility(&reordered);
     emit screensChanged();
@@ -182,36 +182,11 @@ bool UIWindow::refusesKey(const QKeyEvent& press) {
     return isSecond;
 }
 
-bool UIWindow::keeps(const QKeyEvent& key) {
-    const bool isPress = key.type() == QEvent::KeyPress;
-    if (isPress && isBack(key)) {
-        kept_.clear();
-        return false;
-    }
-    const std::shared_ptr<UIViewController> top = topViewController();
-    const bool isEarly = !kept_.empty() || (isPress && top && top->isMoving());
-    if (isEarly) {
-        kept_.emplace_back(key.clone());
-    }
-    return isEarly;
-}
-
-void UIWindow::typeWhatWasKept() {
-    auto top = topViewController();
-    for (; top && !kept_.empty() && !top->isMoving(); top = topViewController()) {
-        const std::unique_ptr<QKeyEvent> next = std::move(kept_.front());
-        kept_.pop_front();
-        QQuickWindow::event(next.get());
-    }
-}
-
 bool UIWindow::event(QEvent* event) {
     const QEvent::Type type = event->type();
     const bool isPress = type == QEvent::MouseButtonPress || type == QEvent::TouchBegin;
-    const bool isKey = type == QEvent::KeyPress || type == QEvent::KeyRelease;
     if ((isPress && refusesPress(static_cast<QPointerEvent&>(*event))) ||
         (type == QEvent::KeyPress && refusesKey(static_cast<QKeyEvent&>(*event))) ||
-        (isKey && keeps(static_cast<QKeyEvent&>(*event))) ||
         (type == QEvent::MouseButtonDblClick && lastPress_.isRefused)) {
         event->accept();
         return true;

@@ -1,8 +1,6 @@
 #pragma once
 
-#include <QKeyEvent>
 #include <QQuickWindow>
-#include <deque>
 #include <memory>
 
 #include "platform/kit/UIViewController.h"
@@ -78,10 +76,6 @@ class UIWindow : public QQuickWindow {
     [[nodiscard]] bool refusesPress(const QPointerEvent& press);
     // So was the second press of a key that acts, if the first has changed the screen.
     [[nodiscard]] bool refusesKey(const QKeyEvent& press);
-    // What is typed while screens come and go is kept for the one that is there afterwards; a step
-    // back takes it with it.
-    [[nodiscard]] bool keeps(const QKeyEvent& key);
-    void typeWhatWasKept();
 
     ViewHost host_;
     std::shared_ptr<UIViewController> root_;
@@ -99,7 +93,6 @@ class UIWindow : public QQuickWindow {
         int key = 0;
         bool isOutdated = false;
     } lastKey_;
-    std::deque<std::unique_ptr<QKeyEvent>> kept_;
 };
 
 }  // namespace pellumar
