@@ -6,7 +6,7 @@ from waiting import Gone, until
 
 APP_ID = "org.pellumar.Zip"
 DOUBLE_CLICK_MS = 90
-# Longer than two presses of a key may be apart that count as one.
+# Longer than two presses of a key, or at a place, may be apart that count as one.
 APART_SECONDS = 0.5
 
 
@@ -74,14 +74,17 @@ class Application:
 
         x, y, width, height = until(
             probe, lambda: f"a {role} {name!r} to stand still, was at {seen}, in\n{self.outline()}")
-        self.desktop.xdotool("mousemove", x + width // 2, y + height // 2,
-                             "click", "--repeat", times, "--delay", DOUBLE_CLICK_MS, 1)
+        self._act_apart("mousemove", x + width // 2, y + height // 2,
+                        "click", "--repeat", times, "--delay", DOUBLE_CLICK_MS, 1)
 
     def key(self, *keys, times=1):
-        """Presses keys, one after the other; by xdotool's names. It is never the second press of
-        what was pressed before."""
+        """Presses keys, one after the other; by xdotool's names."""
+        self._act_apart("key", "--repeat", times, "--repeat-delay", DOUBLE_CLICK_MS, *keys)
+
+    def _act_apart(self, *act):
+        """What xdotool does so is never the second press of what was pressed before."""
         until(lambda: time.monotonic() > self.free_from, "the time of a double press to pass")
-        self.desktop.xdotool("key", "--repeat", times, "--repeat-delay", DOUBLE_CLICK_MS, *keys)
+        self.desktop.xdotool(*act)
         self.free_from = time.monotonic() + APART_SECONDS
 
     def type(self, text):
