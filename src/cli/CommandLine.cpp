@@ -62,7 +62,7 @@ std::string replaced(std::string text, std::string_view what, std::string_view b
 
 // Of a mistake within a command, for which the parser's words are of several kinds.
 std::string wordsWithin(const CLI::App& command, const CLI::Error& mistake) {
-    const std::string words = mistake.what();
+    std::string words = mistake.what();
     switch (static_cast<CLI::ExitCodes>(mistake.get_exit_code())) {
         case CLI::ExitCodes::RequiredError:
             return replaced(words, "is required", "is missing");
