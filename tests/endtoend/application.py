@@ -65,8 +65,7 @@ class Application:
         seen = []
 
         def probe():
-            here = self.focused()
-            if not here or not here.is_usable:
+            if not self._focused_at_rest():
                 return False
             seen.extend(each.extents for each in self.controls(role, name)[:1])
             last = seen[-4:]
@@ -103,12 +102,17 @@ class Application:
                 continue
         return found
 
+    def _focused_at_rest(self):
+        """The same, but none while its screen comes or goes, as what is pressed then is lost."""
+        here = self.focused()
+        return here if here and here.is_usable else None
+
     def tab_to(self, role, name=None, most=40):
         """Presses Tab until such a control has the keyboard, as one does without a pointer."""
         self.find(role, name)
         for _ in range(most):
-            here = self.focused()
-            if here and here.role == role and _fits(name, here.name):
+            here = until(self._focused_at_rest, lambda: f"a screen at rest\n{self.outline()}")
+            if here.role == role and _fits(name, here.name):
                 return here
             self.desktop.xdotool("key", "Tab")
             until(lambda: self.focused() not in (None, here), "the keyboard to move on")
