@@ -1,7 +1,6 @@
 #include "platform/look/SecretAccessible.h"
 
 #include <QQuickWindow>
-#include <algorithm>
 
 namespace pellumar {
 namespace {
@@ -51,8 +50,7 @@ QAccessibleInterface* SecretAccessible::child(int index) const {
 }
 
 int SecretAccessible::indexOfChild(const QAccessibleInterface* child) const {
-    const QList<QAccessibleInterface*> all = children();
-    return static_cast<int>(std::find(all.begin(), all.end(), child) - all.begin());
+    return static_cast<int>(children().indexOf(child));
 }
 
 QString SecretAccessible::text(QAccessible::Text kind) const {
