@@ -12,7 +12,34 @@ namespace {
 
 namespace fs = std::filesystem;
 
-auto rowAt(std::vector<FolderListing::Row>& rows, std::size_t position) {
+using Rows = std::vector<FolderListing::Row>;
+
+// Each costs a pass over all rows behind it.
+constexpr std::size_t kMostRuns = 64;
+
+// Rows that stand side by side.
+struct Run {
+    std::size_t begin = 0;
+    std::size_t end = 0;
+};
+
+// Those of `all` that are not among `some`, which it holds in their order.
+std::vector<Run> othersIn(const Rows& all, const Rows& some) {
+    std::vector<Run> others;
+    std::size_t known = 0;
+    for (std::size_t i = 0; i < all.size(); ++i) {
+        if (known < some.size() && all[i].name == some[known].name) {
+            ++known;
+        } else if (!others.empty() && others.back().end == i) {
+            ++others.back().end;
+        } else {
+            others.push_back({.begin = i, .end = i + 1});
+        }
+    }
+    return others;
+}
+
+auto rowAt(Rows& rows, std::size_t position) {
     return rows.begin() + static_cast<std::ptrdiff_t>(position);
 }
 
@@ -68,25 +95,23 @@ void FolderModel::read() {
 }
 
 void FolderModel::take(FolderListing listing, bool isComplete) {
-    // What is there already stays, under the finger that may be on it.
-    std::vector<FolderListing::Row>& rows = listing_.rows;
-    std::vector<FolderListing::Row>& all = listing.rows;
-    for (std::size_t begin = 0; begin < all.size(); ++begin) {
-        std::size_t end = begin;
-        while (end < all.size() && (begin == rows.size() || all[end].name != rows[begin].name)) {
-            ++end;
-        }
-        if (end > begin) {
-            beginInsertRows({}, static_cast<int>(begin), static_cast<int>(end) - 1);
-            rows.insert(rowAt(rows, begin),
-                        std::make_move_iterator(rowAt(all, begin)),
-                        std::make_move_iterator(rowAt(all, end)));
+    const std::vector<Run> others = othersIn(listing.rows, listing_.rows);
+    if (others.size() <= kMostRuns) {
+        // What is there already stays, under the finger that may be on it.
+        for (const Run& run : others) {
+            beginInsertRows({}, static_cast<int>(run.begin), static_cast<int>(run.end) - 1);
+            listing_.rows.insert(rowAt(listing_.rows, run.begin),
+                                 std::make_move_iterator(rowAt(listing.rows, run.begin)),
+                                 std::make_move_iterator(rowAt(listing.rows, run.end)));
             endInsertRows();
-            begin = end;
         }
+        listing.rows = std::move(listing_.rows);
+        listing_ = std::move(listing);
+    } else {
+        beginResetModel();
+        listing_ = std::move(listing);
+        endResetModel();
     }
-    all = std::move(rows);
-    listing_ = std::move(listing);
     isLoading_ = !isComplete;
     emit loadingChanged();
 }
