@@ -16,7 +16,8 @@ constexpr auto kEncoding = QByteArray::Base64UrlEncoding | QByteArray::OmitTrail
 class Response : public QQuickImageResponse {
   public:
     // Called once, on a thread of the provider's. The engine deletes this after the signal, in its
-    // own thread, and never before.
+    // own thread, and never before. It listens for the signal only once it has this: so that comes
+    // by way of the thread that asked, or it could be over before, and the picture never shown.
     void make(const ThumbnailStore& store, const QUrl& file, int side) {
         const auto path = localPath(file);
         if (path && !isCancelled_) {
@@ -27,7 +28,7 @@ class Response : public QQuickImageResponse {
             image_ = QImage(1, 1, QImage::Format_ARGB32_Premultiplied);
             image_.fill(Qt::transparent);
         }
-        emit finished();
+        QMetaObject::invokeMethod(this, &Response::finished, Qt::QueuedConnection);
     }
 
     void cancel() override { isCancelled_ = true; }

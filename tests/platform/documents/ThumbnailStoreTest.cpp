@@ -3,11 +3,15 @@
 #include <gtest/gtest.h>
 
 #include <QColor>
+#include <QCoreApplication>
 #include <QCryptographicHash>
 #include <chrono>
+#include <memory>
 #include <string>
 #include <vector>
 
+#include "platform/FileUrl.h"
+#include "platform/documents/ThumbnailProvider.h"
 #include "support/FileContents.h"
 #include "support/TemporaryFolder.h"
 
@@ -105,6 +109,22 @@ TEST_F(ThumbnailStoreTest, ProgramsOfTheDesktopMakeWhatWeCannotRead) {
     EXPECT_EQ(kept("large").size(), 2U);
     fs::remove(folder / "make");
     EXPECT_FALSE(aided.thumbnail(folder / "photo.heic", 200).isNull());
+}
+
+// The engine listens only once it has the response; by then, the picture may be made.
+TEST_F(ThumbnailStoreTest, APictureThatIsMadeBeforeAnyoneListensIsToldOf) {
+    int none = 0;
+    const QCoreApplication application(none, nullptr);
+    paint("a.png", {8, 8}, Qt::red);
+    ThumbnailProvider provider(store);
+    const QString source = ThumbnailProvider::source(fileUrl(folder / "a.png"));
+    const std::unique_ptr<QQuickImageResponse> response(
+        provider.requestImageResponse(source.section('/', 3), {64, 64}));
+    ASSERT_TRUE(provider.waitForDone(std::chrono::seconds(30)));
+    int told = 0;
+    QObject::connect(response.get(), &QQuickImageResponse::finished, [&told] { ++told; });
+    QCoreApplication::processEvents();
+    EXPECT_EQ(told, 1);
 }
 
 }  // namespace
