@@ -28,7 +28,7 @@ class Response : public QQuickImageResponse {
             image_ = QImage(1, 1, QImage::Format_ARGB32_Premultiplied);
             image_.fill(Qt::transparent);
         }
-        QMetaObject::invokeMethod(this, &Response::finished, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(this, "finished", Qt::QueuedConnection);
     }
 
     void cancel() override { isCancelled_ = true; }
