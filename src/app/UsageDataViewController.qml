@@ -12,7 +12,6 @@ Sheet {
     progress: controller.presentation
     fullHeight: true
     onDismissed: controller.doneTapped()
-    Accessible.role: Accessible.Dialog
     Accessible.name: heading.text
 
     ColumnLayout {
@@ -21,15 +20,12 @@ Sheet {
         anchors.bottomMargin: Theme.space3
         spacing: Theme.space3
 
-        BodyText {
+        Heading {
             id: heading
             Layout.fillWidth: true
             Layout.leftMargin: Theme.space5
             Layout.rightMargin: Theme.space5
             text: qsTr("What has been kept")
-            font.pixelSize: Theme.fontHeading
-            font.weight: Theme.weightStrong
-            Accessible.role: Accessible.Heading
         }
         BodyText {
             Layout.fillWidth: true

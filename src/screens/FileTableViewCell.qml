@@ -27,21 +27,13 @@ FocusScope {
         anchors.rightMargin: Theme.space2
         spacing: Theme.space3
 
-        Rectangle {
+        IconTile {
             objectName: "fileImageView"
-            Layout.preferredWidth: 44
-            Layout.preferredHeight: 44
-            radius: Theme.controlRadius
-            color: Theme.accentTint
+            size: 44
+            iconSize: 26
             clip: true
-            Icon {
-                anchors.centerIn: parent
-                width: 26
-                height: 26
-                name: root.controller.iconName
-                color: Theme.accentText
-                visible: picture.status !== Image.Ready || picture.implicitWidth <= 1
-            }
+            name: root.controller.iconName
+            showsIcon: picture.status !== Image.Ready || picture.implicitWidth <= 1
             Image {
                 id: picture
                 anchors.fill: parent

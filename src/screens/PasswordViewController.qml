@@ -20,12 +20,10 @@ DialogCard {
         name: "lock"
         color: Theme.accentText
     }
-    BodyText {
+    Heading {
         id: heading
         Layout.fillWidth: true
         text: qsTr("Password needed")
-        font.pixelSize: Theme.fontHeading
-        font.weight: Theme.weightStrong
         horizontalAlignment: Text.AlignHCenter
     }
     BodyText {

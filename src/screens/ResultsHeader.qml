@@ -23,12 +23,10 @@ Item {
         // A layout in a layout misses it when the size is told before the list is on the screen.
         Column {
             Layout.fillWidth: true
-            BodyText {
+            Heading {
                 width: parent.width
                 visible: text !== ""
                 text: root.controller.archiveName
-                font.pixelSize: Theme.fontHeading
-                font.weight: Theme.weightStrong
                 wrapMode: Text.WrapAnywhere
                 maximumLineCount: 2
                 elide: Text.ElideMiddle

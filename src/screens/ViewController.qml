@@ -4,11 +4,14 @@ import Pellumar.Screens
 import Pellumar.Kit
 import Pellumar.Look
 
-ScreenView {
+ScrollingScreen {
     id: root
 
     required property ViewController controller
     readonly property bool isCompact: height < 500
+
+    topMargin: topConstraint.constant
+    spacing: 0
 
     NSLayoutConstraint {
         id: topConstraint
@@ -20,55 +23,40 @@ ScreenView {
         objectName: "secondaryTopConstraint"
         constant: 8
     }
-    Flickable {
-        anchors.fill: parent
-        contentHeight: content.implicitHeight + Theme.space5
-        boundsBehavior: Flickable.StopAtBounds
-        clip: true
-
-        ColumnLayout {
-            id: content
-            x: (parent.width - width) / 2
-            width: Math.min(parent.width - 2 * Theme.space4, Theme.readableWidth)
-            spacing: 0
-
-            BodyText {
-                Layout.fillWidth: true
-                Layout.topMargin: topConstraint.constant
-                text: qsTr("What shall it be?")
-                font.pixelSize: Theme.fontDisplay
-                font.weight: Theme.weightStrong
-                Accessible.role: Accessible.Heading
-            }
-            BodyText {
-                Layout.fillWidth: true
-                Layout.topMargin: secondaryTopConstraint.constant
-                Layout.bottomMargin: root.isCompact ? Theme.space3 : Theme.space5
-                text: qsTr("Your files stay on this device.")
-                color: Theme.textSecondary
-                font.pixelSize: Theme.fontTitle
-            }
-            ActionCard {
-                Layout.fillWidth: true
-                objectName: "unzipButton"
-                focus: true
-                primary: true
-                compact: root.isCompact
-                iconName: "unzip"
-                text: qsTr("Unzip")
-                description: qsTr("Open an archive and take out what is in it")
-                onClicked: root.controller.unzipTapped()
-            }
-            ActionCard {
-                Layout.fillWidth: true
-                Layout.topMargin: Theme.space4
-                objectName: "zipButton"
-                compact: root.isCompact
-                iconName: "zip"
-                text: qsTr("Zip")
-                description: qsTr("Put files, photos and videos into one archive")
-                onClicked: root.controller.zipTapped()
-            }
-        }
+    BodyText {
+        Layout.fillWidth: true
+        text: qsTr("What shall it be?")
+        font.pixelSize: Theme.fontDisplay
+        font.weight: Theme.weightStrong
+        Accessible.role: Accessible.Heading
+    }
+    BodyText {
+        Layout.fillWidth: true
+        Layout.topMargin: secondaryTopConstraint.constant
+        Layout.bottomMargin: root.isCompact ? Theme.space3 : Theme.space5
+        text: qsTr("Your files stay on this device.")
+        color: Theme.textSecondary
+        font.pixelSize: Theme.fontTitle
+    }
+    ActionCard {
+        Layout.fillWidth: true
+        objectName: "unzipButton"
+        focus: true
+        primary: true
+        compact: root.isCompact
+        iconName: "unzip"
+        text: qsTr("Unzip")
+        description: qsTr("Open an archive and take out what is in it")
+        onClicked: root.controller.unzipTapped()
+    }
+    ActionCard {
+        Layout.fillWidth: true
+        Layout.topMargin: Theme.space4
+        objectName: "zipButton"
+        compact: root.isCompact
+        iconName: "zip"
+        text: qsTr("Zip")
+        description: qsTr("Put files, photos and videos into one archive")
+        onClicked: root.controller.zipTapped()
     }
 }

@@ -4,47 +4,32 @@ import Pellumar.Screens
 import Pellumar.Kit
 import Pellumar.Look
 
-ScreenView {
+ScrollingScreen {
     id: root
 
     required property ZipViewController controller
 
-    Flickable {
-        anchors.fill: parent
-        contentHeight: content.implicitHeight + 2 * Theme.space5
-        boundsBehavior: Flickable.StopAtBounds
-        clip: true
-
-        ColumnLayout {
-            id: content
-            x: (parent.width - width) / 2
-            y: Theme.space5
-            width: Math.min(parent.width - 2 * Theme.space4, Theme.readableWidth)
-            spacing: Theme.space4
-
-            BodyText {
-                Layout.fillWidth: true
-                text: qsTr("Where is what you want to put into the archive?")
-                color: Theme.textSecondary
-                font.pixelSize: Theme.fontTitle
-            }
-            ActionCard {
-                Layout.fillWidth: true
-                objectName: "fromFilesButton"
-                focus: true
-                iconName: "folder"
-                text: qsTr("Files")
-                description: qsTr("Anything on this device, many at once")
-                onClicked: root.controller.fromFilesTapped()
-            }
-            ActionCard {
-                Layout.fillWidth: true
-                objectName: "fromPhotosButton"
-                iconName: "photos"
-                text: qsTr("Photos and videos")
-                description: qsTr("From your Pictures and Videos folders")
-                onClicked: root.controller.fromPhotosTapped()
-            }
-        }
+    BodyText {
+        Layout.fillWidth: true
+        text: qsTr("Where is what you want to put into the archive?")
+        color: Theme.textSecondary
+        font.pixelSize: Theme.fontTitle
+    }
+    ActionCard {
+        Layout.fillWidth: true
+        objectName: "fromFilesButton"
+        focus: true
+        iconName: "folder"
+        text: qsTr("Files")
+        description: qsTr("Anything on this device, many at once")
+        onClicked: root.controller.fromFilesTapped()
+    }
+    ActionCard {
+        Layout.fillWidth: true
+        objectName: "fromPhotosButton"
+        iconName: "photos"
+        text: qsTr("Photos and videos")
+        description: qsTr("From your Pictures and Videos folders")
+        onClicked: root.controller.fromPhotosTapped()
     }
 }

@@ -13,7 +13,6 @@ Sheet {
     preferredWidth: Theme.readableWidth
     onDismissed: controller.cancelTapped()
     Keys.onPressed: event => list.take(event)
-    Accessible.role: Accessible.Dialog
     Accessible.name: controller.heading
 
     Connections {

@@ -13,11 +13,9 @@ DialogCard {
     Accessible.name: controller.alertTitle + ". " + controller.message
     Accessible.description: controller.reason
 
-    BodyText {
+    Heading {
         Layout.fillWidth: true
         text: root.controller.alertTitle
-        font.pixelSize: Theme.fontHeading
-        font.weight: Theme.weightStrong
         horizontalAlignment: Text.AlignHCenter
     }
     BodyText {

@@ -43,19 +43,16 @@ FocusScope {
                 focusPolicy: Qt.TabFocus
                 onClicked: root.controller.backTapped()
             }
-            BodyText {
+            Heading {
                 Layout.fillWidth: true
                 Layout.leftMargin: root.controller.canPop ? Theme.space1 : Theme.space4
                 text: root.controller.topItem.title
-                font.pixelSize: Theme.fontHeading
-                font.weight: Theme.weightStrong
                 wrapMode: Text.NoWrap
                 elide: Text.ElideRight
                 // Large text must not cost the words.
                 verticalAlignment: Text.AlignVCenter
                 fontSizeMode: Text.HorizontalFit
                 minimumPixelSize: 14
-                Accessible.role: Accessible.Heading
             }
             QuietButton {
                 visible: text !== ""

@@ -18,28 +18,20 @@ PlainButton {
     }
     contentItem: RowLayout {
         spacing: Theme.space4
-        Rectangle {
-            Layout.preferredWidth: card.compact ? 48 : 64
-            Layout.preferredHeight: Layout.preferredWidth
+        IconTile {
+            size: card.compact ? 48 : 64
+            iconSize: card.compact ? 28 : 36
             radius: Theme.cardRadius
-            color: Theme.accentTint
             gradient: card.primary ? accentGradient : null
-            Icon {
-                anchors.centerIn: parent
-                width: card.compact ? 28 : 36
-                height: width
-                name: card.iconName
-                color: card.primary ? Theme.onAccent : Theme.accentText
-            }
+            name: card.iconName
+            iconColor: card.primary ? Theme.onAccent : Theme.accentText
         }
         ColumnLayout {
             Layout.fillWidth: true
             spacing: Theme.space1
-            BodyText {
+            Heading {
                 Layout.fillWidth: true
                 text: card.text
-                font.pixelSize: Theme.fontHeading
-                font.weight: Theme.weightStrong
                 Accessible.ignored: true
             }
             BodyText {

@@ -15,6 +15,8 @@ FocusScope {
     default property alias content: body.data
     signal dismissed
 
+    Accessible.role: Accessible.Dialog
+
     Rectangle {
         anchors.fill: parent
         color: Theme.scrim

@@ -13,7 +13,6 @@ Sheet {
     fullHeight: true
     preferredWidth: Theme.readableWidth
     onDismissed: controller.cancelTapped()
-    Accessible.role: Accessible.Dialog
     Accessible.name: header.title
 
     ColumnLayout {

@@ -16,17 +16,12 @@ PlainButton {
     }
     contentItem: Column {
         spacing: Theme.space2
-        Rectangle {
+        IconTile {
             anchors.horizontalCenter: parent.horizontalCenter
-            width: 52
-            height: 52
+            size: 52
+            iconSize: Theme.iconSize
             radius: Theme.cardRadius
-            color: Theme.accentTint
-            Icon {
-                anchors.centerIn: parent
-                name: tile.iconName
-                color: Theme.accentText
-            }
+            name: tile.iconName
         }
         BodyText {
             width: parent.width

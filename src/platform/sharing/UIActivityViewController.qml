@@ -11,100 +11,80 @@ Sheet {
     progress: controller.presentation
     preferredHeight: content.implicitHeight + 2 * Theme.space4
     onDismissed: controller.cancelTapped()
-    Accessible.role: Accessible.Dialog
     Accessible.name: qsTr("Share")
 
-    Flickable {
-        anchors.fill: parent
-        contentHeight: content.implicitHeight + Theme.space4
-        clip: true
-        boundsBehavior: Flickable.StopAtBounds
+    ColumnLayout {
+        id: content
+        width: parent.width
+        spacing: Theme.space4
 
-        ColumnLayout {
-            id: content
-            width: parent.width
-            spacing: Theme.space4
-
-            RowLayout {
+        RowLayout {
+            Layout.fillWidth: true
+            Layout.leftMargin: Theme.space4
+            Layout.rightMargin: Theme.space2
+            spacing: Theme.space3
+            IconTile { name: root.controller.iconName }
+            ColumnLayout {
                 Layout.fillWidth: true
-                Layout.leftMargin: Theme.space4
-                Layout.rightMargin: Theme.space2
-                spacing: Theme.space3
-                Rectangle {
-                    Layout.preferredWidth: 48
-                    Layout.preferredHeight: 48
-                    radius: Theme.controlRadius
-                    color: Theme.accentTint
-                    Icon {
-                        anchors.centerIn: parent
-                        width: 28
-                        height: 28
-                        name: root.controller.iconName
-                        color: Theme.accentText
-                    }
-                }
-                ColumnLayout {
+                spacing: 0
+                BodyText {
                     Layout.fillWidth: true
-                    spacing: 0
-                    BodyText {
-                        Layout.fillWidth: true
-                        text: root.controller.heading
-                        font.pixelSize: Theme.fontTitle
-                        font.weight: Theme.weightStrong
-                        maximumLineCount: 2
-                        wrapMode: Text.WrapAnywhere
-                        elide: Text.ElideRight
-                    }
-                    BodyText {
-                        Layout.fillWidth: true
-                        visible: text !== ""
-                        text: root.controller.detail
-                        color: Theme.textSecondary
-                    }
+                    text: root.controller.heading
+                    font.pixelSize: Theme.fontTitle
+                    font.weight: Theme.weightStrong
+                    maximumLineCount: 2
+                    wrapMode: Text.WrapAnywhere
+                    elide: Text.ElideRight
                 }
-                IconButton {
-                    iconName: "close"
+                BodyText {
+                    Layout.fillWidth: true
+                    visible: text !== ""
+                    text: root.controller.detail
                     color: Theme.textSecondary
-                    text: qsTr("Close")
-                    onClicked: root.controller.cancelTapped()
                 }
             }
-            Rectangle {
-                Layout.fillWidth: true
-                Layout.preferredHeight: 1
-                visible: root.controller.titles.length > 0
-                color: Theme.hairline
+            IconButton {
+                iconName: "close"
+                color: Theme.textSecondary
+                text: qsTr("Close")
+                onClicked: root.controller.cancelTapped()
             }
-            BodyText {
-                Layout.fillWidth: true
-                Layout.leftMargin: Theme.space4
-                Layout.rightMargin: Theme.space4
-                visible: text !== ""
-                text: root.controller.failure
-                color: Theme.error
-            }
-            GridLayout {
-                Layout.fillWidth: true
-                Layout.leftMargin: Theme.space2
-                Layout.rightMargin: Theme.space2
-                columns: Math.min(4, Math.max(2, Math.floor(content.width / (64 + 20 * Theme.textScale))))
-                columnSpacing: 0
-                rowSpacing: Theme.space2
-                Repeater {
-                    model: root.controller.titles
-                    ShareTile {
-                        required property int index
-                        required property string modelData
+        }
+        Rectangle {
+            Layout.fillWidth: true
+            Layout.preferredHeight: 1
+            visible: root.controller.titles.length > 0
+            color: Theme.hairline
+        }
+        BodyText {
+            Layout.fillWidth: true
+            Layout.leftMargin: Theme.space4
+            Layout.rightMargin: Theme.space4
+            visible: text !== ""
+            text: root.controller.failure
+            color: Theme.error
+        }
+        GridLayout {
+            Layout.fillWidth: true
+            Layout.leftMargin: Theme.space2
+            Layout.rightMargin: Theme.space2
+            columns: Math.min(4, Math.max(2, Math.floor(content.width / (64 + 20 * Theme.textScale))))
+            columnSpacing: 0
+            rowSpacing: Theme.space2
+            Repeater {
+                model: root.controller.titles
+                ShareTile {
+                    required property int index
+                    required property string modelData
 
-                        Layout.fillWidth: true
-                        Layout.alignment: Qt.AlignTop
-                        focus: index === 0
-                        text: modelData
-                        // qmllint disable unqualified
-                        iconName: root.controller.icons[index]
-                        onClicked: root.controller.targetTapped(index)
-                        // qmllint enable unqualified
-                    }
+                    Layout.fillWidth: true
+                    Layout.alignment: Qt.AlignTop
+                    focus: index === 0
+                    text: modelData
+                    // qmllint disable unqualified
+                    iconName: root.controller.icons[index]
+                    onClicked: root.controller.targetTapped(index)
+                    // qmllint enable unqualified
                 }
             }
         }
