@@ -8,23 +8,35 @@
 namespace pellumar {
 namespace {
 
-// What has come so far. Answers come on any thread.
-template <typename Item>
-class Box {
-  public:
-    void append(const Item& item) {
-        const std::lock_guard lock(mutex_);
-        items_.push_back(item);
+// Asks for something of each asset in the background, by `request(images, asset, answer)`, whose
+// answer may come on any thread and is nothing if there is none to be had; completes on the main
+// queue, with all that came, once each has been answered.
+template <typename Item, typename Request>
+void gather(const PhotoServices& services,
+            const std::vector<PHAsset>& assets,
+            const Request& request,
+            const std::function<void(const std::vector<Item>&)>& completion) {
+    struct Box {
+        std::mutex mutex;
+        std::vector<Item> items;
+    };
+    const auto group = std::make_shared<DispatchGroup>();
+    const auto box = std::make_shared<Box>();
+    const auto answer = [group, box](const std::optional<Item>& item) {
+        if (item) {
+            const std::lock_guard lock(box->mutex);
+            box->items.push_back(*item);
+        }
+        group->leave();
+    };
+    for (const PHAsset& asset : assets) {
+        group->enter();
+        services.backgroundQueue.async([&images = services.images, asset, request, answer] {
+            request(images, asset, answer);
+        });
     }
-    [[nodiscard]] std::vector<Item> items() const {
-        const std::lock_guard lock(mutex_);
-        return items_;
-    }
-
-  private:
-    mutable std::mutex mutex_;
-    std::vector<Item> items_;
-};
+    group->notify(services.mainQueue, [box, completion] { completion(box->items); });
+}
 
 void requestFile(PHImageManager& images,
                  const PHAsset& asset,
@@ -62,54 +74,39 @@ std::vector<PHAsset> PhotoSource::assets(const QStringList& identifiers) const {
 
 void PhotoSource::fetchFiles(const std::vector<PHAsset>& assets,
                              const std::function<void(const QList<QUrl>&)>& completion) const {
-    const auto group = std::make_shared<DispatchGroup>();
-    const auto urls = std::make_shared<Box<QUrl>>();
-    const auto answered = [group, urls, &console = console_](const std::optional<QUrl>& url) {
-        console.writeLine(
-            "Response URL: " +
-            (url ? "Optional(" + url->toString(QUrl::FullyEncoded) + ')' : QStringLiteral("nil")));
-        if (url) {
-            urls->append(*url);
-        }
-        group->leave();
-    };
-    for (const PHAsset& asset : assets) {
-        group->enter();
-        services_.backgroundQueue.async([&images = services_.images, asset, answered] {
-            requestFile(images, asset, answered);
+    const auto request = [&console = console_](
+                             PHImageManager& images, const PHAsset& asset, const auto& answer) {
+        requestFile(images, asset, [&console, answer](const std::optional<QUrl>& url) {
+            const QString text =
+                url ? "Optional(" + url->toString(QUrl::FullyEncoded) + ')' : QStringLiteral("nil");
+            console.writeLine("Response URL: " + text);
+            answer(url);
         });
-    }
-    group->notify(services_.mainQueue, [urls, completion] {
-        const std::vector<QUrl> all = urls->items();
-        completion(QList<QUrl>(all.begin(), all.end()));
+    };
+    gather<QUrl>(services_, assets, request, [completion](const std::vector<QUrl>& urls) {
+        completion(QList<QUrl>(urls.begin(), urls.end()));
     });
 }
 
 void PhotoSource::renderImages(const std::vector<PHAsset>& assets,
                                const std::function<void(const Images&)>& completion) const {
-    const auto group = std::make_shared<DispatchGroup>();
-    const auto rendered = std::make_shared<Box<std::shared_ptr<const Image>>>();
-    const auto answered = [group, rendered, &console = console_](
-                              const std::shared_ptr<const Image>& image,
-                              const std::optional<PHImageInfo>& info) {
-        // Anything but a final image is not the end of it.
-        if (image == nullptr || !info || !info->isDegraded || *info->isDegraded) {
-            return;
-        }
-        rendered->append(image);
-        console.writeLine(QStringLiteral("Appending asset"));
-        group->leave();
+    const auto request = [&console = console_](
+                             PHImageManager& images, const PHAsset& asset, const auto& answer) {
+        const auto rendered = [&console, answer](const std::shared_ptr<const Image>& image,
+                                                 const std::optional<PHImageInfo>& info) {
+            // Anything but a final image is not the end of it.
+            if (image != nullptr && info && info->isDegraded && !*info->isDegraded) {
+                console.writeLine(QStringLiteral("Appending asset"));
+                answer(image);
+            }
+        };
+        images.requestImage(asset, {}, rendered);
     };
-    for (const PHAsset& asset : assets) {
-        group->enter();
-        services_.backgroundQueue.async([&images = services_.images, asset, answered] {
-            images.requestImage(asset, {}, answered);
+    gather<std::shared_ptr<const Image>>(
+        services_, assets, request, [completion, &console = console_](const Images& images) {
+            console.writeLine(QStringLiteral("NOTIFIED"));
+            completion(images);
         });
-    }
-    group->notify(services_.mainQueue, [rendered, completion, &console = console_] {
-        console.writeLine(QStringLiteral("NOTIFIED"));
-        completion(rendered->items());
-    });
 }
 
 }  // namespace pellumar
