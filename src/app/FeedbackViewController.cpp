@@ -44,9 +44,4 @@ void FeedbackViewController::sendTapped() {
     });
 }
 
-bool FeedbackViewController::goBack() {
-    closeTapped();
-    return true;
-}
-
 }  // namespace pellumar

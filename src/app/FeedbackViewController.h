@@ -30,7 +30,6 @@ class FeedbackViewController : public pellumar::UIViewController,
     Q_INVOKABLE void closeTapped() { dismissSelf(true); }
 
     [[nodiscard]] int evaluation() const { return evaluation_; }
-    bool goBack() override;
     void starEvaluationViewDidSelectRating(int rating) override;
 
   protected:

@@ -1,11 +1,8 @@
 #include "app/UsageDataViewController.h"
 
-#include <QClipboard>
-#include <QGuiApplication>
 #include <utility>
 
 #include "platform/kit/Notice.h"
-#include "platform/kit/UIWindow.h"
 
 namespace pellumar {
 
@@ -14,29 +11,21 @@ UsageDataViewController::UsageDataViewController(const UIContext& context, Usage
 
 void UsageDataViewController::viewDidLoad() {
     UIViewController::viewDidLoad();
-    source_.background.async(
-        [read = source_.read, &mainQueue = source_.mainQueue, self = weakly(this)] {
+    question_ = askInBackground<Kept>(
+        source_.mainQueue,
+        source_.background,
+        [read = source_.read](const auto& /*isWanted*/) {
             const std::optional<QByteArray> lines = read();
-            mainQueue.async([lines, data = UsageData::of(lines), self] {
-                if (const auto screen = self.lock()) {
-                    screen->lines_ = lines.value_or(QByteArray());
-                    screen->data_ = data;
-                    emit screen->changed();
-                }
-            });
+            return Kept{lines.value_or(QByteArray()), UsageData::of(lines)};
+        },
+        [this](const Kept& kept) {
+            kept_ = kept;
+            emit changed();
         });
 }
 
 void UsageDataViewController::copyTapped() {
-    QGuiApplication::clipboard()->setText(QString::fromUtf8(lines_));
-    if (window() != nullptr) {
-        Notice::show(context(), *window(), tr("Copied"));
-    }
-}
-
-bool UsageDataViewController::goBack() {
-    doneTapped();
-    return true;
+    Notice::copy(context(), window(), QString::fromUtf8(kept_.lines));
 }
 
 }  // namespace pellumar

@@ -3,7 +3,7 @@
 #include <functional>
 
 #include "app/UsageData.h"
-#include "platform/DispatchQueue.h"
+#include "platform/Question.h"
 #include "platform/kit/UIViewController.h"
 
 namespace pellumar {
@@ -33,10 +33,9 @@ class UsageDataViewController : public pellumar::UIViewController {
     Q_INVOKABLE void copyTapped();
     Q_INVOKABLE void doneTapped() { dismissSelf(true); }
 
-    bool goBack() override;
-    [[nodiscard]] QString summary() const { return data_.summary; }
-    [[nodiscard]] QVariantList rows() const { return data_.rows; }
-    [[nodiscard]] bool canCopy() const { return !lines_.isEmpty(); }
+    [[nodiscard]] QString summary() const { return kept_.inWords.summary; }
+    [[nodiscard]] QVariantList rows() const { return kept_.inWords.rows; }
+    [[nodiscard]] bool canCopy() const { return !kept_.lines.isEmpty(); }
 
   signals:
     void changed();
@@ -45,9 +44,14 @@ class UsageDataViewController : public pellumar::UIViewController {
     void viewDidLoad() override;
 
   private:
+    struct Kept {
+        QByteArray lines;
+        UsageData inWords;
+    };
+
     const UsageDataSource source_;
-    QByteArray lines_;
-    UsageData data_;
+    Kept kept_;
+    Question question_;
 };
 
 }  // namespace pellumar

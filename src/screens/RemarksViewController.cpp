@@ -1,12 +1,9 @@
 #include "screens/RemarksViewController.h"
 
-#include <QClipboard>
-#include <QGuiApplication>
 #include <QLocale>
 #include <utility>
 
 #include "platform/kit/Notice.h"
-#include "platform/kit/UIWindow.h"
 
 namespace pellumar {
 
@@ -33,11 +30,8 @@ QString RemarksViewController::introduction() const {
 }
 
 void RemarksViewController::copyTapped() {
-    QGuiApplication::clipboard()->setText(remarks_.lines.join('\n') + QStringLiteral("\n\n") +
-                                          remarks_.details);
-    if (window() != nullptr) {
-        Notice::show(context(), *window(), tr("Copied"));
-    }
+    const QString lines = remarks_.lines.join('\n');
+    Notice::copy(context(), window(), lines + QStringLiteral("\n\n") + remarks_.details);
 }
 
 }  // namespace pellumar

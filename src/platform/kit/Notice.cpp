@@ -1,6 +1,8 @@
 #include "platform/kit/Notice.h"
 
 #include <QAccessible>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <algorithm>
 #include <utility>
 
@@ -32,6 +34,13 @@ void Notice::show(const UIContext& context,
         earlier->close();
     } else if (earlier != nullptr) {
         earlier->waitOrComeBack();
+    }
+}
+
+void Notice::copy(const UIContext& context, UIWindow* window, const QString& text) {
+    QGuiApplication::clipboard()->setText(text);
+    if (window != nullptr) {
+        show(context, *window, tr("Copied"));
     }
 }
 

@@ -50,6 +50,8 @@ class Notice : public QObject {
                      const QString& text,
                      Action action = {},
                      Stay stay = Stay::kForAMoment);
+    // Puts a text on the clipboard and says so, in the window if there is one.
+    static void copy(const UIContext& context, UIWindow* window, const QString& text);
     // The one that is there; null if there is none, or it is going.
     [[nodiscard]] static Notice* shownIn(const UIWindow& window);
 

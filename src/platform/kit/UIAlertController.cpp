@@ -1,12 +1,9 @@
 #include "platform/kit/UIAlertController.h"
 
-#include <QClipboard>
-#include <QGuiApplication>
 #include <utility>
 
 #include "platform/TextList.h"
 #include "platform/kit/Notice.h"
-#include "platform/kit/UIWindow.h"
 
 namespace pellumar {
 
@@ -32,10 +29,7 @@ void UIAlertController::choose(int index) {
 }
 
 void UIAlertController::copyReason() const {
-    QGuiApplication::clipboard()->setText(reason_.text + QStringLiteral("\n\n") + reason_.details);
-    if (window() != nullptr) {
-        Notice::show(context(), *window(), tr("Copied"));
-    }
+    Notice::copy(context(), window(), reason_.text + QStringLiteral("\n\n") + reason_.details);
 }
 
 bool UIAlertController::goBack() {
