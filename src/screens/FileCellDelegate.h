@@ -4,12 +4,13 @@
 
 namespace pellumar {
 
-// Learns that the user wants to share the file of a row.
+// Learns what the user wants to do with the file of a row.
 class FileCellDelegate {
   public:
     virtual ~FileCellDelegate() = default;
 
     virtual void shareFile(IndexPath at) = 0;
+    virtual void openFile(IndexPath at) = 0;
 };
 
 }  // namespace pellumar

@@ -33,16 +33,10 @@ void FileTableViewCell::configure(const QUrl& url, IndexPath indexPath) {
         });
 }
 
-void FileTableViewCell::shareTapped() {
+void FileTableViewCell::tell(void (FileCellDelegate::*what)(IndexPath at)) const {
     const auto told = delegate_.lock();
     if (indexPath_ && told) {
-        told->shareFile(*indexPath_);
-    }
-}
-
-void FileTableViewCell::openTapped() {
-    if (indexPath_) {
-        open_(*indexPath_);
+        (told.get()->*what)(*indexPath_);
     }
 }
 

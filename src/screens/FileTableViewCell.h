@@ -2,7 +2,6 @@
 
 #include <QPointer>
 #include <QUrl>
-#include <functional>
 #include <memory>
 #include <optional>
 
@@ -26,16 +25,10 @@ class FileTableViewCell : public UITableViewCell {
     Q_PROPERTY(QString thumbnail READ thumbnail NOTIFY configured)
 
   public:
-    using Opener = std::function<void(IndexPath at)>;
-
-    // `open` is called with the row that is tapped.
     FileTableViewCell(const UIContext& context,
                       QString reuseIdentifier,
-                      const DocumentServices& documents,
-                      Opener open)
-        : UITableViewCell(context, std::move(reuseIdentifier)),
-          documents_(documents),
-          open_(std::move(open)) {}
+                      const DocumentServices& documents)
+        : UITableViewCell(context, std::move(reuseIdentifier)), documents_(documents) {}
 
     // Shows another file. A cell that is used again forgets the one before.
     void configure(const QUrl& url, IndexPath indexPath);
@@ -43,8 +36,8 @@ class FileTableViewCell : public UITableViewCell {
     void setDelegate(const std::weak_ptr<FileCellDelegate>& delegate) { delegate_ = delegate; }
     [[nodiscard]] std::optional<IndexPath> indexPath() const { return indexPath_; }
 
-    Q_INVOKABLE void shareTapped();
-    Q_INVOKABLE void openTapped();
+    Q_INVOKABLE void shareTapped() const { tell(&FileCellDelegate::shareFile); }
+    Q_INVOKABLE void openTapped() const { tell(&FileCellDelegate::openFile); }
 
     [[nodiscard]] QString detail() const { return detail_; }
     [[nodiscard]] QString iconName() const { return iconName_; }
@@ -57,8 +50,9 @@ class FileTableViewCell : public UITableViewCell {
     void awakeFromNib() override;
 
   private:
+    void tell(void (FileCellDelegate::*what)(IndexPath at)) const;
+
     const DocumentServices documents_;
-    const Opener open_;
     QPointer<QQuickItem> titleLabel_;
     QPointer<QQuickItem> fileImageView_;
     std::optional<IndexPath> indexPath_;

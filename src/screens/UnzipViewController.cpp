@@ -40,10 +40,7 @@ void UnzipViewController::viewDidLoad() {
     tableView_ = outlet<UITableView>(view(), QStringLiteral("tableView"));
     tableView_->registerCell(
         [this] {
-            return makeController<FileTableViewCell>(
-                context(), kFileCell, services_.documents, whileAlive([this](IndexPath at) {
-                    openFile(at);
-                }));
+            return makeController<FileTableViewCell>(context(), kFileCell, services_.documents);
         },
         kFileCell);
     tableView_->setDataSource(weakly(this));

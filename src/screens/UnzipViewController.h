@@ -58,8 +58,6 @@ class UnzipViewController : public pellumar::UIViewController,
     // In the file manager, what has been saved, if there is one.
     Q_INVOKABLE void showSaved();
     Q_INVOKABLE void showRemarks();
-    // With its application; a folder in the file manager.
-    void openFile(IndexPath at);
     // The first row from this one on, or the first of all if it is none, whose name begins with the
     // letters, going on at the beginning after the end; -1 if there is none.
     [[nodiscard]] Q_INVOKABLE int rowOf(const QString& letters, int from) const;
@@ -77,6 +75,8 @@ class UnzipViewController : public pellumar::UIViewController,
 
     // A row that is not in the list stops the process.
     void shareFile(IndexPath at) override;
+    // With its application; a folder in the file manager.
+    void openFile(IndexPath at) override;
 
     [[nodiscard]] int numberOfSections(const UITableView& tableView) const override;
     [[nodiscard]] int numberOfRows(const UITableView& tableView, int section) const override;
