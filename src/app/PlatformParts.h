@@ -40,7 +40,7 @@ struct PlatformParts {
     FileImageManager images{thumbnails};
     DocumentInbox inbox;
     const SharedItems sharedItems;
-    const std::vector<std::shared_ptr<ShareTarget>> shareTargets;
+    const std::vector<ShareTarget> shareTargets;
     DesktopUrlOpener opener;
     PortalSleepInhibitor sleep;
 };

@@ -12,7 +12,7 @@
 #include "platform/documents/FileCopy.h"
 #include "platform/kit/UINavigationController.h"
 #include "platform/sharing/ActivityType.h"
-#include "platform/sharing/ShowInFilesTarget.h"
+#include "platform/sharing/ShowInFiles.h"
 #include "screens/FileDetails.h"
 #include "screens/FileTableViewCell.h"
 #include "screens/RemarksViewController.h"
@@ -157,7 +157,7 @@ void UnzipViewController::saveAll() {
     saveFiles({.items = items(), .newFolder = isName ? folder : tr("Unzipped files")},
               [this](const QList<QUrl>& saved) {
                   saved_ = saved;
-                  showSaved_ = ShowInFilesTarget::noticeAction(saved);
+                  showSaved_ = showInFilesAction(saved);
                   mayLeave_ = true;
                   emit changed();
               });
@@ -173,40 +173,28 @@ void UnzipViewController::openFile(IndexPath at) {
     if (opening_ || !lastOpened_.hasExpired()) {
         return;
     }
+    const bool isFolder = QFileInfo(urlAt(at).toLocalFile()).isDir();
+    const QString type = isFolder ? activity::kShowInFiles : activity::kOpenWith;
     // As from the share sheet: under a second name, where it outlives this list and what is changed
     // is not lost.
-    opening_ = askInBackground<Opening>(
-        services_.mainQueue,
-        services_.documents.backgroundQueue,
-        [url = urlAt(at), &shared = services_.sharing.sharedItems](const auto& /*isWanted*/) {
-            const bool isFolder = QFileInfo(url.toLocalFile()).isDir();
-            const auto kept = shared.keep({url});
-            return Opening{.activityType = isFolder ? activity::kShowInFiles : activity::kOpenWith,
-                           .items = kept.value_or(QList<QUrl>())};
-        },
-        [this](const Opening& opening) {
-            opening_.reset();
-            lastOpened_.setRemainingTime(kOneTap);
-            perform(opening);
+    opening_ = services_.sharing.keep({urlAt(at)}, [this, type](const auto& items) {
+        opening_.reset();
+        lastOpened_.setRemainingTime(kOneTap);
+        const auto opened = whileAlive([this](const ShareTarget::Result& result) {
+            if (!result.error.isEmpty()) {
+                showFailureAlert(result.error);
+            }
         });
-}
-
-void UnzipViewController::perform(const Opening& opening) {
-    const auto opened = whileAlive([this](const ShareTarget::Result& result) {
-        if (!result.error.isEmpty()) {
-            showFailureAlert(result.error);
-        }
-    });
-    if (opening.items.isEmpty()) {
-        opened(ShareTarget::Result{.error = tr("This could not be opened.")});
-        return;
-    }
-    for (const std::shared_ptr<ShareTarget>& target : services_.sharing.targets) {
-        if (target->activityType() == opening.activityType) {
-            target->perform(opening.items, opened);
+        if (!items) {
+            opened(ShareTarget::Result{.error = items.error()});
             return;
         }
-    }
+        for (const ShareTarget& target : services_.sharing.targets) {
+            if (target.activityType == type) {
+                target.perform(*items, opened);
+            }
+        }
+    });
 }
 
 int UnzipViewController::rowOf(const QString& letters, int from) const {

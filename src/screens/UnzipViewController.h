@@ -95,11 +95,6 @@ class UnzipViewController : public pellumar::UIViewController,
     [[nodiscard]] const QUrl& urlAt(IndexPath indexPath) const;
     // All that was extracted.
     [[nodiscard]] QList<QUrl> items() const { return urls_ + report_.hiddenItems(); }
-    struct Opening {
-        QString activityType;
-        QList<QUrl> items;
-    };
-    void perform(const Opening& opening);
     void sumUp();
 
     const ScreenServices services_;

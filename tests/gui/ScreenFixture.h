@@ -86,7 +86,7 @@ class ScreenFixture : public testing::Test {
     ThumbnailStore thumbnails;
     PHPhotoLibrary photoLibrary;
     FileImageManager images;
-    std::vector<std::shared_ptr<ShareTarget>> targets;
+    std::vector<ShareTarget> targets;
     SharedItems sharedItems;
     CountingReview review;
     NoInhibitor sleep;

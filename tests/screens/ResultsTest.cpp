@@ -15,26 +15,17 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Opens what it is given, when told.
-class SlowOpener : public ShareTarget {
-  public:
-    SlowOpener() : ShareTarget({activity::kOpenWith, "Open", "open"}) {}
-    void perform(const QList<QUrl>& urls, const Done& done) override {
-        opened.append(urls);
-        done_ = done;
-    }
-    void answer(const QString& error) { done_({.isCompleted = error.isEmpty(), .error = error}); }
-    QList<QUrl> opened;
-
-  private:
-    Done done_;
-};
-
 // The results of an archive, by the road from the home screen.
 class ResultsTest : public ScreenFixture {
   protected:
     ResultsTest() : home_(showHome()) {
-        targets.push_back(opener);
+        targets.push_back({.activityType = activity::kOpenWith,
+                           .title = "Open",
+                           .iconName = "open",
+                           .perform = [this](const auto& urls, const auto& done) {
+                               opened.append(urls);
+                               answer = done;
+                           }});
         fs::create_directory(folder / "target");
     }
 
@@ -76,7 +67,9 @@ class ResultsTest : public ScreenFixture {
         return item == nullptr ? QString() : item->property("text").toString();
     }
 
-    std::shared_ptr<SlowOpener> opener = std::make_shared<SlowOpener>();
+    // What was to be opened, and who waits for how that went.
+    QList<QUrl> opened;
+    ShareTarget::Done answer;
 
   private:
     std::shared_ptr<ViewController> home_;
@@ -197,10 +190,10 @@ TEST_F(ResultsTest, ATapOpensARowOnceAndSaysWhyItCouldNot) {
     settle();
     results->openFile({0, 1});
     settle();
-    ASSERT_EQ(opener->opened.size(), 1);
-    EXPECT_EQ(readText(*localPath(opener->opened.first())), "content of b.txt");
-    EXPECT_NE(opener->opened.first(), results->urls()[1]) << "goes with the list";
-    opener->answer("No application opens this file");
+    ASSERT_EQ(opened.size(), 1);
+    EXPECT_EQ(readText(*localPath(opened.first())), "content of b.txt");
+    EXPECT_NE(opened.first(), results->urls()[1]) << "goes with the list";
+    answer({.error = "No application opens this file"});
     const auto alert = presented<UIAlertController>();
     ASSERT_TRUE(alert);
     EXPECT_EQ(alert->message(), "No application opens this file");
@@ -209,7 +202,7 @@ TEST_F(ResultsTest, ATapOpensARowOnceAndSaysWhyItCouldNot) {
     for (const qsizetype count : {2, 3}) {
         EXPECT_TRUE(waitUntil([&] {
             results->openFile({0, 0});
-            return opener->opened.size() == count;
+            return opened.size() == count;
         }));
     }
     EXPECT_EQ(results->rowOf("a", -1), 0);
@@ -246,7 +239,7 @@ TEST_F(ResultsTest, KeysLeadThroughTheRows) {
     EXPECT_TRUE(window.activeFocusItem()->property("visualFocus").toBool());
     press(Qt::Key_Return);
     settle();
-    EXPECT_EQ(opener->opened.size(), 1);
+    EXPECT_EQ(opened.size(), 1);
 }
 
 TEST_F(ResultsTest, ANewArchiveThatNobodyKeptIsAskedAboutOnce) {

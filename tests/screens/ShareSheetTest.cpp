@@ -18,17 +18,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Another application: what it says of what it is given is told before.
-class OtherApplication : public ShareTarget {
-  public:
-    OtherApplication() : ShareTarget({"org.pellumar.test.other", "Other", "open"}) {}
-    void perform(const QList<QUrl>& urls, const Done& done) override {
-        given = urls;
-        done(answer);
-    }
-    QList<QUrl> given;
-    Result answer{.isCompleted = true};
-};
+const QString kOther = QStringLiteral("org.pellumar.test.other");
 
 class ShareSheetTest : public ScreenFixture {
   protected:
@@ -43,7 +33,13 @@ class ShareSheetTest : public ScreenFixture {
 
     ShareSheetTest() : home(showHome()) {
         fs::create_directory(folder / "target");
-        targets.push_back(other);
+        targets.push_back({.activityType = kOther,
+                           .title = "Other",
+                           .iconName = "open",
+                           .perform = [this](const auto& urls, const auto& done) {
+                               given = urls;
+                               done({.isCompleted = true});
+                           }});
     }
 
     QUrl file(const std::string& name) {
@@ -89,7 +85,8 @@ class ShareSheetTest : public ScreenFixture {
     }
 
     std::shared_ptr<ViewController> home;
-    std::shared_ptr<OtherApplication> other = std::make_shared<OtherApplication>();
+    // What another application was given.
+    QList<QUrl> given;
     End end;
 };
 
@@ -162,7 +159,7 @@ TEST_F(ShareSheetTest, NoFolderChosenIsNoEnd) {
     // And the other ways are still there.
     sheet->targetTapped(1);
     settle();
-    EXPECT_EQ(end.activityType, other->activityType());
+    EXPECT_EQ(end.activityType, kOther);
     EXPECT_TRUE(end.isCompleted);
     EXPECT_FALSE(end.returnedItems);
 }
@@ -174,8 +171,8 @@ TEST_F(ShareSheetTest, OnlyWhatIsThereIsOffered) {
     EXPECT_EQ(some->detail(), "16 bytes, 1 more no longer there");
     some->targetTapped(1);
     settle();
-    ASSERT_EQ(other->given.size(), 1);
-    EXPECT_EQ(other->given.first().fileName(), "a.txt");
+    ASSERT_EQ(given.size(), 1);
+    EXPECT_EQ(given.first().fileName(), "a.txt");
 
     const auto none = share({QUrl("https://host.example/a.txt")});
     settle();
@@ -201,9 +198,8 @@ TEST_F(ShareSheetTest, WhatWasSharedOutlivesTheReturnHome) {
     stack()->popViewController(true);
     settle();
     EXPECT_FALSE(fs::exists(*localPath(extracted)));
-    ASSERT_EQ(other->given.size(), 1);
-    EXPECT_EQ(readText(*localPath(other->given.first())),
-              "content of Documents/outputs/zipOutputs/a.txt");
+    ASSERT_EQ(given.size(), 1);
+    EXPECT_EQ(readText(*localPath(given.first())), "content of Documents/outputs/zipOutputs/a.txt");
 }
 
 // The user opens a file elsewhere, changes it, and starts the application again.

@@ -8,7 +8,7 @@
 #include "platform/FileUrl.h"
 #include "platform/kit/Notice.h"
 #include "platform/kit/UIWindow.h"
-#include "platform/sharing/ShowInFilesTarget.h"
+#include "platform/sharing/ShowInFiles.h"
 
 namespace pellumar {
 namespace {
@@ -136,7 +136,7 @@ void ItemSaving::sayThatItIsSaved(const fs::path& folder, const QList<QUrl>& sav
     Notice::show(context_,
                  *screen->window(),
                  savingText("Saved %1 to %2").arg(what, nameOf(folder)),
-                 ShowInFilesTarget::noticeAction(saved));
+                 showInFilesAction(saved));
 }
 
 }  // namespace pellumar

@@ -8,7 +8,7 @@
 #include "platform/FileUrl.h"
 #include "platform/TextList.h"
 #include "platform/kit/Notice.h"
-#include "platform/sharing/ShowInFilesTarget.h"
+#include "platform/sharing/ShowInFiles.h"
 
 namespace pellumar {
 
@@ -30,7 +30,7 @@ void KeptEdits::recover(const SharedItems& sharedItems,
                 Notice::show(context,
                              *window,
                              text(files),
-                             ShowInFilesTarget::noticeAction(files),
+                             showInFilesAction(files),
                              Notice::Stay::kUntilClosed);
             }
         });

@@ -6,7 +6,6 @@
 #include <QUrl>
 #include <functional>
 #include <optional>
-#include <utility>
 
 #include "platform/sharing/ItemSummary.h"
 
@@ -14,8 +13,7 @@ namespace pellumar {
 
 // One way for files to leave the application. For the main thread, on which none of it looks at the
 // files.
-class ShareTarget {
-  public:
+struct ShareTarget {
     struct Result {
         // Whether the files were handed on, as far as that can be known.
         bool isCompleted = false;
@@ -28,36 +26,22 @@ class ShareTarget {
     };
     using Done = std::function<void(const Result& result)>;
 
-    struct Label {
-        // What identifies the kind of sharing, "org.pellumar.activity.copy".
-        QString activityType;
-        QString title;
-        // The name of an icon of the theme.
-        QString iconName;
-    };
-
-    explicit ShareTarget(Label label) : label_(std::move(label)) {}
-    virtual ~ShareTarget() = default;
-    ShareTarget(const ShareTarget&) = delete;
-    ShareTarget& operator=(const ShareTarget&) = delete;
-
-    [[nodiscard]] const QString& activityType() const { return label_.activityType; }
-    [[nodiscard]] const QString& title() const { return label_.title; }
-    [[nodiscard]] const QString& iconName() const { return label_.iconName; }
+    // What identifies the kind of sharing, "org.pellumar.activity.copy".
+    QString activityType;
+    QString title;
+    // The name of an icon of the theme.
+    QString iconName;
+    // Returns at once; `done` is called exactly once, or not at all if the sheet has gone before.
+    std::function<void(const QList<QUrl>& urls, const Done& done)> perform = {};
     // Whether this works here, and with these items, of which there is at least one.
-    [[nodiscard]] virtual bool canPerform(const ItemSummary& /*summary*/) const { return true; }
+    std::function<bool(const ItemSummary& summary)> canPerform = [](const auto&) { return true; };
     // Whether somebody may still need the files when it is done.
-    [[nodiscard]] virtual bool isReadLater() const { return true; }
-    // Returns at once; `done` is called exactly once, or not at all if the target has gone before.
-    virtual void perform(const QList<QUrl>& urls, const Done& done) = 0;
+    bool isReadLater = true;
 
     // What all of them say to the user is translated in one place.
     [[nodiscard]] static QString text(const char* source) {
         return QCoreApplication::translate("ShareTarget", source);
     }
-
-  private:
-    const Label label_;
 };
 
 }  // namespace pellumar

@@ -6,19 +6,27 @@
 #include "platform/TextList.h"
 #include "platform/kit/Notice.h"
 #include "platform/kit/UIWindow.h"
-#include "platform/sharing/SaveToTarget.h"
+#include "platform/sharing/ActivityType.h"
 
 namespace pellumar {
-namespace {
 
-// What cannot be kept for others is not handed to them: they would lose it.
-QString failureText(const FileCopyError& error) {
-    return UIActivityViewController::tr("%1 could not be handed on: %2")
-        .arg(QString::fromStdString(error.path.filename().string()),
-             QString::fromStdString(error.reason.message()));
+Question SharingServices::keep(
+    const QList<QUrl>& items,
+    std::function<void(const tl::expected<QList<QUrl>, QString>& items)> kept) const {
+    // A folder with many files takes a moment.
+    return askInBackground<tl::expected<QList<QUrl>, QString>>(
+        documents.mainQueue,
+        documents.backgroundQueue,
+        [items, &shared = sharedItems](const auto& /*isWanted*/) {
+            // What cannot be kept for others is not handed to them: they would lose it.
+            return shared.keep(items).map_error([](const FileCopyError& error) {
+                return UIActivityViewController::tr("%1 could not be handed on: %2")
+                    .arg(QString::fromStdString(error.path.filename().string()),
+                         QString::fromStdString(error.reason.message()));
+            });
+        },
+        std::move(kept));
 }
-
-}  // namespace
 
 UIActivityViewController::UIActivityViewController(const UIContext& context,
                                                    const SharingServices& services,
@@ -27,24 +35,41 @@ UIActivityViewController::UIActivityViewController(const UIContext& context,
 
 void UIActivityViewController::viewDidLoad() {
     UIViewController::viewDidLoad();
-    services_.documents.backgroundQueue.async(
-        [self = weakly(this), items = items_, &mainQueue = services_.documents.mainQueue] {
-            mainQueue.async([self, summary = ItemSummary::of(items)] {
-                if (const auto sheet = self.lock()) {
-                    sheet->offer(summary);
-                }
+    question_ = askInBackground<ItemSummary>(
+        services_.documents.mainQueue,
+        services_.documents.backgroundQueue,
+        [items = items_](const auto& /*isWanted*/) { return ItemSummary::of(items); },
+        [this](const ItemSummary& summary) { offer(summary); });
+}
+
+ShareTarget UIActivityViewController::saveTo() {
+    const auto save = [this](const QList<QUrl>& items, const ShareTarget::Done& done) {
+        saving_ = ItemSaving::start(
+            *this,
+            context(),
+            services_.documents,
+            {.items = items, .newFolder = {}},
+            [done](const ItemSaving::Outcome& outcome) {
+                const bool isSaved = !outcome.saved.isEmpty();
+                done({.isCompleted = isSaved,
+                      .error = outcome.failure,
+                      .returnedItems = isSaved ? std::optional(outcome.saved) : std::nullopt});
             });
-        });
+    };
+    return {.activityType = activity::kSaveTo,
+            .title = ShareTarget::text("Save to…"),
+            .iconName = "save",
+            .perform = save,
+            .isReadLater = false};
 }
 
 void UIActivityViewController::offer(const ItemSummary& summary) {
     summary_ = summary;
-    std::vector<std::shared_ptr<ShareTarget>> all{
-        std::make_shared<SaveToTarget>(weakly(this), context(), services_.documents)};
+    std::vector<ShareTarget> all{saveTo()};
     all.insert(all.end(), services_.targets.begin(), services_.targets.end());
-    for (const auto& target : all) {
-        if (!summary.items.isEmpty() && !excluded_.contains(target->activityType()) &&
-            target->canPerform(summary)) {
+    for (const ShareTarget& target : all) {
+        if (!summary.items.isEmpty() && !excluded_.contains(target.activityType) &&
+            target.canPerform(summary)) {
             targets_.push_back(target);
         }
     }
@@ -52,7 +77,7 @@ void UIActivityViewController::offer(const ItemSummary& summary) {
 }
 
 QStringList UIActivityViewController::offeredActivityTypes() const {
-    return textList(targets_, [](const auto& target) { return target->activityType(); });
+    return textList(targets_, &ShareTarget::activityType);
 }
 
 void UIActivityViewController::targetTapped(int index) {
@@ -61,32 +86,24 @@ void UIActivityViewController::targetTapped(int index) {
     }
     isBusy_ = true;
     showFailure({});
-    const std::shared_ptr<ShareTarget> target = targets_[static_cast<std::size_t>(index)];
-    if (!target->isReadLater()) {
-        perform(*target, summary_->items);
+    const ShareTarget target = targets_[static_cast<std::size_t>(index)];
+    if (!target.isReadLater) {
+        perform(target, summary_->items);
         return;
     }
-    // A folder with many files takes a moment.
-    services_.documents.backgroundQueue.async([self = weakly(this),
-                                               target,
-                                               items = summary_->items,
-                                               &shared = services_.sharedItems,
-                                               &mainQueue = services_.documents.mainQueue] {
-        mainQueue.async([self, target, kept = shared.keep(items)] {
-            const auto sheet = self.lock();
-            if (sheet && kept) {
-                sheet->perform(*target, *kept);
-            } else if (sheet) {
-                sheet->end(target->activityType(), {.error = failureText(kept.error())});
-            }
-        });
+    question_ = services_.keep(summary_->items, [this, target](const auto& items) {
+        if (items) {
+            perform(target, *items);
+        } else {
+            end(target.activityType, {.error = items.error()});
+        }
     });
 }
 
-void UIActivityViewController::perform(ShareTarget& target, const QList<QUrl>& items) {
+void UIActivityViewController::perform(const ShareTarget& target, const QList<QUrl>& items) {
     target.perform(
         items,
-        [self = weakly(this), type = target.activityType()](const ShareTarget::Result& result) {
+        [self = weakly(this), type = target.activityType](const ShareTarget::Result& result) {
             if (const auto sheet = self.lock()) {
                 sheet->end(type, result);
             }
@@ -123,8 +140,8 @@ void UIActivityViewController::finish(const std::optional<QString>& activityType
     if (std::exchange(isFinished_, true)) {
         return;
     }
-    // With them goes what one of them is still saving.
-    targets_.clear();
+    question_.reset();
+    saving_.reset();
     dismissSelf(true, [handler = std::exchange(handler_, {}), activityType, result] {
         if (handler) {
             handler(activityType,
@@ -175,11 +192,11 @@ QString UIActivityViewController::iconName() const {
 }
 
 QStringList UIActivityViewController::titles() const {
-    return textList(targets_, [](const auto& target) { return target->title(); });
+    return textList(targets_, &ShareTarget::title);
 }
 
 QStringList UIActivityViewController::icons() const {
-    return textList(targets_, [](const auto& target) { return target->iconName(); });
+    return textList(targets_, &ShareTarget::iconName);
 }
 
 }  // namespace pellumar

@@ -8,8 +8,10 @@
 #include <optional>
 #include <vector>
 
+#include "platform/Question.h"
 #include "platform/documents/UIDocumentPickerViewController.h"
 #include "platform/kit/UIViewController.h"
+#include "platform/sharing/ItemSaving.h"
 #include "platform/sharing/ItemSummary.h"
 #include "platform/sharing/ShareTarget.h"
 #include "platform/sharing/SharedItems.h"
@@ -19,8 +21,14 @@ namespace pellumar {
 // What share sheets work with. All of it must outlive them.
 struct SharingServices {
     const DocumentServices& documents;
-    const std::vector<std::shared_ptr<ShareTarget>>& targets;
+    const std::vector<ShareTarget>& targets;
     const SharedItems& sharedItems;
+
+    // Gives the items second names in the background, for a target that is read later: `kept` gets
+    // those, or for a person why there are none.
+    [[nodiscard]] Question keep(
+        const QList<QUrl>& items,
+        std::function<void(const tl::expected<QList<QUrl>, QString>& items)> kept) const;
 };
 
 // The share sheet: shows files and the ways that they can leave: saving them into a folder of the
@@ -84,14 +92,15 @@ class UIActivityViewController : public pellumar::UIViewController {
 
   private:
     void offer(const ItemSummary& summary);
-    void perform(ShareTarget& target, const QList<QUrl>& items);
+    [[nodiscard]] ShareTarget saveTo();
+    void perform(const ShareTarget& target, const QList<QUrl>& items);
     void end(const QString& activityType, const ShareTarget::Result& result);
     void finish(const std::optional<QString>& activityType, const ShareTarget::Result& result);
     void showFailure(const QString& failure);
 
     const SharingServices services_;
     const QList<QUrl> items_;
-    std::vector<std::shared_ptr<ShareTarget>> targets_;
+    std::vector<ShareTarget> targets_;
     QStringList excluded_;
     CompletionWithItems handler_;
     // Nothing before the items have been looked at.
@@ -101,6 +110,9 @@ class UIActivityViewController : public pellumar::UIViewController {
     QString failure_;
     bool isBusy_ = false;
     bool isFinished_ = false;
+    // What it is about, and what is being saved: neither goes on without it.
+    Question question_;
+    std::shared_ptr<ItemSaving> saving_;
 };
 
 }  // namespace pellumar

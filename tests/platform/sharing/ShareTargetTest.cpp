@@ -93,20 +93,20 @@ class ShareTargetTest : public testing::Test {
         }
         return urls;
     }
-    [[nodiscard]] static std::shared_ptr<ShareTarget> target(const QString& type) {
-        for (const auto& each : desktopTargets()) {
-            if (each->activityType() == type) {
+    [[nodiscard]] static ShareTarget target(const QString& type) {
+        for (const ShareTarget& each : desktopTargets()) {
+            if (each.activityType == type) {
                 return each;
             }
         }
-        return nullptr;
+        return {};
     }
     [[nodiscard]] static QStringList offered(const QList<QUrl>& urls) {
         QStringList types;
         const ItemSummary summary = ItemSummary::of(urls);
-        for (const auto& each : desktopTargets()) {
-            if (each->canPerform(summary)) {
-                types.append(each->activityType());
+        for (const ShareTarget& each : desktopTargets()) {
+            if (each.canPerform(summary)) {
+                types.append(each.activityType);
             }
         }
         return types;
@@ -115,7 +115,7 @@ class ShareTargetTest : public testing::Test {
     [[nodiscard]] static ShareTarget::Result perform(const QString& type, const QList<QUrl>& urls) {
         int answers = 0;
         ShareTarget::Result result;
-        target(type)->perform(urls, [&](const ShareTarget::Result& answer) {
+        target(type).perform(urls, [&](const ShareTarget::Result& answer) {
             ++answers;
             result = answer;
         });
@@ -155,7 +155,7 @@ TEST_F(ShareTargetTest, PortalAttachesTheFilesThemselves) {
     qDBusRegisterMetaType<QList<QDBusUnixFileDescriptor>>();
     const AskingPortal portal(kSuccess);
     const QList<QUrl> urls = files({"a b.zip", "caf\xe9.zip"});
-    ASSERT_TRUE(target(activity::kMail)->canPerform(ItemSummary::of(urls)));
+    ASSERT_TRUE(target(activity::kMail).canPerform(ItemSummary::of(urls)));
     EXPECT_TRUE(perform(activity::kMail, urls).isCompleted);
     ASSERT_EQ(portal.calls().size(), 1);
     const BusService::Call& call = portal.calls().first();
@@ -203,8 +203,8 @@ TEST_F(ShareTargetTest, PortalThatEndsMeanwhileIsNoWaitForEver) {
         });
     std::optional<ShareTarget::Result> result;
     target(activity::kOpenWith)
-        ->perform(files({"a b.zip"}),
-                  [&result](const ShareTarget::Result& answer) { result = answer; });
+        .perform(files({"a b.zip"}),
+                 [&result](const ShareTarget::Result& answer) { result = answer; });
     ASSERT_TRUE(waitUntil([&portal] { return !portal->calls().isEmpty(); }));
     portal.reset();
     EXPECT_TRUE(waitUntil([&result] { return result.has_value(); }));

@@ -1,4 +1,4 @@
-#include "platform/sharing/ShowInFilesTarget.h"
+#include "platform/sharing/ShowInFiles.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -29,19 +29,22 @@ QStringList foldersOf(const QList<QUrl>& urls) {
 
 }  // namespace
 
-Notice::Action ShowInFilesTarget::noticeAction(const QList<QUrl>& urls) {
-    if (urls.isEmpty() || !isOnSessionBus(kFileManager)) {
-        return {};
-    }
-    return {ShowInFilesTarget().title(),
-            [urls] { ShowInFilesTarget().perform(urls, [](const Result&) {}); }};
-}
-
-bool ShowInFilesTarget::canPerform(const ItemSummary& /*summary*/) const {
+bool hasFileManager() {
     return isOnSessionBus(kFileManager);
 }
 
-void ShowInFilesTarget::perform(const QList<QUrl>& urls, const Done& done) {
+QString showInFilesTitle() {
+    return ShareTarget::text("Show in files");
+}
+
+Notice::Action showInFilesAction(const QList<QUrl>& urls) {
+    if (urls.isEmpty() || !hasFileManager()) {
+        return {};
+    }
+    return {showInFilesTitle(), [urls] { showInFiles(urls, [](const auto& /*result*/) {}); }};
+}
+
+void showInFiles(const QList<QUrl>& urls, const ShareTarget::Done& done) {
     const bool areFew = urls.size() <= kMostSelected;
     QDBusMessage call = QDBusMessage::createMethodCall(
         kFileManager,
@@ -54,8 +57,8 @@ void ShowInFilesTarget::perform(const QList<QUrl>& urls, const Done& done) {
     QObject::connect(answer, &QDBusPendingCallWatcher::finished, answer, [answer, done] {
         answer->deleteLater();
         const bool isShown = !QDBusPendingReply<>(*answer).isError();
-        done({.isCompleted = isShown,
-              .error = isShown ? QString() : text("The file manager could not be opened")});
+        const QString error = ShareTarget::text("The file manager could not be opened");
+        done({.isCompleted = isShown, .error = isShown ? QString() : error});
     });
 }
 
