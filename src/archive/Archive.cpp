@@ -27,13 +27,14 @@ Archive::~Archive() = default;
 
 Result<Archive> Archive::open(const std::filesystem::path& path,
                               AccessMode mode,
-                              std::shared_ptr<const Password> password) {
+                              std::shared_ptr<const Password> password,
+                              std::stop_token stop) {
     return withinMemory([&]() -> Result<Archive> {
         auto writer =
             ArchiveWriter::create(path,
                                   mode == AccessMode::kReplace ? PendingFile::Existing::kReplace
                                                                : PendingFile::Existing::kRefuse,
-                                  {});
+                                  {.stop = std::move(stop)});
         if (!writer) {
             return passOn(writer);
         }
@@ -74,13 +75,15 @@ const Warnings& Archive::warnings() const {
 Result<UnzipReport> unzipItem(const std::filesystem::path& at,
                               const std::filesystem::path& to,
                               bool skipCRC32,
-                              const Password* password) {
+                              const Password* password,
+                              std::stop_token stop) {
     return withinMemory([&]() -> Result<UnzipReport> {
         auto archive = Reader::open(at);
         if (!archive) {
             return passOn(archive);
         }
-        auto report = archive->extractAll(to, {.password = password, .skipChecksum = skipCRC32});
+        auto report = archive->extractAll(
+            to, {.password = password, .skipChecksum = skipCRC32, .stop = std::move(stop)});
         if (report) {
             Warnings warnings = archive->warnings();
             warnings.add(report->warnings);

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <memory>
+#include <stop_token>
 #include <string>
 #include <vector>
 
@@ -30,10 +31,12 @@ class Archive {
     // kCreate: makes a new file at `path`; kAlreadyExists if something stands there, now or when
     // the archive is closed.
     // kReplace: the same, but takes the place of a file or link that stands there.
-    // With a password, what is in the files is encrypted (AES-256).
+    // With a password, what is in the files is encrypted (AES-256). `stop` is asked between pieces
+    // of what is added: kCancelled.
     [[nodiscard]] static Result<Archive> open(const std::filesystem::path& path,
                                               AccessMode mode,
-                                              std::shared_ptr<const Password> password = nullptr);
+                                              std::shared_ptr<const Password> password = nullptr,
+                                              std::stop_token stop = {});
 
     Archive(Archive&&) noexcept;
     Archive& operator=(Archive&&) noexcept;
@@ -86,11 +89,13 @@ using UnzipReport = ExtractionReport;
 
 // Extracts the archive `at` into the folder `to`: Reader::extractAll, where nothing that stands
 // there is overwritten, and an archive is refused of which any entry has a fault. With `skipCRC32`
-// the checksums are not verified. `password` may be null. The warnings are those of opening as
+// the checksums are not verified. `password` may be null; `stop` is asked between entries and
+// pieces of them: kCancelled, and what was finished stays. The warnings are those of opening as
 // well.
 [[nodiscard]] Result<UnzipReport> unzipItem(const std::filesystem::path& at,
                                             const std::filesystem::path& to,
                                             bool skipCRC32 = false,
-                                            const Password* password = nullptr);
+                                            const Password* password = nullptr,
+                                            std::stop_token stop = {});
 
 }  // namespace pellumar::archive

@@ -36,7 +36,8 @@ Interruption::~Interruption() {
 }
 
 void Interruption::interrupt(int signal) {
-    signal_ = signal;
+    int none = 0;
+    signal_.compare_exchange_strong(none, signal);
     work_.request_stop();
 }
 

@@ -23,7 +23,8 @@ class Interruption {
     Interruption& operator=(const Interruption&) = delete;
 
     [[nodiscard]] std::stop_token token() const { return work_.get_token(); }
-    // Asks the work to stop, as if this signal had come.
+    // Asks the work to stop, as if this signal had come. The first of several is the one that
+    // counts.
     void interrupt(int signal);
     // What the program returns for work that was stopped.
     [[nodiscard]] int exitCode() const;

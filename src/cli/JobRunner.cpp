@@ -52,12 +52,14 @@ JobRunner::JobRunner(const WorkspaceArguments& arguments,
                      bool endWithNul,
                      Messages& messages,
                      const FileSystem& fileSystem,
-                     ZipManager& zipManager)
+                     ZipManager& zipManager,
+                     Interruption& interruption)
     : arguments_(arguments),
       endWithNul_(endWithNul),
       messages_(messages),
       fileSystem_(fileSystem),
-      zipManager_(zipManager) {}
+      zipManager_(zipManager),
+      interruption_(interruption) {}
 
 int JobRunner::run() {
     return arguments_.operation == OperationType::kZip ? zip() : unzip();
@@ -107,21 +109,22 @@ int JobRunner::unzip() {
         password = *file.password();
     }
     fileSystem_.createFolders();
-    bool isInterrupted = false;
     QEventLoop loop;
     zipManager_.unzip(
         fileUrl(paths->front()),
         [&](const std::optional<QList<QUrl>>& files, const JobReport& report) {
-            loop.exit(isInterrupted ? kExitSignal + SIGINT
-                                    : finish(files.value_or(QList<QUrl>()), report));
+            loop.exit(finish(files.value_or(QList<QUrl>()), report));
         },
         [&](const std::shared_ptr<PasswordRequest>& request) {
             if (request->wasWrong()) {
                 return;
             }
             if (!password) {
-                auto answer = askOnTerminal(paths->front().filename().native());
-                isInterrupted = !answer && answer.error() == NoAnswer::kInterrupted;
+                auto answer =
+                    askOnTerminal(paths->front().filename().native(), interruption_.token());
+                if (!answer && answer.error() == NoAnswer::kInterrupted) {
+                    interruption_.interrupt(SIGINT);
+                }
                 password = std::move(answer).value_or(nullptr);
             }
             if (password) {
@@ -136,6 +139,10 @@ int JobRunner::unzip() {
 }
 
 int JobRunner::finish(const QList<QUrl>& files, const JobReport& report) const {
+    if (report.failureCount() > 0 && interruption_.token().stop_requested()) {
+        messages_.fail("interrupted; nothing of it stays");
+        return interruption_.exitCode();
+    }
     messages_.warn(archiveName(report), report.warnings());
     if (report.failureCount() > 0) {
         return messages_.fail(failureLine(report));

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "cli/Arguments.h"
+#include "cli/Interruption.h"
 #include "cli/Messages.h"
 #include "engine/FileSystem.h"
 #include "engine/ZipManager.h"
@@ -23,7 +24,8 @@ class JobRunner {
               bool endWithNul,
               Messages& messages,
               const FileSystem& fileSystem,
-              ZipManager& zipManager);
+              ZipManager& zipManager,
+              Interruption& interruption);
 
     // Returns when the job is over; needs the QCoreApplication. The value is what the program
     // returns.
@@ -52,6 +54,7 @@ class JobRunner {
     Messages& messages_;
     const FileSystem& fileSystem_;
     ZipManager& zipManager_;
+    Interruption& interruption_;
 };
 
 }  // namespace pellumar

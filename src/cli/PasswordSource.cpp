@@ -1,9 +1,12 @@
 #include "cli/PasswordSource.h"
 
 #include <fcntl.h>
+#include <poll.h>
+#include <sys/eventfd.h>
 #include <termios.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
 #include <csignal>
 #include <string_view>
@@ -26,9 +29,24 @@ constexpr std::size_t kLongest = 4096;
 constexpr char kControlC = '\x03';
 constexpr char kControlZ = '\x1A';
 
-// EMSGSIZE if the line is too long; ECANCELED and EAGAIN for kControlC and kControlZ if these
-// letters mean something. What was read is wiped.
-tl::expected<PasswordPointer, int> firstLineOf(int descriptor, bool isTyped) {
+// Somebody who types, and may be told to leave it.
+struct Typing {
+    // Readable once it is to be left.
+    int wake;
+
+    // False then.
+    [[nodiscard]] bool waitFor(int terminal) const {
+        std::array<pollfd, 2> waited{{{.fd = wake, .events = POLLIN, .revents = 0},
+                                      {.fd = terminal, .events = POLLIN, .revents = 0}}};
+        while (::poll(waited.data(), waited.size(), -1) < 0 && errno == EINTR) {
+        }
+        return waited[0].revents == 0;
+    }
+};
+
+// EMSGSIZE if the line is too long; if it is typed, ECANCELED where that is left or for kControlC,
+// and EAGAIN for kControlZ. What was read is wiped.
+tl::expected<PasswordPointer, int> firstLineOf(int descriptor, const Typing* typing = nullptr) {
     std::string line;
     // Growing would leave pieces of it behind.
     line.reserve(kLongest + 2);
@@ -37,6 +55,9 @@ tl::expected<PasswordPointer, int> firstLineOf(int descriptor, bool isTyped) {
         return tl::unexpected(error);
     };
     for (char byte = 0;;) {
+        if (typing != nullptr && !typing->waitFor(descriptor)) {
+            return without(ECANCELED);
+        }
         const ssize_t count = ::read(descriptor, &byte, 1);
         if (count < 0 && errno == EINTR) {
             continue;
@@ -47,7 +68,7 @@ tl::expected<PasswordPointer, int> firstLineOf(int descriptor, bool isTyped) {
         if (count == 0 || byte == '\n') {
             break;
         }
-        if (isTyped && (byte == kControlC || byte == kControlZ)) {
+        if (typing != nullptr && (byte == kControlC || byte == kControlZ)) {
             return without(byte == kControlC ? ECANCELED : EAGAIN);
         }
         if (line.size() > kLongest) {
@@ -112,7 +133,7 @@ const PasswordFile::Password& PasswordFile::password() {
                                    : ::open(path_.c_str(), O_RDONLY | O_CLOEXEC));
     tl::expected<PasswordPointer, int> line = tl::unexpected(errno);
     if (opened.isOpen()) {
-        line = firstLineOf(opened.descriptor(), false);
+        line = firstLineOf(opened.descriptor());
     }
     if (line) {
         password_ = *std::move(line);
@@ -127,7 +148,8 @@ const PasswordFile::Password& PasswordFile::password() {
 }
 
 tl::expected<std::shared_ptr<const archive::Password>, NoAnswer> askOnTerminal(
-    const std::string& archive) {
+    const std::string& archive,
+    std::stop_token stop) {
     if (::isatty(STDERR_FILENO) == 0) {
         return tl::unexpected(NoAnswer::kNoTerminal);
     }
@@ -137,12 +159,15 @@ tl::expected<std::shared_ptr<const archive::Password>, NoAnswer> askOnTerminal(
     if (!terminal.isOpen()) {
         return tl::unexpected(NoAnswer::kNoTerminal);
     }
+    const archive::File wake(::eventfd(0, EFD_CLOEXEC));
+    const Typing typing{.wake = wake.descriptor()};
+    const std::stop_callback leave(std::move(stop), [&typing] { ::eventfd_write(typing.wake, 1); });
     for (;;) {
         tl::expected<PasswordPointer, int> line;
         {
             const SilentTyping silent(terminal.descriptor());
             say(STDERR_FILENO, printable("Password of " + archive + ": "));
-            line = firstLineOf(terminal.descriptor(), true);
+            line = firstLineOf(terminal.descriptor(), &typing);
         }
         say(STDERR_FILENO, "\n");
         if (line && !(*line)->text().empty()) {

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <memory>
 #include <optional>
+#include <stop_token>
 #include <string>
 #include <tl/expected.hpp>
 
@@ -34,7 +35,7 @@ class PasswordFile {
 enum class NoAnswer : std::uint8_t {
     kNoTerminal,  // nobody to ask
     kNothing,     // an empty line, or the end of input
-    kInterrupted  // Control-C
+    kInterrupted  // Control-C, or the work is to stop
 };
 
 // How often a wrong password is asked for again.
@@ -47,6 +48,7 @@ inline constexpr const char* kNeedsPassword =
 // input may be something else, as it is where the archive comes from there. Control-Z stops the
 // program as anywhere; when it goes on it asks again.
 [[nodiscard]] tl::expected<std::shared_ptr<const archive::Password>, NoAnswer> askOnTerminal(
-    const std::string& archive);
+    const std::string& archive,
+    std::stop_token stop = {});
 
 }  // namespace pellumar

@@ -97,7 +97,7 @@ class Salvage {
         }
         ++asked_;
         messages_.clearStatus();
-        auto answer = askOnTerminal(name_);
+        auto answer = askOnTerminal(name_, interruption_.token());
         if (answer) {
             return *std::move(answer);
         }

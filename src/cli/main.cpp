@@ -16,6 +16,7 @@
 #include "cli/CommandLine.h"
 #include "cli/CreateCommand.h"
 #include "cli/ExtractCommand.h"
+#include "cli/Interruption.h"
 #include "cli/JobRunner.h"
 #include "cli/ListCommand.h"
 #include "cli/Messages.h"
@@ -108,6 +109,7 @@ int runInWorkspace(const WorkspaceArguments& arguments,
     UserDefaults noPreferences(QStringLiteral("/dev/null"));
     const UserSettings settings(noPreferences);
     const PellumarAnalytics analytics(settings, engine);
+    Interruption interruption;
     MainDispatchQueue mainQueue;
     GlobalDispatchQueue backgroundQueue;
     const std::shared_ptr<ZipManager> zipManager = ZipManager::create({
@@ -116,8 +118,11 @@ int runInWorkspace(const WorkspaceArguments& arguments,
         .console = console,
         .mainQueue = mainQueue,
         .backgroundQueue = backgroundQueue,
+        .stop = interruption.token(),
     });
-    return JobRunner(arguments, commandLine.endWithNul, messages, fileSystem, *zipManager).run();
+    return JobRunner(
+               arguments, commandLine.endWithNul, messages, fileSystem, *zipManager, interruption)
+        .run();
 }
 
 int run(int argc, char** argv) {

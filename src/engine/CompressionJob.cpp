@@ -53,7 +53,7 @@ CompressionJob::CompressionJob(const ZipManager::Environment& environment,
         environment_.fileSystem.removeItem(archiveUrl_);
     }
     archive::Result<Archive> created =
-        Archive::open(*path, archive::AccessMode::kReplace, std::move(password));
+        Archive::open(*path, archive::AccessMode::kReplace, std::move(password), environment_.stop);
     if (!created) {
         // The earlier one must not pass for the new one.
         environment_.fileSystem.removeItem(archiveUrl_);
@@ -75,7 +75,7 @@ void CompressionJob::run(const std::weak_ptr<ZipManager>& manager) {
     if (archive_) {
         archive_->compressAhead(ahead);
     }
-    for (std::size_t i = 0; i < sources.size(); ++i) {
+    for (std::size_t i = 0; i < sources.size() && !environment_.stop.stop_requested(); ++i) {
         environment_.console.writeLine(QStringLiteral("Adding url to file"));
         if (!addFile(sources[i], urls_[static_cast<qsizetype>(i)])) {
             environment_.console.writeLine(QStringLiteral("Failed"));
@@ -122,6 +122,12 @@ bool CompressionJob::addFile(const std::optional<EntrySource>& source, const QUr
 
 void CompressionJob::closeArchive() {
     if (!archive_) {
+        return;
+    }
+    if (environment_.stop.stop_requested()) {
+        report_.addFailure({.code = ErrorCode::kCancelled, .entry = {}});
+        success_ = false;
+        archive_.reset();
         return;
     }
     const archive::Result<> closed = archive_->close();

@@ -1,6 +1,7 @@
 #include "engine/ExtractionJob.h"
 
 #include <filesystem>
+#include <stop_token>
 #include <system_error>
 #include <utility>
 
@@ -19,10 +20,11 @@ using archive::Result;
 using std::filesystem::path;
 
 // Into a folder that is made for it. Until all files in it are whole it has another name, which is
-// what a killed process leaves.
+// what a killed process leaves; one that is only asked to end leaves nothing.
 Result<archive::UnzipReport> extract(const path& source,
                                      const path& destination,
-                                     const archive::Password* password) {
+                                     const archive::Password* password,
+                                     const std::stop_token& stop) {
     path unfinished = destination;
     unfinished += ".part";
     const auto failed = [](const std::error_code& error) {
@@ -34,7 +36,11 @@ Result<archive::UnzipReport> extract(const path& source,
     if (error) {
         return failed(error);
     }
-    auto extracted = archive::unzipItem(source, unfinished, false, password);
+    auto extracted = archive::unzipItem(source, unfinished, false, password, stop);
+    if (!extracted && extracted.error().code == ErrorCode::kCancelled) {
+        static_cast<void>(removeTree(unfinished));
+        return extracted;
+    }
     // After a failure as well: what was finished before it stays.
     std::filesystem::rename(unfinished, destination, error);
     if (error) {
@@ -140,11 +146,12 @@ Result<FileSystem::Contents> ExtractionJob::run() {
     if (changed()) {
         return archive::Failure(changedSincePicked);
     }
-    Result<archive::UnzipReport> extracted = extract(*from, *to, password_.get());
+    const auto extractIt = [&] { return extract(*from, *to, password_.get(), environment_.stop); };
+    Result<archive::UnzipReport> extracted = extractIt();
     if (!extracted && extracted.error().isShortOfRoom() &&
         environment_.fileSystem.finishDeletions()) {
         environment_.fileSystem.removeItem(destination_);
-        extracted = extract(*from, *to, password_.get());
+        extracted = extractIt();
     }
     // Written over meanwhile, it may have passed every check with some of both in it.
     if (changed()) {

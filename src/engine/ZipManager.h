@@ -7,6 +7,7 @@
 #include <memory>
 #include <mutex>
 #include <optional>
+#include <stop_token>
 #include <vector>
 
 #include "engine/FileSystem.h"
@@ -44,6 +45,8 @@ class ZipManager : public std::enable_shared_from_this<ZipManager> {
         DispatchQueue& backgroundQueue;
         // Of files that may have changed since they were picked. May be null.
         std::shared_ptr<const Originals> originals = nullptr;
+        // Asks every job but a rescue to end as a failed one (kCancelled), which leaves nothing.
+        std::stop_token stop = {};
     };
 
     // The value tells success. The report beside it tells why not, and is good for the call only.

@@ -8,6 +8,7 @@ import os
 import pathlib
 import re
 import shutil
+import signal
 import subprocess
 import sys
 import unittest
@@ -167,6 +168,31 @@ class UnzipTest(ProgramTest):
                                               asked=b"Password of a.zip: ")
             self.assertEqual(code, expected, sent)
             self.assertNotIn(answer.strip(), sent)
+
+    # It used to leave what was finished, in a folder that nobody would look for.
+    def test_leaves_nothing_when_it_is_interrupted(self):
+        self.write("small")
+        for name, size in (("gigabyte", 1 << 30), ("endless", 1 << 36)):
+            self.write(name)
+            os.truncate(self.folder / name, size)
+        self.assertEqual(self.run_program("-q", "zip", "A", "small", "gigabyte")[0], 0)
+        archive = self.folder / "W/outputs/A.zip"
+        before = archive.read_bytes()
+        for command in (["unzip", archive], ["zip", "A", "endless"]):
+            for number in (signal.SIGINT, signal.SIGTERM):
+                process = subprocess.Popen([PROGRAM, "--documents", "W", "-q", *command],
+                                           cwd=self.folder, env=self.environment,
+                                           stderr=subprocess.PIPE)
+                self.wait_for_work(process, 50 << 20)
+                process.send_signal(number)
+                _, err = process.communicate(timeout=60)
+                self.assertEqual((process.returncode, err),
+                                 (128 + number, b"pellumar: interrupted; nothing of it stays\n"))
+                left = {str(path.relative_to(self.folder / "W")) for path in
+                        (self.folder / "W").rglob("*")}
+                self.assertEqual(left, {"downloads", "outputs", "outputs/A.zip",
+                                        "outputs/tempImages", "outputs/zipOutputs"})
+        self.assertEqual(archive.read_bytes(), before)
 
     def test_names_cannot_command_the_terminal(self):
         self.archive(["evil\x1b]0;title\x07\u009b31m"])

@@ -3,6 +3,7 @@
 import os
 import pathlib
 import pty
+import re
 import subprocess
 import sys
 import tempfile
@@ -36,6 +37,16 @@ class ProgramTest(unittest.TestCase):
                    "env": self.environment, "stdin": subprocess.DEVNULL, "timeout": 120, **options}
         done = subprocess.run([PROGRAM, *place, *arguments], check=False, **options)
         return done.returncode, done.stdout, done.stderr
+
+    def wait_for_work(self, process, size):
+        """Returns when a program has read or written so many bytes."""
+        deadline = time.monotonic() + 60
+        moved = 0
+        while moved < size:
+            self.assertLess(time.monotonic(), deadline)
+            self.assertIsNone(process.poll())
+            counts = pathlib.Path(f"/proc/{process.pid}/io").read_text()
+            moved = max(map(int, re.findall(r"[rw]char: (\d+)", counts)))
 
     def run_on_terminal(self, *arguments, asked=None, answer=b""):
         """Returns (exit code, what the terminal was sent) with both streams on it.
