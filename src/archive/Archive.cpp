@@ -72,25 +72,27 @@ const Warnings& Archive::warnings() const {
     return writer_->warnings();
 }
 
-Result<UnzipReport> unzipItem(const std::filesystem::path& at,
+Result<UnzipReport> unzipItem(const Reader& archive,
                               const std::filesystem::path& to,
-                              bool skipCRC32,
-                              const Password* password,
-                              std::stop_token stop) {
-    return withinMemory([&]() -> Result<UnzipReport> {
-        auto archive = Reader::open(at);
-        if (!archive) {
-            return passOn(archive);
-        }
-        auto report = archive->extractAll(
-            to, {.password = password, .skipChecksum = skipCRC32, .stop = std::move(stop)});
+                              const ExtractionOptions& options) {
+    return withinMemory([&] {
+        auto report = archive.extractAll(to, options);
         if (report) {
-            Warnings warnings = archive->warnings();
+            Warnings warnings = archive.warnings();
             warnings.add(report->warnings);
             report->warnings = std::move(warnings);
         }
         return report;
     });
+}
+
+Result<UnzipReport> unzipItem(const std::filesystem::path& at,
+                              const std::filesystem::path& to,
+                              bool skipCRC32,
+                              const Password* password) {
+    auto archive = Reader::open(at);
+    return archive ? unzipItem(*archive, to, {.password = password, .skipChecksum = skipCRC32})
+                   : Result<UnzipReport>(passOn(archive));
 }
 
 }  // namespace pellumar::archive

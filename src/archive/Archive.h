@@ -16,6 +16,7 @@
 namespace pellumar::archive {
 
 class ArchiveWriter;
+class Reader;
 
 enum class AccessMode : std::uint8_t { kCreate, kReplace };
 
@@ -87,15 +88,16 @@ class Archive {
 
 using UnzipReport = ExtractionReport;
 
-// Extracts the archive `at` into the folder `to`: Reader::extractAll, where nothing that stands
-// there is overwritten, and an archive is refused of which any entry has a fault. With `skipCRC32`
-// the checksums are not verified. `password` may be null; `stop` is asked between entries and
-// pieces of them: kCancelled, and what was finished stays. The warnings are those of opening as
-// well.
+// Extracts all of an archive that is open into the folder `to`: Reader::extractAll, where an
+// archive is refused of which any entry has a fault. The warnings are those of opening as well.
+[[nodiscard]] Result<UnzipReport> unzipItem(const Reader& archive,
+                                            const std::filesystem::path& to,
+                                            const ExtractionOptions& options = {});
+// Opens the archive `at` for that. Nothing that stands in `to` is overwritten. With `skipCRC32` the
+// checksums are not verified. `password` may be null.
 [[nodiscard]] Result<UnzipReport> unzipItem(const std::filesystem::path& at,
                                             const std::filesystem::path& to,
                                             bool skipCRC32 = false,
-                                            const Password* password = nullptr,
-                                            std::stop_token stop = {});
+                                            const Password* password = nullptr);
 
 }  // namespace pellumar::archive

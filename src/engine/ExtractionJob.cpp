@@ -1,12 +1,9 @@
 #include "engine/ExtractionJob.h"
 
 #include <filesystem>
-#include <stop_token>
 #include <system_error>
 #include <utility>
 
-#include "archive/Archive.h"
-#include "archive/Reader.h"
 #include "engine/TreeRemoval.h"
 #include "events/EventNames.h"
 #include "platform/FileUrl.h"
@@ -18,37 +15,6 @@ using archive::Error;
 using archive::ErrorCode;
 using archive::Result;
 using std::filesystem::path;
-
-// Into a folder that is made for it. Until all files in it are whole it has another name, which is
-// what a killed process leaves; one that is only asked to end leaves nothing.
-Result<archive::UnzipReport> extract(const path& source,
-                                     const path& destination,
-                                     const archive::Password* password,
-                                     const std::stop_token& stop) {
-    path unfinished = destination;
-    unfinished += ".part";
-    const auto failed = [](const std::error_code& error) {
-        return archive::Failure(
-            Error{.code = ErrorCode::kWriteFailed, .entry = {}, .systemError = error.value()});
-    };
-    std::error_code error;
-    std::filesystem::create_directories(unfinished, error);
-    if (error) {
-        return failed(error);
-    }
-    auto extracted = archive::unzipItem(source, unfinished, false, password, stop);
-    if (!extracted && extracted.error().code == ErrorCode::kCancelled) {
-        static_cast<void>(removeTree(unfinished));
-        return extracted;
-    }
-    // After a failure as well: what was finished before it stays.
-    std::filesystem::rename(unfinished, destination, error);
-    if (error) {
-        static_cast<void>(removeTree(unfinished));
-        return extracted ? failed(error) : std::move(extracted);
-    }
-    return extracted;
-}
 
 }  // namespace
 
@@ -68,10 +34,13 @@ ExtractionJob::ExtractionJob(const ZipManager::Environment& environment,
 void ExtractionJob::start() {
     environment_.backgroundQueue.async([job = shared_from_this()]() mutable {
         Result<FileSystem::Contents> extracted = job->run();
-        const bool locked = !extracted && job->isLocked(extracted.error().code);
+        const bool locked = job->question_ && !extracted && job->isLocked(extracted.error().code);
+        if (!locked) {
+            job->reader_.reset();
+        }
         DispatchQueue& main = job->environment_.mainQueue;
         main.async([job = std::move(job), extracted = std::move(extracted), locked] {
-            if (locked && job->question_) {
+            if (locked) {
                 job->missing_ = extracted.error();
                 job->question_(requestFor(job,
                                           job->missing_.code == ErrorCode::kWrongPassword,
@@ -90,6 +59,7 @@ void ExtractionJob::goOn(PasswordRequest::Password password) {
 }
 
 void ExtractionJob::endWithout(bool wasWrong) {
+    environment_.backgroundQueue.async([reader = std::move(reader_)] {});
     missing_.code = wasWrong ? ErrorCode::kWrongPassword : ErrorCode::kEncrypted;
     finish(archive::Failure(missing_));
 }
@@ -109,27 +79,57 @@ void ExtractionJob::finish(Result<FileSystem::Contents> extracted) {
 }
 
 bool ExtractionJob::isLocked(ErrorCode failure) const {
-    const std::optional<path> from = localPath(archive_);
-    if (!from || failure != (password_ ? ErrorCode::kWrongPassword : ErrorCode::kEncrypted)) {
+    if (failure != (password_ ? ErrorCode::kWrongPassword : ErrorCode::kEncrypted)) {
         return false;
     }
     environment_.fileSystem.removeItem(destination_);
-    const auto opened = archive::Reader::open(*from);
-    return opened && !opened->firstFault();
+    return !reader_->firstFault();
 }
 
 bool ExtractionJob::fits(const archive::Password& password) {
-    const std::optional<path> from = localPath(archive_);
-    if (!from) {
-        return true;
-    }
-    const auto opened = archive::Reader::open(*from);
-    if (!opened) {
-        return true;
-    }
     // Whatever else is wrong by now, the extraction will say.
-    const Result<> checked = opened->checkPassword(password);
+    const Result<> checked = reader_->checkPassword(password);
     return checked || checked.error().code != ErrorCode::kWrongPassword;
+}
+
+// Into a folder that is made for it. Until all files in it are whole it has another name, which is
+// what a killed process leaves; one that is only asked to end leaves nothing.
+Result<archive::UnzipReport> ExtractionJob::extract(const path& from, const path& to) {
+    path unfinished = to;
+    unfinished += ".part";
+    const auto failed = [](const std::error_code& error) {
+        return archive::Failure(
+            Error{.code = ErrorCode::kWriteFailed, .entry = {}, .systemError = error.value()});
+    };
+    std::error_code error;
+    std::filesystem::create_directories(unfinished, error);
+    if (error) {
+        return failed(error);
+    }
+    Result<archive::UnzipReport> extracted = unzip(from, unfinished);
+    if (!extracted && extracted.error().code == ErrorCode::kCancelled) {
+        static_cast<void>(removeTree(unfinished));
+        return extracted;
+    }
+    // After a failure as well: what was finished before it stays.
+    std::filesystem::rename(unfinished, to, error);
+    if (error) {
+        static_cast<void>(removeTree(unfinished));
+        return extracted ? failed(error) : std::move(extracted);
+    }
+    return extracted;
+}
+
+Result<archive::UnzipReport> ExtractionJob::unzip(const path& from, const path& to) {
+    if (!reader_) {
+        auto opened = archive::Reader::open(from);
+        if (!opened) {
+            return archive::passOn(opened);
+        }
+        reader_ = std::make_shared<const archive::Reader>(*std::move(opened));
+    }
+    return archive::unzipItem(
+        *reader_, to, {.password = password_.get(), .stop = environment_.stop});
 }
 
 Result<FileSystem::Contents> ExtractionJob::run() {
@@ -146,12 +146,11 @@ Result<FileSystem::Contents> ExtractionJob::run() {
     if (changed()) {
         return archive::Failure(changedSincePicked);
     }
-    const auto extractIt = [&] { return extract(*from, *to, password_.get(), environment_.stop); };
-    Result<archive::UnzipReport> extracted = extractIt();
+    Result<archive::UnzipReport> extracted = extract(*from, *to);
     if (!extracted && extracted.error().isShortOfRoom() &&
         environment_.fileSystem.finishDeletions()) {
         environment_.fileSystem.removeItem(destination_);
-        extracted = extractIt();
+        extracted = extract(*from, *to);
     }
     // Written over meanwhile, it may have passed every check with some of both in it.
     if (changed()) {

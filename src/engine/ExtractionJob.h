@@ -2,9 +2,12 @@
 
 #include <QList>
 #include <QUrl>
+#include <filesystem>
 #include <memory>
 #include <optional>
 
+#include "archive/Archive.h"
+#include "archive/Reader.h"
 #include "archive/base/Error.h"
 #include "engine/LockedJob.h"
 #include "engine/ZipManager.h"
@@ -12,8 +15,8 @@
 namespace pellumar {
 
 // One run of ZipManager::unzip. It is made and finished on the main queue and runs on the
-// background queue, twice if its archive needs a password. Whatever it holds is released on the
-// main queue.
+// background queue, twice if its archive needs a password; that is opened once, so the password
+// fits what is extracted. Whatever else it holds is released on the main queue.
 class ExtractionJob : public LockedJob, public std::enable_shared_from_this<ExtractionJob> {
   public:
     // Without a `question`, an archive that needs a password fails.
@@ -28,6 +31,10 @@ class ExtractionJob : public LockedJob, public std::enable_shared_from_this<Extr
   private:
     // In the background:
     [[nodiscard]] archive::Result<FileSystem::Contents> run();
+    [[nodiscard]] archive::Result<archive::UnzipReport> extract(const std::filesystem::path& from,
+                                                                const std::filesystem::path& to);
+    [[nodiscard]] archive::Result<archive::UnzipReport> unzip(const std::filesystem::path& from,
+                                                              const std::filesystem::path& to);
     // Whether another password, or one at all, is all that is missing. Then the next run finds its
     // place empty.
     [[nodiscard]] bool isLocked(archive::ErrorCode failure) const;
@@ -43,6 +50,8 @@ class ExtractionJob : public LockedJob, public std::enable_shared_from_this<Extr
     const QUrl destination_;
     const ZipManager::FilesCompletion completion_;
     const PasswordQuestion question_;
+    // From the first run until nobody needs it, closed in the background.
+    std::shared_ptr<const archive::Reader> reader_;
     PasswordRequest::Password password_;
     // Why the password was asked for.
     archive::Error missing_;
