@@ -53,32 +53,12 @@ ShannonFanoCode::Symbol ShannonFanoCode::find(std::uint64_t bits, unsigned avail
 ImplodeDecoder::ImplodeDecoder(const DecoderParameters& parameters)
     : hasLiteralCode_((parameters.flags & format::kFlagImplodeLiteralCode) != 0),
       lowDistanceBits_((parameters.flags & format::kFlagImplodeLargeWindow) != 0 ? 7 : 6),
-      size_(parameters.uncompressedSize) {}
-
-Result<Decoder::Step> ImplodeDecoder::decode(ByteView input, MutableBytes output) {
-    bits_.feed(input);
-    output_.begin(output);
-    Progress progress = Progress::kDone;
-    while (left_ > 0 && progress == Progress::kDone) {
-        progress = advance();
-    }
-    if (progress == Progress::kDamaged) {
-        return failure(ErrorCode::kDamagedData);
-    }
-    if (left_ == 0) {
-        bits_.giveBack();
-    }
-    output_.end();
-    return Step{
-        .consumed = bits_.position(), .produced = output_.produced(), .finished = left_ == 0};
-}
+      stream_(parameters.uncompressedSize) {}
 
 Result<> ImplodeDecoder::reset() {
     state_ = State::kCodeSize;
     code_ = hasLiteralCode_ ? kLiterals : kLengths;
-    left_ = size_;
-    bits_.clear();
-    output_.clear();
+    stream_.restart();
     return {};
 }
 
@@ -101,11 +81,12 @@ ImplodeDecoder::Progress ImplodeDecoder::advance() {
 }
 
 ImplodeDecoder::Progress ImplodeDecoder::readCodeSize() {
-    if (!bits_.fill(8)) {
+    BitReader& bits = stream_.bits();
+    if (!bits.fill(8)) {
         return Progress::kWaits;
     }
-    lengthBytes_ = bits_.peek(8) + std::size_t{1};
-    bits_.drop(8);
+    lengthBytes_ = bits.peek(8) + std::size_t{1};
+    bits.drop(8);
     symbols_ = 0;
     state_ = State::kCodeLengths;
     return Progress::kDone;
@@ -113,14 +94,15 @@ ImplodeDecoder::Progress ImplodeDecoder::readCodeSize() {
 
 // A byte for each run: the length in the lower half, how many symbols have it in the upper one.
 ImplodeDecoder::Progress ImplodeDecoder::readCodeLengths() {
+    BitReader& bits = stream_.bits();
     const std::size_t wanted = kSymbolsOf[code_];
     if (lengthBytes_ > 0) {
-        if (!bits_.fill(8)) {
+        if (!bits.fill(8)) {
             return Progress::kWaits;
         }
-        const auto length = static_cast<std::uint8_t>(bits_.peek(4) + 1);
-        const std::size_t run = (bits_.peek(8) >> 4U) + std::size_t{1};
-        bits_.drop(8);
+        const auto length = static_cast<std::uint8_t>(bits.peek(4) + 1);
+        const std::size_t run = (bits.peek(8) >> 4U) + std::size_t{1};
+        bits.drop(8);
         if (run > wanted - symbols_) {
             return Progress::kDamaged;
         }
@@ -139,82 +121,81 @@ ImplodeDecoder::Progress ImplodeDecoder::readCodeLengths() {
 }
 
 ShannonFanoCode::Symbol ImplodeDecoder::next(Code code, unsigned skipped) {
+    BitReader& bits = stream_.bits();
     while (true) {
-        if (bits_.available() > skipped) {
+        if (bits.available() > skipped) {
             const auto symbol =
-                codes_[code].find(bits_.peek() >> skipped, bits_.available() - skipped);
+                codes_[code].find(bits.peek() >> skipped, bits.available() - skipped);
             if (symbol.length != 0) {
                 return symbol;
             }
         }
         // One byte at a time: what is behind the stream's end may not be there to be given back.
-        if (!bits_.fill(bits_.available() + 1)) {
+        if (!bits.fill(bits.available() + 1)) {
             return {};
         }
     }
 }
 
 ImplodeDecoder::Progress ImplodeDecoder::readSymbol() {
-    if (!bits_.fill(1) || output_.full()) {
+    BitReader& bits = stream_.bits();
+    if (!bits.fill(1) || stream_.isFull()) {
         return Progress::kWaits;
     }
-    if (bits_.peek(1) == 0) {
-        bits_.drop(1);
+    if (bits.peek(1) == 0) {
+        bits.drop(1);
         state_ = State::kDistance;
         return Progress::kDone;
     }
     ShannonFanoCode::Symbol literal{.length = 8};
     if (hasLiteralCode_) {
         literal = next(kLiterals, 1);
-    } else if (bits_.fill(1 + literal.length)) {
-        literal.value = static_cast<std::uint8_t>(bits_.peek() >> 1U);
+    } else if (bits.fill(1 + literal.length)) {
+        literal.value = static_cast<std::uint8_t>(bits.peek() >> 1U);
     } else {
         return Progress::kWaits;
     }
     if (literal.length == 0) {
         return Progress::kWaits;
     }
-    bits_.drop(1 + literal.length);
-    output_.put(literal.value);
-    --left_;
+    bits.drop(1 + literal.length);
+    stream_.put(literal.value);
     return Progress::kDone;
 }
 
 ImplodeDecoder::Progress ImplodeDecoder::readDistance() {
+    BitReader& bits = stream_.bits();
     const auto high = next(kDistances, lowDistanceBits_);
     if (high.length == 0) {
         return Progress::kWaits;
     }
-    distance_ = (std::size_t{high.value} << lowDistanceBits_) + bits_.peek(lowDistanceBits_) + 1;
-    bits_.drop(lowDistanceBits_ + high.length);
+    distance_ = (std::size_t{high.value} << lowDistanceBits_) + bits.peek(lowDistanceBits_) + 1;
+    bits.drop(lowDistanceBits_ + high.length);
     state_ = State::kLength;
     return Progress::kDone;
 }
 
 ImplodeDecoder::Progress ImplodeDecoder::readLength() {
+    BitReader& bits = stream_.bits();
     const auto symbol = next(kLengths, 0);
     const unsigned more = symbol.value == kLongLength ? 8 : 0;
-    if (symbol.length == 0 || !bits_.fill(symbol.length + more)) {
+    if (symbol.length == 0 || !bits.fill(symbol.length + more)) {
         return Progress::kWaits;
     }
-    bits_.drop(symbol.length);
+    bits.drop(symbol.length);
     // What is cheaper as literals is never a repetition, so lengths begin above (5.3.9).
-    length_ = symbol.value + bits_.peek(more) + (hasLiteralCode_ ? 3U : 2U);
-    bits_.drop(more);
+    length_ = symbol.value + bits.peek(more) + (hasLiteralCode_ ? 3U : 2U);
+    bits.drop(more);
     state_ = State::kRepeat;
     return Progress::kDone;
 }
 
 ImplodeDecoder::Progress ImplodeDecoder::repeat() {
-    const std::size_t repeated = output_.repeatOrZero(
-        distance_, static_cast<std::size_t>(std::min<std::uint64_t>(length_, left_)));
-    length_ -= repeated;
-    left_ -= repeated;
-    if (length_ > 0) {
-        return Progress::kWaits;
+    const Progress repeated = stream_.repeat(distance_, length_);
+    if (repeated == Progress::kDone) {
+        state_ = State::kSymbol;
     }
-    state_ = State::kSymbol;
-    return Progress::kDone;
+    return repeated;
 }
 
 }  // namespace pellumar::archive

@@ -5,9 +5,8 @@
 #include <cstdint>
 #include <span>
 
-#include "archive/codecs/BitReader.h"
 #include "archive/codecs/Decoder.h"
-#include "archive/codecs/WindowedOutput.h"
+#include "archive/codecs/SizedStream.h"
 
 namespace pellumar::archive {
 
@@ -34,16 +33,18 @@ class ShannonFanoCode {
 };
 
 // Method 6 (APPNOTE 5.3): repetitions within a window of 4 or 8 KiB, by two or three Shannon-Fano
-// codes; bits 1 and 2 of the flags say which. The stream has no end of its own; it stops where the
-// declared size is reached.
+// codes; bits 1 and 2 of the flags say which.
 class ImplodeDecoder final : public Decoder {
   public:
     explicit ImplodeDecoder(const DecoderParameters& parameters);
 
-    [[nodiscard]] Result<Step> decode(ByteView input, MutableBytes output) override;
+    [[nodiscard]] Result<Step> decode(ByteView input, MutableBytes output) override {
+        return stream_.decode(input, output, [this] { return advance(); });
+    }
     [[nodiscard]] Result<> reset() override;
 
   private:
+    using Progress = SizedStream::Progress;
     enum class State : std::uint8_t {
         kCodeSize,
         kCodeLengths,
@@ -52,7 +53,6 @@ class ImplodeDecoder final : public Decoder {
         kLength,
         kRepeat
     };
-    enum class Progress : std::uint8_t { kDone, kWaits, kDamaged };
     enum Code : std::uint8_t { kLiterals, kLengths, kDistances, kCodes };
 
     [[nodiscard]] Progress advance();
@@ -67,7 +67,6 @@ class ImplodeDecoder final : public Decoder {
 
     const bool hasLiteralCode_;
     const unsigned lowDistanceBits_;
-    const std::uint64_t size_;
 
     State state_ = State::kCodeSize;
     std::array<ShannonFanoCode, kCodes> codes_;
@@ -77,9 +76,7 @@ class ImplodeDecoder final : public Decoder {
     std::size_t symbols_ = 0;  // of which the length is known
     std::size_t length_ = 0;
     std::size_t distance_ = 0;
-    std::uint64_t left_ = 0;  // bytes to come
-    BitReader bits_;
-    WindowedOutput output_;
+    SizedStream stream_;
 };
 
 }  // namespace pellumar::archive

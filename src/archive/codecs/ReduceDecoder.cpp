@@ -22,33 +22,18 @@ std::uint8_t bitsFor(std::uint8_t count) {
 
 ReduceDecoder::ReduceDecoder(const DecoderParameters& parameters)
     : factor_(parameters.method - format::kMethodReduce1 + 1U),
-      size_(parameters.uncompressedSize) {}
-
-Result<Decoder::Step> ReduceDecoder::decode(ByteView input, MutableBytes output) {
-    bits_.feed(input);
-    output_.begin(output);
-    while (left_ > 0 && advance()) {
-    }
-    if (left_ == 0) {
-        bits_.giveBack();
-    }
-    output_.end();
-    return Step{
-        .consumed = bits_.position(), .produced = output_.produced(), .finished = left_ == 0};
-}
+      stream_(parameters.uncompressedSize) {}
 
 Result<> ReduceDecoder::reset() {
     state_ = State::kFollowerCount;
     current_ = 255;
     last_ = 0;
     meaning_ = Meaning::kLiteral;
-    left_ = size_;
-    bits_.clear();
-    output_.clear();
+    stream_.restart();
     return {};
 }
 
-bool ReduceDecoder::advance() {
+ReduceDecoder::Progress ReduceDecoder::advance() {
     switch (state_) {
         case State::kFollowerCount:
             return readFollowerCount();
@@ -59,77 +44,71 @@ bool ReduceDecoder::advance() {
         case State::kRepeat:
             break;
     }
-    const std::size_t repeated = output_.repeatOrZero(
-        distance_, static_cast<std::size_t>(std::min<std::uint64_t>(length_, left_)));
-    length_ -= repeated;
-    left_ -= repeated;
-    if (length_ == 0) {
+    const Progress repeated = stream_.repeat(distance_, length_);
+    if (repeated == Progress::kDone) {
         state_ = State::kByte;
     }
-    return length_ == 0;
+    return repeated;
 }
 
-bool ReduceDecoder::readFollowerCount() {
+ReduceDecoder::Progress ReduceDecoder::readFollowerCount() {
     constexpr unsigned kBits = 6;
-    if (!bits_.fill(kBits)) {
-        return false;
+    BitReader& bits = stream_.bits();
+    if (!bits.fill(kBits)) {
+        return Progress::kWaits;
     }
     Followers& followers = followers_[current_];
     // No more than there is room for: more cannot be told apart by five bits.
     followers.count =
-        static_cast<std::uint8_t>(std::min<std::size_t>(bits_.peek(kBits), followers.bytes.size()));
+        static_cast<std::uint8_t>(std::min<std::size_t>(bits.peek(kBits), followers.bytes.size()));
     followers.bits = bitsFor(followers.count);
-    bits_.drop(kBits);
+    bits.drop(kBits);
     follower_ = 0;
     state_ = State::kFollower;
-    return true;
+    return Progress::kDone;
 }
 
-bool ReduceDecoder::readFollower() {
+ReduceDecoder::Progress ReduceDecoder::readFollower() {
     Followers& followers = followers_[current_];
     if (follower_ < followers.count) {
-        if (!bits_.fill(8)) {
-            return false;
+        if (!stream_.bits().fill(8)) {
+            return Progress::kWaits;
         }
-        followers.bytes[follower_++] = static_cast<std::uint8_t>(bits_.peek(8));
-        bits_.drop(8);
-        return true;
+        followers.bytes[follower_++] = static_cast<std::uint8_t>(stream_.bits().peek(8));
+        stream_.bits().drop(8);
+        return Progress::kDone;
     }
     state_ = current_ == 0 ? State::kByte : State::kFollowerCount;
     current_ -= current_ == 0 ? 0 : 1;
-    return true;
+    return Progress::kDone;
 }
 
-bool ReduceDecoder::readByte() {
+ReduceDecoder::Progress ReduceDecoder::readByte() {
     // Whatever it means, it is read only if there is room for what it may put out.
-    if (output_.full()) {
-        return false;
+    if (stream_.isFull()) {
+        return Progress::kWaits;
     }
     const Followers& followers = followers_[last_];
     const bool guessed = followers.count > 0;
-    if (guessed && !bits_.fill(1)) {
-        return false;
+    if (guessed && !stream_.bits().fill(1)) {
+        return Progress::kWaits;
     }
-    const bool plain = !guessed || bits_.peek(1) != 0;
+    const bool plain = !guessed || stream_.bits().peek(1) != 0;
     const unsigned head = guessed ? 1 : 0;
     const unsigned bits = plain ? 8 : followers.bits;
-    if (!bits_.fill(head + bits)) {
-        return false;
+    if (!stream_.bits().fill(head + bits)) {
+        return Progress::kWaits;
     }
-    bits_.drop(head);
-    const std::uint32_t value = bits_.peek(bits);
-    bits_.drop(bits);
+    stream_.bits().drop(head);
+    const std::uint32_t value = stream_.bits().peek(bits);
+    stream_.bits().drop(bits);
     last_ = plain ? static_cast<std::uint8_t>(value)
                   : followers.bytes[std::min<std::size_t>(value, followers.bytes.size() - 1)];
     interpret(last_);
-    return true;
+    return Progress::kDone;
 }
 
 void ReduceDecoder::interpret(std::uint8_t byte) {
-    const auto putOut = [this](std::uint8_t literal) {
-        output_.put(literal);
-        --left_;
-    };
     const unsigned lengthBits = 8 - factor_;
     const auto longest = static_cast<std::uint8_t>((1U << lengthBits) - 1);
     switch (meaning_) {
@@ -137,12 +116,12 @@ void ReduceDecoder::interpret(std::uint8_t byte) {
             if (byte == kEscape) {
                 meaning_ = Meaning::kLengthAndDistance;
             } else {
-                putOut(byte);
+                stream_.put(byte);
             }
             return;
         case Meaning::kLengthAndDistance:
             if (byte == 0) {
-                putOut(kEscape);
+                stream_.put(kEscape);
                 meaning_ = Meaning::kLiteral;
                 return;
             }
