@@ -14,7 +14,6 @@
 #include "archive/codecs/ReduceDecoder.h"
 #include "archive/codecs/ShrinkDecoder.h"
 #include "archive/codecs/StoredDecoder.h"
-#include "archive/codecs/XzDecoder.h"
 #include "archive/codecs/ZstandardDecoder.h"
 #include "archive/format/ZipFormat.h"
 
@@ -65,6 +64,7 @@ Result<std::unique_ptr<Decoder>> make(const DecoderParameters& parameters) {
 struct Method {
     std::uint16_t number = 0;
     Result<std::unique_ptr<Decoder>> (*make)(const DecoderParameters& parameters) = nullptr;
+    bool knowsItsEnd = false;
     // From over which size on it may need a large window.
     std::uint64_t largeFrom = kNever;
     // The most bytes that one can become; 0: no bound.
@@ -72,15 +72,15 @@ struct Method {
 };
 
 constexpr std::array kMethods = {
-    Method{format::kMethodDeflate, make<InflateDecoder>, kNever, kMostByDeflate},
-    Method{format::kMethodStored, make<StoredDecoder>, kNever, 1},
-    Method{format::kMethodDeflate64, make<Deflate64Decoder>, kNever, kMostByDeflate64},
-    Method{format::kMethodBzip2, make<Bzip2Decoder>},
-    Method{format::kMethodLzma, make<LzmaDecoder>, kLargeWindowFrom},
-    Method{format::kMethodZstandard, make<ZstandardDecoder>, kLargeWindowFrom},
-    Method{format::kMethodZstandardOld, make<ZstandardDecoder>, kLargeWindowFrom},
-    Method{format::kMethodXz, make<XzDecoder>, kLargeWindowFrom},
-    Method{format::kMethodPpmd, make<PpmdDecoder>, kLargeModelFrom},
+    Method{format::kMethodDeflate, make<InflateDecoder>, true, kNever, kMostByDeflate},
+    Method{format::kMethodStored, make<StoredDecoder>, false, kNever, 1},
+    Method{format::kMethodDeflate64, make<Deflate64Decoder>, true, kNever, kMostByDeflate64},
+    Method{format::kMethodBzip2, make<Bzip2Decoder>, true},
+    Method{format::kMethodLzma, make<LzmaDecoder>, false, kLargeWindowFrom},
+    Method{format::kMethodZstandard, make<ZstandardDecoder>, true, kLargeWindowFrom},
+    Method{format::kMethodZstandardOld, make<ZstandardDecoder>, true, kLargeWindowFrom},
+    Method{format::kMethodXz, make<LzmaDecoder>, true, kLargeWindowFrom},
+    Method{format::kMethodPpmd, make<PpmdDecoder>, false, kLargeModelFrom},
     Method{format::kMethodShrink, make<ShrinkDecoder>},
     Method{format::kMethodReduce1, make<ReduceDecoder>},
     Method{format::kMethodReduce2, make<ReduceDecoder>},
@@ -103,6 +103,11 @@ const Method* methodOf(std::uint16_t number) {
 
 bool isSupportedMethod(std::uint16_t method) {
     return methodOf(method) != nullptr;
+}
+
+bool knowsItsEnd(std::uint16_t method) {
+    const Method* const known = methodOf(method);
+    return known != nullptr && known->knowsItsEnd;
 }
 
 bool needsLargeWindow(std::uint16_t method, std::uint64_t uncompressedSize) {

@@ -67,6 +67,9 @@ struct DecoderParameters {
 // Whether makeDecoder has a decoder for this method.
 [[nodiscard]] bool isSupportedMethod(std::uint16_t method);
 
+// Whether the method's stream says by itself where it ends, whatever size its entry declares.
+[[nodiscard]] bool knowsItsEnd(std::uint16_t method);
+
 // Whether the decoder may use more than about 10 MiB for its window, so that the caller does well
 // to have one of them at a time: for an LZMA, XZ or Zstandard entry of over 8 MiB, and for PPMd of
 // over 64 KiB, which may use 256 MiB. The others need less than 4 MiB, whatever their entry's size.

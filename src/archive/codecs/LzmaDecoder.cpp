@@ -20,42 +20,77 @@ constexpr std::uint8_t kPropertyBytes = 9 * 5 * 5;
 // liblzma's word for a size that is not known.
 constexpr std::uint64_t kUntilMarker = std::numeric_limits<std::uint64_t>::max();
 
+// What an .xz stream needs beside the dictionary, generously: about 200 KiB with a filter before
+// LZMA2.
+constexpr std::uint64_t kBesideDictionary = 1024UL * 1024;
+
+ErrorCode errorOf(lzma_ret result) {
+    switch (result) {
+        case LZMA_MEM_ERROR:
+        case LZMA_MEMLIMIT_ERROR:
+            return ErrorCode::kOutOfMemory;
+        case LZMA_OPTIONS_ERROR:
+            return ErrorCode::kUnsupportedMethod;
+        default:
+            return ErrorCode::kDamagedData;
+    }
+}
+
 }  // namespace
 
 LzmaDecoder::LzmaDecoder(const DecoderParameters& parameters)
-    : uncompressedSize_(parameters.uncompressedSize),
-      endMarker_((parameters.flags & format::kFlagLzmaEndMarker) != 0),
-      mostMemory_(std::min(parameters.mostMemory, kLargestWindow)) {}
+    : parameters_(parameters), mostMemory_(std::min(parameters.mostMemory, kLargestWindow)) {}
 
 Result<Decoder::Step> LzmaDecoder::decode(ByteView input, MutableBytes output) {
+    if (finished_) {
+        return Step{.finished = true};
+    }
     std::size_t taken = 0;
-    if (headerSize_ < kHeaderSize) {
-        taken = std::min(kHeaderSize - headerSize_, input.size());
-        std::copy_n(input.begin(), taken, header_.begin() + headerSize_);
-        headerSize_ += taken;
-        if (headerSize_ < kHeaderSize) {
+    if (headerLeft_ > 0) {
+        taken = std::min(headerLeft_, input.size());
+        std::copy_n(input.begin(), taken, header_.end() - headerLeft_);
+        headerLeft_ -= taken;
+        if (headerLeft_ > 0) {
             return Step{.consumed = taken};
         }
-        if (Result<> begun = begin(); !begun) {
-            return passOn(begun);
+        if (Result<> ready = beginRaw(); !ready) {
+            return passOn(ready);
         }
     }
-    Result<Step> step = stream_.decode(input.subspan(taken), output);
-    if (step) {
-        step->consumed += taken;
+    stream_.next_in = input.data() + taken;
+    stream_.avail_in = input.size() - taken;
+    stream_.next_out = output.data();
+    stream_.avail_out = output.size();
+    const lzma_ret result = lzma_code(&stream_, LZMA_RUN);
+    // LZMA_BUF_ERROR only says, from the second time on, that nothing could be done.
+    if (result != LZMA_OK && result != LZMA_STREAM_END && result != LZMA_BUF_ERROR) {
+        return failure(errorOf(result));
     }
-    return step;
+    finished_ = result == LZMA_STREAM_END;
+    return Step{.consumed = input.size() - stream_.avail_in,
+                .produced = output.size() - stream_.avail_out,
+                .finished = finished_};
 }
 
-Result<> LzmaDecoder::begin() {
+Result<> LzmaDecoder::reset() {
+    finished_ = false;
+    headerLeft_ = 0;
+    if (parameters_.method == format::kMethodXz) {
+        return begun(lzma_stream_decoder(&stream_, mostMemory_ + kBesideDictionary, 0));
+    }
+    headerLeft_ = kHeaderSize;
+    return {};
+}
+
+Result<> LzmaDecoder::beginRaw() {
     if (loadLittleEndian<std::uint16_t>(header_, kPropertiesSizeAt) != kPropertiesSize ||
         header_[kPropertiesAt] >= kPropertyBytes) {
         return failure(ErrorCode::kDamagedData);
     }
     // Nothing lies further back than the data is long, whatever dictionary the encoder had.
-    const std::uint64_t dictionary =
-        std::min<std::uint64_t>(loadLittleEndian<std::uint32_t>(header_, kDictionarySizeAt),
-                                std::max<std::uint64_t>(uncompressedSize_, LZMA_DICT_SIZE_MIN));
+    const std::uint64_t dictionary = std::min<std::uint64_t>(
+        loadLittleEndian<std::uint32_t>(header_, kDictionarySizeAt),
+        std::max<std::uint64_t>(parameters_.uncompressedSize, LZMA_DICT_SIZE_MIN));
     if (dictionary > mostMemory_) {
         return failure(ErrorCode::kOutOfMemory);
     }
@@ -65,19 +100,19 @@ Result<> LzmaDecoder::begin() {
     options.lc = properties % 9U;
     options.lp = properties / 9U % 5U;
     options.pb = properties / 45U;
-    lzma_set_ext_size(options, endMarker_ ? kUntilMarker : uncompressedSize_);
+    const bool hasEndMarker = (parameters_.flags & format::kFlagLzmaEndMarker) != 0;
+    lzma_set_ext_size(options, hasEndMarker ? kUntilMarker : parameters_.uncompressedSize);
     // The format allows up to 12; liblzma, as all that writes LZMA by its presets, has 4.
     if (options.lc + options.lp > LZMA_LCLP_MAX) {
         return failure(ErrorCode::kUnsupportedMethod);
     }
     const std::array<lzma_filter, 2> filters{
         {{LZMA_FILTER_LZMA1EXT, &options}, {LZMA_VLI_UNKNOWN, nullptr}}};
-    return stream_.begin(lzma_raw_decoder(stream_.get(), filters.data()));
+    return begun(lzma_raw_decoder(&stream_, filters.data()));
 }
 
-Result<> LzmaDecoder::reset() {
-    headerSize_ = 0;
-    return {};
+Result<> LzmaDecoder::begun(lzma_ret result) {
+    return result == LZMA_OK ? Result<>() : failure(errorOf(result));
 }
 
 }  // namespace pellumar::archive

@@ -18,20 +18,6 @@ using namespace format;
 
 constexpr std::size_t kPiece = 64UL * 1024;
 
-bool knowsItsEnd(std::uint16_t method) {
-    switch (method) {
-        case kMethodDeflate:
-        case kMethodDeflate64:
-        case kMethodBzip2:
-        case kMethodZstandard:
-        case kMethodZstandardOld:
-        case kMethodXz:
-            return true;
-        default:
-            return false;
-    }
-}
-
 }  // namespace
 
 DataMeasure::DataMeasure(const ByteSource& source,
