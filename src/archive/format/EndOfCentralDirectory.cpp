@@ -53,6 +53,20 @@ EndFields parseZip64EndOfCentralDirectory(ByteView record) {
             .directoryOffset = loadLittleEndian<std::uint64_t>(record, 48)};
 }
 
+Zip64Locator parseZip64Locator(ByteView record) {
+    return {.recordDisk = loadLittleEndian<std::uint32_t>(record, 4),
+            .recordOffset = loadLittleEndian<std::uint64_t>(record, 8),
+            .disks = loadLittleEndian<std::uint32_t>(record, 16)};
+}
+
+std::uint16_t commentSizeOf(ByteView record) {
+    return loadLittleEndian<std::uint16_t>(record, 20);
+}
+
+std::uint64_t endOfZip64Record(ByteView record, std::uint64_t position) {
+    return position + kZip64RecordLeading + loadLittleEndian<std::uint64_t>(record, 4);
+}
+
 void appendEndOfCentralDirectory(std::vector<std::uint8_t>& out,
                                  std::uint64_t entryCount,
                                  std::uint64_t directoryOffset,

@@ -19,6 +19,7 @@ using namespace format;
 struct Zip64End {
     EndFields fields;
     std::uint64_t position = 0;
+    std::uint64_t end = 0;  // by its own size
     std::uint64_t claimedPosition = 0;
 };
 
@@ -59,7 +60,7 @@ std::optional<std::uint64_t> inWhole(const ByteSource& file,
 
 // The ZIP64 record at `position`, if there is one. Some readers believe it whatever its own size
 // says, so that is not asked here.
-Result<std::optional<EndFields>> zip64EndAt(const ByteSource& file, std::uint64_t position) {
+Result<std::optional<Zip64End>> zip64EndAt(const ByteSource& file, std::uint64_t position) {
     std::array<std::uint8_t, kZip64EndOfCentralDirectorySize> record{};
     if (auto read = file.readExactlyAt(position, record); !read) {
         return passOn(read);
@@ -67,19 +68,9 @@ Result<std::optional<EndFields>> zip64EndAt(const ByteSource& file, std::uint64_
     if (loadLittleEndian<std::uint32_t>(record) != kZip64EndOfCentralDirectorySignature) {
         return std::nullopt;
     }
-    return parseZip64EndOfCentralDirectory(record);
-}
-
-// Whether the record at `position` reaches to the locator. The size field leaves out itself and the
-// signature (4.3.14.1).
-Result<bool> reachesLocator(const ByteSource& file,
-                            std::uint64_t position,
-                            std::uint64_t locatorPosition) {
-    std::array<std::uint8_t, sizeof(std::uint64_t)> size{};
-    if (auto read = file.readExactlyAt(position + 4, size); !read) {
-        return passOn(read);
-    }
-    return loadLittleEndian<std::uint64_t>(size) == locatorPosition - position - 12;
+    return Zip64End{.fields = parseZip64EndOfCentralDirectory(record),
+                    .position = position,
+                    .end = endOfZip64Record(record, position)};
 }
 
 // The ZIP64 record that the locator at `locatorPosition` leads to, or nothing if there is none. The
@@ -87,11 +78,9 @@ Result<bool> reachesLocator(const ByteSource& file,
 // directly before the locator, where writers put it. Readers take the one or the other: if there
 // are two, they have to say the same.
 Result<std::optional<Zip64End>> followLocator(const ByteSource& file,
-                                              ByteView locator,
+                                              const Zip64Locator& locator,
                                               std::uint64_t locatorPosition) {
-    const auto place = inWhole(file,
-                               loadLittleEndian<std::uint32_t>(locator, 4),
-                               loadLittleEndian<std::uint64_t>(locator, 8));
+    const auto place = inWhole(file, locator.recordDisk, locator.recordOffset);
     if (!place) {
         return failure(ErrorCode::kMultipleDisks, locatorPosition);
     }
@@ -103,28 +92,22 @@ Result<std::optional<Zip64End>> followLocator(const ByteSource& file,
     const std::uint64_t before = locatorPosition - kZip64EndOfCentralDirectorySize;
     std::optional<Zip64End> end;
     for (const std::uint64_t position : {claimed, before}) {
-        auto fields = zip64EndAt(file, position);
-        if (!fields) {
-            return passOn(fields);
+        auto found = zip64EndAt(file, position);
+        if (!found) {
+            return passOn(found);
         }
-        if (!*fields) {
+        if (!*found) {
             continue;
         }
-        if (end && end->fields != **fields) {
+        if (end && end->fields != (*found)->fields) {
             return failure(ErrorCode::kDamagedDirectory, position);
         }
         if (!end) {
-            end = {.fields = **fields, .position = position, .claimedPosition = claimed};
+            end = *found;
+            end->claimedPosition = claimed;
         }
     }
-    if (!end) {
-        return std::nullopt;
-    }
-    auto reaches = reachesLocator(file, end->position, locatorPosition);
-    if (!reaches) {
-        return passOn(reaches);
-    }
-    if (!*reaches) {
+    if (end && end->end != locatorPosition) {
         return failure(ErrorCode::kDamagedDirectory, end->position);
     }
     return end;
@@ -140,17 +123,17 @@ Result<std::optional<Zip64End>> findZip64End(const ByteSource& file,
         return std::nullopt;
     }
     const std::uint64_t locatorPosition = endPosition - kZip64LocatorSize;
-    std::array<std::uint8_t, kZip64LocatorSize> locator{};
-    if (auto read = file.readExactlyAt(locatorPosition, locator); !read) {
+    std::array<std::uint8_t, kZip64LocatorSize> record{};
+    if (auto read = file.readExactlyAt(locatorPosition, record); !read) {
         return passOn(read);
     }
-    if (loadLittleEndian<std::uint32_t>(locator) != kZip64LocatorSignature) {
+    if (loadLittleEndian<std::uint32_t>(record) != kZip64LocatorSignature) {
         return std::nullopt;
     }
+    const Zip64Locator locator = parseZip64Locator(record);
     auto end = followLocator(file, locator, locatorPosition);
     const bool severalDisks =
-        file.volumeStarts().empty() && (loadLittleEndian<std::uint32_t>(locator, 4) != 0 ||
-                                        loadLittleEndian<std::uint32_t>(locator, 16) > 1);
+        file.volumeStarts().empty() && (locator.recordDisk != 0 || locator.disks > 1);
     if (severalDisks && ((end && *end) || needsZip64(small))) {
         return failure(ErrorCode::kMultipleDisks, locatorPosition);
     }
@@ -322,7 +305,7 @@ class CandidateSearch {
         }
         location->bytesAfter = bytesAfter;
         location->commentOffset = position + kEndOfCentralDirectorySize;
-        location->commentSize = loadLittleEndian<std::uint16_t>(record, 20);
+        location->commentSize = commentSizeOf(record);
         if (bytesAfter > 0) {
             if (!withBytesAfter_ && hasNoArchiveBefore(*location)) {
                 withBytesAfter_ = *location;
@@ -393,7 +376,7 @@ std::size_t claimedVolumes(const ByteSource& file) {
         const ByteView record =
             bytes.subspan(end - kEndOfCentralDirectorySize, kEndOfCentralDirectorySize);
         if (loadLittleEndian<std::uint32_t>(record) == kEndOfCentralDirectorySignature &&
-            loadLittleEndian<std::uint16_t>(record, 20) == bytes.size() - end) {
+            commentSizeOf(record) == bytes.size() - end) {
             return static_cast<std::size_t>(parseEndOfCentralDirectory(record).disk + 1);
         }
     }
@@ -412,11 +395,10 @@ Result<DirectoryLocation> locateDirectory(const ByteSource& file) {
         if (loadLittleEndian<std::uint32_t>(bytes, at) != kEndOfCentralDirectorySignature) {
             continue;
         }
-        const std::size_t commentSize = loadLittleEndian<std::uint16_t>(bytes, at + 20);
+        const ByteView record = bytes.subspan(at, kEndOfCentralDirectorySize);
+        const std::size_t commentSize = commentSizeOf(record);
         if (commentSize <= bytes.size() - end) {
-            search.consider(tail->position + at,
-                            bytes.subspan(at, kEndOfCentralDirectorySize),
-                            bytes.size() - end - commentSize);
+            search.consider(tail->position + at, record, bytes.size() - end - commentSize);
         }
     }
     return search.verdict();
