@@ -4,72 +4,59 @@
 
 #include "archive/Reader.h"
 #include "archive/base/WithinMemory.h"
-#include "archive/writing/ArchiveWriter.h"
 
 namespace pellumar::archive {
 
-namespace {
-
-ArchiveWriter::Source sourceOf(const EntrySource& source,
-                               const std::shared_ptr<const Password>& password) {
-    ArchiveWriter::Source made(source.path, source.base / source.path);
-    made.options.password = password;
-    return made;
-}
-
-}  // namespace
-
-Archive::Archive(std::unique_ptr<ArchiveWriter> writer, std::shared_ptr<const Password> password)
+Archive::Archive(Writer writer, std::shared_ptr<const Password> password)
     : writer_(std::move(writer)), password_(std::move(password)) {}
-Archive::Archive(Archive&&) noexcept = default;
-Archive& Archive::operator=(Archive&&) noexcept = default;
-Archive::~Archive() = default;
 
 Result<Archive> Archive::open(const std::filesystem::path& path,
                               AccessMode mode,
                               std::shared_ptr<const Password> password,
                               std::stop_token stop) {
-    return withinMemory([&]() -> Result<Archive> {
-        auto writer =
-            ArchiveWriter::create(path,
-                                  mode == AccessMode::kReplace ? PendingFile::Existing::kReplace
-                                                               : PendingFile::Existing::kRefuse,
-                                  {.stop = std::move(stop)});
-        if (!writer) {
-            return passOn(writer);
-        }
-        return Archive(std::move(*writer), std::move(password));
-    });
+    auto writer = Writer::create(path,
+                                 {.replace = mode == AccessMode::kReplace,
+                                  .sameNames = SameNames::kKeep,
+                                  .stop = std::move(stop)});
+    return writer ? Result<Archive>(Archive(*std::move(writer), std::move(password)))
+                  : passOn(writer);
+}
+
+NewEntry Archive::entryOf(const EntrySource& source, std::size_t bufferSize) const {
+    return {
+        .name = source.path,
+        .content = NewEntry::FromPath{.path = source.base / source.path, .readSize = bufferSize},
+        .options = {.password = password_}};
 }
 
 Result<> Archive::addEntry(const std::string& path,
                            const std::filesystem::path& base,
                            CompressionMethod /*method*/,
                            std::size_t bufferSize) {
+    return withinMemory(
+        [&] { return writer_.add(entryOf({.path = path, .base = base}, bufferSize)); });
+}
+
+Result<> Archive::addAll(const std::vector<EntrySource>& sources,
+                         CompressionMethod /*method*/,
+                         std::size_t bufferSize,
+                         const Writer::AfterEach& afterEach) {
     return withinMemory([&] {
-        return writer_->addEntry(sourceOf({.path = path, .base = base}, password_), bufferSize);
+        std::vector<NewEntry> entries;
+        entries.reserve(sources.size());
+        for (const EntrySource& source : sources) {
+            entries.push_back(entryOf(source, bufferSize));
+        }
+        return writer_.addAll(entries, afterEach);
     });
 }
 
-void Archive::compressAhead(const std::vector<EntrySource>& next, std::size_t bufferSize) {
-    // Without memory for that nothing is done ahead.
-    static_cast<void>(withinMemory([&]() -> Result<> {
-        std::vector<ArchiveWriter::Source> sources;
-        sources.reserve(next.size());
-        for (const EntrySource& source : next) {
-            sources.push_back(sourceOf(source, password_));
-        }
-        writer_->compressAhead(std::move(sources), bufferSize);
-        return {};
-    }));
-}
-
 Result<> Archive::close() {
-    return withinMemory([this] { return writer_->close(); });
+    return writer_.close();
 }
 
 const Warnings& Archive::warnings() const {
-    return writer_->warnings();
+    return writer_.warnings();
 }
 
 Result<UnzipReport> unzipItem(const Reader& archive,

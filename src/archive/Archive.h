@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "archive/Writer.h"
 #include "archive/base/EntrySource.h"
 #include "archive/base/Error.h"
 #include "archive/base/ExtractionOptions.h"
@@ -15,18 +16,16 @@
 
 namespace pellumar::archive {
 
-class ArchiveWriter;
 class Reader;
 
 enum class AccessMode : std::uint8_t { kCreate, kReplace };
 
 enum class CompressionMethod : std::uint8_t { kDeflate };
 
-// A ZIP archive that is being made at a path, in the way the application asks for it: file by file.
-// Other programs are better served by Writer and, to read archives, Reader.
+// A ZIP archive that is being made at a path, in the way the application asks for it: a thin face
+// of Writer. Of one that is not closed nothing stays.
 //
-// Threads: an object belongs to one thread at a time, and has threads of its own inside until it is
-// closed.
+// Belongs to one thread at a time, and has threads of its own inside until it is closed.
 class Archive {
   public:
     // kCreate: makes a new file at `path`; kAlreadyExists if something stands there, now or when
@@ -38,13 +37,6 @@ class Archive {
                                               AccessMode mode,
                                               std::shared_ptr<const Password> password = nullptr,
                                               std::stop_token stop = {});
-
-    Archive(Archive&&) noexcept;
-    Archive& operator=(Archive&&) noexcept;
-    Archive(const Archive&) = delete;
-    Archive& operator=(const Archive&) = delete;
-    // Of an archive that was not closed nothing stays.
-    ~Archive();
 
     // Adds the file or folder `base`/`path` as the entry `path`, with its permissions and its
     // modification time. A "\" in it, or a beginning like that of a drive ("C:x"), would lead
@@ -63,12 +55,12 @@ class Archive {
                                     CompressionMethod method,
                                     std::size_t bufferSize = kDefaultWriteChunkSize);
 
-    // Says which entries the next calls of addEntry will add, in that order: their sources are read
-    // and compressed in the background from now on, in bounded memory. A promise that is not kept
-    // costs the work done ahead and nothing else; the bytes of the archive are the same with or
-    // without this call. Replaces what an earlier call said.
-    void compressAhead(const std::vector<EntrySource>& next,
-                       std::size_t bufferSize = kDefaultWriteChunkSize);
+    // The same of many, in this order, which are read and compressed ahead on all processors. Goes
+    // on as `afterEach` says: Writer::addAll.
+    [[nodiscard]] Result<> addAll(const std::vector<EntrySource>& sources,
+                                  CompressionMethod method,
+                                  std::size_t bufferSize,
+                                  const Writer::AfterEach& afterEach);
 
     // Writes the central directory, sees everything onto the disk, and gives the file its name:
     // until this has succeeded nothing stands at the path but what stood there before, however the
@@ -80,9 +72,10 @@ class Archive {
     [[nodiscard]] const Warnings& warnings() const;
 
   private:
-    Archive(std::unique_ptr<ArchiveWriter> writer, std::shared_ptr<const Password> password);
+    Archive(Writer writer, std::shared_ptr<const Password> password);
+    [[nodiscard]] NewEntry entryOf(const EntrySource& source, std::size_t bufferSize) const;
 
-    std::unique_ptr<ArchiveWriter> writer_;
+    Writer writer_;
     std::shared_ptr<const Password> password_;
 };
 

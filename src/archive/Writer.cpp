@@ -2,25 +2,12 @@
 
 #include <utility>
 
-#include "archive/base/EntrySource.h"
 #include "archive/base/WithinMemory.h"
 #include "archive/writing/ArchiveWriter.h"
 
 namespace pellumar::archive {
 
 namespace {
-
-using Settings = ArchiveWriter::Settings;
-
-Settings settingsOf(WriterOptions options) {
-    return {.sameNames = options.sameNames == SameNames::kRename ? Settings::SameNames::kRename
-                                                                 : Settings::SameNames::kRefuse,
-            .reproducible = options.reproducible,
-            .comment = std::move(options.comment),
-            .threads = options.threads,
-            .stop = std::move(options.stop),
-            .progress = std::move(options.progress)};
-}
 
 ArchiveWriter::Source inMemory(EntryType type,
                                std::shared_ptr<const std::vector<std::uint8_t>> bytes) {
@@ -36,6 +23,7 @@ ArchiveWriter::Source sourceOf(const NewEntry& entry) {
     if (const auto* at = std::get_if<NewEntry::FromPath>(&entry.content)) {
         source.file = at->path;
         source.linkAsLink = at->linkAsLink;
+        source.readSize = at->readSize;
     } else if (std::holds_alternative<NewEntry::Folder>(entry.content)) {
         source = inMemory(EntryType::kFolder, nullptr);
     } else if (const auto* link = std::get_if<NewEntry::Link>(&entry.content)) {
@@ -83,16 +71,14 @@ Writer::~Writer() = default;
 
 Result<Writer> Writer::create(const std::filesystem::path& path, WriterOptions options) {
     return withinMemory([&]() -> Result<Writer> {
-        const auto existing =
-            options.replace ? PendingFile::Existing::kReplace : PendingFile::Existing::kRefuse;
-        auto writer = ArchiveWriter::create(path, existing, settingsOf(std::move(options)));
+        auto writer = ArchiveWriter::create(path, std::move(options));
         return writer ? Result<Writer>(Writer(std::move(*writer))) : passOn(writer);
     });
 }
 
 Result<Writer> Writer::toOutput(std::unique_ptr<ByteOutput> output, WriterOptions options) {
     return withinMemory([&]() -> Result<Writer> {
-        auto writer = ArchiveWriter::create(std::move(output), {}, settingsOf(std::move(options)));
+        auto writer = ArchiveWriter::create(std::move(output), {}, std::move(options));
         return writer ? Result<Writer>(Writer(std::move(*writer))) : passOn(writer);
     });
 }
@@ -105,7 +91,7 @@ Result<Writer> Writer::toDescriptor(File file, WriterOptions options) {
         }
         auto writer = ArchiveWriter::create(std::make_unique<DescriptorOutput>(std::move(file)),
                                             {.device = status->st_dev, .inode = status->st_ino},
-                                            settingsOf(std::move(options)));
+                                            std::move(options));
         return writer ? Result<Writer>(Writer(std::move(*writer))) : passOn(writer);
     });
 }
@@ -117,8 +103,7 @@ Result<> Writer::add(const NewEntry& entry) {
         }
         const ArchiveWriter::Source source = sourceOf(entry);
         const NewEntry::Stream* const stream = streamOf(entry);
-        return stream != nullptr ? writer_->addStream(source, *stream)
-                                 : writer_->addEntry(source, kDefaultWriteChunkSize);
+        return stream != nullptr ? writer_->addStream(source, *stream) : writer_->addEntry(source);
     });
 }
 
@@ -131,7 +116,7 @@ Result<> Writer::addAll(const std::vector<NewEntry>& entries, const AfterEach& a
             const Next otherwise = added ? Next::kGoOn : Next::kStop;
             const Next next = afterEach ? afterEach(i, added) : otherwise;
             if (next == Next::kStop) {
-                writer_->compressAhead({}, kDefaultWriteChunkSize);
+                writer_->compressAhead({});
                 return added;
             }
             if (next == Next::kAgain) {
@@ -152,7 +137,7 @@ void Writer::announce(const std::vector<NewEntry>& entries, std::size_t from) {
             ahead.push_back(sourceOf(entries[i]));
         }
     }
-    writer_->compressAhead(std::move(ahead), kDefaultWriteChunkSize);
+    writer_->compressAhead(std::move(ahead));
 }
 
 Result<> Writer::close() {

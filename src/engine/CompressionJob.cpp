@@ -14,14 +14,15 @@ using archive::EntrySource;
 using archive::Error;
 using archive::ErrorCode;
 
-// The last component of a URL's path and the folder it stands in.
-std::optional<EntrySource> sourceOf(const QUrl& url) {
+// The last component of a URL's path and the folder it stands in; nothing, which cannot be added,
+// for a URL without one.
+EntrySource sourceOf(const QUrl& url) {
     const std::optional<std::filesystem::path> path = localPath(url);
     if (!path) {
-        return std::nullopt;
+        return {};
     }
     const std::filesystem::path plain = withoutTrailingSlash(*path);
-    return EntrySource{.path = plain.filename(), .base = plain.parent_path()};
+    return {.path = plain.filename(), .base = plain.parent_path()};
 }
 
 Error notAPath(const QUrl& url) {
@@ -64,66 +65,74 @@ CompressionJob::CompressionJob(const ZipManager::Environment& environment,
 }
 
 void CompressionJob::run(const std::weak_ptr<ZipManager>& manager) {
-    std::vector<std::optional<EntrySource>> sources;
-    std::vector<EntrySource> ahead;
+    std::vector<EntrySource> sources;
     for (const QUrl& url : std::as_const(urls_)) {
         sources.push_back(sourceOf(url));
-        if (sources.back()) {
-            ahead.push_back(*sources.back());
-        }
     }
-    if (archive_) {
-        archive_->compressAhead(ahead);
-    }
-    for (std::size_t i = 0; i < sources.size() && !environment_.stop.stop_requested(); ++i) {
-        environment_.console.writeLine(QStringLiteral("Adding url to file"));
-        if (!addFile(sources[i], urls_[static_cast<qsizetype>(i)])) {
-            environment_.console.writeLine(QStringLiteral("Failed"));
-            success_ = false;
-            continue;
+    const auto begin = [this, &sources](std::size_t index) {
+        if (index < sources.size()) {
+            environment_.console.writeLine(QStringLiteral("Adding url to file"));
         }
-        environment_.console.writeLine(QStringLiteral("Finished: %1").arg(finished_ + 1));
-        ++finished_;
-        tellDelegate(manager);
+    };
+    begin(0);
+    if (!archive_) {
+        // Without an archive every file counts as added.
+        for (std::size_t i = 0; i < sources.size(); ++i) {
+            end(true, manager);
+            begin(i + 1);
+        }
+        return;
+    }
+    std::optional<std::size_t> triedAgain;
+    const auto afterEach = [&](std::size_t index, const archive::Result<>& added) {
+        if (environment_.stop.stop_requested()) {
+            return archive::Writer::Next::kStop;
+        }
+        if (!added && added.error().isShortOfRoom() && triedAgain != index &&
+            environment_.fileSystem.finishDeletions()) {
+            triedAgain = index;
+            return archive::Writer::Next::kAgain;
+        }
+        end(isIn(sources[index], urls_[static_cast<qsizetype>(index)], added), manager);
+        begin(index + 1);
+        return archive::Writer::Next::kGoOn;
+    };
+    const archive::Result<> added = archive_->addAll(
+        sources, archive::CompressionMethod::kDeflate, archive::kDefaultWriteChunkSize, afterEach);
+    // Memory is all that ends it else.
+    if (!added && !environment_.stop.stop_requested()) {
+        report_.addFailure(added.error());
+        success_ = false;
     }
     closeArchive();
 }
 
-bool CompressionJob::addFile(const std::optional<EntrySource>& source, const QUrl& url) {
-    if (!archive_) {
-        // Without an archive every file counts as added.
-        return true;
-    }
-    if (!source) {
-        report_.addFailure(notAPath(url));
-        return false;
-    }
-    const auto add = [this, &source] {
-        return archive_->addEntry(source->path,
-                                  source->base,
-                                  archive::CompressionMethod::kDeflate,
-                                  archive::kDefaultWriteChunkSize);
-    };
-    archive::Result<> added = add();
-    if (!added && added.error().isShortOfRoom() && environment_.fileSystem.finishDeletions()) {
-        added = add();
-    }
+bool CompressionJob::isIn(const EntrySource& source,
+                          const QUrl& url,
+                          const archive::Result<>& added) {
     if (!added) {
-        report_.addFailure(added.error());
+        report_.addFailure(source.path.empty() ? notAPath(url) : added.error());
         return false;
     }
-    if (environment_.originals &&
-        !environment_.originals->isUnchanged(source->base / source->path)) {
-        report_.addFailure({.code = ErrorCode::kSourceChanged, .entry = source->path});
+    if (environment_.originals && !environment_.originals->isUnchanged(source.base / source.path)) {
+        report_.addFailure({.code = ErrorCode::kSourceChanged, .entry = source.path});
         return false;
     }
     return true;
 }
 
-void CompressionJob::closeArchive() {
-    if (!archive_) {
+void CompressionJob::end(bool isIn, const std::weak_ptr<ZipManager>& manager) {
+    if (!isIn) {
+        environment_.console.writeLine(QStringLiteral("Failed"));
+        success_ = false;
         return;
     }
+    environment_.console.writeLine(QStringLiteral("Finished: %1").arg(finished_ + 1));
+    ++finished_;
+    tellDelegate(manager);
+}
+
+void CompressionJob::closeArchive() {
     if (environment_.stop.stop_requested()) {
         report_.addFailure({.code = ErrorCode::kCancelled, .entry = {}});
         success_ = false;

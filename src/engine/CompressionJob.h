@@ -30,8 +30,12 @@ class CompressionJob {
     void finish();
 
   private:
-    // False if the step failed.
-    bool addFile(const std::optional<archive::EntrySource>& source, const QUrl& url);
+    // Whether the file that was added is in the archive as it was picked.
+    [[nodiscard]] bool isIn(const archive::EntrySource& source,
+                            const QUrl& url,
+                            const archive::Result<>& added);
+    // Tells of a file that is done.
+    void end(bool isIn, const std::weak_ptr<ZipManager>& manager);
     void closeArchive();
     void tellDelegate(const std::weak_ptr<ZipManager>& manager) const;
 

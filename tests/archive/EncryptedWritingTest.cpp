@@ -32,8 +32,7 @@ class EncryptedWritingTest : public ExtractionTest, public testing::WithParamInt
     }
 
     void pack() const {
-        auto writer =
-            ArchiveWriter::create(archivePath(), PendingFile::Existing::kReplace, {.threads = 2});
+        auto writer = ArchiveWriter::create(archivePath(), {.replace = true, .threads = 2});
         ASSERT_TRUE(writer);
         const auto password = std::make_shared<const Password>(kPassword);
         std::vector<ArchiveWriter::Source> sources;
@@ -43,9 +42,9 @@ class EncryptedWritingTest : public ExtractionTest, public testing::WithParamInt
             sources.back().options.password = password;
             sources.back().options.encryption = GetParam().encryption;
         }
-        (*writer)->compressAhead(sources, kDefaultWriteChunkSize);
+        (*writer)->compressAhead(sources);
         for (const ArchiveWriter::Source& source : sources) {
-            const auto added = (*writer)->addEntry(source, kDefaultWriteChunkSize);
+            const auto added = (*writer)->addEntry(source);
             ASSERT_TRUE(added) << added.error().describe();
         }
         ASSERT_TRUE((*writer)->close());

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <filesystem>
 #include <string>
 
@@ -13,8 +12,5 @@ struct EntrySource {
 
     friend bool operator==(const EntrySource&, const EntrySource&) = default;
 };
-
-// The size of one read from a source where the caller has no wish: 16 KiB.
-inline constexpr std::size_t kDefaultWriteChunkSize = 16UL * 1024;
 
 }  // namespace pellumar::archive

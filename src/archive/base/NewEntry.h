@@ -19,6 +19,9 @@
 
 namespace pellumar::archive {
 
+// The size of one read from a file where the caller has no wish: 16 KiB.
+inline constexpr std::size_t kDefaultWriteChunkSize = 16UL * 1024;
+
 // What is said of an entry beside its data. Unset, it is as the source has it.
 struct EntryOptions {
     // 1 (fast) to 9 (small), 0 to store. Unset: chosen by what the data is like.
@@ -41,6 +44,8 @@ struct NewEntry {
     struct FromPath {
         std::filesystem::path path;
         bool linkAsLink = false;
+        // Of one read from a file, 4 KiB to 1 MiB; others are taken for the nearest.
+        std::size_t readSize = kDefaultWriteChunkSize;
     };
     struct Folder {};
     struct Link {

@@ -18,6 +18,7 @@
 #include "archive/writing/CompressionThreads.h"
 #include "archive/writing/DeflateCompressor.h"
 #include "archive/writing/DirectoryWriter.h"
+#include "archive/writing/PendingFile.h"
 #include "archive/writing/StreamPieces.h"
 #include "archive/writing/TakenNames.h"
 
@@ -30,13 +31,6 @@ constexpr unsigned kMostThreads = 8;
 // What may lie ready or be under way at once: a chunk for each thread, and some that wait. With two
 // threads all that the writer holds stays under 24 MiB, with eight under 48.
 constexpr std::size_t kChunksWaiting = 6;
-
-constexpr std::size_t kSmallestRead = 4UL * 1024;
-constexpr std::size_t kLargestRead = 1024UL * 1024;
-
-std::size_t clampedReadSize(std::size_t bufferSize) {
-    return std::clamp(bufferSize, kSmallestRead, kLargestRead);
-}
 
 // What can be inflated by itself, of the content.
 constexpr std::uint32_t kSection =
@@ -165,10 +159,10 @@ bool ArchiveWriter::Source::isStored(const struct stat& found) const {
 
 class ArchiveWriter::State {
   public:
-    State(ArchiveOutput output, unsigned threads, Settings settings)
+    State(ArchiveOutput output, unsigned threads, WriterOptions options)
         : output_(std::move(output)),
-          settings_(std::move(settings)),
-          progress_(settings_.progress),
+          options_(std::move(options)),
+          progress_(options_.progress),
           threadCount_(threads),
           buffers_(DeflateCompressor::kMostOutput),
           queue_(DeflateCompressor::kChunkSize,
@@ -182,11 +176,9 @@ class ArchiveWriter::State {
     [[nodiscard]] bool isClosed() const { return closed_; }
     [[nodiscard]] const Result<>& outcome() const { return outcome_; }
     [[nodiscard]] const Warnings& warnings() const { return warnings_; }
-    [[nodiscard]] Result<> add(const Source& source, std::size_t readSize);
+    [[nodiscard]] Result<> add(const Source& source);
     [[nodiscard]] Result<> addStream(const Source& source, const NewEntry::Stream& stream);
-    void announce(std::vector<Source> next, std::size_t readSize) {
-        queue_.announce(std::move(next), readSize);
-    }
+    void announce(std::vector<Source> next) { queue_.announce(std::move(next)); }
     void expectEntries(std::size_t count) {
         expected_ += count;
         progress_.expect(expected_, 0);
@@ -217,7 +209,7 @@ class ArchiveWriter::State {
     [[nodiscard]] Result<CompressedChunk> take(const Feed& next, const format::EntryRecord& record);
 
     ArchiveOutput output_;
-    const Settings settings_;
+    const WriterOptions options_;
     ProgressTeller progress_;
     std::size_t expected_ = 0;
     DirectoryWriter directory_;
@@ -233,8 +225,8 @@ class ArchiveWriter::State {
     CompressionThreads threads_;
 };
 
-Result<> ArchiveWriter::State::add(const Source& source, std::size_t readSize) {
-    auto opened = queue_.begin(source, readSize);
+Result<> ArchiveWriter::State::add(const Source& source) {
+    auto opened = queue_.begin(source);
     const AtExit leave([this] { queue_.end(); });
     const Feed fromQueue = [this] { return queue_.takeChunk(); };
     Result<> result =
@@ -262,10 +254,10 @@ Result<> ArchiveWriter::State::addStream(const Source& source, const NewEntry::S
 }
 
 Result<> ArchiveWriter::State::settleName(std::string& name, bool isFolder) {
-    if (settings_.sameNames == Settings::SameNames::kKeep || names_.isFree(name, isFolder)) {
+    if (options_.sameNames == SameNames::kKeep || names_.isFree(name, isFolder)) {
         return {};
     }
-    if (settings_.sameNames == Settings::SameNames::kRefuse) {
+    if (options_.sameNames == SameNames::kRefuse) {
         return failure(ErrorCode::kConflictingNames);
     }
     name = names_.freeName(name, isFolder);
@@ -277,7 +269,7 @@ Result<> ArchiveWriter::State::addFound(const Source& source,
                                         const Feed& next,
                                         bool isEndless) {
     // What has no data asks nowhere else.
-    if (settings_.stop.stop_requested()) {
+    if (options_.stop.stop_requested()) {
         return failure(ErrorCode::kCancelled);
     }
     auto name = portableName(source.name);
@@ -291,7 +283,7 @@ Result<> ArchiveWriter::State::addFound(const Source& source,
         return settled;
     }
     const bool isRenamed = *name != wanted;
-    auto record = recordOf(*std::move(name), source, found, settings_.reproducible);
+    auto record = recordOf(*std::move(name), source, found, options_.reproducible);
     record.localHeaderOffset = output_.position();
     if (record.name.size() > format::kMax16) {
         return failure(ErrorCode::kInvalidArgument);
@@ -313,7 +305,7 @@ Result<> ArchiveWriter::State::addFound(const Source& source,
         warnings_.add(WarningCode::kRenamed, source.name, record.localHeaderOffset);
     }
     directory_.reserve(record);
-    if (settings_.sameNames != Settings::SameNames::kKeep) {
+    if (options_.sameNames != SameNames::kKeep) {
         names_.add(record.name, isFolder);
     }
     // From here on no memory is asked for that there might not be.
@@ -325,7 +317,7 @@ Result<> ArchiveWriter::State::addFound(const Source& source,
 
 Result<CompressedChunk> ArchiveWriter::State::take(const Feed& next,
                                                    const format::EntryRecord& record) {
-    if (settings_.stop.stop_requested()) {
+    if (options_.stop.stop_requested()) {
         return failure(ErrorCode::kCancelled);
     }
     auto chunk = next();
@@ -405,7 +397,7 @@ Result<> ArchiveWriter::State::writeRest(format::EntryRecord& record,
 Result<> ArchiveWriter::State::close() {
     closed_ = true;
     threads_.stop();
-    auto written = directory_.writeTo(output_, settings_.comment);
+    auto written = directory_.writeTo(output_, options_.comment);
     written = written ? output_.close() : written;
     if (written) {
         progress_.finish();
@@ -415,9 +407,9 @@ Result<> ArchiveWriter::State::close() {
 }
 
 Result<std::unique_ptr<ArchiveWriter>> ArchiveWriter::create(const std::filesystem::path& path,
-                                                             PendingFile::Existing existing,
-                                                             Settings settings) {
-    auto file = PendingFile::create(path, existing);
+                                                             WriterOptions options) {
+    auto file = PendingFile::create(
+        path, options.replace ? PendingFile::Existing::kReplace : PendingFile::Existing::kRefuse);
     if (!file) {
         return passOn(file);
     }
@@ -427,25 +419,25 @@ Result<std::unique_ptr<ArchiveWriter>> ArchiveWriter::create(const std::filesyst
     }
     return begin(ArchiveOutput(std::move(*file)),
                  {.device = status->st_dev, .inode = status->st_ino},
-                 std::move(settings));
+                 std::move(options));
 }
 
 Result<std::unique_ptr<ArchiveWriter>> ArchiveWriter::create(std::unique_ptr<ByteOutput> output,
                                                              const FileIdentity& identity,
-                                                             Settings settings) {
-    return begin(ArchiveOutput(std::move(output)), identity, std::move(settings));
+                                                             WriterOptions options) {
+    return begin(ArchiveOutput(std::move(output)), identity, std::move(options));
 }
 
 Result<std::unique_ptr<ArchiveWriter>> ArchiveWriter::begin(ArchiveOutput output,
                                                             const FileIdentity& identity,
-                                                            Settings settings) {
-    if (settings.comment.size() > format::kMax16 || !format::isUtf8(settings.comment)) {
+                                                            WriterOptions options) {
+    if (options.comment.size() > format::kMax16 || !format::isUtf8(options.comment)) {
         return failure(ErrorCode::kInvalidArgument);
     }
     const unsigned threads =
-        settings.threads != 0 ? settings.threads : std::thread::hardware_concurrency();
+        options.threads != 0 ? options.threads : std::thread::hardware_concurrency();
     auto state = std::make_unique<State>(
-        std::move(output), std::clamp(threads, 1U, kMostThreads), std::move(settings));
+        std::move(output), std::clamp(threads, 1U, kMostThreads), std::move(options));
     if (auto started = state->start(identity); !started) {
         return passOn(started);
     }
@@ -456,11 +448,11 @@ ArchiveWriter::ArchiveWriter(std::unique_ptr<State> state) : state_(std::move(st
 
 ArchiveWriter::~ArchiveWriter() = default;
 
-Result<> ArchiveWriter::addEntry(const Source& source, std::size_t bufferSize) {
+Result<> ArchiveWriter::addEntry(const Source& source) {
     if (state_->isClosed()) {
         return failure(ErrorCode::kInvalidArgument);
     }
-    return state_->add(source, clampedReadSize(bufferSize));
+    return state_->add(source);
 }
 
 Result<> ArchiveWriter::addStream(const Source& source, const NewEntry::Stream& stream) {
@@ -470,9 +462,9 @@ Result<> ArchiveWriter::addStream(const Source& source, const NewEntry::Stream& 
     return state_->addStream(source, stream);
 }
 
-void ArchiveWriter::compressAhead(std::vector<Source> next, std::size_t bufferSize) {
+void ArchiveWriter::compressAhead(std::vector<Source> next) {
     if (!state_->isClosed()) {
-        state_->announce(std::move(next), clampedReadSize(bufferSize));
+        state_->announce(std::move(next));
     }
 }
 

@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
-#include <stop_token>
 #include <string>
 #include <utility>
 #include <vector>
@@ -13,15 +12,14 @@
 #include "archive/base/Entry.h"
 #include "archive/base/Error.h"
 #include "archive/base/NewEntry.h"
-#include "archive/base/Progress.h"
 #include "archive/base/Warning.h"
+#include "archive/base/WriterOptions.h"
 #include "archive/writing/ArchiveOutput.h"
-#include "archive/writing/PendingFile.h"
 #include "archive/writing/SourceFile.h"
 
 namespace pellumar::archive {
 
-// What stands behind Writer and Archive; see there for the contract of each operation.
+// What stands behind Writer; see there for the contract of each operation.
 class ArchiveWriter {
   public:
     // What becomes an entry: what stands at `file`, or the bytes of `memory`.
@@ -30,6 +28,7 @@ class ArchiveWriter {
         std::filesystem::path file;
         // Of a symbolic link at `file` the link itself.
         bool linkAsLink = false;
+        std::size_t readSize = kDefaultWriteChunkSize;
         // A file's content or a link's target, as `memoryType` says; that of a folder is empty.
         std::shared_ptr<const std::vector<std::uint8_t>> memory;
         EntryType memoryType = EntryType::kFile;
@@ -46,35 +45,22 @@ class ArchiveWriter {
         friend bool operator==(const Source& one, const Source& other);
     };
 
-    // What is asked of an archive that is made; see WriterOptions.
-    struct Settings {
-        // Beside refusing and renaming, what the application has always done: the archive holds
-        // both, and extracting takes the last.
-        enum class SameNames : std::uint8_t { kRefuse, kRename, kKeep };
-
-        SameNames sameNames = SameNames::kKeep;
-        bool reproducible = false;
-        std::string comment = {};
-        unsigned threads = 0;
-        std::stop_token stop = {};
-        ProgressHandler progress = {};
-    };
-
     // Into a file that takes its name when it is whole.
-    [[nodiscard]] static Result<std::unique_ptr<ArchiveWriter>>
-    create(const std::filesystem::path& path, PendingFile::Existing existing, Settings settings);
+    [[nodiscard]] static Result<std::unique_ptr<ArchiveWriter>> create(
+        const std::filesystem::path& path,
+        WriterOptions options);
     // Into an output, which is `identity` where it is a file.
     [[nodiscard]] static Result<std::unique_ptr<ArchiveWriter>>
-    create(std::unique_ptr<ByteOutput> output, const FileIdentity& identity, Settings settings);
+    create(std::unique_ptr<ByteOutput> output, const FileIdentity& identity, WriterOptions options);
 
     ArchiveWriter(const ArchiveWriter&) = delete;
     ArchiveWriter& operator=(const ArchiveWriter&) = delete;
     ~ArchiveWriter();
 
-    [[nodiscard]] Result<> addEntry(const Source& source, std::size_t bufferSize);
+    [[nodiscard]] Result<> addEntry(const Source& source);
     // Of what the stream gives; `source` says all else.
     [[nodiscard]] Result<> addStream(const Source& source, const NewEntry::Stream& stream);
-    void compressAhead(std::vector<Source> next, std::size_t bufferSize);
+    void compressAhead(std::vector<Source> next);
     // How many entries will come, for the progress.
     void expectEntries(std::size_t count);
     [[nodiscard]] Result<> close();
@@ -85,7 +71,7 @@ class ArchiveWriter {
     explicit ArchiveWriter(std::unique_ptr<State> state);
     [[nodiscard]] static Result<std::unique_ptr<ArchiveWriter>> begin(ArchiveOutput output,
                                                                       const FileIdentity& identity,
-                                                                      Settings settings);
+                                                                      WriterOptions options);
 
     std::unique_ptr<State> state_;
 };

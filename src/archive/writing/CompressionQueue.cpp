@@ -17,14 +17,13 @@ constexpr unsigned kReportsPerWake = 16;
 
 }  // namespace
 
-// One source on its way. `source`, `readSize` and `sequence` never change, `file` does not while
+// One source on its way. `source` and `sequence` never change, `file` does not while
 // tasks read it; the queue's mutex guards the rest.
 class CompressionQueue::Job {
   public:
-    Job(Source from, std::size_t size) : source(std::move(from)), readSize(size) {}
+    explicit Job(Source from) : source(std::move(from)) {}
 
     const Source source;
-    const std::size_t readSize;
     std::uint64_t sequence = 0;
 
     std::optional<Result<Opened>> opened;
@@ -42,7 +41,7 @@ class CompressionQueue::Job {
     }
 };
 
-void CompressionQueue::announce(std::vector<Source> next, std::size_t readSize) {
+void CompressionQueue::announce(std::vector<Source> next) {
     const std::lock_guard lock(mutex_);
     // What was done ahead and is still wanted stays.
     std::size_t kept = 0;
@@ -52,12 +51,10 @@ void CompressionQueue::announce(std::vector<Source> next, std::size_t readSize) 
     dropJobsFrom(kept);
     announced_ = std::move(next);
     nextAnnounced_ = kept;
-    readSize_ = readSize;
     wakeWorkers();
 }
 
-Result<CompressionQueue::Opened> CompressionQueue::begin(const Source& source,
-                                                         std::size_t readSize) {
+Result<CompressionQueue::Opened> CompressionQueue::begin(const Source& source) {
     std::unique_lock lock(mutex_);
     const bool announced =
         jobs_.empty() ? nextAnnounced_ < announced_.size() && announced_[nextAnnounced_] == source
@@ -66,7 +63,6 @@ Result<CompressionQueue::Opened> CompressionQueue::begin(const Source& source,
         dropJobsFrom(0);
         announced_ = {source};
         nextAnnounced_ = 0;
-        readSize_ = readSize;
         wakeWorkers();
     }
     if (auto ready = waitForHead(lock); !ready) {
@@ -111,7 +107,7 @@ std::optional<CompressionQueue::Task> CompressionQueue::takeTask() {
     }
     Task task;
     if (unread_.empty()) {
-        task.job = std::make_shared<Job>(std::move(announced_[nextAnnounced_++]), readSize_);
+        task.job = std::make_shared<Job>(std::move(announced_[nextAnnounced_++]));
         task.job->sequence = nextSequence_++;
         jobs_.push_back(task.job);
         bytesAhead_ += kJobBytes;
@@ -124,7 +120,6 @@ std::optional<CompressionQueue::Task> CompressionQueue::takeTask() {
         }
     }
     task.source = &task.job->source;
-    task.readSize = task.job->readSize;
     bytesAhead_ += taskBytes_;
     // Whoever made this task possible woke one worker; there may be more to do.
     wakeWorkers();

@@ -65,7 +65,6 @@ class CompressionQueue {
         const Source* source = nullptr;
         const SourceFile* file = nullptr;
         std::uint64_t chunk = 0;
-        std::size_t readSize = 0;
         std::shared_ptr<Job> job;
     };
 
@@ -78,12 +77,12 @@ class CompressionQueue {
 
     // Says what begin() will ask for, in this order, instead of what an earlier call said. Not to
     // be called between begin() and end().
-    void announce(std::vector<Source> next, std::size_t readSize);
+    void announce(std::vector<Source> next);
 
     // Makes `source` the current entry and waits until it is opened. An error if it cannot be
     // added; end() must be called in both cases. If something else was announced, the
     // announcements and the work done for them are dropped.
-    [[nodiscard]] Result<Opened> begin(const Source& source, std::size_t readSize);
+    [[nodiscard]] Result<Opened> begin(const Source& source);
 
     // Waits for the current entry's next chunk; to be called at most once for each. After an error
     // there are no more.
@@ -142,7 +141,6 @@ class CompressionQueue {
     unsigned idleWorkers_ = 0;
     std::vector<Source> announced_;  // from nextAnnounced_ on: not yet made into jobs
     std::size_t nextAnnounced_ = 0;
-    std::size_t readSize_ = 0;
     std::deque<std::shared_ptr<Job>> jobs_;     // the current entry and those after it, in order
     std::vector<std::shared_ptr<Job>> unread_;  // those with chunks nobody works on, in order
     std::uint64_t nextSequence_ = 0;

@@ -54,14 +54,14 @@ class Worker {
         const std::size_t window = stored ? 0 : DeflateCompressor::windowBefore(task.chunk);
         const MutableBytes before(input_.get(), window);
         if (window > 0) {
-            if (auto read = task.file->read(start - window, before, task.readSize); !read) {
+            if (auto read = task.file->read(start - window, before, task.source->readSize); !read) {
                 return tl::unexpected(read.error());
             }
         }
         const MutableBytes content(
             input_.get() + window,
             static_cast<std::size_t>(std::min<std::uint64_t>(left, kChunkSize)));
-        const auto crc = task.file->read(start, content, task.readSize);
+        const auto crc = task.file->read(start, content, task.source->readSize);
         if (!crc) {
             return tl::unexpected(crc.error());
         }

@@ -13,6 +13,9 @@ namespace pellumar::archive {
 
 namespace {
 
+constexpr std::size_t kSmallestRead = 4UL * 1024;
+constexpr std::size_t kLargestRead = 1024UL * 1024;
+
 Failure unreadable(int systemError) {
     return Failure(Error{.code = ErrorCode::kSourceUnreadable,
                          .entry = {},
@@ -124,9 +127,10 @@ Result<std::uint32_t> SourceFile::read(std::uint64_t offset,
         }
         return crc32(kCrc32OfNothing, buffer);
     }
+    const std::size_t most = std::clamp(readSize, kSmallestRead, kLargestRead);
     std::uint32_t crc = kCrc32OfNothing;
     while (!buffer.empty()) {
-        const MutableBytes part = buffer.first(std::min(readSize, buffer.size()));
+        const MutableBytes part = buffer.first(std::min(most, buffer.size()));
         const auto count = file_.readAt(offset, part);
         if (!count) {
             return unreadable(count.error().systemError);

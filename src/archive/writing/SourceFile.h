@@ -52,10 +52,10 @@ class SourceFile {
     [[nodiscard]] std::uint64_t size() const;
     [[nodiscard]] const struct stat& status() const { return status_; }
 
-    // Fills `buffer` from `offset`, `readSize` bytes at a time, and returns the CRC-32 of the
-    // bytes. kSourceUnreadable; kSourceChanged if the file ends before the buffer is full, or if
-    // its size or times are not what they were when it was opened: as this is looked at after the
-    // bytes, those of all calls belong together.
+    // Fills `buffer` from `offset`, `readSize` bytes at a time (NewEntry::FromPath), and returns
+    // the CRC-32 of the bytes. kSourceUnreadable; kSourceChanged if the file ends before the buffer
+    // is full, or if its size or times are not what they were when it was opened: as this is looked
+    // at after the bytes, those of all calls belong together.
     [[nodiscard]] Result<std::uint32_t> read(std::uint64_t offset,
                                              MutableBytes buffer,
                                              std::size_t readSize) const;

@@ -158,12 +158,10 @@ TEST_F(AllocationTest, CompressionLacksMemory) {
             if (!archive) {
                 return Failure(archive.error());
             }
-            archive->compressAhead(sources);
-            for (const std::string& name : names) {
-                auto added = archive->addEntry(name, home().path(), CompressionMethod::kDeflate);
-                if (!added) {
-                    return added;
-                }
+            const auto added =
+                archive->addAll(sources, CompressionMethod::kDeflate, kDefaultWriteChunkSize, {});
+            if (!added) {
+                return added;
             }
             return archive->close();
         },

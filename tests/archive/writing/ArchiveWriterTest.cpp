@@ -34,7 +34,7 @@ TEST_F(ArchiveWriterTest, OthersExtractWhatWasAdded) {
                                             "große Wörter/日本.bin",
                                             "link"};
     for (const std::string& path : paths) {
-        const auto added = writer->addEntry(source(path), kReadSize);
+        const auto added = writer->addEntry(source(path));
         ASSERT_TRUE(added) << added.error().describe();
     }
     ASSERT_TRUE(writer->close());
@@ -71,10 +71,11 @@ TEST_F(ArchiveWriterTest, BytesDependOnTheSourcesAlone) {
             fs::remove(archivePath());
             auto writer = create(threads);
             if (ahead) {
-                writer->compressAhead(all, kReadSize);
+                writer->compressAhead(all);
             }
-            for (const Source& next : all) {
-                ASSERT_TRUE(writer->addEntry(next, ahead ? kReadSize : 1));
+            for (Source next : all) {
+                next.readSize = ahead ? next.readSize : 1;
+                ASSERT_TRUE(writer->addEntry(next));
             }
             ASSERT_TRUE(writer->close());
             const auto made = test::readFile(archivePath());
@@ -93,17 +94,16 @@ TEST_F(ArchiveWriterTest, ABrokenPromiseCostsNothingButTheWork) {
     }
     put("large", pellumar::test::sampleContent(SampleKind::kNoise, 20 * kChunk));
     auto writer = create();
-    writer->compressAhead({source("large"), source("a"), source("missing"), source("b")},
-                          kReadSize);
-    ASSERT_TRUE(writer->addEntry(source("a"), kReadSize));  // not what was announced
-    writer->compressAhead({source("b"), source("large"), source("c"), source("d")}, kReadSize);
-    ASSERT_TRUE(writer->addEntry(source("b"), kReadSize));
+    writer->compressAhead({source("large"), source("a"), source("missing"), source("b")});
+    ASSERT_TRUE(writer->addEntry(source("a")));  // not what was announced
+    writer->compressAhead({source("b"), source("large"), source("c"), source("d")});
+    ASSERT_TRUE(writer->addEntry(source("b")));
     // Announced again in part: what is under way goes on.
-    writer->compressAhead({source("large"), source("d")}, kReadSize);
-    ASSERT_TRUE(writer->addEntry(source("large"), kReadSize));
-    ASSERT_TRUE(writer->addEntry(source("c"), kReadSize));
-    ASSERT_TRUE(writer->addEntry(source("d"), kReadSize));
-    writer->compressAhead({source("large"), source("large")}, kReadSize);  // never added
+    writer->compressAhead({source("large"), source("d")});
+    ASSERT_TRUE(writer->addEntry(source("large")));
+    ASSERT_TRUE(writer->addEntry(source("c")));
+    ASSERT_TRUE(writer->addEntry(source("d")));
+    writer->compressAhead({source("large"), source("large")});  // never added
     ASSERT_TRUE(writer->close());
     expectSound();
     EXPECT_EQ(listed(), "a\nb\nlarge\nc\nd\n");
@@ -121,18 +121,18 @@ TEST_F(ArchiveWriterTest, PathsThatAreNoEntryPathsAreRefused) {
                                     std::string("a/.."),
                                     std::string("kept\0", 5),
                                     tooLong}) {
-        const auto added = writer->addEntry(source(path), kReadSize);
+        const auto added = writer->addEntry(source(path));
         EXPECT_EQ(codeOf(added), ErrorCode::kInvalidArgument) << path;
     }
     put("..kept", "also kept");
-    ASSERT_TRUE(writer->addEntry(source("..kept"), kReadSize));
-    ASSERT_TRUE(writer->addEntry(source("kept"), kReadSize));
+    ASSERT_TRUE(writer->addEntry(source("..kept")));
+    ASSERT_TRUE(writer->addEntry(source("kept")));
     ASSERT_TRUE(writer->close());
     EXPECT_EQ(listed(), "..kept\nkept\n");
 
     EXPECT_TRUE(writer->close());
-    EXPECT_EQ(codeOf(writer->addEntry(source("kept"), kReadSize)), ErrorCode::kInvalidArgument);
-    const auto again = ArchiveWriter::create(archivePath(), PendingFile::Existing::kRefuse, {});
+    EXPECT_EQ(codeOf(writer->addEntry(source("kept"))), ErrorCode::kInvalidArgument);
+    const auto again = ArchiveWriter::create(archivePath(), {});
     EXPECT_EQ(again.error().code, ErrorCode::kAlreadyExists);
 }
 
@@ -141,8 +141,8 @@ TEST_F(ArchiveWriterTest, AnAbandonedArchiveIsGone) {
     put("a", "content");
     {
         auto writer = create();
-        ASSERT_TRUE(writer->addEntry(source("a"), kReadSize));
-        writer->compressAhead({source("a"), source("a")}, kReadSize);
+        ASSERT_TRUE(writer->addEntry(source("a")));
+        writer->compressAhead({source("a"), source("a")});
         EXPECT_TRUE(fs::is_empty(archives_.path())) << "no half archive stands anywhere";
     }
     EXPECT_TRUE(fs::is_empty(archives_.path()));
@@ -151,7 +151,7 @@ TEST_F(ArchiveWriterTest, AnAbandonedArchiveIsGone) {
 TEST_F(ArchiveWriterTest, NamesThatAreNotUtf8StayAsTheyAre) {
     put("caf\xE9", "coffee");
     auto writer = create();
-    ASSERT_TRUE(writer->addEntry(source("caf\xE9"), kReadSize));
+    ASSERT_TRUE(writer->addEntry(source("caf\xE9")));
     ASSERT_TRUE(writer->close());
     const std::string made = test::readText(archivePath());
     EXPECT_NE(made.find("caf\xE9"), std::string::npos);
@@ -167,9 +167,9 @@ TEST_F(ArchiveWriterTest, MoreEntriesThanSixteenBitsCount) {
         fs::create_symlink("target", sources_ / all.back().name);
     }
     auto writer = create();
-    writer->compressAhead(all, kReadSize);
+    writer->compressAhead(all);
     for (const Source& next : all) {
-        ASSERT_TRUE(writer->addEntry(next, kReadSize));
+        ASSERT_TRUE(writer->addEntry(next));
     }
     ASSERT_TRUE(writer->close());
     expectSound();

@@ -18,7 +18,6 @@ namespace pellumar::archive {
 // Sources in one folder, archives in another.
 class ArchiveWriterTest : public testing::Test {
   protected:
-    static constexpr std::size_t kReadSize = 16UL * 1024;
     static constexpr std::size_t kChunk = DeflateCompressor::kChunkSize;
 
     using Source = ArchiveWriter::Source;
@@ -39,8 +38,8 @@ class ArchiveWriterTest : public testing::Test {
     }
 
     [[nodiscard]] std::unique_ptr<ArchiveWriter> create(unsigned threads = 2) const {
-        auto writer = ArchiveWriter::create(
-            archivePath(), PendingFile::Existing::kRefuse, {.threads = threads});
+        auto writer = ArchiveWriter::create(archivePath(),
+                                            {.sameNames = SameNames::kKeep, .threads = threads});
         EXPECT_TRUE(writer);
         return writer ? std::move(*writer) : nullptr;
     }

@@ -52,10 +52,10 @@ class FailingSourceTest : public ArchiveWriterTest {
             }
             all.push_back(source("last"));
             if (ahead) {
-                writer->compressAhead(all, kReadSize);
+                writer->compressAhead(all);
             }
             for (const Source& next : all) {
-                const auto added = writer->addEntry(next, kReadSize);
+                const auto added = writer->addEntry(next);
                 if (next.name == "first" || next.name == "last") {
                     ASSERT_TRUE(added) << added.error().describe();
                 } else {
@@ -112,7 +112,7 @@ TEST_F(FailingSourceTest, AFileCutOffInTheMiddleIsTakenBack) {
     put("large", pellumar::test::sampleContent(SampleKind::kNoise, 4 * kChunk));
     fs::resize_file(sources_ / "large", 3ULL << 30U);
     auto writer = create();
-    ASSERT_TRUE(writer->addEntry(source("first"), kReadSize));
+    ASSERT_TRUE(writer->addEntry(source("first")));
     std::atomic<bool> cut = false;
     std::thread cutter([this, &cut] {
         const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(60);
@@ -122,11 +122,11 @@ TEST_F(FailingSourceTest, AFileCutOffInTheMiddleIsTakenBack) {
         fs::resize_file(sources_ / "large", 2 * kChunk);
         cut = true;
     });
-    const auto added = writer->addEntry(source("large"), kReadSize);
+    const auto added = writer->addEntry(source("large"));
     cutter.join();
     ASSERT_TRUE(cut);
     EXPECT_EQ(codeOf(added), ErrorCode::kSourceChanged);
-    ASSERT_TRUE(writer->addEntry(source("last"), kReadSize));
+    ASSERT_TRUE(writer->addEntry(source("last")));
     ASSERT_TRUE(writer->close());
     expectSound();
     EXPECT_EQ(listed(), "first\nlast\n");
@@ -160,18 +160,18 @@ TEST_F(FailingSourceTest, AfterAFailedWriteTheEarlierEntriesStay) {
     put("small", pellumar::test::sampleContent(SampleKind::kNoise, 200'000));
     put("large", pellumar::test::sampleContent(SampleKind::kNoise, 5 * kChunk));
     auto writer = create();
-    ASSERT_TRUE(writer->addEntry(source("first"), kReadSize));
+    ASSERT_TRUE(writer->addEntry(source("first")));
     {
         const FileSizeLimit limit(100'000);
-        ASSERT_TRUE(writer->addEntry(source("small"), kReadSize)) << "it is in the buffer";
-        EXPECT_EQ(codeOf(writer->addEntry(source("large"), kReadSize)), ErrorCode::kWriteFailed);
-        EXPECT_EQ(codeOf(writer->addEntry(source("large"), kReadSize)), ErrorCode::kWriteFailed);
+        ASSERT_TRUE(writer->addEntry(source("small"))) << "it is in the buffer";
+        EXPECT_EQ(codeOf(writer->addEntry(source("large"))), ErrorCode::kWriteFailed);
+        EXPECT_EQ(codeOf(writer->addEntry(source("large"))), ErrorCode::kWriteFailed);
     }
     {
         const FileSizeLimit limit(3 * kChunk);  // in the middle of the entry
-        EXPECT_EQ(codeOf(writer->addEntry(source("large"), kReadSize)), ErrorCode::kWriteFailed);
+        EXPECT_EQ(codeOf(writer->addEntry(source("large"))), ErrorCode::kWriteFailed);
     }
-    ASSERT_TRUE(writer->addEntry(source("last"), kReadSize));
+    ASSERT_TRUE(writer->addEntry(source("last")));
     ASSERT_TRUE(writer->close());
     expectSound();
     EXPECT_EQ(listed(), "first\nsmall\nlast\n");
@@ -197,10 +197,10 @@ TEST_F(FailingSourceTest, NothingOfAFailedWriteStandsBehindTheEnd) {
 TEST_F(FailingSourceTest, AFailedWriteOfTheDirectoryIsToldByClosing) {
     put("small", pellumar::test::sampleContent(SampleKind::kNoise, 200'000));
     auto writer = create();
-    ASSERT_TRUE(writer->addEntry(source("small"), kReadSize));
+    ASSERT_TRUE(writer->addEntry(source("small")));
     const FileSizeLimit limit(100'000);
     EXPECT_EQ(codeOf(writer->close()), ErrorCode::kWriteFailed);
-    EXPECT_EQ(codeOf(writer->addEntry(source("first"), kReadSize)), ErrorCode::kInvalidArgument);
+    EXPECT_EQ(codeOf(writer->addEntry(source("first"))), ErrorCode::kInvalidArgument);
     writer.reset();
     EXPECT_TRUE(fs::is_empty(archives_.path()));
 }
@@ -208,13 +208,13 @@ TEST_F(FailingSourceTest, AFailedWriteOfTheDirectoryIsToldByClosing) {
 // As when a thread has run out of memory where it could not blame an entry for it.
 TEST(CompressionQueue, TheWriterDoesNotWaitForWorkersThatAreGone) {
     CompressionQueue queue(1024, 1024, 4096);
-    queue.announce({{"a", "/a"}}, 1024);
+    queue.announce({{"a", "/a"}});
     std::thread worker([&queue] {
         ASSERT_TRUE(queue.takeTask());
         queue.fail(failure(ErrorCode::kOutOfMemory).value());
     });
     for (const char* path : {"a", "b"}) {
-        const auto opened = queue.begin({path, std::filesystem::path("/") / path}, 1024);
+        const auto opened = queue.begin({path, std::filesystem::path("/") / path});
         ASSERT_FALSE(opened);
         EXPECT_EQ(opened.error().code, ErrorCode::kOutOfMemory);
         queue.end();
