@@ -1,23 +1,37 @@
 #!/usr/bin/env bash
-# Installs the library of a build into an empty folder and builds the example against it, by its
-# CMake package and by its pkg-config file; and sees that the library's own project asks for nothing
-# that it does not need.
+# Builds the library's own project alone, where nothing of the application's can be found, installs
+# it into an empty folder, and builds the example against that, by the CMake package and by the
+# pkg-config file.
 #
-#     installed_test.sh CHECKOUT BUILD COMPILER
+#     installed_test.sh CHECKOUT COMPILER [LAUNCHER]
 set -euo pipefail
 
 checkout=$1
-build=$2
-compiler=$3
+compiler=$2
+launcher=${3-}
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 installed=$folder/installed
 
-cmake -S "$checkout/src/archive" -B "$folder/alone" -G Ninja -DCMAKE_CXX_COMPILER="$compiler" \
-    -DCMAKE_DISABLE_FIND_PACKAGE_Qt6=ON -DCMAKE_DISABLE_FIND_PACKAGE_SQLite3=ON \
-    -DCMAKE_DISABLE_FIND_PACKAGE_CLI11=ON >"$folder/log" || { cat "$folder/log"; exit 1; }
+quietly() {
+    "$@" >"$folder/log" 2>&1 || { cat "$folder/log"; exit 1; }
+}
 
-cmake --install "$build" --component archive --prefix "$installed" >/dev/null
+quietly cmake -S "$checkout/src/archive" -B "$folder/alone" -G Ninja \
+    -DCMAKE_CXX_COMPILER="$compiler" -DCMAKE_CXX_COMPILER_LAUNCHER="$launcher" \
+    -DCMAKE_BUILD_TYPE=Debug -DCMAKE_UNITY_BUILD=ON \
+    -DCMAKE_DISABLE_FIND_PACKAGE_Qt6=ON -DCMAKE_DISABLE_FIND_PACKAGE_SQLite3=ON \
+    -DCMAKE_DISABLE_FIND_PACKAGE_CLI11=ON
+quietly cmake --build "$folder/alone"
+# Headers are found without being asked for.
+ninja -C "$folder/alone" -t deps >"$folder/headers"
+grep -q 'tl/expected.hpp' "$folder/headers"
+if grep -iE '/(qt6|Q[A-Z][a-z]+|CLI|sqlite3)([./]|$)' "$folder/headers"; then
+    echo "The library is built of what it does not need."
+    exit 1
+fi
+quietly cmake --install "$folder/alone" --prefix "$installed"
+
 library=$(find "$installed" -name 'libpellumar-archive.so.*.*.*')
 if readelf -d "$library" | grep -E 'Qt|sqlite'; then
     echo "The library asks for what it does not need."
@@ -32,16 +46,13 @@ try() {
     rm -r "$folder/run"
 }
 
-cmake -S "$checkout/src/archive/example" -B "$folder/example" -G Ninja \
-    -DCMAKE_CXX_COMPILER="$compiler" -DCMAKE_PREFIX_PATH="$installed" >/dev/null
-cmake --build "$folder/example" >/dev/null
+quietly cmake -S "$checkout/src/archive/example" -B "$folder/example" -G Ninja \
+    -DCMAKE_CXX_COMPILER="$compiler" -DCMAKE_PREFIX_PATH="$installed"
+quietly cmake --build "$folder/example"
 try "$folder/example/example"
 
 pc=$(find "$installed" -name pellumar-archive.pc)
 export PKG_CONFIG_PATH=${pc%/*}
-library_folder=${library%/*}
-read -ra flags < <(pkg-config --define-variable=prefix="$installed" \
-    --define-variable=libdir="$library_folder" \
-    --define-variable=includedir="$installed/include" --cflags --libs pellumar-archive)
+read -ra flags < <(pkg-config --cflags --libs 'pellumar-archive >= 0.1')
 "$compiler" "$checkout/src/archive/example/main.cpp" -o "$folder/by-pkg-config" "${flags[@]}"
-LD_LIBRARY_PATH=$library_folder try "$folder/by-pkg-config"
+LD_LIBRARY_PATH=${library%/*} try "$folder/by-pkg-config"
