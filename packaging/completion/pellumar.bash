@@ -24,7 +24,7 @@ _pellumar() {
     for ((i = 1; i < COMP_CWORD; ++i)); do
         word=${COMP_WORDS[i]}
         case $word in
-            --documents | --password-file | --exclude | --level | --from-list | --to | --strip)
+            --documents | --password-file | --encryption | --exclude | --level | --from-list | --to | --strip)
                 ((++i)) ;;
             -?*) ;;
             *)
@@ -48,12 +48,15 @@ _pellumar() {
         --level)
             mapfile -t COMPREPLY < <(compgen -W '1 2 3 4 5 6 7 8 9 store' -- "$current")
             return ;;
+        --encryption)
+            mapfile -t COMPREPLY < <(compgen -W 'aes256 aes192 aes128 traditional' -- "$current")
+            return ;;
         --exclude | --strip) return ;;
     esac
     if [[ $current == -* ]]; then
         case $command in
             '') options+=' --documents --version' ;;
-            create) options+=' --exclude --force --from-list --level --password-file --reproducible' ;;
+            create) options+=' --encryption --exclude --force --from-list --level --password-file --reproducible' ;;
             extract) options+=' --overwrite --password-file --rename --skip --strip --sync --to' ;;
             list) options+=' --json --names' ;;
             salvage) options+=' --password-file --to' ;;

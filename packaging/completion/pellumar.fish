@@ -19,6 +19,7 @@ complete -c pellumar -n __fish_use_subcommand -a unzip -d 'Extract an archive in
 complete -c pellumar -n '__fish_seen_subcommand_from zip create' -F
 complete -c pellumar -n "__fish_seen_subcommand_from $reading" -k -a '(__fish_complete_suffix .zip)'
 complete -c pellumar -n '__fish_seen_subcommand_from extract list cat' -a '(__pellumar_entries)'
+complete -c pellumar -n '__fish_seen_subcommand_from create' -l encryption -x -a 'aes256 aes192 aes128 traditional' -d 'How to encrypt'
 complete -c pellumar -n '__fish_seen_subcommand_from create' -l exclude -x -d 'Leave out what fits the pattern'
 complete -c pellumar -n '__fish_seen_subcommand_from create' -s f -l force -d 'Replace an archive that is there'
 complete -c pellumar -n '__fish_seen_subcommand_from create' -l from-list -r -F -d 'Take what this file lists'

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "archive/base/ExtractionOptions.h"
+#include "archive/base/NewEncryption.h"
 #include "engine/OperationType.h"
 
 namespace pellumar {
@@ -40,6 +41,7 @@ struct CreateArguments {
     std::vector<std::string> exclude;
     std::optional<int> level;  // 0 to store, 1 to 9; otherwise by what the data is like
     std::filesystem::path passwordFile;
+    archive::NewEncryption encryption = archive::NewEncryption::kAes256;
     bool reproducible = false;
     bool force = false;
 };

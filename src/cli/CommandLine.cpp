@@ -3,6 +3,7 @@
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <iostream>
+#include <map>
 #include <string_view>
 #include <utility>
 
@@ -153,8 +154,8 @@ CLI::Option* addNames(CLI::App& command, std::vector<std::string>& names, const 
         ->option_text(kSeveral);
 }
 
-void addPasswordFile(CLI::App& command, std::filesystem::path& file) {
-    command
+CLI::Option* addPasswordFile(CLI::App& command, std::filesystem::path& file) {
+    return command
         .add_option("--password-file",
                     file,
                     "File whose first line is the password; \"-\" for standard input")
@@ -211,6 +212,23 @@ std::string mustBeALevel(const std::string& level) {
     return isDigit || level == "store" ? "" : "a level is 1 to 9, or \"store\": " + level;
 }
 
+void addEncryption(CLI::App& create, CreateArguments& arguments, CLI::Option* passwordFile) {
+    static const std::map<std::string, archive::NewEncryption> kWords = {
+        {"aes256", archive::NewEncryption::kAes256},
+        {"aes192", archive::NewEncryption::kAes192},
+        {"aes128", archive::NewEncryption::kAes128},
+        {"traditional", archive::NewEncryption::kTraditional}};
+    create
+        .add_option_function<std::string>(
+            "--encryption",
+            [&arguments](const std::string& word) { arguments.encryption = kWords.at(word); },
+            "aes256, if not given; aes192, aes128; or traditional, which old programs read and "
+            "which can be broken")
+        ->check(CLI::IsMember(kWords))
+        ->needs(passwordFile)
+        ->option_text("METHOD");
+}
+
 void addCreate(CLI::App& app, CommandLine& line, CreateArguments& arguments) {
     CLI::App* create =
         addCommand(app,
@@ -251,7 +269,7 @@ void addCreate(CLI::App& app, CommandLine& line, CreateArguments& arguments) {
             "1 (fast) to 9 (small), or store; by the data if not given")
         ->check(mustBeALevel)
         ->option_text("LEVEL");
-    addPasswordFile(*create, arguments.passwordFile);
+    addEncryption(*create, arguments, addPasswordFile(*create, arguments.passwordFile));
     create->add_flag("--reproducible",
                      arguments.reproducible,
                      "Same bytes for the same files, whenever and wherever it is made");

@@ -144,7 +144,9 @@ class Creation {
             const std::size_t end = std::min(first + kBatch, sources_.size());
             for (std::size_t i = first; i < end; ++i) {
                 entries.push_back(sources_.entry(i));
-                entries.back().options = {.level = arguments_.level, .password = password};
+                entries.back().options = {.level = arguments_.level,
+                                          .password = password,
+                                          .encryption = arguments_.encryption};
             }
             if (auto added = addBatch(*writer, entries); !added) {
                 return added;
