@@ -41,13 +41,17 @@ void appendTwoDigits(std::string& text, char separator, int value) {
     appendNumber(text, static_cast<std::uint64_t>(value), 2, '0');
 }
 
-// "2024-03-01" and a separator, "12:34".
-void appendTime(std::string& text, const std::tm& time, char separator) {
+// "2024-03-01T12:34:56Z".
+void appendTime(std::string& text, std::time_t moment) {
+    std::tm time{};
+    ::gmtime_r(&moment, &time);
     appendNumber(text, static_cast<std::uint64_t>(std::max(time.tm_year + kFirstYear, 0)), 4, '0');
     appendTwoDigits(text, '-', time.tm_mon + 1);
     appendTwoDigits(text, '-', time.tm_mday);
-    appendTwoDigits(text, separator, time.tm_hour);
+    appendTwoDigits(text, 'T', time.tm_hour);
     appendTwoDigits(text, ':', time.tm_min);
+    appendTwoDigits(text, ':', time.tm_sec);
+    text += 'Z';
 }
 
 char letterOf(EntryType type) {
@@ -74,12 +78,18 @@ std::string_view wordFor(EntryType type) {
     return "file";
 }
 
-void appendPermissions(std::string& text, std::uint32_t permissions) {
+// "-rw-r--r--", whether it is encrypted, whether it has a fault.
+void appendMarks(std::string& text, const Entry& entry) {
     constexpr std::string_view kLetters = "rwxrwxrwx";
+    std::array<char, 12> marks{};
+    marks[0] = letterOf(entry.type);
     for (std::size_t i = 0; i < kLetters.size(); ++i) {
-        const bool isGiven = (permissions >> (kLetters.size() - 1 - i) & 1U) != 0;
-        text.push_back(isGiven ? kLetters[i] : '-');
+        const bool isGiven = (entry.permissions >> (kLetters.size() - 1 - i) & 1U) != 0;
+        marks[i + 1] = isGiven ? kLetters[i] : '-';
     }
+    marks[10] = entry.encrypted ? '*' : ' ';
+    marks[11] = entry.fault ? '!' : ' ';
+    text.append(marks.data(), marks.size());
 }
 
 }  // namespace
@@ -88,18 +98,16 @@ std::string_view tableHeading() {
     return "Permissions          Size      Packed  Modified          Name\n";
 }
 
-void appendTableLine(std::string& text, const Entry& entry, std::string_view linkTarget) {
+void appendTableLine(std::string& text,
+                     const Entry& entry,
+                     std::string_view linkTarget,
+                     LocalDays& days) {
     constexpr std::size_t kSizeWidth = 12;
-    text.push_back(letterOf(entry.type));
-    appendPermissions(text, entry.permissions);
-    text.push_back(entry.encrypted ? '*' : ' ');
-    text.push_back(entry.fault ? '!' : ' ');
+    appendMarks(text, entry);
     appendNumber(text, entry.uncompressedSize, kSizeWidth + 1);
     appendNumber(text, entry.compressedSize, kSizeWidth);
     text += "  ";
-    std::tm local{};
-    ::localtime_r(&entry.modified.tv_sec, &local);
-    appendTime(text, local, ' ');
+    days.append(text, entry.modified.tv_sec);
     text += "  ";
     appendPrintable(text, entry.path);
     if (entry.type == EntryType::kFolder) {
@@ -128,12 +136,9 @@ void appendJsonObject(std::string& text, const Entry& entry, std::string_view li
     string("type", wordFor(entry.type));
     number("size", entry.uncompressedSize);
     number("packed", entry.compressedSize);
-    std::tm utc{};
-    ::gmtime_r(&entry.modified.tv_sec, &utc);
     text += ",\"modified\":\"";
-    appendTime(text, utc, 'T');
-    appendTwoDigits(text, ':', utc.tm_sec);
-    text += "Z\",\"mode\":\"";
+    appendTime(text, entry.modified.tv_sec);
+    text += "\",\"mode\":\"";
     appendNumber(text, entry.permissions, 4, '0', kOctal);
     text += "\",\"crc32\":\"";
     appendNumber(text, entry.crc32, 8, '0', kHexadecimal);

@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "archive/base/Entry.h"
+#include "cli/LocalDays.h"
 
 namespace pellumar {
 
@@ -15,7 +16,10 @@ namespace pellumar {
 [[nodiscard]] std::string_view tableHeading();
 // Permissions, marks, sizes, local time and name, with the end of the line. Nothing in it can
 // command a terminal.
-void appendTableLine(std::string& text, const archive::Entry& entry, std::string_view linkTarget);
+void appendTableLine(std::string& text,
+                     const archive::Entry& entry,
+                     std::string_view linkTarget,
+                     LocalDays& days);
 
 // An object of JSON, without the end of the line. Bytes that are not UTF-8 become U+FFFD.
 void appendJsonObject(std::string& text, const archive::Entry& entry, std::string_view linkTarget);

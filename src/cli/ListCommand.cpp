@@ -33,10 +33,11 @@ void printTable(const Reader& reader, Indices entries, Output& output) {
     std::uint64_t size = 0;
     std::uint64_t packed = 0;
     std::string line;
+    LocalDays days;
     output.append(tableHeading());
     for (const std::size_t index : entries) {
         line.clear();
-        appendTableLine(line, reader[index], targetOf(reader, index));
+        appendTableLine(line, reader[index], targetOf(reader, index), days);
         output.append(line);
         size += reader[index].uncompressedSize;
         packed += reader[index].compressedSize;

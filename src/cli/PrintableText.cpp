@@ -12,6 +12,16 @@ constexpr unsigned char kDelete = 0x7F;
 constexpr unsigned char kLeadOfControls = 0xC2;
 constexpr unsigned char kEndOfControls = 0xA0;
 
+// Whether nothing in the text can be part of what is to be escaped; most texts are so.
+bool isPlain(std::string_view text) {
+    unsigned suspects = 0;
+    for (const char letter : text) {
+        const auto byte = static_cast<unsigned char>(letter);
+        suspects += byte < kFirstPrintable || byte == kDelete || byte == kLeadOfControls ? 1U : 0U;
+    }
+    return suspects == 0;
+}
+
 }  // namespace
 
 std::string printable(std::string_view text) {
@@ -21,6 +31,10 @@ std::string printable(std::string_view text) {
 }
 
 void appendPrintable(std::string& line, std::string_view text) {
+    if (isPlain(text)) {
+        line += text;
+        return;
+    }
     const auto escape = [&line](unsigned char byte) {
         line += "\\x";
         line += kDigits[byte / kDigits.size()];

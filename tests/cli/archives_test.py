@@ -4,6 +4,7 @@
     archives_test.py PROGRAM SOURCES [unittest arguments]
 """
 
+import datetime
 import errno
 import json
 import os
@@ -12,6 +13,7 @@ import pty
 import re
 import signal
 import stat
+import struct
 import subprocess
 import sys
 import termios
@@ -19,6 +21,7 @@ import time
 import unittest
 import warnings
 import zipfile
+import zoneinfo
 
 from program import PROGRAM, ProgramTest
 
@@ -361,6 +364,24 @@ class LookTest(ArchivesTest):
         self.assertEqual(table[1].split(),
                          ["-rw-r--r--", "4", "4", "2001-09-09", "01:46", "tree/one.txt"])
         self.assertEqual(table[2], "1 entry, 4 bytes, 4 packed")
+
+    def test_lists_local_times_of_many_days(self):
+        # The days around each change of the clocks, an hour and a minute apart, back and forth.
+        moments = [day * DAY + step * 3660 for day in range(14000, 16000, 3) for step in range(24)]
+        moments += moments[::-7]
+        with zipfile.ZipFile(self.folder / "t.zip", "w") as archive:
+            for number, moment in enumerate(moments):
+                entry = zipfile.ZipInfo(str(number))
+                entry.extra = struct.pack("<HHBI", 0x5455, 5, 1, moment)
+                archive.writestr(entry, b"")
+        for zone in ("UTC", "Europe/Berlin", "America/Sao_Paulo", "Australia/Lord_Howe",
+                     "Pacific/Apia", "Atlantic/Azores"):
+            self.environment["TZ"] = zone
+            clock = zoneinfo.ZoneInfo(zone)
+            lines = self.succeed("list", "t.zip").decode().splitlines()[1:-1]
+            self.assertEqual([line.split()[3:] for line in lines],
+                             [[*f"{datetime.datetime.fromtimestamp(moment, clock):%Y-%m-%d %H:%M}"
+                               .split(), str(number)] for number, moment in enumerate(moments)])
 
     def test_lists_what_is_not_extracted(self):
         with zipfile.ZipFile(self.folder / "a.zip", "w") as archive:

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -28,6 +29,10 @@ template <typename T>
 [[nodiscard]] T loadLittleEndian(ByteView bytes, std::size_t offset = 0) {
     static_assert(std::is_unsigned_v<T>);
     T value = 0;
+    if constexpr (std::endian::native == std::endian::little) {
+        std::memcpy(&value, bytes.data() + offset, sizeof value);
+        return value;
+    }
     for (std::size_t i = sizeof(T); i-- > 0;) {
         value = static_cast<T>((static_cast<std::uint64_t>(value) << 8U) | bytes[offset + i]);
     }

@@ -37,6 +37,11 @@ Result<CentralDirectoryHeader> CentralDirectoryHeader::parse(ByteView bytes,
     header.extra = bytes.subspan(kCentralDirectoryHeaderSize + nameSize, extraSize);
     header.comment = bytes.subspan(kCentralDirectoryHeaderSize + nameSize + extraSize, commentSize);
 
+    const bool isMasked = header.uncompressedSize == kMax32 || header.compressedSize == kMax32 ||
+                          header.localHeaderOffset == kMax32 || header.disk == kMax16;
+    if (!isMasked) {
+        return header;
+    }
     Zip64Values zip64(header.extra);
     if (!zip64.resolve(header.uncompressedSize) || !zip64.resolve(header.compressedSize) ||
         !zip64.resolve(header.localHeaderOffset) || !zip64.resolveDisk(header.disk)) {

@@ -20,19 +20,31 @@ bool isDrive(std::string_view name) {
     return name.size() >= 2 && isLetter(name[0]) && name[1] == ':';
 }
 
-bool isOutside(std::string_view name) {
-    const bool absolute = kSeparators.find(name.front()) != std::string_view::npos;
-    return absolute || isDrive(name) || name.find('\0') != std::string_view::npos;
+bool isSeparator(char c) {
+    return c == '/' || c == '\\';
 }
 
-}  // namespace
+bool isOutside(std::string_view name) {
+    return isSeparator(name.front()) || isDrive(name) || name.find('\0') != std::string_view::npos;
+}
 
-Result<EntryPath> judgeEntryName(std::string_view name, std::string& storage) {
-    if (name.empty() || isOutside(name)) {
-        return failure(ErrorCode::kUnsafeName);
+// Whether the name is a path already, but for a "/" at its end: nothing in it is to be dropped,
+// replaced or refused. Most names are, and so are told at a look.
+bool isPathAlready(std::string_view name) {
+    char before = '/';
+    for (const char c : name) {
+        // No component begins with "." here; whether it is one of those the long way finds out.
+        if (c == '\\' || (before == '/' && (c == '/' || c == '.'))) {
+            return false;
+        }
+        before = c;
     }
-    EntryPath judged{.path = {},
-                     .isFolder = kSeparators.find(name.back()) != std::string_view::npos};
+    return true;
+}
+
+// The same for each name, component by component.
+Result<EntryPath> judgeComponents(std::string_view name, std::string& storage) {
+    EntryPath judged{.path = {}, .isFolder = isSeparator(name.back())};
     bool differs = false;
     storage.clear();
     for (std::size_t start = 0; start < name.size();) {
@@ -54,6 +66,20 @@ Result<EntryPath> judgeEntryName(std::string_view name, std::string& storage) {
     }
     judged.path = differs ? std::string_view(storage) : name.substr(0, storage.size());
     return judged;
+}
+
+}  // namespace
+
+Result<EntryPath> judgeEntryName(std::string_view name, std::string& storage) {
+    if (name.empty() || isOutside(name)) {
+        return failure(ErrorCode::kUnsafeName);
+    }
+    if (isPathAlready(name)) {
+        const bool isFolder = name.back() == '/';
+        name.remove_suffix(isFolder ? 1 : 0);
+        return EntryPath{.path = name, .isFolder = isFolder};
+    }
+    return judgeComponents(name, storage);
 }
 
 std::optional<std::string> portableName(std::string_view path) {

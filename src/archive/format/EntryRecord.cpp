@@ -1,6 +1,5 @@
 #include "archive/format/EntryRecord.h"
 
-#include <algorithm>
 #include <string_view>
 
 #include "archive/format/Append.h"
@@ -20,10 +19,6 @@ constexpr std::uint32_t kOwnerWrite = 0200;
 
 // Stored DEFLATE blocks cost five bytes each 65,535; a 1,024th covers that and every join.
 constexpr std::uint64_t kWorstGrowth = 1024;
-
-bool isAscii(std::string_view text) {
-    return std::all_of(text.begin(), text.end(), [](char c) { return (c & 0x80) == 0; });
-}
 
 std::uint16_t flagsOf(const EntryRecord& record) {
     // ASCII means the same with and without the flag; old readers are happier without.

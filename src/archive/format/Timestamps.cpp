@@ -14,6 +14,8 @@ namespace {
 constexpr int kDosFirstYear = 1980;
 constexpr int kDosLastYear = 2107;
 constexpr int kTmFirstYear = 1900;
+constexpr int kHours = 24;
+constexpr int kMinutes = 60;  // of an hour, and seconds of a minute
 constexpr DosDateTime kDosFirst{.time = 0, .date = (1U << 5U) | 1U};
 constexpr DosDateTime kDosLast{.time = (23U << 11U) | (59U << 5U) | 29U,
                                .date = (127U << 9U) | (12U << 5U) | 31U};
@@ -52,6 +54,19 @@ std::optional<std::timespec> fromNtfsField(ByteView field) {
     return ticks == 0 ? std::nullopt : std::optional(fromNtfsTicks(ticks));
 }
 
+// For mktime, which is to find out by itself whether it was summer.
+std::tm fieldsOf(DosDateTime dos) {
+    std::tm local{};
+    local.tm_year = (dos.date >> 9) + kDosFirstYear - kTmFirstYear;
+    local.tm_mon = ((dos.date >> 5) & 0x0F) - 1;
+    local.tm_mday = dos.date & 0x1F;
+    local.tm_hour = dos.time >> 11;
+    local.tm_min = (dos.time >> 5) & 0x3F;
+    local.tm_sec = (dos.time & 0x1F) * 2;
+    local.tm_isdst = -1;
+    return local;
+}
+
 std::timespec fromSeconds32(ByteView field, std::size_t offset) {
     return {.tv_sec = static_cast<std::int32_t>(loadLittleEndian<std::uint32_t>(field, offset)),
             .tv_nsec = 0};
@@ -86,16 +101,40 @@ DosDateTime toDosDateTime(const std::timespec& moment, bool inUtc) {
 }
 
 std::timespec fromDosDateTime(DosDateTime dos) {
-    std::tm local{};
-    local.tm_year = (dos.date >> 9) + kDosFirstYear - kTmFirstYear;
-    local.tm_mon = ((dos.date >> 5) & 0x0F) - 1;
-    local.tm_mday = dos.date & 0x1F;
-    local.tm_hour = dos.time >> 11;
-    local.tm_min = (dos.time >> 5) & 0x3F;
-    local.tm_sec = (dos.time & 0x1F) * 2;
-    local.tm_isdst = -1;
+    std::tm local = fieldsOf(dos);
     const std::time_t seconds = std::mktime(&local);
     return {.tv_sec = seconds == -1 ? 0 : seconds, .tv_nsec = 0};
+}
+
+std::timespec DosDays::moment(DosDateTime dos) {
+    Day& day = days_[dos.date % days_.size()];
+    if (!day.isKnown || day.date != dos.date) {
+        day = lookUp(dos.date);
+    }
+    const std::tm time = fieldsOf(dos);
+    if (!day.isEven || time.tm_hour >= kHours || time.tm_min >= kMinutes ||
+        time.tm_sec >= kMinutes) {
+        return fromDosDateTime(dos);
+    }
+    const int minutes = time.tm_hour * kMinutes + time.tm_min;
+    return {.tv_sec = day.midnight + minutes * kMinutes + time.tm_sec, .tv_nsec = 0};
+}
+
+DosDays::Day DosDays::lookUp(std::uint16_t date) {
+    const auto at = [date](int day, int hour) {
+        std::tm local = fieldsOf({.time = 0, .date = date});
+        local.tm_mday += day;
+        local.tm_hour = hour;
+        const std::time_t seconds = std::mktime(&local);
+        // A midnight that the clocks skip is told as another time.
+        return local.tm_hour == hour && local.tm_min == 0 ? seconds : -1;
+    };
+    constexpr int kNoon = kHours / 2;
+    constexpr std::time_t kHalf = kNoon * kMinutes * kMinutes;
+    const std::time_t midnight = at(0, 0);
+    const bool isEven =
+        midnight != -1 && at(0, kNoon) == midnight + kHalf && at(1, 0) == midnight + 2 * kHalf;
+    return {.isKnown = true, .isEven = isEven, .date = date, .midnight = midnight};
 }
 
 std::optional<std::timespec> modificationTimeIn(ByteView extra) {

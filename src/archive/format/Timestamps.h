@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <ctime>
 #include <optional>
@@ -25,6 +26,26 @@ struct DosDateTime {
 // A DOS time as a moment, read as local time. Fields out of range (month 0 of some writers) are
 // carried over as mktime does it; a moment that cannot be told is the epoch.
 [[nodiscard]] std::timespec fromDosDateTime(DosDateTime dos);
+
+// The same for many times: what mktime says of a day serves all of that day's.
+class DosDays {
+  public:
+    [[nodiscard]] std::timespec moment(DosDateTime dos);
+
+  private:
+    struct Day {
+        bool isKnown = false;
+        // From its midnight on it has all its hours, each once.
+        bool isEven = false;
+        std::uint16_t date = 0;
+        std::time_t midnight = 0;
+    };
+
+    static Day lookUp(std::uint16_t date);
+
+    // By day and month: those of one year do not displace each other.
+    std::array<Day, 512> days_{};
+};
 
 // The modification time that the extra fields hold, the most exact one: NTFS, extended timestamp,
 // the two old Unix fields. Nothing if none has one.

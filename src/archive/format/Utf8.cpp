@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 
 namespace pellumar::archive::format {
 
@@ -38,7 +39,26 @@ Sequence sequenceOf(std::uint8_t lead) {
 
 }  // namespace
 
+bool isAscii(std::string_view text) {
+    constexpr std::uint64_t kHighBits = 0x8080808080808080;
+    std::uint64_t bits = 0;
+    std::size_t i = 0;
+    // In words: a list of a million names is told so for each.
+    for (; i + sizeof bits <= text.size(); i += sizeof bits) {
+        std::uint64_t word = 0;
+        std::memcpy(&word, text.data() + i, sizeof word);
+        bits |= word;
+    }
+    for (; i < text.size(); ++i) {
+        bits |= static_cast<std::uint8_t>(text[i]);
+    }
+    return (bits & kHighBits) == 0;
+}
+
 bool isUtf8(std::string_view text) {
+    if (isAscii(text)) {
+        return true;
+    }
     std::size_t i = 0;
     while (i < text.size()) {
         const Sequence sequence = sequenceOf(static_cast<std::uint8_t>(text[i]));

@@ -4,7 +4,6 @@
 #include <sys/stat.h>
 
 #include <algorithm>
-#include <functional>
 #include <memory>
 #include <numeric>
 #include <optional>
@@ -40,15 +39,14 @@ constexpr std::uint32_t kSetIdBits = 07000;
 // although the host is MS-DOS or Windows.
 constexpr std::uint32_t kUnixExtension = 0x8000;
 
-using HeaderHandler = std::function<Result<>(const CentralDirectoryHeader&, std::uint64_t offset)>;
-
-// Calls `handle` for each header of the directory in turn; its views lead into `window` and are
-// valid during the call. Bytes that belong to no header would be read differently by different
-// tools, so all of the directory has to be headers.
+// Calls `handle` for each header of the directory in turn, with its offset, until that fails; the
+// header's views lead into `window` and are valid during the call. Bytes that belong to no header
+// would be read differently by different tools, so all of the directory has to be headers.
+template <typename Handle>
 Result<> forEachHeader(const ByteSource& file,
                        const DirectoryLocation& location,
                        MutableBytes window,
-                       const HeaderHandler& handle) {
+                       Handle handle) {
     std::uint64_t windowOffset = 0;  // in the directory
     ByteView rest;                   // what of the window has not been handled
     const auto refill = [&]() -> Result<> {
@@ -97,8 +95,13 @@ RawName rawNameOf(const CentralDirectoryHeader& header) {
 
 // No path of a file can be as long, so nobody has to find out what is meant.
 bool isTooLong(const RawName& name) {
-    const auto said = saidLetters(name);
-    return name.bytes.size() >= PATH_MAX || (said && said->size() >= PATH_MAX);
+    if (name.bytes.size() >= PATH_MAX) {
+        return true;
+    }
+    // A field that says it otherwise has to be as long itself.
+    const auto said =
+        name.extra.size() < PATH_MAX ? std::optional<std::string_view>() : saidLetters(name);
+    return said && said->size() >= PATH_MAX;
 }
 
 // The Unix mode that the header holds, or 0 if it holds none.
@@ -207,6 +210,62 @@ bool mayBeLonger(const CentralDirectoryHeader& header) {
            !findExtraField(header.extra, kExtraZip64);
 }
 
+// Whether an entry of its size can begin where it does and end there. The name in its local header
+// may be in another, shorter charset, so it is left out.
+bool fitsIntoSlot(const Entry& entry, std::uint64_t slotEnd) {
+    const std::uint64_t slot = slotEnd - entry.localHeaderOffset;
+    return slot >= kLocalFileHeaderSize && slot - kLocalFileHeaderSize >= entry.compressedSize;
+}
+
+// Gives sizes of which only the lower 32 bits are known their true value, as far as the room that
+// the entry has shows it.
+void restoreSizes(Entry& entry, std::uint64_t slotEnd) {
+    const std::uint64_t slot = slotEnd - entry.localHeaderOffset;
+    const std::uint64_t room = slot - kLocalFileHeaderSize;
+    if (slot < kLocalFileHeaderSize || room <= entry.compressedSize) {
+        return;
+    }
+    const std::uint64_t missing = (room - entry.compressedSize) / k32Bits * k32Bits;
+    entry.compressedSize += missing;
+    if (entry.method == kMethodStored) {
+        entry.uncompressedSize = entry.compressedSize;
+    }
+}
+
+// Gives every entry that has a place the end of its slot, and finds fault with those whose data
+// cannot be within it. The local header's extra fields are not known yet, so this is what the
+// directory shows; the rest is checked against the slot when that is read.
+//
+// Returns where the first entry begins.
+std::uint64_t assignSlots(EntryTable& table, const DirectoryLocation& location) {
+    std::vector<std::size_t> order(table.size());
+    std::iota(order.begin(), order.end(), std::size_t{0});
+    order.erase(
+        std::remove_if(
+            order.begin(), order.end(), [&table](std::size_t i) { return table[i].placeless; }),
+        order.end());
+    const auto before = [&table](std::size_t a, std::size_t b) {
+        return table[a].entry.localHeaderOffset < table[b].entry.localHeaderOffset;
+    };
+    if (!std::is_sorted(order.begin(), order.end(), before)) {
+        std::stable_sort(order.begin(), order.end(), before);
+    }
+    std::uint64_t slotEnd = location.offset;
+    for (std::size_t i = order.size(); i-- > 0;) {
+        EntryData& data = table[order[i]];
+        Entry& entry = data.entry;
+        if (location.cutTo32Bits) {
+            restoreSizes(entry, slotEnd);
+        }
+        if (!fitsIntoSlot(entry, slotEnd)) {
+            table.addFault(order[i], ErrorCode::kOverlap, entry.localHeaderOffset);
+        }
+        data.slotEnd = slotEnd;
+        slotEnd = entry.localHeaderOffset;
+    }
+    return slotEnd;
+}
+
 // Turns the headers into the table.
 class TableBuilder {
   public:
@@ -215,13 +274,13 @@ class TableBuilder {
                  const NameDecoder& names,
                  std::size_t entries,
                  std::size_t namesSize)
-        : file_(file), location_(location), names_(names) {
+        : file_(file), location_(location), names_(names), hasSlots_(!location.cutTo32Bits) {
         table_.expect(entries, namesSize);
     }
 
     void add(CentralDirectoryHeader header, std::uint64_t offset) {
         placeInWhole(header);
-        const DecodedName name = names_.decode(rawNameOf(header));
+        const DecodedName name = names_.decode(rawNameOf(header), nameStorage_);
         const auto path = judgeEntryName(name.text, pathStorage_);
         EntryData data;
         setTypeAndPermissions(header, path && path->isFolder, data);
@@ -247,7 +306,7 @@ class TableBuilder {
             addNameless(localHeader, fault, offset);
             return;
         }
-        keepNames(header, path ? path->path : std::string_view(name.text), data);
+        keepNames(header, path ? path->path : name.text, data);
         data.entry.comment = keepComment(header);
         data.flags = header.flags;
         data.placeless = !localHeader;
@@ -260,7 +319,10 @@ class TableBuilder {
         data.entry.uncompressedSize = header.uncompressedSize;
         data.entry.localHeaderOffset = localHeader.value_or(0);
         const auto exact = modificationTimeIn(header.extra);
-        data.entry.modified = exact ? *exact : fromDosDateTime(header.modified);
+        data.entry.modified = exact ? *exact : days_.moment(header.modified);
+        closeSlot(data.entry.localHeaderOffset);
+        hasSlots_ = hasSlots_ && !data.placeless;
+        hasLegacyNames_ = hasLegacyNames_ || data.legacyName;
         table_.add(data);
         if (!fault && header.method == kMethodDeflate && !data.encryption) {
             if (const auto field = findExtraField(header.extra, kExtraSections)) {
@@ -272,7 +334,20 @@ class TableBuilder {
         }
     }
 
-    EntryTable take() { return std::move(table_); }
+    // The table, with a slot for each entry that has a place.
+    EntryTable take() {
+        closeSlot(location_.offset);
+        if (hasSlots_ && table_.size() > 0) {
+            firstEntry_ = table_[0].entry.localHeaderOffset;
+        } else {
+            firstEntry_ = assignSlots(table_, location_);
+        }
+        return std::move(table_);
+    }
+
+    // Of the table that was taken: where the first entry begins.
+    [[nodiscard]] std::uint64_t firstEntry() const { return firstEntry_; }
+    [[nodiscard]] bool hasLegacyNames() const { return hasLegacyNames_; }
 
   private:
     void addNameless(std::optional<std::uint64_t> localHeader,
@@ -286,13 +361,22 @@ class TableBuilder {
         }
     }
 
+    // Of the entry that was added last.
+    void closeSlot(std::uint64_t slotEnd) {
+        if (table_.size() > 0 && hasSlots_) {
+            EntryData& last = table_[table_.size() - 1];
+            last.slotEnd = slotEnd;
+            hasSlots_ =
+                slotEnd >= last.entry.localHeaderOffset && fitsIntoSlot(last.entry, slotEnd);
+        }
+    }
+
     std::string_view keepComment(const CentralDirectoryHeader& header) {
         if (header.comment.empty()) {
             return {};
         }
-        return table_.keep(
-            names_.decode({.bytes = header.comment, .utf8Flag = (header.flags & kFlagUtf8) != 0})
-                .text);
+        const RawName comment{.bytes = header.comment, .utf8Flag = (header.flags & kFlagUtf8) != 0};
+        return table_.keep(names_.decode(comment, nameStorage_).text);
     }
 
     // A place that is told by volume becomes that in the whole.
@@ -343,55 +427,15 @@ class TableBuilder {
     const DirectoryLocation& location_;
     const NameDecoder& names_;
     EntryTable table_;
+    DosDays days_;
+    // Whether each entry so far lies behind the one before it, as nearly always, and has room: then
+    // its slot is known when the next one comes.
+    bool hasSlots_;
+    bool hasLegacyNames_ = false;
+    std::uint64_t firstEntry_ = 0;
+    std::string nameStorage_;
     std::string pathStorage_;
 };
-
-// Gives sizes of which only the lower 32 bits are known their true value, as far as the room that
-// the entry has shows it.
-void restoreSizes(Entry& entry, std::uint64_t room) {
-    const std::uint64_t missing = (room - entry.compressedSize) / k32Bits * k32Bits;
-    entry.compressedSize += missing;
-    if (entry.method == kMethodStored) {
-        entry.uncompressedSize = entry.compressedSize;
-    }
-}
-
-// Gives every entry that has a place the end of its slot, and finds fault with those whose data
-// cannot be within it. The local header's extra fields are not known yet, so this is what the
-// directory shows; the rest is checked against the slot when that is read.
-//
-// Returns where the first entry begins.
-std::uint64_t assignSlots(EntryTable& table, const DirectoryLocation& location) {
-    std::vector<std::size_t> order(table.size());
-    std::iota(order.begin(), order.end(), std::size_t{0});
-    order.erase(
-        std::remove_if(
-            order.begin(), order.end(), [&table](std::size_t i) { return table[i].placeless; }),
-        order.end());
-    const auto before = [&table](std::size_t a, std::size_t b) {
-        return table[a].entry.localHeaderOffset < table[b].entry.localHeaderOffset;
-    };
-    if (!std::is_sorted(order.begin(), order.end(), before)) {
-        std::stable_sort(order.begin(), order.end(), before);
-    }
-    std::uint64_t slotEnd = location.offset;
-    for (std::size_t i = order.size(); i-- > 0;) {
-        EntryData& data = table[order[i]];
-        Entry& entry = data.entry;
-        const std::uint64_t slot = slotEnd - entry.localHeaderOffset;
-        // The local name may be in another, shorter charset.
-        const std::uint64_t header = kLocalFileHeaderSize;
-        if (location.cutTo32Bits && slot >= header && slot - header > entry.compressedSize) {
-            restoreSizes(entry, slot - header);
-        }
-        if (slot < header || slot - header < entry.compressedSize) {
-            table.addFault(order[i], ErrorCode::kOverlap, entry.localHeaderOffset);
-        }
-        data.slotEnd = slotEnd;
-        slotEnd = entry.localHeaderOffset;
-    }
-    return slotEnd;
-}
 
 }  // namespace
 
@@ -440,12 +484,11 @@ Result<EntryTable> readCentralDirectory(const ByteSource& file,
         return passOn(built);
     }
     EntryTable table = builder.take();
-    const std::uint64_t firstEntry = assignSlots(table, location);
-    const auto unlisted = findLocalHeader(file, location.archiveStart, firstEntry);
+    const auto unlisted = findLocalHeader(file, location.archiveStart, builder.firstEntry());
     if (unlisted && *unlisted && !table.isNameless(**unlisted)) {
         warnings.add(WarningCode::kUnlistedEntry, {}, **unlisted);
     }
-    for (std::size_t i = 0; i < table.size(); ++i) {
+    for (std::size_t i = 0; builder.hasLegacyNames() && i < table.size(); ++i) {
         if (table[i].legacyName) {
             warnings.add(
                 WarningCode::kLegacyCharset, table[i].entry.path, table[i].entry.localHeaderOffset);
@@ -460,9 +503,7 @@ EntryTable tableOf(const CentralDirectoryHeader& header,
     const DirectoryLocation everything{.offset = file.size(), .zip64 = true};
     TableBuilder builder(file, everything, names, 1, header.name.size());
     builder.add(header, header.localHeaderOffset);
-    EntryTable table = builder.take();
-    assignSlots(table, everything);
-    return table;
+    return builder.take();
 }
 
 }  // namespace pellumar::archive

@@ -35,11 +35,6 @@ std::optional<std::string_view> unicodePath(const RawName& name) {
     return format::isUtf8(text) ? std::optional(text) : std::nullopt;
 }
 
-bool isAscii(std::string_view text) {
-    return std::all_of(
-        text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-}
-
 // What the bytes are in the view of uchardet, if it is one of ours.
 std::optional<Charset> askUchardet(const std::vector<std::string>& sample) {
     static constexpr std::array<std::pair<std::string_view, Charset>, 8> kNames = {
@@ -134,8 +129,8 @@ bool isAmbiguous(const RawName& name) {
     }
     const auto other = unicodePath(name);
     const std::string_view text = asText(name.bytes);
-    const bool isKnown =
-        (name.utf8Flag && format::isUtf8(text)) || (isAscii(text) && other && isAscii(*other));
+    const bool isKnown = (name.utf8Flag && format::isUtf8(text)) ||
+                         (format::isAscii(text) && other && format::isAscii(*other));
     return other && isKnown && !isSameName(text, *other);
 }
 
@@ -148,7 +143,7 @@ class NameDecoder::State {
             const std::size_t end = std::min(name.find('/'), name.size());
             const std::string_view component = name.substr(0, end);
             name.remove_prefix(std::min(end + 1, name.size()));
-            if (!isAscii(component) && seen_.emplace(component).second) {
+            if (!format::isAscii(component) && seen_.emplace(component).second) {
                 sample_.emplace_back(component);
                 sampleSize_ += component.size();
             }
@@ -177,7 +172,7 @@ class NameDecoder::State {
 
     // Of a name in UTF-8: its letters in the elected charset, if they make more sense.
     [[nodiscard]] std::optional<std::string> readInstead(ByteView bytes) {
-        if (!converter_ || isAscii(asText(bytes))) {
+        if (!converter_ || format::isAscii(asText(bytes))) {
             return std::nullopt;
         }
         const auto letters = converter_->decode(bytes);
@@ -204,7 +199,7 @@ NameDecoder::NameDecoder(NameDecoder&&) noexcept = default;
 NameDecoder& NameDecoder::operator=(NameDecoder&&) noexcept = default;
 
 void NameDecoder::consider(const RawName& name) {
-    if (!saidLetters(name) && !format::isUtf8(asText(name.bytes))) {
+    if (!format::isUtf8(asText(name.bytes)) && !saidLetters(name)) {
         state_->sample(asText(name.bytes));
     }
 }
@@ -213,18 +208,20 @@ void NameDecoder::decide() {
     state_->decide();
 }
 
-DecodedName NameDecoder::decode(const RawName& name) const {
+DecodedName NameDecoder::decode(const RawName& name, std::string& storage) const {
     if (const auto text = saidLetters(name)) {
-        return {.text = std::string(*text), .legacy = false};
+        return {.text = *text, .legacy = false};
     }
     const std::string_view text = asText(name.bytes);
     if (!format::isUtf8(text)) {
-        return {.text = state_->read(name.bytes), .legacy = true};
+        storage = state_->read(name.bytes);
+        return {.text = storage, .legacy = true};
     }
     if (auto other = state_->readInstead(name.bytes)) {
-        return {.text = std::move(*other), .legacy = true};
+        storage = std::move(*other);
+        return {.text = storage, .legacy = true};
     }
-    return {.text = std::string(text), .legacy = false};
+    return {.text = text, .legacy = false};
 }
 
 std::string_view NameDecoder::charset() const {

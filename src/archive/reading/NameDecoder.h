@@ -26,7 +26,9 @@ struct RawName {
 [[nodiscard]] bool isAmbiguous(const RawName& name);
 
 struct DecodedName {
-    std::string text;     // UTF-8, of whatever the bytes say: separators and NUL bytes are kept
+    // UTF-8, of whatever the bytes say: separators and NUL bytes are kept. A view into the name or
+    // into the storage.
+    std::string_view text;
     bool legacy = false;  // the letters come from the vote
 };
 
@@ -54,8 +56,8 @@ class NameDecoder {
     void decide();
 
     // Never fails: every sequence of bytes has a reading. Names that were not considered are
-    // decoded all the same.
-    [[nodiscard]] DecodedName decode(const RawName& name) const;
+    // decoded all the same. `storage` takes the text where it is not the name as it stands.
+    [[nodiscard]] DecodedName decode(const RawName& name, std::string& storage) const;
 
     // The elected charset as iconv calls it; empty if no name needed a vote.
     [[nodiscard]] std::string_view charset() const;

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cstdlib>
+#include <string_view>
 #include <vector>
 
 #include "archive/format/Append.h"
@@ -74,6 +76,39 @@ TEST_F(Timestamps, DosTimeIsClampedToItsYears) {
     EXPECT_EQ(fromDosDateTime(toDosDateTime(at(kNewYear2108))).tv_sec, kNewYear2108 - 2);
     for (const std::int64_t seconds : {kNewYear1980, 1'700'000'002L, kNewYear2108 - 2}) {
         EXPECT_EQ(fromDosDateTime(toDosDateTime(at(seconds))).tv_sec, seconds);
+    }
+}
+
+// In zones whose clocks skip an hour at midnight, half an hour, a whole day, or nothing.
+TEST_F(Timestamps, DaysAreRememberedAsTheyAre) {
+    constexpr std::array<std::uint16_t, 6> kTimes = {0,
+                                                     1U << 5U,
+                                                     (1U << 11U) | (30U << 5U),
+                                                     12U << 11U,
+                                                     (23U << 11U) | (59U << 5U) | 29U,
+                                                     0xFFFF};
+    for (const char* zone : {"UTC",
+                             "Europe/Berlin",
+                             "America/Sao_Paulo",
+                             "Australia/Lord_Howe",
+                             "Pacific/Apia",
+                             "Atlantic/Azores"}) {
+        setenv("TZ", zone, 1);
+        tzset();
+        DosDays days;
+        for (unsigned date = 0; date < 60U << 9U; ++date) {
+            for (const std::uint16_t time : kTimes) {
+                const DosDateTime dos{.time = time, .date = static_cast<std::uint16_t>(date)};
+                const std::timespec plain = fromDosDateTime(dos);
+                const std::timespec remembered = days.moment(dos);
+                // A time that comes twice may mean either; one that never comes may mean anything.
+                const bool comes = toDosDateTime(plain) == dos;
+                ASSERT_TRUE(plain.tv_sec == remembered.tv_sec ||
+                            (std::string_view(zone) != "UTC" &&
+                             (!comes || toDosDateTime(remembered) == dos)))
+                    << zone << ' ' << date << ' ' << time;
+            }
+        }
     }
 }
 
