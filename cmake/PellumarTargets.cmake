@@ -51,8 +51,8 @@ function(pellumar_folder name)
 endfunction()
 
 # pellumar_qml_folder(name uri [LINK targets...]): the library of this folder's sources with its
-# layouts (*.qml) and icons (icons/*.svg) as the QML module `uri`, compiled into the program. The
-# program calls the folder's register function, as nothing else pulls a static module in.
+# layouts (*.qml) and icons (icons/*.svg) as the QML module `uri`, compiled into the program,
+# which calls the module's register function, as nothing else pulls a static module in.
 function(pellumar_qml_folder name uri)
     cmake_parse_arguments(ARG "" "" "LINK" ${ARGN})
     file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp"

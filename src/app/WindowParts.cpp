@@ -3,6 +3,7 @@
 #include <QGuiApplication>
 #include <QScreen>
 
+#include "app/App.h"
 #include "platform/look/Look.h"
 
 namespace pellumar {
@@ -22,21 +23,13 @@ ThumbnailProvider& addThumbnailProvider(QQmlEngine& engine, const ThumbnailStore
     return *provider;
 }
 
-QStringList layoutModules() {
-    return {QStringLiteral("Pellumar.App"),
-            QStringLiteral("Pellumar.Screens"),
-            QStringLiteral("Pellumar.Sharing"),
-            QStringLiteral("Pellumar.Photos"),
-            QStringLiteral("Pellumar.Documents"),
-            QStringLiteral("Pellumar.Kit")};
-}
-
 }  // namespace
 
 WindowParts::WindowParts(const ThumbnailStore& thumbnails)
     : thumbnails_(addThumbnailProvider(engine_, thumbnails)),
       viewLoader_(engine_, layoutModules()),
-      animator_([this] { return appearance_.isStill(); }) {
+      animator_([this] { return appearance_.isStill(); }),
+      window_({viewLoader_, animator_, {}}) {
     installIcons(engine_);
     followAppearance();
     window_.setTitle(QGuiApplication::applicationDisplayName());

@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 
+#include "app/App.h"
 #include "platform/FileUrl.h"
 #include "platform/documents/ThumbnailProvider.h"
 #include "platform/look/Look.h"
@@ -21,13 +22,7 @@ ScreenFixture::ScreenFixture()
       photoLibrary({folder / "Pictures", folder / "Videos"}),
       images(thumbnails),
       sharedItems(folder / "Shared"),
-      viewLoader(engine,
-                 {"Pellumar.App",
-                  "Pellumar.Screens",
-                  "Pellumar.Sharing",
-                  "Pellumar.Photos",
-                  "Pellumar.Documents",
-                  "Pellumar.Kit"}),
+      viewLoader(engine, layoutModules()),
       launches(defaults),
       services{.ui = {viewLoader, animator, {}},
                .settings = settings,

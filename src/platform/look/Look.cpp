@@ -4,17 +4,8 @@
 #include <memory>
 
 #include "platform/look/IconProvider.h"
-#include "platform/look/SecretAccessible.h"
-
-// Made by Qt's build tools, which name it.
-void qml_register_types_Pellumar_Look();  // NOLINT(readability-identifier-naming)
 
 namespace pellumar {
-
-void registerLook() {
-    qml_register_types_Pellumar_Look();
-    SecretAccessible::install();
-}
 
 void installIcons(QQmlEngine& engine) {
     engine.addImageProvider(QStringLiteral("icon"), new IconProvider);

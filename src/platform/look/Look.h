@@ -11,10 +11,6 @@ struct LookSettings {
     qreal textScale = 1;
 };
 
-// Makes the theme, the controls and what they draw themselves of QML module Pellumar.Look known.
-// Once, before the first engine.
-void registerLook();
-
 // Gives an engine the icons: "image://icon/NAME/RRGGBB" is the icon in that colour.
 void installIcons(QQmlEngine& engine);
 
