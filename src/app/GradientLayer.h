@@ -1,20 +1,19 @@
 #pragma once
 
 #include <QColor>
-#include <QQuickItem>
+#include <QQuickPaintedItem>
 
 namespace pellumar {
 
 // Paints a gradient from top to bottom.
-class GradientLayer : public QQuickItem {
+class GradientLayer : public QQuickPaintedItem {
     Q_OBJECT
 
   public:
     // On top of what `host` holds, with its size at this moment and from then on. The host owns it.
     GradientLayer(QQuickItem& host, const QColor& top, const QColor& bottom);
 
-  protected:
-    QSGNode* updatePaintNode(QSGNode* old, UpdatePaintNodeData* data) override;
+    void paint(QPainter* painter) override;
 
   private:
     const QColor top_;
