@@ -5,17 +5,14 @@
 #include "engine/AppFileOpener.h"
 #include "platform/FileUrl.h"
 #include "remote/ABTestManager.h"
-#include "remote/ABTests.h"
-#include "remote/RemoteSettings.h"
 
 namespace pellumar {
 
 bool AppDelegate::applicationDidFinishLaunching() {
-    environment_.configureServices();
-    const ABExperiments experiments = ABTestManager::shared().experiments();
-    ABTests::shared().registerExperiments(experiments);
+    const Remote remote = environment_.configureServices();
+    remote.experiments.registerExperiments(ABTestManager::shared().experiments());
     // Nobody waits for it: the first screen shows what was active before.
-    RemoteSettings::shared().fetch([&console = environment_.console] {
+    remote.settings.fetch([&console = environment_.console] {
         console.writeLine(QStringLiteral("Fetched remote settings"));
     });
     environment_.fileSystem.createFolders();

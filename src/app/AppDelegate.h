@@ -10,6 +10,7 @@
 #include "platform/Console.h"
 #include "platform/kit/UIStoryboard.h"
 #include "platform/kit/UIWindow.h"
+#include "remote/ABTests.h"
 #include "settings/UserSettings.h"
 
 namespace pellumar {
@@ -17,6 +18,10 @@ namespace pellumar {
 // Starts the application, and takes archives that others hand over. For the main thread.
 class AppDelegate : public OnboardingDelegate, public std::enable_shared_from_this<AppDelegate> {
   public:
+    struct Remote {
+        ABTests& experiments;
+        RemoteSettings& settings;
+    };
     // All must outlive this.
     struct Environment {
         UIContext ui;
@@ -24,8 +29,9 @@ class AppDelegate : public OnboardingDelegate, public std::enable_shared_from_th
         const UserSettings& settings;
         const FileSystem& fileSystem;
         Console& console;
-        // Makes the services of the process known (FIRApp::configure).
-        std::function<void()> configureServices;
+        // Makes the services of the process known (FIRApp::configure), and says what stands on
+        // them.
+        std::function<Remote()> configureServices;
     };
 
     explicit AppDelegate(const Environment& environment) : environment_(environment) {}

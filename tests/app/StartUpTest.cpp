@@ -3,7 +3,6 @@
 #include "app/OnboardingViewController.h"
 #include "app/SettingsViewController.h"
 #include "gui/ScreenFixture.h"
-#include "platform/FIRApp.h"
 #include "support/FileContents.h"
 
 namespace pellumar::test {
@@ -60,14 +59,13 @@ class StartUpTest : public ScreenFixture {
     const OutboundLinks links{{}, [this] { return hasStore; }};
     UIStoryboard storyboard;
     bool areServicesConfigured = false;
+    const std::shared_ptr<RemoteSettings> remoteSettings =
+        std::make_shared<RemoteSettings>(std::make_shared<SilentRemoteConfig>(), console);
+    ABTests experiments{*remoteSettings, events, console};
     std::shared_ptr<AppDelegate> delegate = std::make_shared<AppDelegate>(
         AppDelegate::Environment{services.ui, storyboard, settings, fileSystem, console, [this] {
                                      areServicesConfigured = true;
-                                     FIRApp::configure([] {
-                                         return FIRApp::Services{
-                                             std::make_shared<RecordingAnalytics>(),
-                                             std::make_shared<SilentRemoteConfig>()};
-                                     });
+                                     return AppDelegate::Remote{experiments, *remoteSettings};
                                  }});
 };
 
