@@ -9,7 +9,6 @@ namespace pellumar {
 void CanKeepFiles::saveFiles(const ItemSaving::Order& order,
                              const std::function<void(const QList<QUrl>& saved)>& kept) {
     saving_ = ItemSaving::start(screen(),
-                                services().ui,
                                 services().documents,
                                 order,
                                 whileAlive([this, kept](const ItemSaving::Outcome& outcome) {

@@ -4,15 +4,11 @@ namespace pellumar {
 
 void CanShowFailureAlert::showFailureAlert(const FailureReason& reason,
                                            const UIAlertAction& remedy) {
-    show(QStringLiteral("Could not complete the operation."),
-         {.text = reason.text, .details = reason.details, .remedy = remedy});
+    showFailureAlert(QStringLiteral("Could not complete the operation."),
+                     {.text = reason.text, .details = reason.details, .remedy = remedy});
 }
 
-void CanShowFailureAlert::showFailureAlert(const QString& message) {
-    show(message, {});
-}
-
-void CanShowFailureAlert::show(const QString& message, const AlertReason& reason) {
+void CanShowFailureAlert::showFailureAlert(const QString& message, const AlertReason& reason) {
     const auto alert =
         makeController<UIAlertController>(services().ui, QStringLiteral("Error"), message);
     alert->setReason(reason);

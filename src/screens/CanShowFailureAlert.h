@@ -13,10 +13,7 @@ class CanShowFailureAlert : public virtual ScreenAbility {
     // `remedy`, which may be empty, is what the alert offers to do about it.
     void showFailureAlert(const FailureReason& reason, const UIAlertAction& remedy = {});
     // The same alert with another message.
-    void showFailureAlert(const QString& message);
-
-  private:
-    void show(const QString& message, const AlertReason& reason);
+    void showFailureAlert(const QString& message, const AlertReason& reason = {});
 };
 
 }  // namespace pellumar

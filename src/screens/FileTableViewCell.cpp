@@ -1,11 +1,40 @@
 #include "screens/FileTableViewCell.h"
 
+#include <filesystem>
+#include <system_error>
+
+#include "platform/DisplayText.h"
 #include "platform/FileUrl.h"
 #include "platform/documents/ThumbnailProvider.h"
 #include "platform/documents/UIDocumentInteractionController.h"
-#include "screens/FileDetails.h"
 
 namespace pellumar {
+namespace {
+
+namespace fs = std::filesystem;
+
+// "1.2 MB" of a file, "3 items" of a folder; nothing of what is gone. Counting a large folder takes
+// its time.
+QString detailsOf(const QUrl& url) {
+    const auto path = localPath(url);
+    std::error_code failure;
+    if (!path) {
+        return {};
+    }
+    if (!fs::is_directory(*path, failure)) {
+        const std::uintmax_t size = fs::file_size(*path, failure);
+        return failure ? QString() : sizeText(static_cast<qint64>(size));
+    }
+    int count = 0;
+    fs::directory_iterator each(*path, failure);
+    for (; !failure && each != fs::directory_iterator(); each.increment(failure)) {
+        ++count;
+    }
+    return count == 1 ? FileTableViewCell::tr("1 item")
+                      : FileTableViewCell::tr("%1 items").arg(count);
+}
+
+}  // namespace
 
 void FileTableViewCell::awakeFromNib() {
     titleLabel_ = outlet<QQuickItem>(view(), QStringLiteral("titleLabel"));
@@ -26,7 +55,7 @@ void FileTableViewCell::configure(const QUrl& url, IndexPath indexPath) {
     question_ = askInBackground<QString>(
         documents_.mainQueue,
         documents_.backgroundQueue,
-        [url](const auto& /*isWanted*/) { return fileDetails(url); },
+        [url](const auto& /*isWanted*/) { return detailsOf(url); },
         [this](const QString& detail) {
             detail_ = detail;
             emit configured();

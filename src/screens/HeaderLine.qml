@@ -9,7 +9,6 @@ RowLayout {
     property string text: ""
     // The button's title; none if it is empty.
     property string action: ""
-    property color color: Theme.textSecondary
 
     signal acted()
 
@@ -20,7 +19,7 @@ RowLayout {
     BodyText {
         Layout.fillWidth: true
         text: line.text
-        color: line.color
+        color: Theme.textSecondary
     }
     QuietButton {
         visible: line.action !== ""

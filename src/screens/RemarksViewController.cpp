@@ -31,7 +31,7 @@ QString RemarksViewController::introduction() const {
 
 void RemarksViewController::copyTapped() {
     const QString lines = remarks_.lines.join('\n');
-    Notice::copy(context(), window(), lines + QStringLiteral("\n\n") + remarks_.details);
+    Notice::copy(window(), lines + QStringLiteral("\n\n") + remarks_.details);
 }
 
 }  // namespace pellumar

@@ -13,7 +13,6 @@
 #include "platform/kit/UINavigationController.h"
 #include "platform/sharing/ActivityType.h"
 #include "platform/sharing/ShowInFiles.h"
-#include "screens/FileDetails.h"
 #include "screens/FileTableViewCell.h"
 #include "screens/RemarksViewController.h"
 

@@ -91,14 +91,8 @@ void ZipViewController::takeAssets(const QStringList& identifiers) {
     beginJob();
     // What goes has time to be gone.
     constexpr std::chrono::milliseconds kPause(250);
-    auto* const pause = new QTimer(this);
-    pause->setSingleShot(true);
-    const auto fetch = [this, pause, assets = photos_.assets(identifiers)] {
-        pause->deleteLater();
-        fetchMedia(assets);
-    };
-    connect(pause, &QTimer::timeout, this, whileAlive(fetch));
-    pause->start(kPause);
+    const auto fetch = [this, assets = photos_.assets(identifiers)] { fetchMedia(assets); };
+    QTimer::singleShot(kPause, this, whileAlive(fetch));
 }
 
 void ZipViewController::fetchMedia(const std::vector<PHAsset>& assets) {
