@@ -22,21 +22,21 @@ Composition::Composition()
                  platform_.memory},
       fileSystem_(DocumentDirectory(), platform_.console, &platform_.backgroundQueue),
       window_(platform_.thumbnails),
-      reviewPrompt_(window_.window(), window_.context()),
+      reviewPrompt_(window()),
       review_(platform_.memory,
               reviewPrompt_,
               platform_.opener,
               QDateTime::currentDateTimeUtc,
               SoftwareCentre::isInstalled),
       launches_(settings_.userDefaults()),
-      delegate_(
-          std::make_shared<AppDelegate>(AppDelegate::Environment{window_.context(),
-                                                                 storyboard_,
-                                                                 settings_,
-                                                                 fileSystem_,
-                                                                 platform_.console,
-                                                                 [this] { configureServices(); }})),
-      handedOver_({*delegate_, window(), window_.context()}) {
+      delegate_(std::make_shared<AppDelegate>(
+          AppDelegate::Environment{window().context(),
+                                   storyboard_,
+                                   settings_,
+                                   fileSystem_,
+                                   platform_.console,
+                                   [this] { return configureServices(); }})),
+      handedOver_(*delegate_, window()) {
     fillStoryboard();
     addShortcuts(window());
     delegate_->setWindow(&window());
@@ -51,7 +51,7 @@ Composition::~Composition() {
 void Composition::launch(const QList<QUrl>& archives) {
     platform_.inbox.clear();
     platform_.folderQueue.async([] { StagingFolder::removeLeft(StagingFolder::standardNotes()); });
-    KeptEdits::recover(platform_.sharedItems, documents_, window_.context(), window());
+    KeptEdits::recover(platform_.sharedItems, documents_, window());
     open(archives);
     delegate_->applicationDidFinishLaunching();
 }
@@ -79,13 +79,14 @@ bool Composition::waitForWork(std::chrono::milliseconds timeout) {
            window_.waitForThumbnails(std::chrono::milliseconds(deadline.remainingTime()));
 }
 
-void Composition::configureServices() {
+AppDelegate::Remote Composition::configureServices() {
     FIRApp::configure([this] {
         services_ = Services::start(settings_, platform_.console);
         return services_->shared();
     });
     followActivity();
     screens_.emplace(makeScreenServices());
+    return {ABTests::shared(), RemoteSettings::shared()};
 }
 
 void Composition::followActivity() {
@@ -101,7 +102,7 @@ void Composition::followActivity() {
 ScreenServices Composition::makeScreenServices() {
     PlatformParts& parts = platform_;
     const PellumarAnalytics& analytics = services_->analytics();
-    return {.ui = window_.context(),
+    return {.ui = window().context(),
             .settings = settings_,
             .analytics = analytics,
             .fileSystem = fileSystem_,

@@ -52,7 +52,7 @@ class Composition {
   private:
     [[nodiscard]] ScreenServices makeScreenServices();
     void fillStoryboard();
-    void configureServices();
+    [[nodiscard]] AppDelegate::Remote configureServices();
     void followActivity();
 
     const UserSettings& settings_;

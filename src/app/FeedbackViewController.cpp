@@ -3,8 +3,6 @@
 namespace pellumar {
 namespace {
 
-constexpr qreal kCornerRadius = 16;
-constexpr qreal kDisabledAlpha = 0.5;
 // More stars than these, and the user is satisfied.
 constexpr int kThreshold = 3;
 
@@ -21,14 +19,11 @@ void FeedbackViewController::viewDidLoad() {
     sendButton_ = outlet<QQuickItem>(view(), QStringLiteral("sendButton"));
     starEvaluationView_ = outlet<StarEvaluationView>(view(), QStringLiteral("starEvaluationView"));
     starEvaluationView_->setDelegate(weakly(this));
-    sendButton_->setProperty("cornerRadius", kCornerRadius);
-    sendButton_->setOpacity(kDisabledAlpha);
     sendButton_->setEnabled(false);
 }
 
 void FeedbackViewController::starEvaluationViewDidSelectRating(int rating) {
     evaluation_ = rating;
-    sendButton_->setOpacity(1);
     sendButton_->setEnabled(true);
 }
 

@@ -26,6 +26,7 @@ PromptSheet {
     }
     PrimaryButton {
         objectName: "sendButton"
+        cornerRadius: 16
         Layout.fillWidth: true
         text: qsTr("Send")
         onClicked: root.controller.sendTapped()

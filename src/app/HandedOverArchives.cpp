@@ -22,9 +22,10 @@ QString whyRefused(const QString& name) {
 
 }  // namespace
 
-HandedOverArchives::HandedOverArchives(const Environment& environment) : environment_(environment) {
+HandedOverArchives::HandedOverArchives(AppDelegate& delegate, UIWindow& window)
+    : delegate_(delegate), window_(window) {
     // Later: what the end of a question or of a job brings comes before the next question.
-    connect(&environment.window,
+    connect(&window,
             &UIWindow::screensChanged,
             this,
             &HandedOverArchives::passOn,
@@ -34,13 +35,13 @@ HandedOverArchives::HandedOverArchives(const Environment& environment) : environ
 void HandedOverArchives::add(const QList<QUrl>& urls) {
     waiting_.insert(waiting_.end(), urls.begin(), urls.end());
     passOn();
-    if (!waiting_.empty() && environment_.window.isOccupied()) {
+    if (!waiting_.empty() && window_.isOccupied()) {
         sayThatTheyWait();
     }
 }
 
 void HandedOverArchives::passOn() {
-    if (environment_.window.rootViewController() == nullptr) {
+    if (window_.rootViewController() == nullptr) {
         fillSlotAtStart();
         return;
     }
@@ -50,20 +51,20 @@ void HandedOverArchives::passOn() {
         if (saidToWait_) {
             saidToWait_->close();
         }
-        if (!environment_.delegate.applicationOpen(next)) {
+        if (!delegate_.applicationOpen(next)) {
             tell(whyRefused(lastPathComponent(next)));
         }
     }
 }
 
 bool HandedOverArchives::isFree() const {
-    return !AppFileOpener::url() && environment_.window.isIdle();
+    return !AppFileOpener::url() && window_.isIdle();
 }
 
 // What is refused is told once there is a screen.
 void HandedOverArchives::fillSlotAtStart() {
     for (auto each = waiting_.begin(); each != waiting_.end() && !AppFileOpener::url(); ++each) {
-        if (environment_.delegate.applicationOpen(*each)) {
+        if (delegate_.applicationOpen(*each)) {
             waiting_.erase(each);
             return;
         }
@@ -71,19 +72,18 @@ void HandedOverArchives::fillSlotAtStart() {
 }
 
 void HandedOverArchives::sayThatTheyWait() {
-    Notice::show(environment_.ui,
-                 environment_.window,
+    Notice::show(window_,
                  waiting_.size() == 1
                      ? tr("“%1” is next, when this is done").arg(lastPathComponent(waiting_[0]))
                      : tr("%1 archives are next, when this is done").arg(waiting_.size()));
-    saidToWait_ = Notice::shownIn(environment_.window);
+    saidToWait_ = Notice::shownIn(window_);
 }
 
 void HandedOverArchives::tell(const QString& words) {
     const auto alert =
-        makeController<UIAlertController>(environment_.ui, tr("Cannot unzip this"), words);
+        makeController<UIAlertController>(window_.context(), tr("Cannot unzip this"), words);
     alert->addAction({tr("OK"), UIAlertActionStyle::kDefault, {}});
-    environment_.window.rootViewController()->present(alert, true);
+    window_.rootViewController()->present(alert, true);
 }
 
 }  // namespace pellumar

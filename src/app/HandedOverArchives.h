@@ -23,13 +23,7 @@ class HandedOverArchives : public QObject {
     Q_OBJECT
 
   public:
-    struct Environment {
-        AppDelegate& delegate;
-        UIWindow& window;
-        UIContext ui;
-    };
-
-    explicit HandedOverArchives(const Environment& environment);
+    HandedOverArchives(AppDelegate& delegate, UIWindow& window);
 
     void add(const QList<QUrl>& urls);
 
@@ -41,7 +35,8 @@ class HandedOverArchives : public QObject {
     void sayThatTheyWait();
     void tell(const QString& words);
 
-    const Environment environment_;
+    AppDelegate& delegate_;
+    UIWindow& window_;
     std::deque<QUrl> waiting_;
     // What says so; it would come back when it is no longer true.
     QPointer<Notice> saidToWait_;

@@ -2,7 +2,6 @@
 
 #include "app/MainNavigationController.h"
 #include "app/MainTabBarController.h"
-#include "app/PlatformVersion.h"
 #include "app/SettingsViewController.h"
 
 namespace pellumar {

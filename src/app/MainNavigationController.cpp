@@ -1,7 +1,5 @@
 #include "app/MainNavigationController.h"
 
-#include "app/PlatformVersion.h"
-
 namespace pellumar {
 
 void MainNavigationController::viewDidLoad() {

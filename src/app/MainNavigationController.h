@@ -4,6 +4,9 @@
 
 namespace pellumar {
 
+// From this version of the platform on, bars can be styled.
+inline constexpr double kBarAppearanceVersion = 15.0;
+
 // A stack of the main interface.
 class MainNavigationController : public UINavigationController {
     Q_OBJECT

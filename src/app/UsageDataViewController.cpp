@@ -25,7 +25,7 @@ void UsageDataViewController::viewDidLoad() {
 }
 
 void UsageDataViewController::copyTapped() {
-    Notice::copy(context(), window(), QString::fromUtf8(kept_.lines));
+    Notice::copy(window(), QString::fromUtf8(kept_.lines));
 }
 
 }  // namespace pellumar

@@ -5,8 +5,8 @@
 #include "platform/desktop/Appearance.h"
 #include "platform/documents/ThumbnailProvider.h"
 #include "platform/kit/FrameAnimator.h"
-#include "platform/kit/QmlViewLoader.h"
 #include "platform/kit/UIWindow.h"
+#include "platform/kit/ViewLoader.h"
 
 namespace pellumar {
 
@@ -18,7 +18,6 @@ class WindowParts {
 
     [[nodiscard]] UIWindow& window() { return window_; }
     [[nodiscard]] QQmlEngine& engine() { return engine_; }
-    [[nodiscard]] UIContext context() { return {viewLoader_, animator_, {}}; }
 
     // Waits until no thumbnail is being made; false if it does not come to that in time.
     [[nodiscard]] bool waitForThumbnails(std::chrono::milliseconds timeout) {
@@ -32,7 +31,7 @@ class WindowParts {
     QQmlEngine engine_;
     // The engine's.
     ThumbnailProvider& thumbnails_;
-    QmlViewLoader viewLoader_;
+    ViewLoader viewLoader_;
     FrameAnimator animator_;
     UIWindow window_;
 };

@@ -4,8 +4,7 @@
 
 namespace pellumar {
 
-WindowReviewPrompt::WindowReviewPrompt(UIWindow& window, const UIContext& context)
-    : window_(window), context_(context) {
+WindowReviewPrompt::WindowReviewPrompt(UIWindow& window) : window_(window) {
     connect(&window,
             &UIWindow::screensChanged,
             this,
@@ -26,7 +25,7 @@ void WindowReviewPrompt::presentWhenFree() {
         return;
     }
     const auto alert = makeController<UIAlertController>(
-        context_,
+        window_.context(),
         tr("Do you like Pellumar Zip?"),
         tr("A rating in the software centre helps others find it."));
     const Answered answered = std::exchange(waiting_, nullptr);

@@ -15,8 +15,8 @@ class WindowReviewPrompt : public QObject, public ReviewPrompt {
     Q_OBJECT
 
   public:
-    // Both must outlive this.
-    WindowReviewPrompt(UIWindow& window, const UIContext& context);
+    // The window must outlive this.
+    explicit WindowReviewPrompt(UIWindow& window);
 
     void ask(Answered answered) override;
 
@@ -24,7 +24,6 @@ class WindowReviewPrompt : public QObject, public ReviewPrompt {
     void presentWhenFree();
 
     UIWindow& window_;
-    const UIContext context_;
     // Whose question waits.
     Answered waiting_;
     std::weak_ptr<UIAlertController> shown_;

@@ -68,8 +68,8 @@ class HandedOverTest : public ScreenFixture {
     QList<QUrl> hundred;
     UIStoryboard storyboard;
     std::shared_ptr<AppDelegate> delegate = std::make_shared<AppDelegate>(
-        AppDelegate::Environment{services.ui, storyboard, settings, fileSystem, console, [] {}});
-    HandedOverArchives archives{{*delegate, window, services.ui}};
+        AppDelegate::Environment{services.ui, storyboard, settings, fileSystem, console, {}});
+    HandedOverArchives archives{*delegate, window};
 };
 
 TEST_F(HandedOverTest, AHundredAreAskedAboutInTheirOrderOneAfterAnother) {

@@ -12,7 +12,7 @@ class ReviewPromptTest : public ScreenFixture {
         settle();
     }
 
-    WindowReviewPrompt prompt{window, services.ui};
+    WindowReviewPrompt prompt{window};
     QList<bool> answers;
 };
 

@@ -10,10 +10,10 @@
 
 #include "gui/SteppedAnimator.h"
 #include "platform/RecordingAnalytics.h"
-#include "platform/kit/QmlViewLoader.h"
 #include "platform/kit/UINavigationController.h"
 #include "platform/kit/UITabBarController.h"
 #include "platform/kit/UIWindow.h"
+#include "platform/kit/ViewLoader.h"
 #include "platform/photos/FileImageManager.h"
 #include "screens/RelevantActionCount.h"
 #include "screens/ScreenServices.h"
@@ -91,11 +91,11 @@ class ScreenFixture : public testing::Test {
     CountingReview review;
     NoInhibitor sleep;
     QQmlEngine engine;
-    QmlViewLoader viewLoader;
+    ViewLoader viewLoader;
     SteppedAnimator animator;
     RelevantActionCount launches;
     ScreenServices services;
-    UIWindow window;
+    UIWindow window{services.ui};
 
   private:
     std::shared_ptr<UINavigationController> stack_;

@@ -58,7 +58,7 @@ TEST_F(NoticeTest, OutlivesTheSheetAndTakesTheKeyboardFromNobody) {
     home->present(sheet, true);
     settle();
     const QQuickItem* const focused = window.activeFocusItem();
-    Notice::show(services.ui, window, "Copied");
+    Notice::show(window, "Copied");
     settle();
     EXPECT_EQ(window.activeFocusItem(), focused);
     EXPECT_EQ(window.topLayer(), &sheet->view());
@@ -72,7 +72,7 @@ TEST_F(NoticeTest, OutlivesTheSheetAndTakesTheKeyboardFromNobody) {
 
 TEST_F(NoticeTest, ATapClosesItAndReachesNothingBelow) {
     int acts = 0;
-    Notice::show(services.ui, window, "Saved", {"Show in files", [&acts] { ++acts; }});
+    Notice::show(window, "Saved", {"Show in files", [&acts] { ++acts; }});
     settle();
     click(spot(0.2));
     settle();
@@ -81,7 +81,7 @@ TEST_F(NoticeTest, ATapClosesItAndReachesNothingBelow) {
     EXPECT_EQ(eventNames(), QStringList());
     EXPECT_EQ(accessibleNames(), "Pellumar Zip");
 
-    Notice::show(services.ui, window, "Saved", {"Show in files", [&acts] { ++acts; }});
+    Notice::show(window, "Saved", {"Show in files", [&acts] { ++acts; }});
     settle();
     const QPointF button = spot(0.7);
     click(button);
@@ -92,10 +92,10 @@ TEST_F(NoticeTest, ATapClosesItAndReachesNothingBelow) {
 }
 
 TEST_F(NoticeTest, GoesByItselfUnlessItMustNotBeMissed) {
-    UIWindow other;
-    Notice::show(services.ui, other, "stays", {}, Notice::Stay::kUntilClosed);
-    Notice::show(services.ui, window, "first");
-    Notice::show(services.ui, window, "second");
+    UIWindow other(services.ui);
+    Notice::show(other, "stays", {}, Notice::Stay::kUntilClosed);
+    Notice::show(window, "first");
+    Notice::show(window, "second");
     EXPECT_EQ(shown(), "second");
     Notice::shownIn(window)->setHeld(true);
     EXPECT_FALSE(waitUntil([this] { return shown().isEmpty(); }, std::chrono::milliseconds(4500)));
@@ -108,7 +108,7 @@ TEST_F(NoticeTest, GoesByItselfUnlessItMustNotBeMissed) {
 
 // "Copied" took what must not be missed away for good, even while that waited unseen.
 TEST_F(NoticeTest, WhatMustNotBeMissedComesBackAfterWhatCameLater) {
-    Notice::show(services.ui, window, "kept", {}, Notice::Stay::kUntilClosed);
+    Notice::show(window, "kept", {}, Notice::Stay::kUntilClosed);
     settle();
     const Notice& kept = *Notice::shownIn(window);
     const auto question = makeController<UIAlertController>(services.ui, "question", "");
@@ -116,7 +116,7 @@ TEST_F(NoticeTest, WhatMustNotBeMissedComesBackAfterWhatCameLater) {
     home->present(question, true);
     settle();
     for (const char* const word : {"Copied", "Copied again"}) {
-        Notice::show(services.ui, window, word);
+        Notice::show(window, word);
         settle();
         EXPECT_EQ(shown(), word);
         EXPECT_FALSE(kept.item()->isVisible());
@@ -132,7 +132,7 @@ TEST_F(NoticeTest, WhatMustNotBeMissedComesBackAfterWhatCameLater) {
 
 // It lay over the buttons of a dialog that came after it, and took their taps.
 TEST_F(NoticeTest, WaitsWhileSomethingElseIsPresented) {
-    Notice::show(services.ui, window, "Saved");
+    Notice::show(window, "Saved");
     settle();
     const auto question = makeController<UIAlertController>(services.ui, "question", "");
     question->addAction({"OK", UIAlertActionStyle::kDefault, {}});
@@ -147,7 +147,7 @@ TEST_F(NoticeTest, WaitsWhileSomethingElseIsPresented) {
 
 // A button that was pressed by keyboard goes; the screen has the keyboard again, not nobody.
 TEST_F(NoticeTest, GivesTheKeyboardBack) {
-    Notice::show(services.ui, window, "Saved", {"Show in files", [] {}});
+    Notice::show(window, "Saved", {"Show in files", [] {}});
     settle();
     QStringList seen;
     while (seen.size() < 20 && !seen.contains("Show in files")) {

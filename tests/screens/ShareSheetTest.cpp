@@ -210,7 +210,7 @@ TEST_F(ShareSheetTest, WhatWasChangedElsewhereIsSaidAtTheNextStart) {
     for (const char* name : {"a.txt", "b.txt", "c.txt", "d.txt"}) {
         writeFile(*localPath(earlier.keep({file(name)})->first()), "changed");
     }
-    KeptEdits::recover(sharedItems, services.documents, services.ui, window);
+    KeptEdits::recover(sharedItems, services.documents, window);
     settle();
     qputenv("HOME", before);
     ASSERT_NE(Notice::shownIn(window), nullptr);
@@ -230,7 +230,6 @@ TEST_F(ShareSheetTest, SavesAllIntoANewFolderOfItsOwn) {
     std::optional<ItemSaving::Outcome> outcome;
     const auto saving =
         ItemSaving::start(*home,
-                          services.ui,
                           services.documents,
                           {.items = {file("a.txt"), file("b.txt")}, .newFolder = "Holiday"},
                           [&outcome](const ItemSaving::Outcome& result) { outcome = result; });

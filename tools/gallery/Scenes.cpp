@@ -207,9 +207,7 @@ void showOverlay(Stage& stage) {
 }
 
 void showNotice(Stage& stage) {
-    UIWindow& window = *stage.showHome()->window();
-    Notice::show(stage.services().ui,
-                 window,
+    Notice::show(*stage.showHome()->window(),
                  KeptEdits::text({fileUrl(KeptEdits::standardFolder() / "Letter to Grandma.odt")}),
                  {QStringLiteral("Show in files"), [] {}},
                  Notice::Stay::kUntilClosed);

@@ -16,9 +16,11 @@ class InstantiatiableXibProtocol {
     virtual void setView(OwnedItem view) = 0;
 
     // The content of the layout that is named after the class. A missing one stops the process.
-    [[nodiscard]] virtual OwnedItem loadViewFromNib();
+    [[nodiscard]] virtual OwnedItem loadViewFromNib() {
+        return ViewLoader::ofEngineOf(host()).load(host());
+    }
     // Puts the content into the host.
-    virtual void setUpFromNib();
+    virtual void setUpFromNib() { view()->setParentItem(&host()); }
 
   protected:
     // The view that holds the content, and gives it its size.

@@ -23,13 +23,9 @@ void tellScreenReaders(QObject& object, QAccessible::Event what) {
 
 }  // namespace
 
-void Notice::show(const UIContext& context,
-                  UIWindow& window,
-                  const QString& text,
-                  Action action,
-                  Stay stay) {
+void Notice::show(UIWindow& window, const QString& text, Action action, Stay stay) {
     Notice* const earlier = shownIn(window);
-    (new Notice(context, window, text, std::move(action), stay))->appear(context.viewLoader);
+    (new Notice(window, text, std::move(action), stay))->appear();
     if (earlier != nullptr && earlier->stay_ == Stay::kForAMoment) {
         earlier->close();
     } else if (earlier != nullptr) {
@@ -37,10 +33,10 @@ void Notice::show(const UIContext& context,
     }
 }
 
-void Notice::copy(const UIContext& context, UIWindow* window, const QString& text) {
+void Notice::copy(UIWindow* window, const QString& text) {
     QGuiApplication::clipboard()->setText(text);
     if (window != nullptr) {
-        show(context, *window, tr("Copied"));
+        show(*window, tr("Copied"));
     }
 }
 
@@ -55,20 +51,20 @@ Notice* Notice::shownIn(const UIWindow& window) {
     return shown;
 }
 
-Notice::Notice(const UIContext& context, UIWindow& window, QString text, Action action, Stay stay)
+Notice::Notice(UIWindow& window, QString text, Action action, Stay stay)
     : QObject(&window),
       window_(window),
       text_(std::move(text)),
       action_(std::move(action)),
       stay_(stay),
-      transition_(context.animator, [this] { emit presenceChanged(); }) {
+      transition_(window.context().animator, [this] { emit presenceChanged(); }) {
     time_.setSingleShot(true);
     time_.setInterval(action_.handler ? kTimeToAct : kTimeToRead);
     connect(&time_, &QTimer::timeout, this, &Notice::close);
 }
 
-void Notice::appear(ViewLoader& loader) {
-    item_ = loader.load(*this);
+void Notice::appear() {
+    item_ = window_.context().viewLoader.load(*this);
     item_->setParentItem(window_.contentItem());
     over_ = window_.topLayer();
     connect(&window_, &UIWindow::screensChanged, this, &Notice::waitOrComeBack);

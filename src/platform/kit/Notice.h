@@ -19,7 +19,7 @@ namespace pellumar {
 // covers nothing but its own place. What is presented later is not covered at all: the notice waits
 // until that has gone. It is for good news: what the user must answer is an alert.
 //
-//     Notice::show(context(), *window(), tr("Copied"));
+//     Notice::show(*window(), tr("Copied"));
 //
 // For the main thread.
 class Notice : public QObject {
@@ -45,13 +45,12 @@ class Notice : public QObject {
 
     // Shows a notice in `window`, in place of the one that is there: that is closed, or if only the
     // user closes it, comes back when this one has gone. It goes with the window.
-    static void show(const UIContext& context,
-                     UIWindow& window,
+    static void show(UIWindow& window,
                      const QString& text,
                      Action action = {},
                      Stay stay = Stay::kForAMoment);
     // Puts a text on the clipboard and says so, in the window if there is one.
-    static void copy(const UIContext& context, UIWindow* window, const QString& text);
+    static void copy(UIWindow* window, const QString& text);
     // The one that is there; null if there is none, or it is going.
     [[nodiscard]] static Notice* shownIn(const UIWindow& window);
 
@@ -70,9 +69,9 @@ class Notice : public QObject {
     void presenceChanged();
 
   private:
-    Notice(const UIContext& context, UIWindow& window, QString text, Action action, Stay stay);
+    Notice(UIWindow& window, QString text, Action action, Stay stay);
 
-    void appear(ViewLoader& loader);
+    void appear();
     // Whether something is presented that was not when this came, or a later notice is there.
     [[nodiscard]] bool mustWait() const;
     void waitOrComeBack();

@@ -29,7 +29,7 @@ void UIAlertController::choose(int index) {
 }
 
 void UIAlertController::copyReason() const {
-    Notice::copy(context(), window(), reason_.text + QStringLiteral("\n\n") + reason_.details);
+    Notice::copy(window(), reason_.text + QStringLiteral("\n\n") + reason_.details);
 }
 
 bool UIAlertController::goBack() {

@@ -24,13 +24,43 @@ DialogCard {
         color: Theme.textSecondary
         horizontalAlignment: Text.AlignHCenter
     }
-    AlertReason {
+    // What lies behind the message: apart from it, with a way to hand on what stands behind that.
+    Rectangle {
         Layout.fillWidth: true
+        implicitHeight: reason.implicitHeight + Theme.space3 + Theme.space1
         visible: root.controller.reason !== ""
-        text: root.controller.reason
-        remedy: root.controller.remedy
-        onCopied: root.controller.copyReason()
-        onRemedied: root.controller.chooseRemedy()
+        radius: Theme.controlRadius
+        color: Theme.background
+
+        ColumnLayout {
+            id: reason
+            x: Theme.space3
+            y: Theme.space3
+            width: parent.width - 2 * Theme.space3
+            spacing: 0
+
+            BodyText {
+                Layout.fillWidth: true
+                objectName: "reason"
+                text: root.controller.reason
+            }
+            QuietButton {
+                Layout.fillWidth: true
+                Layout.topMargin: Theme.space2
+                objectName: "remedy"
+                visible: text !== ""
+                text: root.controller.remedy
+                onClicked: root.controller.chooseRemedy()
+            }
+            QuietButton {
+                Layout.alignment: Qt.AlignRight
+                objectName: "copyReason"
+                rightPadding: 0
+                text: qsTr("Copy details")
+                color: Theme.textSecondary
+                onClicked: root.controller.copyReason()
+            }
+        }
     }
     InputField {
         Layout.fillWidth: true

@@ -1,10 +1,6 @@
 #pragma once
 
-#include <QSizeF>
-
 namespace pellumar {
-
-enum class UIUserInterfaceIdiom { kPhone, kPad };
 
 // What the program runs on. Values that a test may choose.
 struct UIDevice {

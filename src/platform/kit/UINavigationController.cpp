@@ -154,15 +154,6 @@ void UINavigationController::setStandardAppearance(BarAppearance appearance) {
     emit barChanged();
 }
 
-void UINavigationController::setScrollEdgeAppearance(BarAppearance appearance) {
-    scrollEdge_ = std::move(appearance);
-    emit barChanged();
-}
-
-QString UINavigationController::backTitle() const {
-    return canPop() ? stack_[stack_.size() - 2]->navigationItem()->backTitle() : QString();
-}
-
 QVariant UINavigationController::shadowColor() const {
     return standard_ ? QVariant(standard_->shadowColor) : QVariant();
 }

@@ -18,7 +18,6 @@ class UINavigationController : public UIViewController {
     QML_UNCREATABLE("Made in C++")
     Q_PROPERTY(pellumar::UINavigationItem* topItem READ topItem NOTIFY stackChanged)
     Q_PROPERTY(bool canPop READ canPop NOTIFY stackChanged)
-    Q_PROPERTY(QString backTitle READ backTitle NOTIFY stackChanged)
     Q_PROPERTY(bool isBarHidden READ isNavigationBarHidden NOTIFY barChanged)
     // The hairline's colour; invalid where the bar has the platform's own look.
     Q_PROPERTY(QVariant shadowColor READ shadowColor NOTIFY barChanged)
@@ -51,14 +50,13 @@ class UINavigationController : public UIViewController {
     using BarAppearance = std::shared_ptr<const UINavigationBarAppearance>;
     void setStandardAppearance(BarAppearance appearance);
     [[nodiscard]] BarAppearance standardAppearance() const { return standard_; }
-    // While the content is scrolled to its beginning.
-    void setScrollEdgeAppearance(BarAppearance appearance);
+    // While the content is scrolled to its beginning; nothing is drawn differently then.
+    void setScrollEdgeAppearance(BarAppearance appearance) { scrollEdge_ = std::move(appearance); }
     [[nodiscard]] BarAppearance scrollEdgeAppearance() const { return scrollEdge_; }
 
     bool goBack() override;
 
     [[nodiscard]] UINavigationItem* topItem() const { return stack_.back()->navigationItem(); }
-    [[nodiscard]] QString backTitle() const;
     [[nodiscard]] QVariant shadowColor() const;
 
   signals:

@@ -4,7 +4,6 @@
 #include <QObject>
 #include <QString>
 #include <functional>
-#include <optional>
 #include <utility>
 
 namespace pellumar {
@@ -17,15 +16,12 @@ class UINavigationItem : public QObject {
     Q_PROPERTY(QString title READ title NOTIFY changed)
     // The button at the right end; none if its title is empty.
     Q_PROPERTY(QString rightTitle READ rightTitle NOTIFY changed)
-    // The text beside the back arrow of the screen that is pushed over this one.
-    Q_PROPERTY(QString backTitle READ backTitle NOTIFY changed)
 
   public:
     using QObject::QObject;
 
     [[nodiscard]] QString title() const { return title_; }
     [[nodiscard]] QString rightTitle() const { return rightTitle_; }
-    [[nodiscard]] QString backTitle() const { return backTitle_.value_or(title_); }
 
     void setTitle(const QString& title) {
         title_ = title;
@@ -34,10 +30,6 @@ class UINavigationItem : public QObject {
     void setRightBarButtonItem(const QString& title, std::function<void()> action) {
         rightTitle_ = title;
         rightAction_ = std::move(action);
-        emit changed();
-    }
-    void setBackTitle(const QString& title) {
-        backTitle_ = title;
         emit changed();
     }
 
@@ -54,7 +46,6 @@ class UINavigationItem : public QObject {
     QString title_;
     QString rightTitle_;
     std::function<void()> rightAction_;
-    std::optional<QString> backTitle_;
 };
 
 }  // namespace pellumar

@@ -18,7 +18,6 @@ void UITabBarController::setTabs(std::vector<Tab> tabs) {
                     &UITabBarController::barChanged);
         }
     }
-    emit tabsChanged();
 }
 
 std::shared_ptr<UIViewController> UITabBarController::selectedViewController() const {
@@ -67,11 +66,6 @@ void UITabBarController::select(int index) {
 
 void UITabBarController::setStandardAppearance(BarAppearance appearance) {
     standard_ = std::move(appearance);
-    emit barChanged();
-}
-
-void UITabBarController::setScrollEdgeAppearance(BarAppearance appearance) {
-    scrollEdge_ = std::move(appearance);
     emit barChanged();
 }
 

@@ -21,8 +21,8 @@ class UITabBarController : public UIViewController {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("Made in C++")
-    Q_PROPERTY(QStringList titles READ titles NOTIFY tabsChanged)
-    Q_PROPERTY(QStringList images READ images NOTIFY tabsChanged)
+    Q_PROPERTY(QStringList titles READ titles CONSTANT)
+    Q_PROPERTY(QStringList images READ images CONSTANT)
     Q_PROPERTY(int selectedIndex READ selectedIndex NOTIFY selectionChanged)
     // Hidden while a screen shows that asked for it when it was pushed.
     Q_PROPERTY(bool isBarHidden READ isBarHidden NOTIFY barChanged)
@@ -48,7 +48,8 @@ class UITabBarController : public UIViewController {
     using BarAppearance = std::shared_ptr<const UITabBarAppearance>;
     void setStandardAppearance(BarAppearance appearance);
     [[nodiscard]] BarAppearance standardAppearance() const { return standard_; }
-    void setScrollEdgeAppearance(BarAppearance appearance);
+    // While the content is scrolled to its beginning; nothing is drawn differently then.
+    void setScrollEdgeAppearance(BarAppearance appearance) { scrollEdge_ = std::move(appearance); }
     [[nodiscard]] BarAppearance scrollEdgeAppearance() const { return scrollEdge_; }
 
     bool goBack() override;
@@ -59,7 +60,6 @@ class UITabBarController : public UIViewController {
     [[nodiscard]] bool hasOpaqueBar() const { return standard_ && standard_->hasOpaqueBackground; }
 
   signals:
-    void tabsChanged();
     void selectionChanged();
     void barChanged();
 

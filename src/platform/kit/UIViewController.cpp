@@ -23,37 +23,30 @@ UIViewController::~UIViewController() = default;
 QQuickItem& UIViewController::view() {
     if (!view_) {
         view_ = context_.viewLoader.load(*this);
-        awakeFromNib();
         viewDidLoad();
     }
     return *view_;
-}
-
-void UIViewController::awakeFromNib() {
-    // A screen that is pushed over this one shows the arrow and no text.
-    navigationItem_.setBackTitle(QString());
 }
 
 void UIViewController::setTitle(const QString& title) {
     navigationItem_.setTitle(title);
 }
 
-std::shared_ptr<UINavigationController> UIViewController::navigationController() const {
-    const std::shared_ptr<UIViewController> above = parent();
-    if (!above) {
-        return nullptr;
+template <typename Container>
+std::shared_ptr<Container> UIViewController::container() const {
+    std::shared_ptr<UIViewController> above = parent();
+    while (above && !std::dynamic_pointer_cast<Container>(above)) {
+        above = above->parent();
     }
-    auto found = std::dynamic_pointer_cast<UINavigationController>(above);
-    return found ? found : above->navigationController();
+    return std::dynamic_pointer_cast<Container>(above);
+}
+
+std::shared_ptr<UINavigationController> UIViewController::navigationController() const {
+    return container<UINavigationController>();
 }
 
 std::shared_ptr<UITabBarController> UIViewController::tabBarController() const {
-    const std::shared_ptr<UIViewController> above = parent();
-    if (!above) {
-        return nullptr;
-    }
-    auto found = std::dynamic_pointer_cast<UITabBarController>(above);
-    return found ? found : above->tabBarController();
+    return container<UITabBarController>();
 }
 
 void UIViewController::setWindow(UIWindow* window) {
@@ -78,9 +71,7 @@ bool UIViewController::isMoving() const {
            });
 }
 
-void UIViewController::present(const std::shared_ptr<UIViewController>& presented,
-                               bool animated,
-                               const Completion& completion) {
+void UIViewController::present(const std::shared_ptr<UIViewController>& presented, bool animated) {
     UIWindow* const where = window();
     if (where == nullptr) {
         qFatal("%s presents a screen, but is in no window.", metaObject()->className());
@@ -88,16 +79,16 @@ void UIViewController::present(const std::shared_ptr<UIViewController>& presente
     // The whole window is covered, so the topmost of its screens presents, whichever asked for it.
     const std::shared_ptr<UIViewController> top = where->topViewController();
     if (top && top->transition_.isLeaving()) {
-        top->transition_.whenSettled([self = weak_from_this(), presented, animated, completion] {
+        top->transition_.whenSettled([self = weak_from_this(), presented, animated] {
             const auto presenter = self.lock();
             if (presenter && presenter->window() != nullptr) {
-                presenter->present(presented, animated, completion);
+                presenter->present(presented, animated);
             }
         });
         return;
     }
     if (top && top.get() != this) {
-        top->present(presented, animated, completion);
+        top->present(presented, animated);
         return;
     }
     if (presented->transition_.state() != Transition::State::kGone) {
@@ -109,13 +100,10 @@ void UIViewController::present(const std::shared_ptr<UIViewController>& presente
     presented->beginAppearance(true, animated);
     where->addLayer(presented->view());
     presented->transition_.come(animated ? kPresentationTime : Transition::kAtOnce,
-                                [presented = presented.get(), animated, completion] {
+                                [presented = presented.get(), animated] {
                                     presented->endAppearance(animated);
                                     if (presented->window_) {
                                         presented->window_->layersChanged();
-                                    }
-                                    if (completion) {
-                                        completion();
                                     }
                                 });
 }
@@ -172,8 +160,6 @@ void UIViewController::beginAppearance(bool appearing, bool animated) {
     static_cast<void>(view());
     if (appearing) {
         viewWillAppear(animated);
-    } else {
-        viewWillDisappear(animated);
     }
     for (UIViewController* child : visibleChildren()) {
         child->beginAppearance(appearing, animated);
@@ -186,7 +172,6 @@ void UIViewController::endAppearance(bool animated) {
         viewDidAppear(animated);
     } else if (appearance_ == Appearance::kDisappearing) {
         appearance_ = Appearance::kDisappeared;
-        viewDidDisappear(animated);
     } else {
         return;
     }

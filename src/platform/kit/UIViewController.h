@@ -56,6 +56,8 @@ class UIViewController : public QObject, public std::enable_shared_from_this<UIV
     explicit UIViewController(const UIContext& context);
     ~UIViewController() override;
 
+    [[nodiscard]] const UIContext& context() const { return context_; }
+
     // The view, loaded with the first call.
     [[nodiscard]] QQuickItem& view();
     [[nodiscard]] bool isViewLoaded() const { return view_ != nullptr; }
@@ -71,13 +73,10 @@ class UIViewController : public QObject, public std::enable_shared_from_this<UIV
 
     // Shows `presented` over the whole window, above whatever is presented already, and holds it
     // until it has been dismissed. This must be in a window. While the topmost screen leaves, it
-    // waits for that; if this has left the window by then, it is let go. `completion` follows its
-    // viewDidAppear.
-    void present(const std::shared_ptr<UIViewController>& presented,
-                 bool animated,
-                 const Completion& completion = {});
+    // waits for that; if this has left the window by then, it is let go.
+    void present(const std::shared_ptr<UIViewController>& presented, bool animated);
     // Takes this presented screen away. What stands above it stays, on what was below it.
-    // `completion` follows the viewDidDisappear. A screen that is not presented, or leaves already,
+    // `completion` follows when it has gone. A screen that is not presented, or leaves already,
     // is not dismissed again: false, and `completion` is not called.
     bool dismissSelf(bool animated, const Completion& completion = {});
     [[nodiscard]] std::shared_ptr<UIViewController> presentedViewController() const {
@@ -88,7 +87,6 @@ class UIViewController : public QObject, public std::enable_shared_from_this<UIV
     }
 
     void setModalTransitionStyle(UIModalTransitionStyle style) { transitionStyle_ = style; }
-    [[nodiscard]] UIModalTransitionStyle modalTransitionStyle() const { return transitionStyle_; }
 
     void setHidesBottomBarWhenPushed(bool hides) { hidesBottomBar_ = hides; }
     [[nodiscard]] bool hidesBottomBarWhenPushed() const { return hidesBottomBar_; }
@@ -122,15 +120,10 @@ class UIViewController : public QObject, public std::enable_shared_from_this<UIV
     void presentationChanged();
 
   protected:
-    [[nodiscard]] const UIContext& context() const { return context_; }
-
     // Called in this order; an override calls the base's first.
-    virtual void awakeFromNib();
     virtual void viewDidLoad() {}
     virtual void viewWillAppear(bool /*animated*/) {}
     virtual void viewDidAppear(bool /*animated*/) {}
-    virtual void viewWillDisappear(bool /*animated*/) {}
-    virtual void viewDidDisappear(bool /*animated*/) {}
     // The contained controllers that come and go with this one.
     [[nodiscard]] virtual QList<UIViewController*> visibleChildren() const { return {}; }
 
@@ -141,6 +134,8 @@ class UIViewController : public QObject, public std::enable_shared_from_this<UIV
     }
 
   private:
+    template <typename Container>
+    [[nodiscard]] std::shared_ptr<Container> container() const;
     void leavePresentation();
 
     const UIContext context_;

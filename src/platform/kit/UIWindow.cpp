@@ -38,7 +38,7 @@ bool isWithinDoubleClick(quint64 earlier, quint64 later) {
 
 }  // namespace
 
-UIWindow::UIWindow() {
+UIWindow::UIWindow(const UIContext& context) : context_(context) {
     host_.setParentItem(contentItem());
     host_.setSize(contentItem()->size());
 }

@@ -15,11 +15,11 @@ class UIWindow : public QQuickWindow {
     Q_DISABLE_COPY_MOVE(UIWindow)
 
   public:
-    // From this width on the window is a desktop's or a tablet's.
-    static constexpr qreal kPadWidth = 600;
-
-    UIWindow();
+    explicit UIWindow(const UIContext& context);
     ~UIWindow() override;
+
+    // What all that it shows stands on.
+    [[nodiscard]] const UIContext& context() const { return context_; }
 
     // Replaces the root screen at once; null leaves the window empty. What the old one presented
     // goes with it.
@@ -30,9 +30,6 @@ class UIWindow : public QQuickWindow {
     // so. The root screen comes into view.
     void makeKeyAndVisible();
 
-    [[nodiscard]] UIUserInterfaceIdiom userInterfaceIdiom() const {
-        return width() < kPadWidth ? UIUserInterfaceIdiom::kPhone : UIUserInterfaceIdiom::kPad;
-    }
     // The area that screens have, as the screen of a phone.
     [[nodiscard]] QSizeF bounds() const { return size(); }
 
@@ -77,6 +74,7 @@ class UIWindow : public QQuickWindow {
     // So was the second press of a key that acts, if the first has changed the screen.
     [[nodiscard]] bool refusesKey(const QKeyEvent& press);
 
+    const UIContext context_;
     ViewHost host_;
     std::shared_ptr<UIViewController> root_;
     bool isShown_ = false;

@@ -1,7 +1,10 @@
 #pragma once
 
-#include <QObject>
+#include <QHash>
+#include <QQmlComponent>
+#include <QQmlEngine>
 #include <QQuickItem>
+#include <QStringList>
 #include <memory>
 
 namespace pellumar {
@@ -15,16 +18,32 @@ struct DeleteLater {
 // A view; it goes before its owner, whose properties it shows.
 using OwnedItem = std::unique_ptr<QQuickItem>;
 
-// Makes views from layout files. For the main thread.
-class ViewLoader {
+// Makes views from layout files, which are in the QML modules that are compiled into the program. A
+// layout is compiled once, however often it is loaded. For the main thread.
+class ViewLoader : public QObject {
+    Q_OBJECT
+
   public:
-    virtual ~ViewLoader() = default;
+    // `modules` are searched in their order: "Pellumar.Kit". The engine must outlive this, and has
+    // one loader.
+    ViewLoader(QQmlEngine& engine, const QStringList& modules);
+
+    // The loader of the engine that made the item. One that has none is a programming error and
+    // stops the process.
+    [[nodiscard]] static ViewLoader& ofEngineOf(const QQuickItem& item);
 
     // The view of the layout file that is named after the class of `owner`, without its namespace,
     // or else after the nearest of its base classes that has one. The layout's property
     // "controller" is the owner, which must outlive the view. A layout that is missing or broken is
     // a programming error and stops the process.
-    [[nodiscard]] virtual OwnedItem load(QObject& owner) = 0;
+    [[nodiscard]] OwnedItem load(QObject& owner);
+
+  private:
+    [[nodiscard]] QString layoutFile(const QMetaObject* type) const;
+
+    QQmlEngine& engine_;
+    QStringList folders_;
+    QHash<QString, std::shared_ptr<QQmlComponent>> components_;
 };
 
 // The item or object with this objectName in `view`, or the view itself. A missing one, or one of

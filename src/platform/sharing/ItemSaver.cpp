@@ -159,8 +159,7 @@ tl::expected<ItemSaver::Copies, FileCopyError> ItemSaver::copyAll(const QList<QU
             return tl::unexpected(
                 FileCopyError{item.fileName().toStdString(), make_error_code(reason)});
         }
-        // A folder may be named with a slash at its end.
-        const fs::path plain = from->has_filename() ? *from : from->parent_path();
+        const fs::path plain = withoutTrailingSlash(*from);
         fs::path copy = freePath(to, plain.filename());
         const auto copied =
             copyTree(plain, copy, [this](std::uint64_t /*bytes*/) { return isGoingOn_(); });

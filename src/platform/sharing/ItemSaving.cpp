@@ -43,26 +43,23 @@ QString failureText(const FileCopyError& error, const fs::path& folder) {
 }  // namespace
 
 std::shared_ptr<ItemSaving> ItemSaving::start(UIViewController& screen,
-                                              const UIContext& context,
                                               const DocumentServices& documents,
                                               Order order,
                                               Completion completion) {
     std::shared_ptr<ItemSaving> saving(
-        new ItemSaving(screen, context, documents, std::move(order), std::move(completion)));
+        new ItemSaving(screen, documents, std::move(order), std::move(completion)));
     const auto picker = makeController<UIDocumentPickerViewController>(
-        context, documents, QStringList{QStringLiteral("public.folder")}, false);
+        screen.context(), documents, QStringList{QStringLiteral("public.folder")}, false);
     picker->setDelegate(saving);
     screen.present(picker, true);
     return saving;
 }
 
 ItemSaving::ItemSaving(UIViewController& screen,
-                       const UIContext& context,
                        const DocumentServices& documents,
                        Order order,
                        Completion completion)
     : screen_(screen.weak_from_this()),
-      context_(context),
       documents_(documents),
       order_(std::move(order)),
       completion_(std::move(completion)),
@@ -82,7 +79,7 @@ void ItemSaving::documentPickerDidPickDocuments(const QList<QUrl>& urls) {
         end({});
         return;
     }
-    hud_ = MBProgressHUD::showAddedTo(context_, screen->view(), true);
+    hud_ = MBProgressHUD::showAddedTo(screen->context(), screen->view(), true);
     hud_->setLabel(savingText("Saving"));
     if (UIWindow* const window = screen->window()) {
         occupied_ = window->occupy();
@@ -133,8 +130,7 @@ void ItemSaving::sayThatItIsSaved(const fs::path& folder, const QList<QUrl>& sav
     }
     const QString what = saved.size() == 1 ? nameOf(*localPath(saved.first()))
                                            : savingText("%1 files").arg(saved.size());
-    Notice::show(context_,
-                 *screen->window(),
+    Notice::show(*screen->window(),
                  savingText("Saved %1 to %2").arg(what, nameOf(folder)),
                  showInFilesAction(saved));
 }

@@ -16,7 +16,7 @@ namespace pellumar {
 // The whole road of "Save to…": lets the user choose a folder, copies there in the background under
 // an overlay, and says in a notice what was saved and where, with "Show in files".
 //
-//     saving_ = ItemSaving::start(*this, context(), services_.documents,
+//     saving_ = ItemSaving::start(*this, services_.documents,
 //                                 {.items = urls_, .newFolder = "Holiday"},
 //                                 [self = weakly(this)](const ItemSaving::Outcome& outcome) { … });
 //
@@ -44,7 +44,6 @@ class ItemSaving : public UIDocumentPickerDelegate,
     // `completion` is called once, unless this is let go of before, or the picker is taken away
     // with all that is in the window.
     [[nodiscard]] static std::shared_ptr<ItemSaving> start(UIViewController& screen,
-                                                           const UIContext& context,
                                                            const DocumentServices& documents,
                                                            Order order,
                                                            Completion completion);
@@ -60,7 +59,6 @@ class ItemSaving : public UIDocumentPickerDelegate,
 
   private:
     ItemSaving(UIViewController& screen,
-               const UIContext& context,
                const DocumentServices& documents,
                Order order,
                Completion completion);
@@ -70,7 +68,6 @@ class ItemSaving : public UIDocumentPickerDelegate,
     void sayThatItIsSaved(const std::filesystem::path& folder, const QList<QUrl>& saved) const;
 
     const std::weak_ptr<UIViewController> screen_;
-    const UIContext context_;
     const DocumentServices documents_;
     const Order order_;
     Completion completion_;

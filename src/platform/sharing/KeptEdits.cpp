@@ -19,22 +19,16 @@ std::filesystem::path KeptEdits::standardFolder() {
 
 void KeptEdits::recover(const SharedItems& sharedItems,
                         const DocumentServices& documents,
-                        const UIContext& context,
                         UIWindow& window) {
-    documents.backgroundQueue.async([&sharedItems,
-                                     &mainQueue = documents.mainQueue,
-                                     context,
-                                     window = QPointer<UIWindow>(&window)] {
-        mainQueue.async([context, window, files = sharedItems.recoverChanged(standardFolder())] {
-            if (window != nullptr && !files.isEmpty()) {
-                Notice::show(context,
-                             *window,
-                             text(files),
-                             showInFilesAction(files),
-                             Notice::Stay::kUntilClosed);
-            }
+    documents.backgroundQueue.async(
+        [&sharedItems, &mainQueue = documents.mainQueue, window = QPointer<UIWindow>(&window)] {
+            mainQueue.async([window, files = sharedItems.recoverChanged(standardFolder())] {
+                if (window != nullptr && !files.isEmpty()) {
+                    Notice::show(
+                        *window, text(files), showInFilesAction(files), Notice::Stay::kUntilClosed);
+                }
+            });
         });
-    });
 }
 
 QString KeptEdits::text(const QList<QUrl>& files) {

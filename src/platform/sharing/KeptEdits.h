@@ -23,7 +23,6 @@ class KeptEdits {
     // must outlive the work.
     static void recover(const SharedItems& sharedItems,
                         const DocumentServices& documents,
-                        const UIContext& context,
                         UIWindow& window);
 
     // What is said of these files, of which there is at least one.

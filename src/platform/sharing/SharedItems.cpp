@@ -32,11 +32,6 @@ constexpr std::chrono::hours kMayBeOpen(24);
 // What each file was, by its path below the folder of the sharing.
 using Note = QMap<QByteArray, QByteArray>;
 
-// A folder may be named with a slash at its end.
-fs::path plainPath(const fs::path& path) {
-    return path.has_filename() ? path : path.parent_path();
-}
-
 tl::expected<void, FileCopyError> giveSecondName(const fs::path& item, const fs::path& to) {
     std::error_code error;
     fs::create_directories(to.parent_path(), error);
@@ -64,8 +59,10 @@ std::string newName() {
     return QUuid::createUuid().toString(QUuid::WithoutBraces).toStdString();
 }
 
-std::vector<fs::path> childrenOf(const fs::path& folder) {
-    std::vector<fs::path> children;
+using Paths = std::vector<fs::path>;
+
+Paths childrenOf(const fs::path& folder) {
+    Paths children;
     std::error_code ignored;
     fs::directory_iterator each(folder, ignored);
     for (; !ignored && each != fs::directory_iterator(); each.increment(ignored)) {
@@ -208,10 +205,11 @@ tl::expected<QList<QUrl>, FileCopyError> SharedItems::keep(const QList<QUrl>& it
             kept.append(item);
             continue;
         }
-        const fs::path name = plainPath(*path).filename();
+        const fs::path plain = withoutTrailingSlash(*path);
+        const fs::path name = plain.filename();
         const int number = namesakes[QByteArray::fromStdString(name)]++;
         const fs::path place = sharing / std::to_string(number) / name;
-        if (const auto given = giveSecondName(plainPath(*path), place); !given) {
+        if (const auto given = giveSecondName(plain, place); !given) {
             return tl::unexpected(given.error());
         }
         kept.append(fileUrl(place));
@@ -226,23 +224,13 @@ tl::expected<QList<QUrl>, FileCopyError> SharedItems::keep(const QList<QUrl>& it
     return kept;
 }
 
-std::vector<fs::path> SharedItems::earlier() const {
-    std::vector<fs::path> sharings;
-    for (const fs::path& run : childrenOf(folder_)) {
-        if (run.filename() != run_) {
-            const std::vector<fs::path> some = childrenOf(run);
-            sharings.insert(sharings.end(), some.begin(), some.end());
-        }
-    }
-    return sharings;
-}
-
 QList<QUrl> SharedItems::recoverChanged(const fs::path& into) const {
-    const std::vector<fs::path> sharings = earlier();
     QList<QUrl> recovered;
     QSet<QByteArray> kept;
-    for (const fs::path& sharing : sharings) {
-        recovered += recoverFrom(sharing, into, kept);
+    for (const fs::path& run : childrenOf(folder_)) {
+        for (const fs::path& sharing : run.filename() == run_ ? Paths() : childrenOf(run)) {
+            recovered += recoverFrom(sharing, into, kept);
+        }
     }
     return recovered;
 }

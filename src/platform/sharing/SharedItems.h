@@ -5,7 +5,6 @@
 #include <filesystem>
 #include <string>
 #include <tl/expected.hpp>
-#include <vector>
 
 #include "platform/documents/FileCopy.h"
 
@@ -38,8 +37,6 @@ class SharedItems {
     [[nodiscard]] QList<QUrl> recoverChanged(const std::filesystem::path& into) const;
 
   private:
-    [[nodiscard]] std::vector<std::filesystem::path> earlier() const;
-
     const std::filesystem::path folder_;
     const std::string run_;
 };

@@ -46,7 +46,6 @@ ShareTarget UIActivityViewController::saveTo() {
     const auto save = [this](const QList<QUrl>& items, const ShareTarget::Done& done) {
         saving_ = ItemSaving::start(
             *this,
-            context(),
             services_.documents,
             {.items = items, .newFolder = {}},
             [done](const ItemSaving::Outcome& outcome) {
@@ -117,7 +116,7 @@ void UIActivityViewController::end(const QString& activityType, const ShareTarge
     isBusy_ = false;
     if (result.isCompleted) {
         if (!result.notice.isEmpty() && window() != nullptr) {
-            Notice::show(context(), *window(), result.notice);
+            Notice::show(*window(), result.notice);
         }
         finish(activityType, result);
     } else if (!result.error.isEmpty()) {
@@ -153,10 +152,8 @@ void UIActivityViewController::finish(const std::optional<QString>& activityType
 }
 
 void UIActivityViewController::showFailure(const QString& failure) {
-    if (failure_ != failure) {
-        failure_ = failure;
-        emit failureChanged();
-    }
+    failure_ = failure;
+    emit failureChanged();
 }
 
 QString UIActivityViewController::heading() const {

@@ -1,4 +1,4 @@
-#include "platform/kit/QmlViewLoader.h"
+#include "platform/kit/ViewLoader.h"
 
 #include <QFile>
 #include <QVariantMap>
@@ -13,24 +13,24 @@ constexpr const char* kLoaderProperty = "pellumarViewLoader";
 
 }  // namespace
 
-QmlViewLoader::QmlViewLoader(QQmlEngine& engine, const QStringList& modules) : engine_(engine) {
+ViewLoader::ViewLoader(QQmlEngine& engine, const QStringList& modules) : engine_(engine) {
     for (QString module : modules) {
         folders_.append(":/qt-project.org/imports/" + module.replace('.', '/') + '/');
     }
     engine.setProperty(kLoaderProperty, QVariant::fromValue(this));
 }
 
-ViewLoader& QmlViewLoader::ofEngineOf(const QQuickItem& item) {
+ViewLoader& ViewLoader::ofEngineOf(const QQuickItem& item) {
     const QQmlEngine* const engine = qmlEngine(&item);
     auto* const loader =
-        engine == nullptr ? nullptr : engine->property(kLoaderProperty).value<QmlViewLoader*>();
+        engine == nullptr ? nullptr : engine->property(kLoaderProperty).value<ViewLoader*>();
     if (loader == nullptr) {
         qFatal("%s was not made by a layout.", item.metaObject()->className());
     }
     return *loader;
 }
 
-QString QmlViewLoader::layoutFile(const QMetaObject* type) const {
+QString ViewLoader::layoutFile(const QMetaObject* type) const {
     for (const QMetaObject* each = type; each != nullptr; each = each->superClass()) {
         for (const QString& folder : folders_) {
             const QString file = folder + unqualifiedName(*each) + ".qml";
@@ -42,21 +42,17 @@ QString QmlViewLoader::layoutFile(const QMetaObject* type) const {
     qFatal("There is no layout for a class.");
 }
 
-OwnedItem QmlViewLoader::load(QObject& owner) {
+OwnedItem ViewLoader::load(QObject& owner) {
     const QString file = layoutFile(owner.metaObject());
     std::shared_ptr<QQmlComponent>& component = components_[file];
     if (!component) {
         component = std::make_shared<QQmlComponent>(&engine_, QUrl(file));
     }
     QQmlEngine::setObjectOwnership(&owner, QQmlEngine::CppOwnership);
-    if (!component->isReady()) {
-        qFatal("The layout %s is broken: %s",
-               qUtf8Printable(file),
-               qUtf8Printable(component->errorString()));
-    }
-    QObject* made =
-        component->createWithInitialProperties({{"controller", QVariant::fromValue(&owner)}});
-    auto* item = qobject_cast<QQuickItem*>(made);
+    const QVariantMap controller{{"controller", QVariant::fromValue(&owner)}};
+    auto* item = component->isReady()
+                     ? qobject_cast<QQuickItem*>(component->createWithInitialProperties(controller))
+                     : nullptr;
     if (item == nullptr) {
         qFatal("The layout %s is broken: %s",
                qUtf8Printable(file),
