@@ -15,7 +15,7 @@ constexpr int kDosFirstYear = 1980;
 constexpr int kDosLastYear = 2107;
 constexpr int kTmFirstYear = 1900;
 constexpr int kHours = 24;
-constexpr int kMinutes = 60;  // of an hour, and seconds of a minute
+constexpr std::time_t kMinutes = 60;  // of an hour, and seconds of a minute
 constexpr DosDateTime kDosFirst{.time = 0, .date = (1U << 5U) | 1U};
 constexpr DosDateTime kDosLast{.time = (23U << 11U) | (59U << 5U) | 29U,
                                .date = (127U << 9U) | (12U << 5U) | 31U};
@@ -116,7 +116,7 @@ std::timespec DosDays::moment(DosDateTime dos) {
         time.tm_sec >= kMinutes) {
         return fromDosDateTime(dos);
     }
-    const int minutes = time.tm_hour * kMinutes + time.tm_min;
+    const std::time_t minutes = time.tm_hour * kMinutes + time.tm_min;
     return {.tv_sec = day.midnight + minutes * kMinutes + time.tm_sec, .tv_nsec = 0};
 }
 
