@@ -13,11 +13,10 @@ Archive::Archive(Writer writer, std::shared_ptr<const Password> password)
 Result<Archive> Archive::open(const std::filesystem::path& path,
                               AccessMode mode,
                               std::shared_ptr<const Password> password,
-                              std::stop_token stop) {
-    auto writer = Writer::create(path,
-                                 {.replace = mode == AccessMode::kReplace,
-                                  .sameNames = SameNames::kKeep,
-                                  .stop = std::move(stop)});
+                              WriterOptions options) {
+    options.replace = mode == AccessMode::kReplace;
+    options.sameNames = SameNames::kKeep;
+    auto writer = Writer::create(path, std::move(options));
     return writer ? Result<Archive>(Archive(*std::move(writer), std::move(password)))
                   : passOn(writer);
 }

@@ -3,7 +3,6 @@
 #include <cstddef>
 #include <filesystem>
 #include <memory>
-#include <stop_token>
 #include <string>
 #include <vector>
 
@@ -31,12 +30,12 @@ class Archive {
     // kCreate: makes a new file at `path`; kAlreadyExists if something stands there, now or when
     // the archive is closed.
     // kReplace: the same, but takes the place of a file or link that stands there.
-    // With a password, what is in the files is encrypted (AES-256). `stop` is asked between pieces
-    // of what is added: kCancelled.
+    // With a password, what is in the files is encrypted (AES-256). All else that `options` says
+    // counts as it does for a Writer.
     [[nodiscard]] static Result<Archive> open(const std::filesystem::path& path,
                                               AccessMode mode,
                                               std::shared_ptr<const Password> password = nullptr,
-                                              std::stop_token stop = {});
+                                              WriterOptions options = {});
 
     // Adds the file or folder `base`/`path` as the entry `path`, with its permissions and its
     // modification time. A "\" in it, or a beginning like that of a drive ("C:x"), would lead

@@ -106,6 +106,7 @@ class Creation {
         Result<> made;
         {
             ProgressLine line(messages_);
+            line.expect(sources_.bytes());
             made = make(password, interruption, line);
         }
         if (made) {
@@ -122,11 +123,13 @@ class Creation {
     // As many entries as are held at once.
     static constexpr std::size_t kBatch = 32UL * 1024;
 
+    [[nodiscard]] std::string name() const {
+        return goesToStandardOutput(arguments_) ? "standard output" : arguments_.archive.native();
+    }
+
     int fail(const archive::Error& error) {
         hasFailures_ = true;
-        return messages_.fail(
-            (goesToStandardOutput(arguments_) ? "standard output" : arguments_.archive.native()) +
-            ": " + error.describe());
+        return messages_.fail(name() + ": " + error.describe());
     }
 
     Result<> make(const std::shared_ptr<const archive::Password>& password,
@@ -135,7 +138,7 @@ class Creation {
         auto writer = open({.replace = arguments_.force,
                             .reproducible = arguments_.reproducible,
                             .stop = interruption.token(),
-                            .progress = progress(line)});
+                            .progress = line.handler()});
         if (!writer) {
             return archive::passOn(writer);
         }
@@ -155,7 +158,7 @@ class Creation {
         if (auto closed = writer->close(); !closed) {
             return closed;
         }
-        messages_.warn(arguments_.archive.native(), writer->warnings());
+        messages_.warn(name(), writer->warnings());
         messages_.remark(humanCount(sources_.size()) + ", " + humanSize(sources_.bytes()));
         return {};
     }
@@ -187,20 +190,6 @@ class Creation {
                     return Writer::Next::kGoOn;
             }
         });
-    }
-
-    // Of all batches together, which the writer knows one by one.
-    archive::ProgressHandler progress(ProgressLine& line) {
-        if (!messages_.hasStatus()) {
-            return {};
-        }
-        return [this, &line](const archive::Progress& done) {
-            line.show({.entriesDone = done.entriesDone,
-                       .entriesTotal = sources_.size(),
-                       .bytesDone = done.bytesDone,
-                       .bytesTotal = sources_.bytes(),
-                       .entry = done.entry});
-        };
     }
 
     const CreateArguments& arguments_;

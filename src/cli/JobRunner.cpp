@@ -14,7 +14,6 @@
 #include "cli/Output.h"
 #include "cli/PasswordSource.h"
 #include "cli/ReportLines.h"
-#include "cli/TerminalProgress.h"
 #include "platform/FileUrl.h"
 
 namespace pellumar {
@@ -46,6 +45,19 @@ tl::expected<Paths, std::string> pathsOf(const Paths& arguments) {
     return paths;
 }
 
+// In bytes; of what has none, or cannot be looked at, nothing.
+std::uint64_t sizeOf(const Paths& files) {
+    std::uint64_t size = 0;
+    for (const fs::path& file : files) {
+        std::error_code unknown;
+        if (fs::is_regular_file(file, unknown)) {
+            const std::uintmax_t bytes = fs::file_size(file, unknown);
+            size += unknown ? 0 : bytes;
+        }
+    }
+    return size;
+}
+
 }  // namespace
 
 JobRunner::JobRunner(const WorkspaceArguments& arguments,
@@ -53,13 +65,15 @@ JobRunner::JobRunner(const WorkspaceArguments& arguments,
                      Messages& messages,
                      const FileSystem& fileSystem,
                      ZipManager& zipManager,
-                     Interruption& interruption)
+                     Interruption& interruption,
+                     ProgressLine& progress)
     : arguments_(arguments),
       endWithNul_(endWithNul),
       messages_(messages),
       fileSystem_(fileSystem),
       zipManager_(zipManager),
-      interruption_(interruption) {}
+      interruption_(interruption),
+      progress_(progress) {}
 
 int JobRunner::run() {
     return arguments_.operation == OperationType::kZip ? zip() : unzip();
@@ -75,18 +89,13 @@ int JobRunner::zip() {
     }
     warnOfFolders();
     fileSystem_.createFolders();
-    std::shared_ptr<TerminalProgress> progress;
-    if (messages_.hasStatus()) {
-        progress = std::make_shared<TerminalProgress>(stderr, paths->size());
-        zipManager_.setDelegate(progress);
-    }
+    progress_.expect(sizeOf(*paths));
     QList<QUrl> urls;
     std::transform(paths->begin(), paths->end(), std::back_inserter(urls), fileUrl);
     QEventLoop loop;
     zipManager_.zip(urls,
                     QString::fromStdString(arguments_.title),
                     [&](const std::optional<QUrl>& archive, const JobReport& report) {
-                        progress.reset();
                         // One whose archive could not be created calls itself a success.
                         loop.exit(finish(archive ? QList{*archive} : QList<QUrl>(), report));
                     });
@@ -139,6 +148,7 @@ int JobRunner::unzip() {
 }
 
 int JobRunner::finish(const QList<QUrl>& files, const JobReport& report) const {
+    messages_.clearStatus();
     if (report.failureCount() > 0 && interruption_.token().stop_requested()) {
         messages_.fail("interrupted; nothing of it stays");
         return interruption_.exitCode();

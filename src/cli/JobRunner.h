@@ -10,6 +10,7 @@
 #include "cli/Arguments.h"
 #include "cli/Interruption.h"
 #include "cli/Messages.h"
+#include "cli/ProgressLine.h"
 #include "engine/FileSystem.h"
 #include "engine/ZipManager.h"
 
@@ -25,7 +26,8 @@ class JobRunner {
               Messages& messages,
               const FileSystem& fileSystem,
               ZipManager& zipManager,
-              Interruption& interruption);
+              Interruption& interruption,
+              ProgressLine& progress);
 
     // Returns when the job is over; needs the QCoreApplication. The value is what the program
     // returns.
@@ -55,6 +57,7 @@ class JobRunner {
     const FileSystem& fileSystem_;
     ZipManager& zipManager_;
     Interruption& interruption_;
+    ProgressLine& progress_;
 };
 
 }  // namespace pellumar

@@ -85,24 +85,22 @@ void ProgressLine::show(const archive::Progress& progress) {
         return;
     }
     shown_ = now;
+    const std::uint64_t total = progress.bytesTotal > 0 ? progress.bytesTotal : expected_;
     const double speed = rate(progress.bytesDone, now);
     std::string line;
-    if (progress.bytesTotal > 0) {
+    if (total > 0) {
         constexpr std::uint64_t kWhole = 100;
-        const double part =
-            static_cast<double>(progress.bytesDone) / static_cast<double>(progress.bytesTotal);
+        const double part = static_cast<double>(progress.bytesDone) / static_cast<double>(total);
         line = std::to_string(std::min(static_cast<std::uint64_t>(part * kWhole), kWhole)) +
-               " %  " + humanSize(progress.bytesDone) + " of " + humanSize(progress.bytesTotal);
+               " %  " + humanSize(progress.bytesDone) + " of " + humanSize(total);
     } else {
         line = humanSize(progress.bytesDone);
     }
     if (speed >= 1) {
         line += "  " + humanSize(static_cast<std::uint64_t>(speed)) + "/s";
-        if (progress.bytesTotal > progress.bytesDone) {
+        if (total > progress.bytesDone) {
             line +=
-                "  " +
-                humanTime(static_cast<double>(progress.bytesTotal - progress.bytesDone) / speed) +
-                " left";
+                "  " + humanTime(static_cast<double>(total - progress.bytesDone) / speed) + " left";
         }
     }
     // The last column stays free: some terminals break the line there.

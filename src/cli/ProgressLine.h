@@ -17,6 +17,8 @@ class ProgressLine {
     ProgressLine(const ProgressLine&) = delete;
     ProgressLine& operator=(const ProgressLine&) = delete;
 
+    // How many bytes there will be, of a job that does not tell.
+    void expect(std::uint64_t bytes) { expected_ = bytes; }
     // To be given to the job; empty if nobody would see the status.
     [[nodiscard]] archive::ProgressHandler handler();
     // One call at a time.
@@ -29,6 +31,7 @@ class ProgressLine {
     double rate(std::uint64_t bytesDone, Clock::time_point now);
 
     Messages& messages_;
+    std::uint64_t expected_ = 0;
     Clock::time_point shown_;
     Clock::time_point measured_;
     std::uint64_t bytesMeasured_ = 0;

@@ -20,6 +20,7 @@
 #include "cli/JobRunner.h"
 #include "cli/ListCommand.h"
 #include "cli/Messages.h"
+#include "cli/ProgressLine.h"
 #include "cli/SalvageCommand.h"
 #include "cli/SilentConsole.h"
 #include "cli/TestCommand.h"
@@ -110,6 +111,7 @@ int runInWorkspace(const WorkspaceArguments& arguments,
     const UserSettings settings(noPreferences);
     const PellumarAnalytics analytics(settings, engine);
     Interruption interruption;
+    ProgressLine progress(messages);
     MainDispatchQueue mainQueue;
     GlobalDispatchQueue backgroundQueue;
     const std::shared_ptr<ZipManager> zipManager = ZipManager::create({
@@ -119,9 +121,15 @@ int runInWorkspace(const WorkspaceArguments& arguments,
         .mainQueue = mainQueue,
         .backgroundQueue = backgroundQueue,
         .stop = interruption.token(),
+        .progress = progress.handler(),
     });
-    return JobRunner(
-               arguments, commandLine.endWithNul, messages, fileSystem, *zipManager, interruption)
+    return JobRunner(arguments,
+                     commandLine.endWithNul,
+                     messages,
+                     fileSystem,
+                     *zipManager,
+                     interruption,
+                     progress)
         .run();
 }
 

@@ -54,7 +54,10 @@ CompressionJob::CompressionJob(const ZipManager::Environment& environment,
         environment_.fileSystem.removeItem(archiveUrl_);
     }
     archive::Result<Archive> created =
-        Archive::open(*path, archive::AccessMode::kReplace, std::move(password), environment_.stop);
+        Archive::open(*path,
+                      archive::AccessMode::kReplace,
+                      std::move(password),
+                      {.stop = environment_.stop, .progress = environment_.progress});
     if (!created) {
         // The earlier one must not pass for the new one.
         environment_.fileSystem.removeItem(archiveUrl_);

@@ -128,8 +128,11 @@ Result<archive::UnzipReport> ExtractionJob::unzip(const path& from, const path& 
         }
         reader_ = std::make_shared<const archive::Reader>(*std::move(opened));
     }
-    return archive::unzipItem(
-        *reader_, to, {.password = password_.get(), .stop = environment_.stop});
+    return archive::unzipItem(*reader_,
+                              to,
+                              {.password = password_.get(),
+                               .stop = environment_.stop,
+                               .progress = environment_.progress});
 }
 
 Result<FileSystem::Contents> ExtractionJob::run() {

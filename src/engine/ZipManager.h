@@ -10,6 +10,7 @@
 #include <stop_token>
 #include <vector>
 
+#include "archive/base/Progress.h"
 #include "engine/FileSystem.h"
 #include "engine/JobReport.h"
 #include "engine/PasswordRequest.h"
@@ -47,6 +48,8 @@ class ZipManager : public std::enable_shared_from_this<ZipManager> {
         std::shared_ptr<const Originals> originals = nullptr;
         // Asks every job but a rescue to end as a failed one (kCancelled), which leaves nothing.
         std::stop_token stop = {};
+        // Told how far each of them is. May be empty.
+        archive::ProgressHandler progress = {};
     };
 
     // The value tells success. The report beside it tells why not, and is good for the call only.

@@ -491,25 +491,31 @@ class InterruptionTest(ArchivesTest):
     def test_nothing_half_is_left(self):
         self.write("big/one")
         os.truncate(self.folder / "big/one", 1 << 36)
-        ours, theirs = pty.openpty()
-        process = subprocess.Popen([PROGRAM, "create", "a.zip", "big"], cwd=self.folder,
-                                   env=self.environment, stdin=theirs, stdout=theirs,
-                                   stderr=theirs, start_new_session=True)
-        os.close(theirs)
-        sent = b""
-        asked = False
-        try:
-            while block := os.read(ours, 4096):
-                sent += block
-                if not asked and re.search(rb"% .* of 69 GB .*/s .* left .*big/one", sent):
-                    process.send_signal(signal.SIGINT)
-                    asked = True
-        except OSError as error:
-            self.assertEqual(error.errno, errno.EIO)
-        os.close(ours)
-        self.assertEqual(process.wait(timeout=60), 130, sent)
-        self.assertTrue(sent.endswith(b"pellumar: interrupted; no archive was made\r\n"), sent)
-        self.assertEqual(os.listdir(self.folder), ["big"])
+        for command, words in ((["create", "a.zip", "big"], b"no archive was made"),
+                               (["--documents", "W", "zip", "T", "big/one"],
+                                b"nothing of it stays")):
+            ours, theirs = pty.openpty()
+            process = subprocess.Popen([PROGRAM, *command], cwd=self.folder, env=self.environment,
+                                       stdin=theirs, stdout=theirs, stderr=theirs,
+                                       start_new_session=True)
+            os.close(theirs)
+            sent = b""
+            asked = False
+            try:
+                while block := os.read(ours, 4096):
+                    sent += block
+                    if not asked and re.search(rb"% .* of 69 GB .*/s .* left .*one", sent):
+                        process.send_signal(signal.SIGINT)
+                        asked = True
+            except OSError as error:
+                self.assertEqual(error.errno, errno.EIO)
+            os.close(ours)
+            self.assertEqual(process.wait(timeout=60), 130, sent)
+            self.assertTrue(sent.endswith(b"pellumar: interrupted; " + words + b"\r\n"), sent)
+        self.assertEqual(sorted(os.listdir(self.folder)), ["W", "big"])
+        self.assertEqual(os.listdir(self.folder / "W/outputs/zipOutputs"), [])
+        self.assertFalse((self.folder / "W/outputs/T.zip").exists())
+
 
 
 if __name__ == "__main__":
