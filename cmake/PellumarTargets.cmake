@@ -5,8 +5,11 @@
 get_filename_component(PELLUMAR_ROOT "${CMAKE_CURRENT_LIST_DIR}/.." ABSOLUTE)
 
 set(PELLUMAR_WARNINGS
-    -Wall -Wextra -Wpedantic -Werror -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
+    -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual
     -Wcast-qual -Wformat=2 -Wimplicit-fallthrough -Wnull-dereference)
+if(PELLUMAR_WARNINGS_ARE_ERRORS)
+    list(APPEND PELLUMAR_WARNINGS -Werror)
+endif()
 
 # Warnings, sanitizers and include root of everything that is ours.
 function(pellumar_compile target)
