@@ -12,6 +12,7 @@
 
 #include "cli/Arguments.h"
 #include "cli/InputFile.h"
+#include "cli/Interruption.h"
 
 namespace pellumar {
 namespace {
@@ -195,11 +196,16 @@ ArchiveInput::Outcome<std::shared_ptr<const archive::Password>> ArchiveInput::as
     if (!readable && readable.error().code != ErrorCode::kWrongPassword) {
         return tl::unexpected(fail(readable.error()));
     }
+    // A signal would leave the terminal silent.
+    Interruption interruption;
     for (int asked = 1;; ++asked) {
-        auto answer = askOnTerminal(name_);
+        auto answer = askOnTerminal(name_, interruption.token());
+        if (!answer && answer.error() == NoAnswer::kInterrupted) {
+            interruption.interrupt(SIGINT);
+            return tl::unexpected(interruption.exitCode());
+        }
         if (!answer) {
-            return tl::unexpected(answer.error() == NoAnswer::kInterrupted ? kExitSignal + SIGINT
-                                                                           : fail(kNeedsPassword));
+            return tl::unexpected(fail(kNeedsPassword));
         }
         const auto checked = reader_.checkPassword(**answer, entries);
         if (checked) {

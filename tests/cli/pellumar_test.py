@@ -158,6 +158,10 @@ class UnzipTest(ProgramTest):
                                               asked=b"Password of a.zip: ")
             self.assertEqual(code, expected, sent)
             self.assertNotIn(answer.strip(), sent)
+        for command in (["unzip", "a.zip"], ["test", "a.zip"], ["salvage", "a.zip", "--to", "x"]):
+            code, sent = self.run_on_terminal("-q", *command, answer=signal.SIGTERM,
+                                              asked=b"Password of a.zip: ")
+            self.assertEqual(code, 143, sent)
 
     def test_shows_progress_on_a_terminal(self):
         self.write("noise", os.urandom(2 << 20).hex().encode())

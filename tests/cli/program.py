@@ -51,7 +51,8 @@ class ProgramTest(unittest.TestCase):
     def run_on_terminal(self, *arguments, asked=None, answer=b""):
         """Returns (exit code, what the terminal was sent) with both streams on it.
 
-        Once what was sent ends with `asked`, the answer is typed.
+        Once what was sent ends with `asked`, the answer is typed, or is sent if it is a signal.
+        However it ends, what is typed is shown again.
         """
         ours, theirs = pty.openpty()
         process = subprocess.Popen([PROGRAM, "--documents", "W", *arguments], cwd=self.folder,
@@ -65,9 +66,13 @@ class ProgramTest(unittest.TestCase):
                     # What is typed before the echo is off is dropped.
                     while termios.tcgetattr(ours)[3] & termios.ECHO:
                         time.sleep(0.01)
-                    os.write(ours, answer)
+                    if isinstance(answer, bytes):
+                        os.write(ours, answer)
+                    else:
+                        process.send_signal(answer)
                     asked = None
         except OSError:
             pass  # The other side is closed.
+        self.assertTrue(termios.tcgetattr(ours)[3] & termios.ECHO, sent)
         os.close(ours)
         return process.wait(timeout=120), sent
