@@ -5,18 +5,14 @@
 #include <algorithm>
 #include <cstring>
 
+#include "archive/codecs/KeyDerivation.h"
+
 namespace pellumar::archive {
 
 namespace {
 
-constexpr unsigned kRounds = 1000;
-
 std::size_t keySize(unsigned strength) {
     return 8 * (strength + std::size_t{1});
-}
-
-const std::uint8_t* bytesOf(const Password& password) {
-    return asBytes(password.text()).data();
 }
 
 // In words; the compiler takes several at once.
@@ -49,19 +45,37 @@ Result<std::unique_ptr<AesStream>> AesStream::create(unsigned strength,
     if (nettle == nullptr) {
         return failure(ErrorCode::kEncryptionNotInstalled);
     }
-    // The keys for cipher and code, and the check bytes.
-    std::array<std::uint8_t, std::size_t{2} * AES256_KEY_SIZE + kCheckSize> keys{};
-    const MutableBytes made = MutableBytes(keys).first(2 * keySize(strength) + kCheckSize);
-    nettle->deriveKey(password.text().size(),
-                      bytesOf(password),
-                      kRounds,
-                      salt.size(),
-                      salt.data(),
-                      made.size(),
-                      made.data());
-    std::unique_ptr<AesStream> stream(new AesStream(*nettle, strength, made));
+    const KeyDerivation derivation(*nettle, password, salt);
+    const std::size_t size = 2 * keySize(strength) + kCheckSize;
+    // The keys for cipher and code, and the check bytes; the last block is cut off.
+    std::array<std::uint8_t, 4 * KeyDerivation::kBlockSize> keys{};
+    for (std::size_t done = 0; done < size; done += KeyDerivation::kBlockSize) {
+        auto block = derivation.block(static_cast<std::uint32_t>(done / KeyDerivation::kBlockSize));
+        std::copy(block.begin(), block.end(), keys.begin() + static_cast<std::ptrdiff_t>(done));
+        ::explicit_bzero(block.data(), block.size());
+    }
+    std::unique_ptr<AesStream> stream(new AesStream(*nettle, strength, ByteView(keys).first(size)));
     ::explicit_bzero(keys.data(), keys.size());
     return stream;
+}
+
+Result<bool> AesStream::isPassword(unsigned strength,
+                                   const Password& password,
+                                   ByteView salt,
+                                   ByteView expected) {
+    const Nettle* const nettle = Nettle::get();
+    if (nettle == nullptr) {
+        return failure(ErrorCode::kEncryptionNotInstalled);
+    }
+    // Whatever the strength, they lie within the last block.
+    const std::size_t start = 2 * keySize(strength);
+    const auto number = static_cast<std::uint32_t>(start / KeyDerivation::kBlockSize);
+    auto block = KeyDerivation(*nettle, password, salt).block(number);
+    const bool equal =
+        nettle->areEqual(
+            block.data() + start % KeyDerivation::kBlockSize, expected.data(), kCheckSize) != 0;
+    ::explicit_bzero(block.data(), block.size());
+    return equal;
 }
 
 AesStream::AesStream(const Nettle& nettle, unsigned strength, ByteView keys)

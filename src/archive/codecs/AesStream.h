@@ -25,11 +25,17 @@ class AesStream {
     // `strength` is 1, 2 or 3, for keys of 128, 192 and 256 bits.
     [[nodiscard]] static std::size_t saltSize(unsigned strength);
 
-    // `salt` is saltSize(strength) long. Takes about half a millisecond.
+    // `salt` is saltSize(strength) long. Takes a third of a millisecond.
     // kEncryptionNotInstalled if the machine has no library for it.
     [[nodiscard]] static Result<std::unique_ptr<AesStream>> create(unsigned strength,
                                                                    const Password& password,
                                                                    ByteView salt);
+
+    // Whether the check bytes of a stream made so are `expected`, in a fraction of the time.
+    [[nodiscard]] static Result<bool> isPassword(unsigned strength,
+                                                 const Password& password,
+                                                 ByteView salt,
+                                                 ByteView expected);
 
     AesStream(const AesStream&) = delete;
     AesStream& operator=(const AesStream&) = delete;

@@ -56,6 +56,16 @@ Result<std::unique_ptr<Decryptor>> makeAes(unsigned strength,
     return std::make_unique<AesDecryptor>(std::move(*stream));
 }
 
+Result<> tryAes(unsigned strength, const Password& password, ByteView header) {
+    const std::size_t saltSize = AesStream::saltSize(strength);
+    auto fits =
+        AesStream::isPassword(strength, password, header.first(saltSize), header.subspan(saltSize));
+    if (!fits) {
+        return passOn(fits);
+    }
+    return *fits ? Result<>() : failure(ErrorCode::kWrongPassword);
+}
+
 Result<std::unique_ptr<Decryptor>> makeTraditional(const Encryption& encryption,
                                                    const Password& password,
                                                    ByteView header) {
@@ -98,6 +108,14 @@ Result<std::unique_ptr<Decryptor>> makeDecryptor(const Encryption& encryption,
     return encryption.kind == Encryption::Kind::kAes
                ? makeAes(encryption.aesStrength, password, header)
                : makeTraditional(encryption, password, header);
+}
+
+Result<> tryPassword(const Encryption& encryption, const Password& password, ByteView header) {
+    if (encryption.kind == Encryption::Kind::kAes) {
+        return tryAes(encryption.aesStrength, password, header);
+    }
+    auto made = makeTraditional(encryption, password, header);
+    return made ? Result<>() : passOn(made);
 }
 
 }  // namespace pellumar::archive

@@ -60,4 +60,9 @@ class Decryptor {
                                                                const Password& password,
                                                                ByteView header);
 
+// Whether makeDecryptor() would take the password; with AES in a quarter of the time.
+[[nodiscard]] Result<> tryPassword(const Encryption& encryption,
+                                   const Password& password,
+                                   ByteView header);
+
 }  // namespace pellumar::archive

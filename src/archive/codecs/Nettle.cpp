@@ -49,7 +49,7 @@ const Nettle* load() {
                           find(library, "nettle_hmac_sha1_set_key", nettle.setCodeKey) &&
                           find(library, "nettle_hmac_sha1_update", nettle.updateCode) &&
                           find(library, "nettle_hmac_sha1_digest", nettle.finishCode) &&
-                          find(library, "nettle_pbkdf2_hmac_sha1", nettle.deriveKey) &&
+                          find(library, "nettle_sha1_compress", nettle.compress) &&
                           find(library, "nettle_memeql_sec", nettle.areEqual);
     return complete ? &nettle : nullptr;
 }

@@ -3,7 +3,7 @@
 #include <nettle/aes.h>
 #include <nettle/hmac.h>
 #include <nettle/memops.h>
-#include <nettle/pbkdf2.h>
+#include <nettle/sha1.h>
 
 namespace pellumar::archive {
 
@@ -19,7 +19,8 @@ struct Nettle {
     decltype(&::nettle_hmac_sha1_set_key) setCodeKey = nullptr;
     decltype(&::nettle_hmac_sha1_update) updateCode = nullptr;
     decltype(&::nettle_hmac_sha1_digest) finishCode = nullptr;
-    decltype(&::nettle_pbkdf2_hmac_sha1) deriveKey = nullptr;
+    // One block of SHA-1, as the processor does it best.
+    decltype(&::nettle_sha1_compress) compress = nullptr;
     // Equality, in a time that does not depend on the bytes.
     decltype(&::nettle_memeql_sec) areEqual = nullptr;
 

@@ -203,27 +203,41 @@ Result<> EntryReader::checkPassword(const EntryData& data) {
         return Failure(
             std::move(located.error()).about(data.entry.path, data.entry.localHeaderOffset));
     }
-    auto decryptor = decryptorFor(*located);
-    if (!decryptor) {
+    auto tried = encryptionHeaderOf(*located).and_then([&](const EncryptionHeader& header) {
+        return tryPassword(located->encryption,
+                           *password_,
+                           ByteView(header).first(located->encryption.headerSize()));
+    });
+    if (!tried) {
         return Failure(
-            std::move(decryptor.error()).about(data.entry.path, data.entry.localHeaderOffset));
+            std::move(tried.error()).about(data.entry.path, data.entry.localHeaderOffset));
     }
     return {};
 }
 
 Result<std::unique_ptr<Decryptor>> EntryReader::decryptorFor(const Located& located) const {
+    auto header = encryptionHeaderOf(located);
+    if (!header) {
+        return passOn(header);
+    }
+    return makeDecryptor(
+        located.encryption, *password_, ByteView(*header).first(located.encryption.headerSize()));
+}
+
+Result<EntryReader::EncryptionHeader> EntryReader::encryptionHeaderOf(
+    const Located& located) const {
     if (auto installed = checkIsInstalled(located.encryption); !installed) {
         return passOn(installed);
     }
     if (password_ == nullptr) {
         return failure(ErrorCode::kEncrypted);
     }
-    std::array<std::uint8_t, Encryption::kLongestHeader> buffer{};
-    const MutableBytes header = MutableBytes(buffer).first(located.encryption.headerSize());
-    if (auto read = file_.readExactlyAt(located.dataOffset, header); !read) {
+    EncryptionHeader header{};
+    const MutableBytes bytes = MutableBytes(header).first(located.encryption.headerSize());
+    if (auto read = file_.readExactlyAt(located.dataOffset, bytes); !read) {
         return passOn(read);
     }
-    return makeDecryptor(located.encryption, *password_, header);
+    return header;
 }
 
 Result<ByteView> EntryReader::window(std::uint64_t offset,

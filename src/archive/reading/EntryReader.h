@@ -151,6 +151,9 @@ class EntryReader {
     // Hands all of what was started to the sink.
     [[nodiscard]] Result<> stream(DataSink& sink);
     [[nodiscard]] Result<std::unique_ptr<Decryptor>> decryptorFor(const Located& located) const;
+    // In front of an encrypted entry's data, if there is a password to try on it.
+    using EncryptionHeader = std::array<std::uint8_t, Encryption::kLongestHeader>;
+    [[nodiscard]] Result<EncryptionHeader> encryptionHeaderOf(const Located& located) const;
     [[nodiscard]] Result<> checkDescriptor(const EntryData& data, const Located& located);
     [[nodiscard]] Result<Decoder*> decoderFor(const EntryData& data);
 
