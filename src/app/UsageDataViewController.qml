@@ -89,25 +89,14 @@ Sheet {
                 text: root.controller.summary
             }
         }
-        RowLayout {
-            Layout.fillWidth: true
+        SheetFoot {
             Layout.leftMargin: Theme.space3
             Layout.rightMargin: Theme.space3
-            QuietButton {
-                Layout.fillWidth: true
-                objectName: "copyButton"
-                text: qsTr("Copy all")
-                color: Theme.text
-                enabled: root.controller.canCopy
-                onClicked: root.controller.copyTapped()
-            }
-            QuietButton {
-                Layout.fillWidth: true
-                objectName: "doneButton"
-                focus: list.count === 0
-                text: qsTr("Done")
-                onClicked: root.controller.doneTapped()
-            }
+            copyTitle: qsTr("Copy all")
+            canCopy: root.controller.canCopy
+            closeFocus: list.count === 0
+            onCopied: root.controller.copyTapped()
+            onClosed: root.controller.doneTapped()
         }
     }
 }

@@ -22,6 +22,8 @@ RowLayout {
         color: Theme.textSecondary
     }
     QuietButton {
+        // Its words end where the lines do.
+        Layout.rightMargin: -Theme.space3
         visible: line.action !== ""
         text: line.action
         onClicked: line.acted()

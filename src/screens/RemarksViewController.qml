@@ -30,21 +30,9 @@ PromptSheet {
             text: modelData
         }
     }
-    RowLayout {
-        Layout.fillWidth: true
-        QuietButton {
-            Layout.fillWidth: true
-            objectName: "copyButton"
-            text: qsTr("Copy details")
-            color: Theme.text
-            onClicked: root.controller.copyTapped()
-        }
-        QuietButton {
-            Layout.fillWidth: true
-            objectName: "doneButton"
-            focus: true
-            text: qsTr("Done")
-            onClicked: root.controller.doneTapped()
-        }
+    SheetFoot {
+        copyTitle: qsTr("Copy details")
+        onCopied: root.controller.copyTapped()
+        onClosed: root.controller.doneTapped()
     }
 }
