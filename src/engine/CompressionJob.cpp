@@ -1,6 +1,7 @@
 #include "engine/CompressionJob.h"
 
 #include <filesystem>
+#include <system_error>
 #include <utility>
 
 #include "events/EventNames.h"
@@ -47,6 +48,7 @@ CompressionJob::CompressionJob(const ZipManager::Environment& environment,
         report_.addFailure(notAPath(archiveUrl_));
         return;
     }
+    const std::error_code noFolder = environment_.fileSystem.createOutputs();
     // An earlier archive of this title stays until the new one is whole. A folder in its place
     // cannot be replaced.
     std::error_code unknown;
@@ -61,7 +63,9 @@ CompressionJob::CompressionJob(const ZipManager::Environment& environment,
     if (!created) {
         // The earlier one must not pass for the new one.
         environment_.fileSystem.removeItem(archiveUrl_);
-        report_.addFailure(created.error());
+        Error error = created.error();
+        error.systemError = noFolder ? noFolder.value() : error.systemError;
+        report_.addFailure(std::move(error));
         return;
     }
     archive_ = std::move(*created);

@@ -68,6 +68,12 @@ void FileSystem::createFolders() const {
     }
 }
 
+std::error_code FileSystem::createOutputs() const {
+    std::error_code failure;
+    std::filesystem::create_directories(documents_.path() / kOutputs, failure);
+    return failure;
+}
+
 void FileSystem::flushFolders() const {
     for (std::filesystem::path folder = documents_.path(); folder.has_relative_path();
          folder = folder.parent_path()) {

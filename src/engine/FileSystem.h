@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <memory>
 #include <optional>
+#include <system_error>
 
 #include "engine/PendingDeletions.h"
 #include "platform/Console.h"
@@ -30,6 +31,9 @@ class FileSystem {
 
     // Creates the four folders, with those above them.
     void createFolders() const;
+    // Creates the one that archives are made in, which may have been removed since; why not, if it
+    // cannot.
+    [[nodiscard]] std::error_code createOutputs() const;
     // Returns when those that archives are in are on the disk, as far as that can be known: what is
     // flushed would be lost with a new folder that is not. For any thread but the main one.
     void flushFolders() const;

@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 
 #include "engine/FailureReason.h"
+#include "platform/kit/Notice.h"
 #include "platform/kit/UIWindow.h"
 
 namespace pellumar {
@@ -41,6 +42,7 @@ void CanRunJobs::compress(const QString& label, const Compression& compression) 
             return;
         }
         offer(*archive);
+        sayWhatFailed(report);
         endJob();
         if (const auto hud = shown.lock()) {
             hud->hide(true);
@@ -61,6 +63,15 @@ void CanRunJobs::offer(const QUrl& archive) {
                        .leave = [] {}});
         }
     });
+}
+
+// A job whose archive could not be made counts as done; the share sheet finds nothing there.
+void CanRunJobs::sayWhatFailed(const JobReport& report) {
+    UIWindow* const window = screen().window();
+    if (window != nullptr && report.failureCount() > 0) {
+        Notice::show(
+            services().ui, *window, FailureReason::of(report).text, {}, Notice::Stay::kUntilClosed);
+    }
 }
 
 void CanRunJobs::zipManagerDidAddFile(qint64 done, qint64 total) {

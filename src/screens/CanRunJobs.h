@@ -44,6 +44,7 @@ class CanRunJobs : public ZipManagerDelegate,
 
   private:
     void offer(const QUrl& archive);
+    void sayWhatFailed(const JobReport& report);
 
     const std::shared_ptr<ZipManager> zipManager_;
     std::shared_ptr<MBProgressHUD> hud_;

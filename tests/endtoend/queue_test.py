@@ -62,15 +62,7 @@ class QueueTest(road.RoadTest):
         with open(self.home / "Documents" / "long.bin", "wb") as file:
             file.write(os.urandom(50 << 20))
             file.truncate(LONG)
-        application.press("push button", "Zip")
-        application.press("push button", "Files")
-        application.press("push button", "Documents")
-        application.click("check box", "long.bin")
-        application.press("push button", "Add")
-        field = application.find("text", "Filename")
-        road.until(lambda: "focused" in field.states, "the keyboard in the field")
-        application.type("Trip")
-        application.press("push button", "Save")
+        self.zip_one(application, "long.bin", "Trip")
 
     def test_a_hundred_during_jobs_pickers_sheets_and_saving(self):
         # The bus starts the application, and the onboarding comes first.

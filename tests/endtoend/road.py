@@ -7,7 +7,7 @@ import zipfile
 import zlib
 
 from desktop import Desktop
-from waiting import until
+from waiting import PATIENCE, until
 
 # Every run: PROGRAM SERVICE [unittest arguments].
 PROGRAM, SERVICE = sys.argv[1:3]
@@ -51,6 +51,18 @@ class RoadTest(unittest.TestCase):
         application.press("push button", "OK")
         application.find("push button", "Unzip")
         return application
+
+    def zip_one(self, application, name, title):
+        """From the home screen: makes an archive of one of the user's documents."""
+        application.press("push button", "Zip")
+        application.press("push button", "Files")
+        application.press("push button", "Documents")
+        application.click("check box", name)
+        application.press("push button", "Add")
+        field = application.find("text", "Filename")
+        until(lambda: "focused" in field.states, "the keyboard in the field")
+        application.type(title)
+        application.press("push button", "Save")
 
     def confirm(self, application):
         """Answers the question about an archive that was handed over. It waits for that first: a

@@ -22,9 +22,23 @@ namespace fs = std::filesystem;
 
 constexpr const char* kPrefix = ".pellumar-zip-";
 
-// A locked file that holds the path, flushed; -1 if it cannot be made.
+// Returns when the names in it are on the disk, as far as its file system can tell.
+void flushFolder(const fs::path& folder) {
+    const int number = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (number >= 0) {
+        static_cast<void>(::fsync(number));
+        ::close(number);
+    }
+}
+
+// A locked file that holds the path, flushed with the names that lead to it; -1 if it cannot be
+// made.
 int writeNote(const fs::path& note, const std::string& path) {
     std::error_code ignored;
+    fs::path oldest = note.parent_path();
+    while (oldest.has_relative_path() && !fs::exists(oldest, ignored)) {
+        oldest = oldest.parent_path();
+    }
     fs::create_directories(note.parent_path(), ignored);
     const int number = ::open(note.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
     if (number < 0) {
@@ -38,8 +52,13 @@ int writeNote(const fs::path& note, const std::string& path) {
     if (!isWritten) {
         ::unlink(note.c_str());
         ::close(number);
+        return -1;
     }
-    return isWritten ? number : -1;
+    flushFolder(note.parent_path());
+    for (fs::path each = note.parent_path(); each != oldest; each = each.parent_path()) {
+        flushFolder(each.parent_path());
+    }
+    return number;
 }
 
 std::string readNote(int number) {

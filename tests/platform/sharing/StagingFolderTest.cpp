@@ -1,13 +1,31 @@
 #include "platform/sharing/StagingFolder.h"
 
 #include <gtest/gtest.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <string>
+#include <vector>
 
 #include "support/FileContents.h"
 #include "support/TemporaryFolder.h"
+
+namespace {
+
+// What was flushed, in order.
+std::vector<std::filesystem::path>& flushed() {
+    static std::vector<std::filesystem::path> paths;
+    return paths;
+}
+
+}  // namespace
+
+// Takes the place of the C library's.
+extern "C" int fsync(int number) {
+    flushed().push_back(std::filesystem::read_symlink("/proc/self/fd/" + std::to_string(number)));
+    return static_cast<int>(::syscall(SYS_fsync, number));
+}
 
 namespace pellumar::test {
 namespace {
@@ -39,6 +57,18 @@ TEST_F(StagingFolderTest, WhatAKilledProcessLeftGoesWithTheNextLaunch) {
     EXPECT_TRUE(fs::is_directory(inUse.path()));
     EXPECT_EQ(std::distance(fs::directory_iterator(folder / "target"), {}), 1);
     EXPECT_EQ(std::distance(fs::directory_iterator(folder / "notes"), {}), 1);
+}
+
+// The folder of the notes was flushed by nobody, so a cut of power took the note that was flushed
+// in it, and what was staged stayed for ever.
+TEST_F(StagingFolderTest, TheNoteIsOnTheDiskWithAllThatLeadsToIt) {
+    const fs::path notes = folder / "new" / "deep" / "notes";
+    flushed().clear();
+    const StagingFolder staging(folder / "target", notes);
+    const fs::path note = fs::directory_iterator(notes)->path();
+    const std::vector<fs::path> all{
+        note, notes, folder / "new" / "deep", folder / "new", folder.path()};
+    EXPECT_EQ(flushed(), all);
 }
 
 TEST_F(StagingFolderTest, OnAMediumThatIsAwayItIsRemovedLater) {
