@@ -19,7 +19,7 @@ ROOT = pathlib.Path(__file__).resolve().parents[2]
 TESTS = ["base/archive_base", "format/archive_format", "reading/archive_reading",
          "codecs/archive_codecs", "archive", "writing/archive_writing",
          "hostile/archive_hostile"]
-DEADLINE = 300  # seconds; a fault that makes a test hang is noticed as well
+DEADLINE = 900  # seconds; a fault that makes a test hang is noticed as well
 SWITCH = """#include <cstdlib>
 [[maybe_unused]] static bool isMutant(int number) {
     static const char* const wanted = std::getenv("MUTANT");
@@ -61,7 +61,7 @@ def notices(folder, number):
         try:
             done = subprocess.run([folder / f"build/dev/tests/archive/{test}_test"],
                                   env=environment, capture_output=True, check=False,
-                                  timeout=DEADLINE, cwd=folder)
+                                  timeout=DEADLINE, cwd=folder, stdin=subprocess.DEVNULL)
         except subprocess.TimeoutExpired:
             return f"{test}: takes longer than {DEADLINE} s"
         if done.returncode:

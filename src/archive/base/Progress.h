@@ -19,7 +19,9 @@ struct Progress {
 };
 
 // Called by any thread of a job, one at a time and no more than some twenty times a second, and
-// once more when all is done. The job waits meanwhile, so it should be quick; it must not throw.
+// once more when all is done. The job waits meanwhile, so it should be quick; it must not throw. Of
+// an extraction it finds itself confined to the destination, where the kernel can: what it writes
+// to has to be open already.
 using ProgressHandler = std::function<void(const Progress&)>;
 
 }  // namespace pellumar::archive

@@ -19,6 +19,7 @@
 #include "archive/base/LinkSafety.h"
 #include "archive/base/ProgressTeller.h"
 #include "archive/reading/BackgroundSink.h"
+#include "archive/reading/Confinement.h"
 #include "archive/reading/DestinationTree.h"
 #include "archive/reading/EntryReader.h"
 #include "archive/reading/ExtractionPlan.h"
@@ -97,6 +98,16 @@ class Extraction {
         if (auto checked = checkEntries(); !checked) {
             return passOn(checked);
         }
+        // Charsets, ciphers and the time zone are read from files, which is done by now.
+        return runConfined(tree_.descriptor(), [this] { return make(); });
+    }
+
+  private:
+    // What decodes the entries' data and writes.
+    Result<ExtractionReport> make() {
+        if (auto checked = checkLinks(); !checked) {
+            return passOn(checked);
+        }
         if (auto made = folders_.makeAll(plan_.folders); !made) {
             return passOn(made);
         }
@@ -123,7 +134,6 @@ class Extraction {
         return report;
     }
 
-  private:
     static Failure unsafe(const EntryData& link) {
         return Failure(Error{.code = ErrorCode::kUnsafeLink,
                              .entry = std::string(link.entry.path),
@@ -158,7 +168,8 @@ class Extraction {
         return plan_.nodes() > room.nodes ? failure(ErrorCode::kTooLarge) : Result<>();
     }
 
-    // All that can be wrong with an entry short of its data, before anything is made.
+    // All that can be wrong with an entry short of its data and a link's target, before anything is
+    // made.
     Result<> checkEntries() {
         const std::size_t pieces = (entries_.size() + kEntriesInCheck - 1) / kEntriesInCheck;
         onThreads(pieces, [this](EntryReader& reader) { checkHeaders(reader); });
@@ -166,14 +177,7 @@ class Extraction {
             return Failure(std::move(*firstError_));
         }
         warnOfUnlisted();
-        if (plan_.links.empty()) {
-            return {};
-        }
-        auto reader = threads_.readerOf(0);
-        if (!reader) {
-            return passOn(reader);
-        }
-        return checkLinks(**reader);
+        return {};
     }
 
     // What is taken is checked to its end, so that the error that comes out is always the first.
@@ -228,10 +232,17 @@ class Extraction {
     }
 
     // Links are small: their targets are read and judged.
-    Result<> checkLinks(EntryReader& reader) {
+    Result<> checkLinks() {
+        if (plan_.links.empty()) {
+            return {};
+        }
+        auto reader = threads_.readerOf(0);
+        if (!reader) {
+            return passOn(reader);
+        }
         for (const EntryData* link : plan_.links) {
             TargetSink sink;
-            if (auto read = reader.read(*link, options_.skipChecksum, sink); !read) {
+            if (auto read = (*reader)->read(*link, options_.skipChecksum, sink); !read) {
                 return read;
             }
             if (!links_.add(link->entry.path, sink.take())) {
