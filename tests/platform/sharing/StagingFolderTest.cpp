@@ -22,9 +22,10 @@ std::vector<std::filesystem::path>& flushed() {
 }  // namespace
 
 // Takes the place of the C library's.
-extern "C" int fsync(int __fd) {  // NOLINT(bugprone-reserved-identifier): named as there
-    flushed().push_back(std::filesystem::read_symlink("/proc/self/fd/" + std::to_string(__fd)));
-    return static_cast<int>(::syscall(SYS_fsync, __fd));
+// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name)
+extern "C" int fsync(int number) {
+    flushed().push_back(std::filesystem::read_symlink("/proc/self/fd/" + std::to_string(number)));
+    return static_cast<int>(::syscall(SYS_fsync, number));
 }
 
 namespace pellumar::test {
