@@ -1,10 +1,7 @@
 #include "archive/reading/EntryTable.h"
 
-#include <sys/mman.h>
-
 #include <algorithm>
 #include <cstring>
-#include <memory>
 #include <string>
 #include <utility>
 
@@ -13,17 +10,6 @@ namespace pellumar::archive {
 namespace {
 
 constexpr std::size_t kBlockSize = 256UL * 1024;
-
-// What fills this much memory from one end to the other is given to it in large pages, where the
-// system has them: each page that comes by itself costs as much as an entry.
-constexpr std::size_t kLargePage = 2UL * 1024 * 1024;
-
-void useLargePages(void* start, std::size_t size) {
-    void* first = start;
-    if (std::align(kLargePage, kLargePage, first, size) != nullptr && size >= 2 * kLargePage) {
-        static_cast<void>(::madvise(first, size / kLargePage * kLargePage, MADV_HUGEPAGE));
-    }
-}
 
 // A path without its first components; empty if it has no more.
 std::string_view stripped(std::string_view path, std::size_t components) {
@@ -37,7 +23,6 @@ std::string_view stripped(std::string_view path, std::size_t components) {
 
 void EntryTable::expect(std::size_t entries, std::size_t textSize) {
     entries_.reserve(entries);
-    useLargePages(entries_.data(), entries * sizeof(EntryData));
     if (textSize > freeInBlock_) {
         addBlock(textSize);
     }
