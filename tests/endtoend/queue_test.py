@@ -77,6 +77,9 @@ class QueueTest(road.RoadTest):
 
         self.compress(application)
         self.hand_over_during(application, 15, "progress bar", "Compressing files")
+        # Beside other work on the machine it may take minutes.
+        road.until(lambda: not application.controls("progress bar", "Compressing files"),
+                   lambda: f"the archive's end in\n{application.outline()}", patience=200)
         self.hand_over_during(application, 10, "push button", "Save to…")
         application.press("push button", "Save to…")
         application.press("push button", "Downloads")
