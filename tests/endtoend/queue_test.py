@@ -30,8 +30,9 @@ class QueueTest(road.RoadTest):
         return application
 
     def asked(self, application):
-        return [each.name for each in application.controls("label")
-                if each.name.startswith(QUESTION)]
+        # Other labels may go while they are read.
+        return road.until(lambda: [[each.name for each in application.controls(
+            "label", lambda name: name.startswith(QUESTION))]], "all labels at once")[0]
 
     def hand_over_during(self, application, count, role, name):
         """During something that such a control tells of: the archives wait, and that is said."""
@@ -47,14 +48,15 @@ class QueueTest(road.RoadTest):
             controls = application.controls()
             asked = [each.name for each in controls
                      if each.role == "label" and each.name.startswith(QUESTION)]
-            return asked and asked[0] != self.last and (asked, controls)
+            cancel = [each for each in controls if each.name == "Cancel"]
+            return asked and cancel and asked[0] != self.last and (asked, cancel[0])
 
         for name in self.owed:
-            asked, controls = road.until(
+            asked, cancel = road.until(
                 next_question, lambda: f"a question after {self.last} in\n{application.outline()}")
             self.assertEqual(asked, [f"{QUESTION}{name}?"])
             self.last = asked[0]
-            next(each for each in controls if each.name == "Cancel").perform("Press")
+            cancel.perform("Press")
         application.wait_until_gone("label", self.last)
         self.owed = []
 
