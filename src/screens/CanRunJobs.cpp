@@ -69,8 +69,7 @@ void CanRunJobs::offer(const QUrl& archive) {
 void CanRunJobs::sayWhatFailed(const JobReport& report) {
     UIWindow* const window = screen().window();
     if (window != nullptr && report.failureCount() > 0) {
-        Notice::show(
-            services().ui, *window, FailureReason::of(report).text, {}, Notice::Stay::kUntilClosed);
+        Notice::show(*window, FailureReason::of(report).text, {}, Notice::Stay::kUntilClosed);
     }
 }
 
