@@ -104,7 +104,7 @@ class Run:
     def hit(self):
         """The name of the call that was hit; nothing if there were fewer."""
         mark = self.folder / "mark"
-        return mark.read_text() if mark.exists() else None
+        return mark.exists() and mark.read_text() or None
 
 
 class FaultTest(unittest.TestCase):
