@@ -20,7 +20,7 @@ END_SECONDS = 30
 # Permissions are to count for root as well.
 AS_ANYBODY = (["setpriv", "--bounding-set=-dac_override,-dac_read_search"]
               if os.geteuid() == 0 else [])
-PASSED_ON = ("PATH", "ASAN_OPTIONS", "UBSAN_OPTIONS", "TSAN_OPTIONS")
+PASSED_ON = ("PATH", "ASAN_OPTIONS", "LSAN_OPTIONS", "UBSAN_OPTIONS", "TSAN_OPTIONS")
 
 
 class Desktop:
