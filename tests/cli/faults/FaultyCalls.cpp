@@ -294,8 +294,12 @@ extern "C" int pthread_create(pthread_t* thread,
                               void* argument) {
     static const auto real =
         next<int (*)(pthread_t*, const pthread_attr_t*, void* (*)(void*), void*)>("pthread_create");
-    return isFaulty("pthread_create", kStartsThread) ? kError
-                                                     : real(thread, attributes, run, argument);
+    // The first thread starts those that watch for signals and run the job. Where there is not even
+    // that one, the job waits.
+    const bool isOfJob = ::gettid() != ::getpid() || kWith == "kill";
+    return isOfJob && isFaulty("pthread_create", kStartsThread)
+               ? kError
+               : real(thread, attributes, run, argument);
 }
 
 extern "C" long syscall(long number, ...) {
