@@ -311,19 +311,6 @@ TEST_F(ReaderTest, ProgressIsToldAndAJobCanBeEnded) {
     }
 }
 
-// Between entries that have no data, nobody else looks for it.
-TEST_F(ReaderTest, AJobOfEmptyFilesCanBeEnded) {
-    ZipBuilder zip;
-    for (int i = 0; i < 200; ++i) {
-        zip.add(stored(std::to_string(i), ""));
-    }
-    std::stop_source stop;
-    stop.request_stop();
-    EXPECT_EQ(reader(zip).extractAll(destination(), {.stop = stop.get_token()}).error().code,
-              ErrorCode::kCancelled);
-    EXPECT_EQ(listing(), Paths());
-}
-
 // The second of the two begins what another thread looks at, and is found long before the first.
 TEST_F(ReaderTest, OfSeveralFaultsTheFirstInTheArchiveIsTold) {
     ZipBuilder zip;

@@ -219,7 +219,9 @@ TEST_F(WriterTest, NoNameHidesAnother) {
         for (const char* name : {"p.jpg", "./p.jpg", "p.jpg/in", "d/x", "d", "d/x", "p.jpg/too"}) {
             entries.push_back(buffer(name, name));
         }
-        entries.push_back({.name = "d"});  // as a folder
+        for (const char* folder : {"d", "p.jpg"}) {
+            entries.push_back({.name = folder});
+        }
         std::vector<ErrorCode> codes;
         EXPECT_TRUE(writer->addAll(entries, [&](std::size_t, const Result<>& added) {
             codes.push_back(added ? ErrorCode{} : added.error().code);
@@ -230,8 +232,8 @@ TEST_F(WriterTest, NoNameHidesAnother) {
     };
     constexpr ErrorCode kTaken = ErrorCode::kConflictingNames;
     EXPECT_EQ(names(SameNames::kRefuse),
-              (std::vector<ErrorCode>{{}, kTaken, kTaken, {}, kTaken, kTaken, kTaken, {}}));
-    EXPECT_EQ(names(SameNames::kRename), std::vector<ErrorCode>(8));
+              (std::vector<ErrorCode>{{}, kTaken, kTaken, {}, kTaken, kTaken, kTaken, {}, kTaken}));
+    EXPECT_EQ(names(SameNames::kRename), std::vector<ErrorCode>(9));
     ASSERT_TRUE(unzipItem(archivePath(), destination()));
     EXPECT_EQ(listing(),
               (Paths{"d (2)",
@@ -242,6 +244,7 @@ TEST_F(WriterTest, NoNameHidesAnother) {
                      "p (3).jpg/",
                      "p (3).jpg/in",
                      "p (3).jpg/too",
+                     "p (4).jpg/",
                      "p.jpg"}));
     EXPECT_EQ(text("d (2)"), "d");
     EXPECT_EQ(text("p (2).jpg"), "./p.jpg");
