@@ -34,7 +34,8 @@ class KeyDerivation {
     using Padded = std::array<std::uint8_t, SHA1_BLOCK_SIZE>;
 
     [[nodiscard]] Block firstRound(std::uint32_t number) const;
-    // Puts what SHA-1 makes of `padded`, going on from `start`, in front of its padding; returns it.
+    // Puts what SHA-1 makes of `padded`, going on from `start`, in front of its padding; returns
+    // it.
     State compressInto(Padded& padded, const std::uint32_t* start) const;
 
     const Nettle& nettle_;
