@@ -58,7 +58,7 @@ TEST(StartInWordsTest, AnswersWithoutADisplay) {
     EXPECT_FALSE(help.said.contains("gapplication"));
     const Ended version = run(folder, {home, "DISPLAY="}, {"-platform", "xcb", "--version"});
     EXPECT_EQ(version.code, 0);
-    EXPECT_TRUE(version.said.startsWith("pellumar-zip 0.")) << version.said.toStdString();
+    EXPECT_TRUE(version.said.startsWith("pellumar-zip 1.")) << version.said.toStdString();
     EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
 }
 
