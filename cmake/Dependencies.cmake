@@ -3,6 +3,9 @@ include(ArchiveDependencies)
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Network)
 if(PELLUMAR_APP)
     find_package(Qt6 6.4 REQUIRED COMPONENTS DBus Qml Quick QuickControls2 Svg)
+    # Debian has the tool by itself, and its CMake file with all of Qt's graphical tools.
+    find_program(PELLUMAR_LRELEASE NAMES lrelease lrelease-qt6
+        HINTS "${QT6_INSTALL_PREFIX}/${QT6_INSTALL_BINS}" REQUIRED)
 endif()
 find_package(CLI11 REQUIRED)
 find_package(SQLite3 REQUIRED)

@@ -1,6 +1,7 @@
 #include "app/HandedOverArchives.h"
 
 #include "engine/AppFileOpener.h"
+#include "platform/DisplayText.h"
 #include "platform/FileUrl.h"
 #include "platform/kit/UIAlertController.h"
 
@@ -12,12 +13,12 @@ QString whyRefused(const QString& name) {
         return HandedOverArchives::tr(
                    "“%1” has its ending in capital letters. Rename it to end in “.zip”, and open "
                    "it again.")
-            .arg(name);
+            .arg(isolated(name));
     }
     return HandedOverArchives::tr(
                "“%1” is not named as a ZIP archive. If it is one, rename it to end in “.zip”; "
                "archives of other kinds need another application.")
-        .arg(name);
+        .arg(isolated(name));
 }
 
 }  // namespace
@@ -72,10 +73,13 @@ void HandedOverArchives::fillSlotAtStart() {
 }
 
 void HandedOverArchives::sayThatTheyWait() {
-    Notice::show(window_,
-                 waiting_.size() == 1
-                     ? tr("“%1” is next, when this is done").arg(lastPathComponent(waiting_[0]))
-                     : tr("%1 archives are next, when this is done").arg(waiting_.size()));
+    Notice::show(
+        window_,
+        waiting_.size() == 1
+            ? tr("“%1” is next, when this is done").arg(isolated(lastPathComponent(waiting_[0])))
+            : tr("%Ln archives are next, when this is done",
+                 nullptr,
+                 static_cast<int>(waiting_.size())));
     saidToWait_ = Notice::shownIn(window_);
 }
 

@@ -1,10 +1,19 @@
 #include "app/MainInterface.h"
 
+#include <QCoreApplication>
+
 #include "app/MainNavigationController.h"
 #include "app/MainTabBarController.h"
 #include "app/SettingsViewController.h"
 
 namespace pellumar {
+namespace {
+
+class TabTitles {
+    Q_DECLARE_TR_FUNCTIONS(TabTitles)
+};
+
+}  // namespace
 
 std::shared_ptr<UIViewController> makeMainInterface(const UIContext& context,
                                                     const UIStoryboard& storyboard) {
@@ -17,9 +26,9 @@ std::shared_ptr<UIViewController> makeMainInterface(const UIContext& context,
         return nullptr;
     }
     const auto tabs = makeController<MainTabBarController>(context);
-    tabs->setTabs({{{QStringLiteral("Zip/Unzip"), QStringLiteral("zipIcon")},
+    tabs->setTabs({{{TabTitles::tr("Zip/Unzip"), QStringLiteral("zipIcon")},
                     makeController<MainNavigationController>(context, home)},
-                   {{QStringLiteral("Settings"), QStringLiteral("settings")},
+                   {{TabTitles::tr("Settings"), QStringLiteral("settings")},
                     makeController<MainNavigationController>(context, settings)}});
     if (context.device.systemVersion >= kBarAppearanceVersion) {
         auto appearance = std::make_shared<UITabBarAppearance>();

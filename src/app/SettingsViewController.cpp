@@ -22,7 +22,7 @@ SettingsViewController::SettingsViewController(const UIContext& context,
 void SettingsViewController::viewDidLoad() {
     UIViewController::viewDidLoad();
     usageSwitch_ = outlet<QQuickItem>(view(), QStringLiteral("usageSwitch"));
-    setTitle(QStringLiteral("Settings"));
+    setTitle(tr("Settings"));
 }
 
 void SettingsViewController::viewWillAppear(bool animated) {

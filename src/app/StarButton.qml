@@ -8,7 +8,7 @@ PlainButton {
     // Its position, from 0.
     required property int tag
 
-    text: tag === 0 ? qsTr("One star") : qsTr("%1 stars").arg(tag + 1)
+    text: qsTr("%Ln stars", "", tag + 1)
     width: 52
     height: 52
 

@@ -13,35 +13,37 @@
 
 #include "analytics/AnalyticsStore.h"
 #include "events/EventNames.h"
+#include "platform/DisplayText.h"
 
 namespace pellumar {
 namespace {
 
-QString inWords(const char* text) {
-    return QCoreApplication::translate("UsageData", text);
-}
+class UsageWords {
+    Q_DECLARE_TR_FUNCTIONS(UsageWords)
+};
 
 QString titleOf(const QString& event) {
     static const std::array<std::pair<QLatin1String, const char*>, 13> titles = {{
-        {event::kTappedUnzip, QT_TRANSLATE_NOOP("UsageData", "Unzip was tapped")},
-        {event::kTappedZip, QT_TRANSLATE_NOOP("UsageData", "Zip was tapped")},
-        {event::kTappedFiles, QT_TRANSLATE_NOOP("UsageData", "Files was tapped")},
-        {event::kTappedPhotos, QT_TRANSLATE_NOOP("UsageData", "Photos was tapped")},
+        {event::kTappedUnzip, QT_TRANSLATE_NOOP("UsageWords", "Unzip was tapped")},
+        {event::kTappedZip, QT_TRANSLATE_NOOP("UsageWords", "Zip was tapped")},
+        {event::kTappedFiles, QT_TRANSLATE_NOOP("UsageWords", "Files was tapped")},
+        {event::kTappedPhotos, QT_TRANSLATE_NOOP("UsageWords", "Photos was tapped")},
         {event::kUsedShareExtension,
-         QT_TRANSLATE_NOOP("UsageData", "An archive came from another application")},
-        {event::kZippedSuccessfully, QT_TRANSLATE_NOOP("UsageData", "An archive was made")},
-        {event::kFailedToZip, QT_TRANSLATE_NOOP("UsageData", "An archive could not be made")},
-        {event::kUnzippedSuccessfully, QT_TRANSLATE_NOOP("UsageData", "An archive was unzipped")},
-        {event::kFailedToUnzip, QT_TRANSLATE_NOOP("UsageData", "An archive could not be unzipped")},
-        {event::kStartedTutorial, QT_TRANSLATE_NOOP("UsageData", "The introduction was shown")},
-        {event::kFinishedTutorial, QT_TRANSLATE_NOOP("UsageData", "The introduction was left")},
-        {event::kEvaluatedApp, QT_TRANSLATE_NOOP("UsageData", "The application was rated")},
-        {event::kDeveloperTapped, QT_TRANSLATE_NOOP("UsageData", "More from us was tapped")},
+         QT_TRANSLATE_NOOP("UsageWords", "An archive came from another application")},
+        {event::kZippedSuccessfully, QT_TRANSLATE_NOOP("UsageWords", "An archive was made")},
+        {event::kFailedToZip, QT_TRANSLATE_NOOP("UsageWords", "An archive could not be made")},
+        {event::kUnzippedSuccessfully, QT_TRANSLATE_NOOP("UsageWords", "An archive was unzipped")},
+        {event::kFailedToUnzip,
+         QT_TRANSLATE_NOOP("UsageWords", "An archive could not be unzipped")},
+        {event::kStartedTutorial, QT_TRANSLATE_NOOP("UsageWords", "The introduction was shown")},
+        {event::kFinishedTutorial, QT_TRANSLATE_NOOP("UsageWords", "The introduction was left")},
+        {event::kEvaluatedApp, QT_TRANSLATE_NOOP("UsageWords", "The application was rated")},
+        {event::kDeveloperTapped, QT_TRANSLATE_NOOP("UsageWords", "More from us was tapped")},
     }};
     const auto* const known = std::find_if(
         titles.begin(), titles.end(), [&](const auto& title) { return title.first == event; });
     // Those that the engine makes by itself speak for themselves.
-    return known != titles.end() ? inWords(known->second) : event;
+    return known != titles.end() ? UsageWords::tr(known->second) : event;
 }
 
 QString detailOf(const QJsonObject& event) {
@@ -62,11 +64,11 @@ QString numberOf(qint64 number) {
 
 QString summaryOf(std::size_t events) {
     if (events == 0) {
-        return inWords("No event waits to be sent.");
+        return UsageWords::tr("No event waits to be sent.");
     }
-    return events == 1 ? inWords("1 event. It stays on this device until it is sent.")
-                       : inWords("%1 events. They stay on this device until they are sent.")
-                             .arg(numberOf(static_cast<qint64>(events)));
+    return UsageWords::tr("%Ln events. They stay on this device until they are sent.",
+                          nullptr,
+                          static_cast<int>(events));
 }
 
 QVariantMap row(const QString& title, const QString& detail, bool isHeading = false) {
@@ -74,7 +76,7 @@ QVariantMap row(const QString& title, const QString& detail, bool isHeading = fa
 }
 
 QVariantMap heading(const char* title) {
-    return row(inWords(title), {}, true);
+    return row(UsageWords::tr(title), {}, true);
 }
 
 // "Name: value · name: value".
@@ -89,22 +91,23 @@ QString listed(const QJsonObject& values) {
 QVariantList rowsOf(const QJsonObject& state) {
     const QString identifier = state["installation"].toString();
     QVariantList rows{
-        heading(QT_TRANSLATE_NOOP("UsageData", "This installation")),
+        heading(QT_TRANSLATE_NOOP("UsageWords", "This installation")),
         identifier.isEmpty()
-            ? row(inWords("No identifier"), inWords("One is made up when an event is kept."))
-            : row(inWords("Identifier"),
-                  identifier + inWords(". Made up; goes with every event."))};
+            ? row(UsageWords::tr("No identifier"),
+                  UsageWords::tr("One is made up when an event is kept."))
+            : row(UsageWords::tr("Identifier"),
+                  UsageWords::tr("%1. Made up; goes with every event.").arg(isolated(identifier)))};
     if (const qint64 sessions = state["session_number"].toInteger(); sessions > 0) {
         const QDateTime last = QDateTime::fromMSecsSinceEpoch(state["last_seen"].toInteger());
         rows.append(
-            row(inWords("Sessions"),
-                inWords("%1, the last on %2")
+            row(UsageWords::tr("Sessions"),
+                UsageWords::tr("%1, the last on %2")
                     .arg(numberOf(sessions), QLocale().toString(last, QLocale::ShortFormat))));
     }
     const std::array<std::pair<const char*, QString>, 3> lists = {{
-        {"user_properties", inWords("Properties, which go with every event")},
-        {"audiences", inWords("Groups that this installation belongs to")},
-        {"losses", inWords("What was lost, by the reason")},
+        {"user_properties", UsageWords::tr("Properties, which go with every event")},
+        {"audiences", UsageWords::tr("Groups that this installation belongs to")},
+        {"losses", UsageWords::tr("What was lost, by the reason")},
     }};
     for (const auto& [key, title] : lists) {
         if (const QJsonObject values = state[QLatin1String(key)].toObject(); !values.isEmpty()) {
@@ -118,7 +121,7 @@ QVariantList rowsOf(const QJsonObject& state) {
 
 UsageData UsageData::of(const std::optional<QByteArray>& lines) {
     if (!lines) {
-        return {.summary = inWords("What has been kept cannot be read."), .rows = {}};
+        return {.summary = UsageWords::tr("What has been kept cannot be read."), .rows = {}};
     }
     std::vector<QJsonObject> events;
     QVariantList installation;
@@ -132,18 +135,17 @@ UsageData UsageData::of(const std::optional<QByteArray>& lines) {
             installation = rowsOf(kept);
         } else if (table == u"counts" && kept["day"].toInteger() == AnalyticsStore::kEver) {
             const qint64 total = kept["total"].toInteger();
-            counts.append(
-                row(titleOf(kept["name"].toString()),
-                    total == 1 ? inWords("Once") : inWords("%1 times").arg(numberOf(total))));
+            counts.append(row(titleOf(kept["name"].toString()),
+                              UsageWords::tr("%Ln times", nullptr, static_cast<int>(total))));
         }
     }
     UsageData data{.summary = summaryOf(events.size()), .rows = installation};
     if (!counts.isEmpty()) {
-        data.rows << heading(QT_TRANSLATE_NOOP("UsageData", "How often, which is not sent"))
+        data.rows << heading(QT_TRANSLATE_NOOP("UsageWords", "How often, which is not sent"))
                   << counts;
     }
     if (!events.empty()) {
-        data.rows << heading(QT_TRANSLATE_NOOP("UsageData", "Events"));
+        data.rows << heading(QT_TRANSLATE_NOOP("UsageWords", "Events"));
     }
     const std::size_t shown = std::min(events.size(), kMostEvents);
     std::for_each_n(events.rbegin(), shown, [&](const QJsonObject& event) {

@@ -1,7 +1,6 @@
 #include "engine/FailureReason.h"
 
 #include <QCoreApplication>
-#include <QLocale>
 #include <cerrno>
 #include <optional>
 
@@ -17,7 +16,7 @@ using archive::ErrorCode;
 
 // The sentences for one failure.
 class FailureWords {
-    Q_DECLARE_TR_FUNCTIONS(FailureReason)
+    Q_DECLARE_TR_FUNCTIONS(FailureWords)
 
   public:
     FailureWords(const JobReport& report, const Error& error)
@@ -290,9 +289,10 @@ FailureReason FailureReason::of(const JobReport& report) {
     if (report.failureCount() > 1) {
         const auto others = static_cast<int>(report.failureCount() - 1);
         reason.text += '\n';
-        reason.text += others == 1 ? FailureWords::tr("One other file could not be added either.")
-                                   : FailureWords::tr("%1 other files could not be added either.")
-                                         .arg(QLocale().toString(others));
+        reason.text +=
+            others == 1
+                ? FailureWords::tr("One other file could not be added either.")
+                : FailureWords::tr("%Ln other files could not be added either.", nullptr, others);
     }
     for (const Error& error : report.failures()) {
         reason.details += '\n' + QString::fromStdString(error.describe());

@@ -71,7 +71,7 @@ class RemarkWords {
                    : tr("%1 is lost.").arg(shownName(QString::fromStdString(entry.path)));
     }
     static QString more(qsizetype count) {
-        return tr("And %1 more.").arg(QLocale().toString(count));
+        return tr("And %Ln more.", nullptr, static_cast<int>(count));
     }
 };
 

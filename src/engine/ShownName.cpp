@@ -1,7 +1,9 @@
 #include "engine/ShownName.h"
 
+#include <QCoreApplication>
 #include <algorithm>
 
+#include "platform/DisplayText.h"
 #include "platform/TextLength.h"
 
 namespace pellumar {
@@ -44,7 +46,7 @@ QString shownName(const QString& name) {
         rest += shown[rest].isLowSurrogate() ? 1 : 0;
         shown = textCutTo(shown, kMostShown / 2) + QChar(u'…') + shown.mid(rest);
     }
-    return QChar(u'“') + shown + QChar(u'”');
+    return QCoreApplication::translate("ShownName", "“%1”").arg(isolated(shown));
 }
 
 }  // namespace pellumar

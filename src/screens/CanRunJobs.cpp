@@ -9,9 +9,9 @@
 namespace pellumar {
 namespace {
 
-QString jobText(const char* source) {
-    return QCoreApplication::translate("CanRunJobs", source);
-}
+class JobWords {
+    Q_DECLARE_TR_FUNCTIONS(JobWords)
+};
 
 }  // namespace
 
@@ -32,7 +32,7 @@ void CanRunJobs::compress(const QString& label, const Compression& compression) 
     // That of this run: another may have been shown since.
     const std::weak_ptr<MBProgressHUD> shown = showHud(label);
     hud_->setMode(MBProgressHUD::Mode::kAnnularDeterminate);
-    const auto awake = services().sleep.keepAwake(jobText("Making an archive"));
+    const auto awake = services().sleep.keepAwake(JobWords::tr("Making an archive"));
     const auto finished = [this, shown, awake](const std::optional<QUrl>& archive,
                                                const JobReport& report) {
         if (!archive) {
@@ -56,10 +56,10 @@ void CanRunJobs::offer(const QUrl& archive) {
     shareFiles({archive}, [this, save](const auto& /*activity*/, bool completed, const auto&...) {
         askForReviewOnce();
         if (!completed) {
-            askToKeep({.title = jobText("This archive was not kept"),
-                       .message = jobText("It goes when the app starts the next time."),
+            askToKeep({.title = JobWords::tr("This archive was not kept"),
+                       .message = JobWords::tr("It goes when the app starts the next time."),
                        .keep = save,
-                       .leaveTitle = jobText("Let it go"),
+                       .leaveTitle = JobWords::tr("Let it go"),
                        .leave = [] {}});
         }
     });

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "platform/DisplayText.h"
 #include "platform/FileUrl.h"
 
 namespace pellumar {
@@ -14,7 +15,8 @@ ConfirmationPopupViewController::ConfirmationPopupViewController(const UIContext
 void ConfirmationPopupViewController::viewDidLoad() {
     UIViewController::viewDidLoad();
     titleLabel_ = outlet<QQuickItem>(view(), QStringLiteral("titleLabel"));
-    titleLabel_->setProperty("text", "Do you want to unzip " + lastPathComponent(url_) + '?');
+    titleLabel_->setProperty("text",
+                             tr("Do you want to unzip %1?").arg(isolated(lastPathComponent(url_))));
 }
 
 void ConfirmationPopupViewController::unzipTapped() {

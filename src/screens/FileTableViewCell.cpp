@@ -30,8 +30,7 @@ QString detailsOf(const QUrl& url) {
     for (; !failure && each != fs::directory_iterator(); each.increment(failure)) {
         ++count;
     }
-    return count == 1 ? FileTableViewCell::tr("1 item")
-                      : FileTableViewCell::tr("%1 items").arg(count);
+    return FileTableViewCell::tr("%Ln items", nullptr, count);
 }
 
 }  // namespace

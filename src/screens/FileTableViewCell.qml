@@ -73,8 +73,9 @@ FocusScope {
     }
     Rectangle {
         anchors.bottom: parent.bottom
-        x: 72
-        width: parent.width - x
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.leftMargin: 72
         height: 1
         color: Theme.hairline
     }

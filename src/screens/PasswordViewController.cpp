@@ -2,14 +2,16 @@
 
 #include <utility>
 
+#include "platform/DisplayText.h"
+
 namespace pellumar {
 
 PasswordViewController::PasswordViewController(const UIContext& context,
-                                               QString archiveName,
+                                               const QString& archiveName,
                                                std::shared_ptr<PasswordRequest> request,
                                                std::function<void()> fitted)
     : UIViewController(context),
-      archiveName_(std::move(archiveName)),
+      archiveName_(isolated(archiveName)),
       request_(std::move(request)),
       fitted_(std::move(fitted)),
       wasWrong_(request_->wasWrong()) {

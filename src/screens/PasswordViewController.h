@@ -22,7 +22,7 @@ class PasswordViewController : public pellumar::UIViewController {
   public:
     // `fitted` is called once a password fits, before this has gone.
     PasswordViewController(const UIContext& context,
-                           QString archiveName,
+                           const QString& archiveName,
                            std::shared_ptr<PasswordRequest> request,
                            std::function<void()> fitted);
 

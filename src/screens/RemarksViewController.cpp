@@ -1,6 +1,5 @@
 #include "screens/RemarksViewController.h"
 
-#include <QLocale>
 #include <utility>
 
 #include "platform/kit/Notice.h"
@@ -14,14 +13,8 @@ QString RemarksViewController::headingOf(const Remarks& remarks) {
     if (remarks.areLosses) {
         return tr("Not everything could be rescued");
     }
-    switch (remarks.count) {
-        case 0:
-            return {};
-        case 1:
-            return tr("1 remark");
-        default:
-            return tr("%1 remarks").arg(QLocale().toString(remarks.count));
-    }
+    return remarks.count == 0 ? QString()
+                              : tr("%Ln remarks", nullptr, static_cast<int>(remarks.count));
 }
 
 QString RemarksViewController::introduction() const {

@@ -63,8 +63,7 @@ Item {
         HeaderLine {
             objectName: "hiddenLine"
             text: root.hidden === 0 ? ""
-                : root.hidden === 1 ? qsTr("1 hidden file is not in the list. It is saved with all.")
-                                    : qsTr("%1 hidden files are not in the list. They are saved with all.").arg(root.hidden)
+                : qsTr("%Ln hidden files are not in the list. They are saved with all.", "", root.hidden)
         }
     }
 }

@@ -1,7 +1,6 @@
 #include "screens/UnzipViewController.h"
 
 #include <QFileInfo>
-#include <QLocale>
 #include <algorithm>
 #include <chrono>
 #include <iterator>
@@ -35,7 +34,7 @@ UnzipViewController::UnzipViewController(const ScreenServices& services,
 
 void UnzipViewController::viewDidLoad() {
     UIViewController::viewDidLoad();
-    setTitle(QStringLiteral("Unzipped Files"));
+    setTitle(tr("Unzipped Files"));
     tableView_ = outlet<UITableView>(view(), QStringLiteral("tableView"));
     tableView_->registerCell(
         [this] {
@@ -43,8 +42,7 @@ void UnzipViewController::viewDidLoad() {
         },
         kFileCell);
     tableView_->setDataSource(weakly(this));
-    navigationItem()->setRightBarButtonItem(QStringLiteral("Share All"),
-                                            whileAlive([this] { shareAll(); }));
+    navigationItem()->setRightBarButtonItem(tr("Share All"), whileAlive([this] { shareAll(); }));
     sumUp();
 }
 
@@ -97,12 +95,8 @@ void UnzipViewController::sumUp() {
 QString UnzipViewController::detail() const {
     const bool areHidden = urls_.isEmpty() && hiddenCount() > 0;
     const int number = areHidden ? hiddenCount() : listedCount();
-    QString count = areHidden ? tr("%1 hidden items") : tr("%1 items");
-    if (number == 1) {
-        count = areHidden ? tr("1 hidden item") : tr("1 item");
-    } else {
-        count = count.arg(QLocale().toString(number));
-    }
+    const QString count =
+        areHidden ? tr("%Ln hidden items", nullptr, number) : tr("%Ln items", nullptr, number);
     return bytes_ ? count + QStringLiteral(", ") + sizeText(*bytes_) : count;
 }
 
@@ -117,7 +111,7 @@ QString UnzipViewController::archiveBelow() const {
         return {};
     }
     const auto below = std::dynamic_pointer_cast<UnzipViewController>(*std::prev(self));
-    return below ? below->archiveName() : QString();
+    return below ? isolated(below->archiveName()) : QString();
 }
 
 QString UnzipViewController::remarks() const {
@@ -130,7 +124,7 @@ void UnzipViewController::showRemarks() {
 
 QString UnzipViewController::savedTo() const {
     const auto first = saved_.isEmpty() ? std::nullopt : localPath(saved_.first());
-    return first ? fileUrl(first->parent_path()).fileName() : QString();
+    return first ? isolated(fileUrl(first->parent_path()).fileName()) : QString();
 }
 
 void UnzipViewController::shareFile(IndexPath at) {

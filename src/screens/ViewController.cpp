@@ -33,7 +33,7 @@ void ViewController::viewDidLoad() {
         outlet<NSLayoutConstraint>(view(), QStringLiteral("secondaryTopConstraint"));
     AppFileOpener::setDelegate(weakly(this));
     zipManager().setDelegate(weakly(this));
-    setTitle(QStringLiteral("Zip/Unzip"));
+    setTitle(tr("Zip/Unzip"));
 }
 
 void ViewController::viewWillAppear(bool animated) {
@@ -92,10 +92,9 @@ void ViewController::documentPickerDidPickDocuments(const QList<QUrl>& urls) {
     if (currentOperation_ == OperationType::kUnzip) {
         extract(urls.first());
     } else {
-        compress(QStringLiteral("Compressing files"),
-                 [urls](auto& manager, const auto& completion) {
-                     manager.zip(urls, QStringLiteral("Test"), completion);
-                 });
+        compress(tr("Compressing files"), [urls](auto& manager, const auto& completion) {
+            manager.zip(urls, QStringLiteral("Test"), completion);
+        });
     }
 }
 
@@ -152,7 +151,7 @@ void ViewController::runJob(const QString& title,
 }
 
 void ViewController::extract(const QUrl& url) {
-    runJob(QStringLiteral("Unzipping"), url, true, [&](auto completion, auto question) {
+    runJob(tr("Unzipping"), url, true, [&](auto completion, auto question) {
         zipManager().unzip(url, std::move(completion), std::move(question));
     });
 }

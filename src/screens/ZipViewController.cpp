@@ -26,7 +26,7 @@ ZipViewController::ZipViewController(const ScreenServices& services)
 void ZipViewController::viewDidLoad() {
     UIViewController::viewDidLoad();
     zipManager().setDelegate(weakly(this));
-    setTitle(QStringLiteral("Zip Files"));
+    setTitle(tr("Zip Files"));
 }
 
 void ZipViewController::fromFilesTapped() {
@@ -96,13 +96,13 @@ void ZipViewController::takeAssets(const QStringList& identifiers) {
 }
 
 void ZipViewController::fetchMedia(const std::vector<PHAsset>& assets) {
-    showHud(QStringLiteral("Fetching media"))->setDetailsLabel(QStringLiteral("Keep the app open"));
+    showHud(tr("Fetching media"))->setDetailsLabel(tr("Keep the app open"));
     photos_.fetchFiles(
         assets, whileAlive([this, count = assets.size()](const QList<QUrl>& urls) {
             if (static_cast<std::size_t>(urls.size()) != count) {
                 hud()->hide(false);
-                showFailureAlert(QStringLiteral(
-                    "Failed to fetch items. Verify your Internet connection and try again."));
+                showFailureAlert(
+                    tr("Failed to fetch items. Verify your Internet connection and try again."));
                 endJob();
             } else {
                 nameApart(urls);
@@ -134,8 +134,8 @@ void ZipViewController::nameApart(const QList<QUrl>& urls) {
 }
 
 void ZipViewController::askTitleForFiles(const QList<QUrl>& urls) {
-    askTitle(QStringLiteral("Zip Files"), [this, urls](const QString& title, const auto& password) {
-        compress(QStringLiteral("Compressing files"),
+    askTitle(tr("Zip Files"), [this, urls](const QString& title, const auto& password) {
+        compress(tr("Compressing files"),
                  [urls, title, password](auto& manager, const auto& completion) {
                      manager.zip(urls, title, completion, password);
                  });
@@ -143,19 +143,18 @@ void ZipViewController::askTitleForFiles(const QList<QUrl>& urls) {
 }
 
 void ZipViewController::askTitleForImages(const PhotoSource::Images& images) {
-    askTitle(QStringLiteral("Zip Images"),
-             [this, images](const QString& title, const auto& password) {
-                 compress(QStringLiteral("Compressing images"),
-                          [images, title, password](auto& manager, const auto& completion) {
-                              manager.zip(images, title, completion, password);
-                          });
-             });
+    askTitle(tr("Zip Images"), [this, images](const QString& title, const auto& password) {
+        compress(tr("Compressing images"),
+                 [images, title, password](auto& manager, const auto& completion) {
+                     manager.zip(images, title, completion, password);
+                 });
+    });
 }
 
 void ZipViewController::askTitle(const QString& alertTitle, const Save& save) {
     const auto alert = makeController<UIAlertController>(
-        context(), alertTitle, QStringLiteral("Please, give a title to your zip file"));
-    alert->addTextField(QStringLiteral("Filename"),
+        context(), alertTitle, tr("Please, give a title to your zip file"));
+    alert->addTextField(tr("Filename"),
                         {.refused = QStringLiteral("/") + QChar(QChar::Null),
                          .refusedHint = tr("A title cannot have a slash in it."),
                          .mostBytes = NAME_MAX - kExtension.size(),
@@ -173,8 +172,8 @@ void ZipViewController::askTitle(const QString& alertTitle, const Save& save) {
         save(title.value_or(kDefaultTitle).remove(kExtension),
              secret.empty() ? nullptr : std::make_shared<const archive::Password>(secret));
     });
-    alert->addAction({QStringLiteral("Save"), UIAlertActionStyle::kDefault, answered});
-    alert->addAction({QStringLiteral("Cancel"), UIAlertActionStyle::kCancel, {}});
+    alert->addAction({tr("Save"), UIAlertActionStyle::kDefault, answered});
+    alert->addAction({tr("Cancel"), UIAlertActionStyle::kCancel, {}});
     present(alert, true);
 }
 

@@ -38,6 +38,21 @@ bool Gallery::selfTest() {
     return areClean;
 }
 
+bool Gallery::canBeRead(QStringList& names) {
+    const QStringList mayBeCut = names;
+    bool isFine = true;
+    stage_.resize(kSizes[0]);
+    for (const Scene& scene : scenes_) {
+        scene.show();
+        stage_.settle();
+        for (const QString& fault : stage_.illegibleTexts(mayBeCut, names)) {
+            std::fprintf(stderr, "%s: %s\n", qUtf8Printable(scene.name), qUtf8Printable(fault));
+            isFine = false;
+        }
+    }
+    return isFine && areClean;
+}
+
 bool Gallery::savePictures(const QString& folder) {
     bool isSaved = QDir().mkpath(folder);
     for (const QSize& size : kSizes) {

@@ -16,6 +16,11 @@ class Gallery {
     // Loads every screen once.
     [[nodiscard]] bool selfTest();
 
+    // Loads every screen in the size of a small phone, and says on standard error which texts of
+    // it cannot be read; false if there are any. `names`, those of files, may be cut off; what was
+    // is added to them.
+    [[nodiscard]] bool canBeRead(QStringList& names);
+
     // Writes NAME-WIDTHxHEIGHT-light.png and -dark.png of every screen into `folder`; false also if
     // one could not be written.
     [[nodiscard]] bool savePictures(const QString& folder);

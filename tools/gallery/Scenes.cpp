@@ -1,5 +1,7 @@
 #include "gallery/Scenes.h"
 
+#include <QCoreApplication>
+
 #include "app/FeedbackViewController.h"
 #include "app/UsageDataViewController.h"
 #include "engine/FailureReason.h"
@@ -9,6 +11,7 @@
 #include "platform/kit/UIAlertController.h"
 #include "platform/kit/UIWindow.h"
 #include "platform/sharing/KeptEdits.h"
+#include "platform/sharing/ShowInFiles.h"
 #include "screens/ConfirmationPopupViewController.h"
 #include "screens/PasswordViewController.h"
 #include "screens/UnzipViewController.h"
@@ -93,20 +96,23 @@ void showFailure(Stage& stage) {
 }
 
 // The reasons that a home of samples does not bring about by itself.
+// As the screens say it.
+QString alertText(const char* text) {
+    return QCoreApplication::translate("AlertWords", text);
+}
+
 void showReason(Stage& stage, const archive::Error& error) {
     JobReport report(OperationType::kUnzip, stage.home().archive());
     report.addFailure(error);
     const FailureReason reason = FailureReason::of(report);
-    const auto alert =
-        makeController<UIAlertController>(stage.services().ui,
-                                          QStringLiteral("Error"),
-                                          QStringLiteral("Could not complete the operation."));
+    const auto alert = makeController<UIAlertController>(
+        stage.services().ui, alertText("Error"), alertText("Could not complete the operation."));
     UIAlertAction remedy;
     if (reason.canBeSalvaged) {
-        remedy.title = QStringLiteral("Rescue what is whole");
+        remedy.title = ViewController::tr("Rescue what is whole");
     }
     alert->setReason({.text = reason.text, .details = reason.details, .remedy = remedy});
-    alert->addAction({QStringLiteral("OK"), UIAlertActionStyle::kDefault, {}});
+    alert->addAction({alertText("OK"), UIAlertActionStyle::kDefault, {}});
     stage.present(alert);
 }
 
@@ -200,7 +206,7 @@ void showOverlay(Stage& stage) {
     const auto composer = showComposer(stage);
     const auto hud = MBProgressHUD::showAddedTo(stage.services().ui, composer->view(), false);
     hud->setMode(MBProgressHUD::Mode::kAnnularDeterminate);
-    hud->setLabel(QStringLiteral("Compressing files"));
+    hud->setLabel(ViewController::tr("Compressing files"));
     hud->setProgress(0.5F);
     // It lives as long as what it covers.
     QObject::connect(composer.get(), &QObject::destroyed, [hud] {});
@@ -209,7 +215,7 @@ void showOverlay(Stage& stage) {
 void showNotice(Stage& stage) {
     Notice::show(*stage.showHome()->window(),
                  KeptEdits::text({fileUrl(KeptEdits::standardFolder() / "Letter to Grandma.odt")}),
-                 {QStringLiteral("Show in files"), [] {}},
+                 {showInFilesTitle(), [] {}},
                  Notice::Stay::kUntilClosed);
 }
 

@@ -7,6 +7,7 @@
 #include <QTimer>
 
 #include "app/MainInterface.h"
+#include "gallery/Legibility.h"
 #include "platform/kit/Notice.h"
 #include "platform/kit/UINavigationController.h"
 #include "platform/kit/UITabBarController.h"
@@ -45,6 +46,14 @@ void Stage::setDark(bool isDark) {
 
 bool Stage::savePicture(const QString& file) {
     return composition_.window().grabWindow().save(file);
+}
+
+QStringList Stage::illegibleTexts(const QStringList& mayBeCut, QStringList& cut) {
+    QStringList faults = illegible(*composition_.window().topLayer(), mayBeCut, cut);
+    if (const Notice* const notice = Notice::shownIn(composition_.window())) {
+        faults += illegible(*notice->item(), mayBeCut, cut);
+    }
+    return faults;
 }
 
 void Stage::closeNotice() {

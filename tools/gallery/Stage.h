@@ -23,6 +23,9 @@ class Stage {
     void setDark(bool isDark);
     [[nodiscard]] bool savePicture(const QString& file);
 
+    // What cannot be read of what is on top of all, and of the notice over it: see illegible().
+    [[nodiscard]] QStringList illegibleTexts(const QStringList& mayBeCut, QStringList& cut);
+
     void showOnboarding();
     // The home screen, as if it had just been started.
     std::shared_ptr<ViewController> showHome();

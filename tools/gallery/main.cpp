@@ -4,9 +4,40 @@
 #include <cstdio>
 
 #include "app/App.h"
+#include "app/Language.h"
 #include "gallery/Gallery.h"
 
 using namespace pellumar;
+
+namespace {
+
+bool show(const gallery::SampleHome& home, const QCommandLineParser& wanted) {
+    if (wanted.isSet("language")) {
+        QLocale::setDefault(QLocale(wanted.value("language")));
+    }
+    const Language language{QLocale()};
+    gallery::Stage stage(home);
+    gallery::Gallery screens(stage, wanted.positionalArguments());
+    return wanted.isSet("screenshots") ? screens.savePictures(wanted.value("screenshots"))
+                                       : screens.selfTest();
+}
+
+bool canBeRead(const gallery::SampleHome& home, const QCommandLineParser& wanted) {
+    // Cut off in English as well.
+    QStringList names;
+    {
+        const Language english{QLocale(QLocale::English)};
+        gallery::Stage stage(home);
+        static_cast<void>(gallery::Gallery(stage, wanted.positionalArguments()).canBeRead(names));
+    }
+    const QLocale locale(wanted.value("legible"));
+    QLocale::setDefault(locale);
+    const Language language(locale);
+    gallery::Stage stage(home);
+    return gallery::Gallery(stage, wanted.positionalArguments()).canBeRead(names);
+}
+
+}  // namespace
 
 int main(int argc, char** argv) {
     // As the application, whose folders and texts it shows.
@@ -21,6 +52,8 @@ int main(int argc, char** argv) {
     parser.addHelpOption();
     parser.addOption({"self-test", "Load every screen; fails if a layout complains."});
     parser.addOption({"screenshots", "Save a picture of every screen in DIR.", "DIR"});
+    parser.addOption({"language", "In this language, \"pt\" or \"zh_Hans\".", "LANGUAGE"});
+    parser.addOption({"legible", "Fail if a text in this language cannot be read.", "LANGUAGE"});
     parser.addPositionalArgument("scene", "Only the scenes of these names", "[SCENE...]");
     parser.process(application);
     if (!home.isValid()) {
@@ -28,10 +61,6 @@ int main(int argc, char** argv) {
         return 1;
     }
     registerLayouts();
-    gallery::Stage stage(home);
-    gallery::Gallery screens(stage, parser.positionalArguments());
-    const bool isFine = parser.isSet("screenshots")
-                            ? screens.savePictures(parser.value("screenshots"))
-                            : screens.selfTest();
+    const bool isFine = parser.isSet("legible") ? canBeRead(home, parser) : show(home, parser);
     return isFine ? 0 : 1;
 }

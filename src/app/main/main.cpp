@@ -7,6 +7,7 @@
 
 #include "app/App.h"
 #include "app/Composition.h"
+#include "app/Language.h"
 #include "app/StartArguments.h"
 #include "platform/UserFolders.h"
 #include "platform/desktop/SingleInstance.h"
@@ -59,6 +60,7 @@ int main(int argc, char** argv) {
     const QtMessageHandler usual = qInstallMessageHandler(stopWithoutDisplay);
     QGuiApplication application(argc, argv);
     qInstallMessageHandler(usual);
+    const Language language;
     const StartArguments start = StartArguments::read(argc, argv);
     if (const std::optional<std::string> reason = UserFolders::whyMissing()) {
         std::fprintf(stderr, "pellumar-zip: %s\n", reason->c_str());

@@ -120,9 +120,10 @@ QString FolderModel::notShown() const {
     const int others =
         question_.types.contains(QStringLiteral("public.folder")) ? 0 : listing_.otherCount;
     const int hidden = listing_.hiddenCount;
-    const QString ofOthers =
-        others == 1 ? tr("1 file of another kind") : tr("%1 files of other kinds").arg(others);
-    const QString ofHidden = hidden == 1 ? tr("1 hidden item") : tr("%1 hidden items").arg(hidden);
+    const QString ofOthers = others == 1 ? tr("1 file of another kind")
+                                         : tr("%Ln files of other kinds", nullptr, others);
+    const QString ofHidden =
+        hidden == 1 ? tr("1 hidden item") : tr("%Ln hidden items", nullptr, hidden);
     if (others > 0 && hidden > 0) {
         return tr("%1 and %2 are not shown").arg(ofOthers, ofHidden);
     }

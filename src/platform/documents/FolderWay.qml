@@ -34,8 +34,8 @@ ListView {
         onClicked: way.controller.stepTapped(index)
         // qmllint enable unqualified
         text: qsTr("Up to %1").arg(folder)
-        leftPadding: Theme.space2
-        rightPadding: 0
+        leftPadding: mirrored ? 0 : Theme.space2
+        rightPadding: mirrored ? Theme.space2 : 0
         background: Rectangle {
             radius: Theme.space2
             color: step.down || step.hovered ? Theme.pressed : "transparent"

@@ -5,6 +5,7 @@
 #include <system_error>
 #include <utility>
 
+#include "platform/DisplayText.h"
 #include "platform/FileUrl.h"
 #include "platform/TextList.h"
 #include "platform/kit/UIAlertController.h"
@@ -154,7 +155,7 @@ void UIDocumentPickerViewController::makeFolder(const QString& name) {
     }
     // Would lead elsewhere.
     if (name == QStringLiteral(".") || name == QStringLiteral("..") || name.contains('/')) {
-        setFailure(tr("A folder cannot be called %1").arg(name));
+        setFailure(tr("A folder cannot be called %1").arg(isolated(name)));
         return;
     }
     const fs::path folder = model_.folder() / name.toStdString();
@@ -170,8 +171,9 @@ void UIDocumentPickerViewController::makeFolder(const QString& name) {
                     return;
                 }
                 if (failure) {
-                    picker->setFailure(tr("%1 could not be created: %2")
-                                           .arg(name, QString::fromStdString(failure.message())));
+                    picker->setFailure(
+                        tr("%1 could not be created: %2")
+                            .arg(isolated(name), QString::fromStdString(failure.message())));
                 } else {
                     picker->open(folder);
                 }
@@ -293,7 +295,7 @@ QString UIDocumentPickerViewController::confirmTitle() const {
     if (!several_) {
         return tr("Open");
     }
-    return picked_.count() > 1 ? tr("Add (%1)").arg(picked_.count()) : tr("Add");
+    return picked_.count() > 1 ? tr("Add (%L1)").arg(picked_.count()) : tr("Add");
 }
 
 QString UIDocumentPickerViewController::folderName() const {

@@ -37,8 +37,8 @@ Surface {
             && label.implicitWidth > width - action.implicitWidth - closing.implicitWidth - Theme.space2
 
         anchors.verticalCenter: parent.verticalCenter
-        x: Theme.space4
-        width: parent.width - x - Theme.space1
+        x: LayoutMirroring.enabled ? Theme.space1 : Theme.space4
+        width: parent.width - Theme.space4 - Theme.space1
         columnSpacing: Theme.space1
         rowSpacing: 0
         BodyText {

@@ -55,7 +55,8 @@ DialogCard {
             QuietButton {
                 Layout.alignment: Qt.AlignRight
                 objectName: "copyReason"
-                rightPadding: 0
+                leftPadding: mirrored ? 0 : Theme.space3
+                rightPadding: mirrored ? Theme.space3 : 0
                 text: qsTr("Copy details")
                 color: Theme.textSecondary
                 onClicked: root.controller.copyReason()

@@ -1,5 +1,6 @@
 #include "platform/kit/UINavigationController.h"
 
+#include <QGuiApplication>
 #include <algorithm>
 #include <utility>
 
@@ -117,7 +118,9 @@ void UINavigationController::endChange(UIViewController& leaving,
 }
 
 void UINavigationController::arrange() {
-    const qreal width = contentHost_->width();
+    // Screens come from the side at which lines end.
+    const qreal width =
+        QGuiApplication::isRightToLeft() ? -contentHost_->width() : contentHost_->width();
     // How far what stands above has come over a screen.
     qreal covered = 0;
     if (leaving_) {

@@ -70,6 +70,7 @@ FocusScope {
     }
     // The back gesture begins at the edge.
     Item {
+        anchors.left: parent.left
         width: Theme.space5
         height: parent.height
         DragHandler {
@@ -78,7 +79,7 @@ FocusScope {
             xAxis.enabled: true
             yAxis.enabled: false
             acceptedDevices: PointerDevice.TouchScreen
-            onActiveChanged: if (!active && translation.x > 60) root.controller.backTapped()
+            onActiveChanged: if (!active && (root.LayoutMirroring.enabled ? -1 : 1) * translation.x > 60) root.controller.backTapped()
         }
     }
 }

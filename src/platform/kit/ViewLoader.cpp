@@ -1,6 +1,8 @@
 #include "platform/kit/ViewLoader.h"
 
 #include <QFile>
+#include <QGuiApplication>
+#include <QQmlProperty>
 #include <QVariantMap>
 
 #include "platform/kit/ClassName.h"
@@ -59,6 +61,12 @@ OwnedItem ViewLoader::load(QObject& owner) {
                qUtf8Printable(component->errorString()));
     }
     QQmlEngine::setObjectOwnership(item, QQmlEngine::CppOwnership);
+    if (QGuiApplication::isRightToLeft()) {
+        for (const char* const property :
+             {"LayoutMirroring.enabled", "LayoutMirroring.childrenInherit"}) {
+            QQmlProperty::write(item, QString::fromLatin1(property), true, qmlContext(item));
+        }
+    }
     return OwnedItem(item);
 }
 

@@ -7,6 +7,8 @@ Text {
     font.weight: Theme.weightNormal
     textFormat: Text.PlainText
     wrapMode: Text.Wrap
+    // The side of the language of the window, whatever that of the text is.
+    horizontalAlignment: Text.AlignLeft
     Accessible.role: Accessible.StaticText
     Accessible.name: text
 }

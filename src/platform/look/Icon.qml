@@ -14,6 +14,8 @@ Image {
     sourceSize.height: Math.ceil(height * Screen.devicePixelRatio)
     source: name === "" ? "" : "image://icon/" + name + (tinted ? "/" + hex(color) : "")
     fillMode: Image.PreserveAspectFit
+    // What points the way points the other way where that begins at the right.
+    mirror: LayoutMirroring.enabled && (name === "back" || name === "chevron")
 
     function hex(value: color): string {
         return value.toString().slice(-6);

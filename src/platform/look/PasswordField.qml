@@ -10,7 +10,8 @@ InputField {
     property string description
     property bool isShown: false
 
-    rightPadding: Theme.touchTarget
+    leftPadding: LayoutMirroring.enabled ? Theme.touchTarget : Theme.space3
+    rightPadding: LayoutMirroring.enabled ? Theme.space3 : Theme.touchTarget
     echoMode: isShown ? TextInput.Normal : TextInput.Password
     inputMethodHints: Qt.ImhHiddenText | Qt.ImhSensitiveData | Qt.ImhNoPredictiveText
                       | Qt.ImhNoAutoUppercase

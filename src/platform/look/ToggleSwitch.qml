@@ -36,7 +36,7 @@ AbstractButton {
         color: toggle.checked ? Theme.accentBottom : Theme.hairline
         Rectangle {
             objectName: "knob"
-            x: toggle.checked ? 22 : 2
+            x: toggle.checked !== toggle.mirrored ? 22 : 2
             y: 2
             width: 28
             height: 28

@@ -62,8 +62,8 @@ QString AssetPickerController::counter() const {
         return {};
     }
     return model_.limit() == PhotoGridModel::kNoLimit
-               ? tr("%1 selected").arg(count)
-               : tr("%1 of %2").arg(count).arg(model_.limit());
+               ? tr("%Ln selected", nullptr, count)
+               : tr("%L1 of %L2").arg(count).arg(model_.limit());
 }
 
 void AssetPickerController::confirmTapped() {

@@ -65,7 +65,7 @@ void openWith(const QList<QUrl>& urls, const Done& done) {
                         byPortalOr(done, [url, done] {
                             answer(done,
                                    QDesktopServices::openUrl(url),
-                                   ShareTarget::text("No application opens this file"));
+                                   ShareTarget::tr("No application opens this file"));
                         }));
 }
 
@@ -84,7 +84,7 @@ void sendByMail(const QList<QUrl>& urls, const Done& done) {
                         byPortalOr(done, [arguments, done] {
                             answer(done,
                                    QProcess::startDetached(kMailProgram, arguments),
-                                   ShareTarget::text("No application for mail"));
+                                   ShareTarget::tr("No application for mail"));
                         }));
 }
 
@@ -99,7 +99,7 @@ void putOnClipboard(const QList<QUrl>& urls, const Done& done) {
     // What file managers of the GTK family read.
     content->setData(QStringLiteral("x-special/gnome-copied-files"), files);
     QGuiApplication::clipboard()->setMimeData(content);
-    done({.isCompleted = true, .notice = ShareTarget::text("Copied")});
+    done({.isCompleted = true, .notice = ShareTarget::tr("Copied")});
 }
 
 // Takes no folders.
@@ -110,7 +110,7 @@ ShareTarget program(ShareTarget label,
     label.perform = [name, arguments](const QList<QUrl>& urls, const Done& done) {
         answer(done,
                QProcess::startDetached(name, arguments(urls)),
-               ShareTarget::text("%1 could not be started").arg(name));
+               ShareTarget::tr("%1 could not be started").arg(name));
     };
     label.canPerform = [name, takesSeveral](const ItemSummary& summary) {
         return summary.folders == 0 && (summary.items.size() == 1 || takesSeveral) &&
@@ -124,12 +124,12 @@ ShareTarget program(ShareTarget label,
 std::vector<ShareTarget> desktopTargets() {
     return {
         {.activityType = activity::kOpenWith,
-         .title = ShareTarget::text("Open with…"),
+         .title = ShareTarget::tr("Open with…"),
          .iconName = "open",
          .perform = openWith,
          .canPerform = [](const ItemSummary& summary) { return summary.items.size() == 1; }},
         {.activityType = activity::kMail,
-         .title = ShareTarget::text("Email"),
+         .title = ShareTarget::tr("Email"),
          .iconName = "email",
          .perform = sendByMail,
          .canPerform =
@@ -138,16 +138,16 @@ std::vector<ShareTarget> desktopTargets() {
                         (isInstalled(kMailProgram) ||
                          isOnSessionBus(QStringLiteral("org.freedesktop.portal.Desktop")));
              }},
-        program({activity::kBluetooth, ShareTarget::text("Bluetooth"), "bluetooth"},
+        program({activity::kBluetooth, ShareTarget::tr("Bluetooth"), "bluetooth"},
                 "bluetooth-sendto",
                 true,
                 asPaths),
-        program({activity::kPhone, ShareTarget::text("Device"), "phone"},
+        program({activity::kPhone, ShareTarget::tr("Device"), "phone"},
                 "kdeconnect-handler",
                 false,
                 asAddresses),
         {.activityType = activity::kCopy,
-         .title = ShareTarget::text("Copy"),
+         .title = ShareTarget::tr("Copy"),
          .iconName = "copy",
          .perform = putOnClipboard},
         {.activityType = activity::kShowInFiles,

@@ -5,6 +5,7 @@
 #include <system_error>
 #include <utility>
 
+#include "platform/DisplayText.h"
 #include "platform/FileUrl.h"
 #include "platform/kit/Notice.h"
 #include "platform/kit/UIWindow.h"
@@ -15,28 +16,29 @@ namespace {
 
 namespace fs = std::filesystem;
 
-QString savingText(const char* source) {
-    return QCoreApplication::translate("ItemSaving", source);
-}
+class SavingWords {
+    Q_DECLARE_TR_FUNCTIONS(SavingWords)
+};
 
 QString nameOf(const fs::path& path) {
-    return QString::fromStdString(withoutTrailingSlash(path).filename());
+    return isolated(QString::fromStdString(withoutTrailingSlash(path).filename()));
 }
 
 QString failureText(const FileCopyError& error, const fs::path& folder) {
     const bool isOfFolder = error.path == folder;
     if (error.reason == std::errc::no_space_on_device) {
-        return savingText("There is not enough room in %1").arg(nameOf(folder));
+        return SavingWords::tr("There is not enough room in %1").arg(nameOf(folder));
     }
     if (error.reason == std::errc::no_such_file_or_directory) {
-        return savingText("%1 is no longer there").arg(nameOf(error.path));
+        return SavingWords::tr("%1 is no longer there").arg(nameOf(error.path));
     }
     if (isOfFolder && (error.reason == std::errc::permission_denied ||
                        error.reason == std::errc::operation_not_permitted ||
                        error.reason == std::errc::read_only_file_system)) {
-        return savingText("Nothing can be saved in %1. Choose another folder.").arg(nameOf(folder));
+        return SavingWords::tr("Nothing can be saved in %1. Choose another folder.")
+            .arg(nameOf(folder));
     }
-    return savingText("%1 could not be saved: %2")
+    return SavingWords::tr("%1 could not be saved: %2")
         .arg(nameOf(error.path), QString::fromStdString(error.reason.message()));
 }
 
@@ -80,7 +82,7 @@ void ItemSaving::documentPickerDidPickDocuments(const QList<QUrl>& urls) {
         return;
     }
     hud_ = MBProgressHUD::showAddedTo(screen->context(), screen->view(), true);
-    hud_->setLabel(savingText("Saving"));
+    hud_->setLabel(SavingWords::tr("Saving"));
     if (UIWindow* const window = screen->window()) {
         occupied_ = window->occupy();
     }
@@ -128,10 +130,11 @@ void ItemSaving::sayThatItIsSaved(const fs::path& folder, const QList<QUrl>& sav
     if (!screen || screen->window() == nullptr) {
         return;
     }
-    const QString what = saved.size() == 1 ? nameOf(*localPath(saved.first()))
-                                           : savingText("%1 files").arg(saved.size());
+    const QString what =
+        saved.size() == 1 ? nameOf(*localPath(saved.first()))
+                          : SavingWords::tr("%Ln files", nullptr, static_cast<int>(saved.size()));
     Notice::show(*screen->window(),
-                 savingText("Saved %1 to %2").arg(what, nameOf(folder)),
+                 SavingWords::tr("Saved %1 to %2").arg(what, nameOf(folder)),
                  showInFilesAction(saved));
 }
 

@@ -5,6 +5,7 @@
 #include <QStandardPaths>
 #include <algorithm>
 
+#include "platform/DisplayText.h"
 #include "platform/FileUrl.h"
 #include "platform/TextList.h"
 #include "platform/kit/Notice.h"
@@ -34,10 +35,10 @@ void KeptEdits::recover(const SharedItems& sharedItems,
 QString KeptEdits::text(const QList<QUrl>& files) {
     constexpr qsizetype kMostNamed = 3;
     const QStringList names = textList(files.first(std::min(files.size(), kMostNamed)),
-                                       [](const QUrl& file) { return file.fileName(); });
+                                       [](const QUrl& file) { return isolated(file.fileName()); });
     const auto folder = localPath(files.first())->parent_path();
     const QString place =
-        QString::fromStdString(folder.parent_path().filename() / folder.filename());
+        isolated(QString::fromStdString(folder.parent_path().filename() / folder.filename()));
     if (files.size() == 1) {
         return QCoreApplication::translate(
                    "KeptEdits", "You changed %1 in another application. It is kept in %2.")
@@ -45,9 +46,13 @@ QString KeptEdits::text(const QList<QUrl>& files) {
     }
     const QString all = names.join(QStringLiteral(", ")) +
                         (files.size() > kMostNamed ? QStringLiteral(", …") : QString());
+    const auto count = static_cast<int>(files.size());
     return QCoreApplication::translate(
-               "KeptEdits", "You changed %1 files in other applications: %2. They are kept in %3.")
-        .arg(QString::number(files.size()), all, place);
+               "KeptEdits",
+               "You changed %Ln files in other applications: %1. They are kept in %2.",
+               nullptr,
+               count)
+        .arg(all, place);
 }
 
 }  // namespace pellumar

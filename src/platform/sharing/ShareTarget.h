@@ -14,6 +14,10 @@ namespace pellumar {
 // One way for files to leave the application. For the main thread, on which none of it looks at the
 // files.
 struct ShareTarget {
+    // What all of them say to the user is translated in one place.
+    Q_DECLARE_TR_FUNCTIONS(ShareTarget)
+
+  public:
     struct Result {
         // Whether the files were handed on, as far as that can be known.
         bool isCompleted = false;
@@ -37,11 +41,6 @@ struct ShareTarget {
     std::function<bool(const ItemSummary& summary)> canPerform = [](const auto&) { return true; };
     // Whether somebody may still need the files when it is done.
     bool isReadLater = true;
-
-    // What all of them say to the user is translated in one place.
-    [[nodiscard]] static QString text(const char* source) {
-        return QCoreApplication::translate("ShareTarget", source);
-    }
 };
 
 }  // namespace pellumar

@@ -34,7 +34,7 @@ bool hasFileManager() {
 }
 
 QString showInFilesTitle() {
-    return ShareTarget::text("Show in files");
+    return ShareTarget::tr("Show in files");
 }
 
 Notice::Action showInFilesAction(const QList<QUrl>& urls) {
@@ -57,7 +57,7 @@ void showInFiles(const QList<QUrl>& urls, const ShareTarget::Done& done) {
     QObject::connect(answer, &QDBusPendingCallWatcher::finished, answer, [answer, done] {
         answer->deleteLater();
         const bool isShown = !QDBusPendingReply<>(*answer).isError();
-        const QString error = ShareTarget::text("The file manager could not be opened");
+        const QString error = ShareTarget::tr("The file manager could not be opened");
         done({.isCompleted = isShown, .error = isShown ? QString() : error});
     });
 }

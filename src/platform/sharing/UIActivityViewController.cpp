@@ -21,7 +21,7 @@ Question SharingServices::keep(
             // What cannot be kept for others is not handed to them: they would lose it.
             return shared.keep(items).map_error([](const FileCopyError& error) {
                 return UIActivityViewController::tr("%1 could not be handed on: %2")
-                    .arg(QString::fromStdString(error.path.filename().string()),
+                    .arg(isolated(QString::fromStdString(error.path.filename().string())),
                          QString::fromStdString(error.reason.message()));
             });
         },
@@ -56,7 +56,7 @@ ShareTarget UIActivityViewController::saveTo() {
             });
     };
     return {.activityType = activity::kSaveTo,
-            .title = ShareTarget::text("Save to…"),
+            .title = ShareTarget::tr("Save to…"),
             .iconName = "save",
             .perform = save,
             .isReadLater = false};
@@ -161,7 +161,8 @@ QString UIActivityViewController::heading() const {
     if (shown.isEmpty()) {
         return tr("Nothing to share");
     }
-    return shown.size() == 1 ? shown.first().fileName() : tr("%1 items").arg(shown.size());
+    return shown.size() == 1 ? shown.first().fileName()
+                             : tr("%Ln items", nullptr, static_cast<int>(shown.size()));
 }
 
 QString UIActivityViewController::detail() const {
@@ -179,7 +180,7 @@ QString UIActivityViewController::detail() const {
         parts.append(tr("Folder"));
     }
     if (summary_->missing > 0) {
-        parts.append(tr("%1 more no longer there").arg(summary_->missing));
+        parts.append(tr("%Ln more no longer there", nullptr, static_cast<int>(summary_->missing)));
     }
     return parts.join(", ");
 }
