@@ -158,7 +158,7 @@ TEST_F(AllocationTest, CompressionLacksMemory) {
             if (!archive) {
                 return Failure(archive.error());
             }
-            const auto added =
+            auto added =
                 archive->addAll(sources, CompressionMethod::kDeflate, kDefaultWriteChunkSize, {});
             if (!added) {
                 return added;
